@@ -1,0 +1,15 @@
+# Who may use whom: "folder: the folders it may include from". A folder may always include from itself.
+# Both the build (tsms_library) and the include check (CheckLayers.cmake) read this table and no other.
+set(TSMS_LAYERS
+  "runtime:"
+  "session: runtime"
+  "store: runtime session"
+  "gateway: runtime session store"
+  "services: runtime session store gateway"
+  "toolkit: runtime session"
+  "compose: runtime session store gateway services toolkit"
+  "templates: runtime session store services toolkit compose"
+  "history: runtime session store gateway services toolkit compose"
+  "account: runtime session store services toolkit"
+  "addressbook: runtime session store services toolkit"
+  "shell: runtime session store gateway services toolkit compose templates history account addressbook")

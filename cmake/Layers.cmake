@@ -1,0 +1,37 @@
+# tsms_library(<name> FOLDER <folder> SOURCES <files> [QT <modules>] [LINK <targets>])
+# One static library of src/<folder>. It may link only what the layer table grants its folder.
+include("${CMAKE_CURRENT_LIST_DIR}/LayerTable.cmake")
+
+function(tsms_library name)
+  cmake_parse_arguments(ARG "" "FOLDER" "SOURCES;QT;LINK;PRIVATE_LINK" ${ARGN})
+  set(granted "")
+  foreach(row IN LISTS TSMS_LAYERS)
+    if(row MATCHES "^${ARG_FOLDER}:(.*)$")
+      string(STRIP "${CMAKE_MATCH_1}" words)
+      separate_arguments(granted UNIX_COMMAND "${words}")
+      list(APPEND granted "${ARG_FOLDER}")
+    endif()
+  endforeach()
+  foreach(target IN LISTS ARG_LINK ARG_PRIVATE_LINK)
+    if(target MATCHES "^tsms_([a-z]+)")
+      if(NOT CMAKE_MATCH_1 IN_LIST granted)
+        message(FATAL_ERROR "${name} (src/${ARG_FOLDER}) may not use ${target}; see cmake/LayerTable.cmake")
+      endif()
+    endif()
+  endforeach()
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_include_directories(${name} PUBLIC "${CMAKE_SOURCE_DIR}/src")
+  set(qt ${ARG_QT})
+  list(TRANSFORM qt PREPEND Qt6::)
+  target_link_libraries(${name} PUBLIC ${qt} ${ARG_LINK} PRIVATE tsms_options ${ARG_PRIVATE_LINK})
+endfunction()
+
+# Fails the build when an include climbs.
+file(GLOB_RECURSE TSMS_LAYERED_FILES CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/src/*.h" "${CMAKE_SOURCE_DIR}/src/*.cpp")
+add_custom_command(
+  OUTPUT "${CMAKE_BINARY_DIR}/layers.stamp"
+  COMMAND "${CMAKE_COMMAND}" -DSOURCE=${CMAKE_SOURCE_DIR}/src -P "${CMAKE_SOURCE_DIR}/cmake/CheckLayers.cmake"
+  COMMAND "${CMAKE_COMMAND}" -E touch "${CMAKE_BINARY_DIR}/layers.stamp"
+  DEPENDS ${TSMS_LAYERED_FILES} "${CMAKE_SOURCE_DIR}/cmake/CheckLayers.cmake" "${CMAKE_SOURCE_DIR}/cmake/LayerTable.cmake"
+  COMMENT "checking the layers" VERBATIM)
+add_custom_target(tsms_layers ALL DEPENDS "${CMAKE_BINARY_DIR}/layers.stamp")

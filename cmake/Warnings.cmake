@@ -1,0 +1,15 @@
+# Warnings are errors, for every target of the project and for nothing else.
+add_library(tsms_options INTERFACE)
+if(MSVC)
+  target_compile_options(tsms_options INTERFACE /W4 /WX /utf-8 /permissive-)
+else()
+  target_compile_options(tsms_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+    -Wimplicit-fallthrough -Werror)
+endif()
+target_compile_definitions(tsms_options INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS QT_NO_FOREACH)
+if(TSMS_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()

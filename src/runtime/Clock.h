@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QDateTime>
+
+namespace tsms {
+
+/// Where the program reads the time. The embedded database's getdate() reads the same clock.
+class Clock
+{
+public:
+    virtual ~Clock() = default;
+    virtual QDateTime Now() const = 0; ///< local time
+    QDate Date() const { return Now().date(); }
+};
+
+/// The machine's clock.
+class SystemClock final : public Clock
+{
+public:
+    QDateTime Now() const override { return QDateTime::currentDateTime(); }
+};
+
+} // namespace tsms

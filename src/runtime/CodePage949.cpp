@@ -1,0 +1,156 @@
+#include "runtime/CodePage949.h"
+
+#include "runtime/Text.h"
+
+#include <iconv.h>
+
+#include <array>
+#include <cerrno>
+
+namespace tsms {
+
+namespace {
+
+/// One direction of the platform's conversion; opened once, kept for the life of the process.
+class Converter
+{
+public:
+    Converter(const char* to, const char* from) : handle_(iconv_open(to, from)) {}
+    ~Converter()
+    {
+        if (IsOpen())
+            iconv_close(handle_);
+    }
+    Converter(const Converter&) = delete;
+    Converter& operator=(const Converter&) = delete;
+
+    bool IsOpen() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
+
+    /// Converts as much as it can. On return `in` stands behind what was taken; true when all of it was.
+    bool Convert(const char*& in, std::size_t& inLeft, char*& out, std::size_t& outLeft)
+    {
+        char* source = const_cast<char*>(in); // iconv takes a pointer to char but does not write through it
+        const std::size_t result = iconv(handle_, &source, &inLeft, &out, &outLeft);
+        in = source;
+        return result != static_cast<std::size_t>(-1);
+    }
+
+private:
+    iconv_t handle_;
+};
+
+constexpr const char* NativeUtf16 = Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? "UTF-16LE" : "UTF-16BE";
+
+Converter& Encoder()
+{
+    thread_local Converter encoder("CP949", NativeUtf16);
+    return encoder;
+}
+
+Converter& Decoder()
+{
+    thread_local Converter decoder(NativeUtf16, "CP949");
+    return decoder;
+}
+
+/// How many bytes one UTF-16 unit takes.
+int UnitBytes(char16_t unit)
+{
+    if (unit < 0x80)
+        return 1;
+    const char* in = reinterpret_cast<const char*>(&unit);
+    std::size_t inLeft = sizeof unit;
+    std::array<char, 8> buffer{};
+    char* out = buffer.data();
+    std::size_t outLeft = buffer.size();
+    if (!Encoder().Convert(in, inLeft, out, outLeft))
+        return 1; // the "?"
+    return static_cast<int>(buffer.size() - outLeft);
+}
+
+bool IsBreakPair(QStringView text, qsizetype at)
+{
+    return text[at] == u'\r' && at + 1 < text.size() && text[at + 1] == u'\n';
+}
+
+bool IsSurrogatePair(QStringView text, qsizetype at)
+{
+    return text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
+}
+
+} // namespace
+
+QByteArray ToCodePage949(QStringView text)
+{
+    QByteArray bytes(2 * text.size(), Qt::Uninitialized);
+    char* out = bytes.data();
+    std::size_t outLeft = static_cast<std::size_t>(bytes.size());
+    const char* in = reinterpret_cast<const char*>(text.utf16());
+    std::size_t inLeft = static_cast<std::size_t>(text.size()) * sizeof(char16_t);
+    while (inLeft > 0 && !Encoder().Convert(in, inLeft, out, outLeft)) {
+        *out++ = '?';
+        --outLeft;
+        in += sizeof(char16_t);
+        inLeft -= sizeof(char16_t);
+    }
+    bytes.truncate(out - bytes.data());
+    return bytes;
+}
+
+QString FromCodePage949(const QByteArray& bytes)
+{
+    QString text(bytes.size(), Qt::Uninitialized);
+    char* out = reinterpret_cast<char*>(text.data());
+    std::size_t outLeft = static_cast<std::size_t>(text.size()) * sizeof(char16_t);
+    const char* in = bytes.constData();
+    std::size_t inLeft = static_cast<std::size_t>(bytes.size());
+    while (inLeft > 0 && !Decoder().Convert(in, inLeft, out, outLeft)) {
+        const char16_t replacement = u'\xFFFD';
+        memcpy(out, &replacement, sizeof replacement);
+        out += sizeof replacement;
+        outLeft -= sizeof replacement;
+        ++in;
+        --inLeft;
+    }
+    text.truncate((out - reinterpret_cast<char*>(text.data())) / static_cast<qsizetype>(sizeof(char16_t)));
+    return text;
+}
+
+int MessageBytes(QStringView text)
+{
+    qsizetype breaks = 0;
+    for (qsizetype i = 0; i < text.size(); ++i)
+        if (IsBreakPair(text, i))
+            ++breaks;
+    return static_cast<int>(ToCodePage949(text).size() - breaks);
+}
+
+int ByteCount(QStringView text)
+{
+    return IsBlank(text) ? 0 : MessageBytes(text);
+}
+
+qsizetype FittingLength(QStringView text, int limit)
+{
+    int used = 0;
+    for (qsizetype i = 0; i < text.size();) {
+        int bytes = 0;
+        qsizetype units = 1;
+        if (IsBreakPair(text, i)) {
+            bytes = 1;
+            units = 2;
+        } else if (IsSurrogatePair(text, i)) {
+            bytes = 2;
+            units = 2;
+        } else {
+            bytes = UnitBytes(text[i].unicode());
+        }
+        if (used + bytes > limit)
+            return i;
+        used += bytes;
+        i += units;
+    }
+    return text.size();
+}
+
+} // namespace tsms

@@ -1,0 +1,12 @@
+#include "runtime/DoEvents.h"
+
+#include <QCoreApplication>
+
+namespace tsms {
+
+void DoEvents()
+{
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+} // namespace tsms

@@ -1,0 +1,9 @@
+#pragma once
+
+namespace tsms {
+
+/// Lets windows repaint in the middle of an operation. Keys and clicks are kept for later, so no handler is
+/// entered again from inside another; what waits when a modal box opens is dropped by the box, as it should.
+void DoEvents();
+
+} // namespace tsms

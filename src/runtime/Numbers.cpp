@@ -1,0 +1,145 @@
+#include "runtime/Numbers.h"
+
+#include "runtime/RuntimeError.h"
+#include "runtime/Text.h"
+
+#include <QLocale>
+
+#include <cmath>
+#include <limits>
+#include <optional>
+
+namespace tsms {
+
+namespace {
+
+/// [sign] digits [. digits] [e [sign] digits], at least one digit before the exponent.
+bool HasNumberShape(QStringView text)
+{
+    qsizetype i = 0;
+    const auto isDigit = [&] { return i < text.size() && text[i] >= u'0' && text[i] <= u'9'; };
+    const auto skipDigits = [&] {
+        const qsizetype from = i;
+        while (isDigit())
+            ++i;
+        return i > from;
+    };
+    if (i < text.size() && (text[i] == u'+' || text[i] == u'-'))
+        ++i;
+    bool digits = skipDigits();
+    if (i < text.size() && text[i] == u'.') {
+        ++i;
+        digits = skipDigits() || digits;
+    }
+    if (!digits)
+        return false;
+    if (i < text.size() && (text[i] == u'e' || text[i] == u'E')) {
+        ++i;
+        if (i < text.size() && (text[i] == u'+' || text[i] == u'-'))
+            ++i;
+        if (!skipDigits())
+            return false;
+    }
+    return i == text.size();
+}
+
+/// The value of a text of number shape; infinite where a double cannot hold it.
+std::optional<double> NumberOf(QStringView text)
+{
+    const QString trimmed = Trim(text);
+    if (!HasNumberShape(trimmed))
+        return std::nullopt;
+    bool fits = false;
+    const double value = QLocale::c().toDouble(trimmed, &fits);
+    if (!fits && value == 0.0)
+        return 0.0; // too small to be held: nothing is left of it
+    return fits ? value : std::numeric_limits<double>::infinity();
+}
+
+double RoundHalfToEven(double value)
+{
+    const double below = std::floor(value);
+    const double distance = value - below;
+    if (distance != 0.5)
+        return distance < 0.5 ? below : below + 1;
+    return std::fmod(below, 2.0) == 0.0 ? below : below + 1;
+}
+
+} // namespace
+
+std::int32_t ToLong(QStringView text)
+{
+    const std::optional<double> value = NumberOf(text);
+    if (!value)
+        throw RuntimeError(TypeMismatch);
+    const double rounded = RoundHalfToEven(*value);
+    if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
+          rounded <= std::numeric_limits<std::int32_t>::max()))
+        throw RuntimeError(Overflow);
+    return static_cast<std::int32_t>(rounded);
+}
+
+bool ToTruth(QStringView text)
+{
+    const QString trimmed = Trim(text);
+    if (trimmed.compare(u"true", Qt::CaseInsensitive) == 0)
+        return true;
+    if (trimmed.compare(u"false", Qt::CaseInsensitive) == 0)
+        return false;
+    const std::optional<double> value = NumberOf(trimmed);
+    if (!value)
+        throw RuntimeError(TypeMismatch);
+    return *value != 0.0;
+}
+
+bool IsNumeric(QStringView text)
+{
+    return NumberOf(text).has_value();
+}
+
+QString FormatCount(std::int64_t n)
+{
+    return n == 0 ? QString() : GroupDigits(QString::number(n));
+}
+
+QString GroupDigits(QStringView text)
+{
+    qsizetype begin = 0;
+    if (!text.isEmpty() && (text[0] == u'-' || text[0] == u'+'))
+        begin = 1;
+    const QString plain = WithoutSeparators(text.sliced(begin));
+    const qsizetype point = plain.indexOf(u'.');
+    const qsizetype wholeDigits = point < 0 ? plain.size() : point;
+    for (qsizetype i = 0; i < plain.size(); ++i)
+        if (i != point && (plain[i] < u'0' || plain[i] > u'9'))
+            return text.toString();
+    if (wholeDigits == 0)
+        return text.toString();
+    QString grouped = text.first(begin).toString();
+    for (qsizetype i = 0; i < wholeDigits; ++i) {
+        if (i > 0 && (wholeDigits - i) % 3 == 0)
+            grouped += u',';
+        grouped += plain[i];
+    }
+    return grouped + plain.sliced(wholeDigits);
+}
+
+QString WithoutSeparators(QStringView text)
+{
+    return text.toString().remove(u',');
+}
+
+Counter16& Counter16::operator++()
+{
+    if (value_ == std::numeric_limits<std::int16_t>::max())
+        throw RuntimeError(Overflow);
+    ++value_;
+    return *this;
+}
+
+QString TwoDigits(int n)
+{
+    return (QStringLiteral("00") + QString::number(n)).right(2);
+}
+
+} // namespace tsms

@@ -1,0 +1,38 @@
+#include "runtime/Text.h"
+
+namespace tsms {
+
+namespace {
+
+QStringView Trimmed(QStringView text)
+{
+    while (text.startsWith(u' '))
+        text = text.sliced(1);
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text;
+}
+
+} // namespace
+
+QString Trim(QStringView text)
+{
+    return Trimmed(text).toString();
+}
+
+bool IsBlank(QStringView text)
+{
+    return Trimmed(text).isEmpty();
+}
+
+QString WithoutBlanks(QStringView text)
+{
+    QString kept;
+    kept.reserve(text.size());
+    for (const QChar c : text)
+        if (c != u' ')
+            kept += c;
+    return kept;
+}
+
+} // namespace tsms

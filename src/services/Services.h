@@ -1,0 +1,21 @@
+#pragma once
+
+namespace tsms {
+
+class Clock;
+class DBConnect;
+class Desktop;
+class ModSMS;
+struct Session;
+
+/// What a form is handed to work with. The composition root owns all of it and outlives every form.
+struct Services
+{
+    Session& session;
+    Desktop& desktop;
+    Clock& clock;
+    DBConnect& db;
+    ModSMS& sms;
+};
+
+} // namespace tsms
