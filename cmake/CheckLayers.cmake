@@ -1,7 +1,7 @@
 # cmake -DSOURCE=<src folder> -P CheckLayers.cmake
 # Reads every include of every file below SOURCE and fails on one that the layer table does not grant.
-include("${CMAKE_CURRENT_LIST_DIR}/LayerTable.cmake")
 cmake_minimum_required(VERSION 3.25)
+include("${CMAKE_CURRENT_LIST_DIR}/LayerTable.cmake")
 set(folders "")
 foreach(row IN LISTS TSMS_LAYERS)
   string(REGEX MATCH "^([a-z]+):(.*)$" _ "${row}")
