@@ -1,0 +1,41 @@
+# Sourced by ./run, ./test, ./check and .ci/run: which Debian packages each of them needs, and how to get them.
+# shellcheck shell=bash
+
+build_packages=(
+  g++ cmake ninja-build ccache pkg-config
+  qt6-base-dev libgl-dev qt6-svg-dev libsqlite3-dev libcurl4-openssl-dev libpugixml-dev libcpp-httplib-dev)
+run_packages=(qt6-qpa-plugins fonts-nanum)
+screen_packages=(xvfb xauth openbox xdotool x11-utils imagemagick curl sqlite3)
+test_packages=(libgtest-dev libgmock-dev libbenchmark-dev)
+check_packages=(clang clang-format-14 clang-tidy-14 git)
+
+# ensure_packages NAME...: installs what is missing of them, through apt, with sudo unless root.
+ensure_packages() {
+  local name missing=()
+  for name in "$@"; do
+    dpkg-query -W -f='${db:Status-Status}' "$name" 2>/dev/null | grep -qx installed || missing+=("$name")
+  done
+  [ ${#missing[@]} -eq 0 ] && return 0
+  if ! command -v apt-get >/dev/null; then
+    echo "These packages are missing, and apt is not there to install them: ${missing[*]}" >&2
+    return 1
+  fi
+  local as_root=()
+  [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+  echo "Installing: ${missing[*]}"
+  "${as_root[@]}" apt-get update -qq
+  DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# configure_and_build PRESET [TARGET...]: with ccache where it is there.
+configure_and_build() {
+  local preset=$1
+  shift
+  local launcher=()
+  command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+  export CCACHE_SLOPPINESS=pch_defines,time_macros
+  cmake --preset "$preset" "${launcher[@]}" >/dev/null || return 1
+  local targets=()
+  [ $# -gt 0 ] && targets=(--target "$@")
+  cmake --build --preset "$preset" "${targets[@]}"
+}

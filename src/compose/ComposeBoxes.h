@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+namespace tsms {
+
+class Desktop;
+struct Session;
+
+/// The three boxes that send the operator to a web page. Each shows its box and then opens the page.
+void ShowSignUpBox(Desktop& desktop, const Session& session);
+void ShowChargeBox(Desktop& desktop, const Session& session);
+void ShowShortageBox(Desktop& desktop, const Session& session);
+
+/// The account checks at the load of the main window. True when one of them fired.
+bool CheckAccountAtLoad(Desktop& desktop, const Session& session);
+
+} // namespace tsms

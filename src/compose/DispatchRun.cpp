@@ -1,0 +1,91 @@
+#include "compose/DispatchRun.h"
+
+#include "compose/Placeholders.h"
+#include "gateway/ModSMS.h"
+#include "runtime/Numbers.h"
+#include "runtime/RuntimeError.h"
+#include "runtime/Text.h"
+#include "session/Session.h"
+#include "store/DBConnect.h"
+#include "store/Statement.h"
+
+namespace tsms {
+
+DispatchRun::DispatchRun(Session& session, DBConnect& db, ModSMS& sms, const RecipientRows& rows,
+                         RunDisplay& display)
+    : session_(session), db_(db), sms_(sms), rows_(rows), display_(display)
+{
+}
+
+void DispatchRun::RunSend(const DispatchOrder& order)
+{
+    WithHandler([&] { SendAllRows(order); },
+                [&] {
+                    sms_.ReleaseSOAP();
+                    display_.SetRunBusy(false);
+                    db_.ReportDBError(); // finds no error any more: it only closes the database
+                });
+}
+
+void DispatchRun::SendAllRows(const DispatchOrder& order)
+{
+    display_.SetRunBusy(true);
+    CountOK = 0;
+    CountFail = 0;
+    done_ = 0;
+    display_.SetBarMaximum(ToLong(display_.TotalText()));
+    display_.SetBarValue(0);
+    db_.ConnectWithRetry();
+    sms_.InitWithRetry();
+    const int lastRow = rows_.MaxRows();
+    for (int row = 1; row <= lastRow; ++row) {
+        if (!rows_.RowHidden(row)) {
+            SendRow(row, order);
+            ShowDone();
+        }
+        display_.SetBarValue(row);
+    }
+    DebitBalance();
+    sms_.ReleaseSOAP();
+    db_.CloseDB();
+    display_.SetRunBusy(false);
+}
+
+void DispatchRun::SendRow(int row, const DispatchOrder& order)
+{
+    const QString phone = Trim(rows_.PhoneText(row));
+    if (phone.isEmpty() || !HasMobilePrefix(phone))
+        return;
+    const QString name = Trim(rows_.NameText(row));
+    const QString text = WithRecipient(WithSender(order.message, session_.SMSOrgNm), name);
+    if (phone.size() < MobileNumberLength)
+        return;
+    const Boolean accepted = sms_.SubmitSMS(name, phone, order.senderNumber, text, order.reservation, QString(),
+                                            QString(), QString());
+    if (accepted == Boolean::True)
+        ++CountOK;
+    else
+        ++CountFail;
+    display_.ShowCounts(FormatCount(CountOK), FormatCount(CountFail));
+}
+
+void DispatchRun::ShowDone()
+{
+    ++done_;
+    display_.ShowStatus(DispatchStatus(display_.TotalText(), FormatCount(done_)));
+}
+
+void DispatchRun::DebitBalance()
+{
+    if (CountOK > 0)
+        db_.ExecuteSQL(Statement(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt - ")
+                           .Own(QString::number(CountOK)));
+}
+
+QString DispatchStatus(const QString& total, const QString& done)
+{
+    return QStringLiteral("총 발송건수 : ") + total + QStringLiteral("건 / 현 발송 건수 : ") + done +
+           QStringLiteral("건");
+}
+
+} // namespace tsms

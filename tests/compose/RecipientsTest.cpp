@@ -1,0 +1,44 @@
+#include "compose/Recipients.h"
+#include "support/Words.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+using namespace tsms;
+using namespace tsms::test;
+
+namespace {
+
+class Rows final : public RecipientRows
+{
+public:
+    struct Row
+    {
+        QString phone;
+        bool hidden = false;
+    };
+    explicit Rows(std::vector<Row> given) : rows(std::move(given)) {}
+    int MaxRows() const override { return static_cast<int>(rows.size()); }
+    bool RowHidden(int row) const override { return rows[static_cast<std::size_t>(row) - 1].hidden; }
+    QString NameText(int) const override { return {}; }
+    QString PhoneText(int row) const override { return rows[static_cast<std::size_t>(row) - 1].phone; }
+    std::vector<Row> rows;
+};
+
+TEST(Recipients, TheFirstCountSeesRemovedRowsAndTheSecondDoesNot)
+{
+    const Rows rows({{u"010-1"_q}, {u"010-2"_q, true}, {u"  "_q}, {u""_q}, {u"x"_q}});
+    EXPECT_EQ(CountFilled(rows), 3);
+    EXPECT_EQ(CountRecipients(rows), 2);
+}
+
+TEST(Recipients, SixPrefixesAreThoseOfMobileNumbers)
+{
+    for (const char16_t* good : {u"010", u"011", u"016", u"017", u"018", u"019-1"})
+        EXPECT_TRUE(HasMobilePrefix(good));
+    for (const char16_t* bad : {u"", u"01", u"012", u"013", u"014", u"015", u"02-010", u" 010", u"+82010"})
+        EXPECT_FALSE(HasMobilePrefix(bad));
+}
+
+} // namespace
