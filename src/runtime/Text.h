@@ -7,7 +7,7 @@
 namespace tsms {
 
 /// The line break of all texts of the program, in fields and in boxes.
-inline constexpr QStringView CrLf = u"\r\n";
+inline constexpr QLatin1StringView CrLf("\r\n");
 
 /// Without leading and trailing blanks. Only the character 0x20 is a blank: tabs and line breaks stay.
 QString Trim(QStringView text);

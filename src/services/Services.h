@@ -13,7 +13,7 @@ struct Services
 {
     Session& session;
     Desktop& desktop;
-    Clock& clock;
+    const Clock& clock;
     DBConnect& db;
     ModSMS& sms;
 };

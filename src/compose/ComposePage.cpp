@@ -1,0 +1,206 @@
+#include "compose/ComposePage.h"
+
+#include "compose/MessageCounter.h"
+#include "compose/ModStep1.h"
+#include "compose/SendPreflight.h"
+#include "runtime/Desktop.h"
+#include "runtime/Text.h"
+#include "services/Services.h"
+#include "session/Session.h"
+#include "toolkit/fpSpread.h"
+#include "toolkit/Guarded.h"
+#include "toolkit/MemoBox.h"
+#include "toolkit/Naming.h"
+#include "toolkit/TextBox.h"
+#include "toolkit/Theme.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+namespace tsms {
+
+namespace {
+
+constexpr int PhoneWidth = 300;
+constexpr int MessageLimit = 80;    // bytes
+constexpr int SenderNumberLimit = 13; // bytes
+
+} // namespace
+
+ComposePage::ComposePage(Services& services, Window window, QWidget* cards, QWidget* parent)
+    : Panel(parent, IndexedName(u"PlToolBg", 0)), services_(services), textHelper_(services.desktop),
+      window_(std::move(window))
+{
+    SetBackColor(theme::Page);
+    auto* right = new QVBoxLayout;
+    right->setSpacing(10);
+    right->addWidget(cards, 1);
+    right->addWidget(BuildNotes());
+    auto* page = new QHBoxLayout(this);
+    page->setContentsMargins(12, 12, 12, 12);
+    page->setSpacing(14);
+    page->addWidget(BuildPhone());
+    page->addLayout(right, 1);
+}
+
+QWidget* ComposePage::BuildPhone()
+{
+    auto* phone = new Panel(this, QStringLiteral("PlPhone"), Panel::Border::Line);
+    phone->setFixedWidth(PhoneWidth);
+    auto* column = new QVBoxLayout(phone);
+    column->setContentsMargins(12, 10, 12, 12);
+    column->setSpacing(6);
+    BuildMessage(*column, *phone);
+    BuildRecipients(*column, *phone);
+    BuildSender(*column, *phone);
+    return phone;
+}
+
+void ComposePage::BuildMessage(QVBoxLayout& phone, QWidget& parent)
+{
+    auto* heading = new Label(&parent, IndexedName(u"Label2", 0), QStringLiteral("문자메시지 전송창"));
+    heading->SetBold(true);
+    message_ = new MemoBox(&parent, QStringLiteral("TxtPerSendMsg"));
+    message_->SetBorder(false);
+    message_->SetBackColor(theme::Phone);
+    message_->SetImeMode(ImeMode::Hangul);
+    message_->OnChange = [this] { textHelper_.LimitBytes(*message_, MessageLimit); };
+    message_->setMinimumHeight(130);
+    phone.addWidget(heading);
+    phone.addWidget(message_, 2);
+    phone.addWidget(new MessageCounter(*message_, QStringLiteral("LblPerSendMsg"), QStringLiteral("LblPerSendCnt"),
+                                       &parent));
+}
+
+void ComposePage::BuildRecipients(QVBoxLayout& phone, QWidget& parent)
+{
+    const QStringList captions{QStringLiteral("주소록"), QStringLiteral("엑셀파일"), QStringLiteral("비우기")};
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(6);
+    for (int i = 0; i < captions.size(); ++i) {
+        auto* button = new PushButton(&parent, IndexedName(u"BtnFuncMain", i), captions[i]);
+        button->OnClick = [this, i] { BtnFuncMainClick(i); };
+        buttons->addWidget(button, 1);
+    }
+    recipients_ = Named(new fpSpread(&parent), QStringLiteral("fpSpread"));
+    recipients_->OnKeyPress = [this](int& key) {
+        if (key != '\r')
+            return;
+        WalkOnEnter(*recipients_);
+        key = 0;
+    };
+    connect(recipients_, &fpSpread::Click, this,
+            Guarded(services_.desktop, [this](int column, int) { RecipientClick(column); }));
+    phone.addLayout(buttons);
+    phone.addWidget(recipients_, 3);
+}
+
+void ComposePage::BuildSender(QVBoxLayout& phone, QWidget& parent)
+{
+    senderNumber_ = new TextBox(&parent, QStringLiteral("txtSendNo"));
+    senderNumber_->OnGotFocus = [this] { textHelper_.SelectField(*senderNumber_); };
+    senderNumber_->OnChange = [this] { SendNoChange(); };
+    senderNumber_->OnKeyPress = [this](char16_t& key) { SendNoKeyPress(key); };
+    auto* number = new QHBoxLayout;
+    number->setSpacing(8);
+    number->addWidget(new Label(&parent, QStringLiteral("Label1"), QStringLiteral("보내는사람")));
+    number->addWidget(senderNumber_, 1);
+
+    auto* send = new PushButton(&parent, IndexedName(u"BtnSend", 0), QStringLiteral("발송"), PushButton::Look::Primary);
+    auto* close = new PushButton(&parent, IndexedName(u"BtnSend", 1), QStringLiteral("닫기"));
+    send->OnClick = [this] { BtnSendClick(0); };
+    close->OnClick = [this] { BtnSendClick(1); };
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(6);
+    buttons->addWidget(send, 2);
+    buttons->addWidget(close, 1);
+
+    phone.addLayout(number);
+    phone.addLayout(buttons);
+}
+
+QWidget* ComposePage::BuildNotes()
+{
+    const QStringList notes{
+        QStringLiteral("총 80 Bytes 단문 문자메세지 전송창입니다. "),
+        QStringLiteral("한글은 2Bytes, 영문,숫자 1 Bytes로 책정이 됩니다."),
+        QStringLiteral("수신전화번호 입력시 '-' 를 입력하셔도 무방합니다."),
+        QStringLiteral("문구자동변환 : [받는사람]은 수신성명으로 자동변환 되어 발송됩니다."),
+        QStringLiteral("문자충전후 반드시 요금현황에서 충전내역을 등록하여 주십시오."),
+    };
+    auto* panel = new Panel(this, QStringLiteral("PlNotes"), Panel::Border::Line);
+    auto* column = new QVBoxLayout(panel);
+    column->setContentsMargins(12, 8, 12, 8);
+    column->setSpacing(3);
+    for (int i = 0; i < notes.size(); ++i) {
+        auto* note = new Label(panel, IndexedName(u"Label3", i), notes[i]);
+        note->SetTextColor(theme::Faint);
+        column->addWidget(note);
+    }
+    return panel;
+}
+
+void ComposePage::Load()
+{
+    InitRecipientGrid(*recipients_);
+    ResetSenderNumber();
+}
+
+void ComposePage::FocusMessage()
+{
+    message_->SetFocus();
+}
+
+void ComposePage::ResetSenderNumber()
+{
+    senderNumber_->SetText(services_.session.SMSTelNo);
+}
+
+void ComposePage::BtnFuncMainClick(int index)
+{
+    if (services_.session.IsBusy())
+        return;
+    switch (index) {
+    case 0: window_.openAddressBook(); break;
+    case 1: window_.openImport(); break;
+    default: InitRecipientGrid(*recipients_); break;
+    }
+}
+
+void ComposePage::BtnSendClick(int index)
+{
+    if (services_.session.IsBusy())
+        return;
+    if (index != 0) {
+        window_.close();
+        return;
+    }
+    recipients_->CommitEdit(); // a click does not take the focus from a cell that is being typed into
+    SendPreflight(services_, *message_, *recipients_, *senderNumber_).Run();
+}
+
+void ComposePage::SendNoChange()
+{
+    textHelper_.GuardPhoneField(*senderNumber_);
+    textHelper_.LimitBytes(*senderNumber_, SenderNumberLimit);
+}
+
+void ComposePage::SendNoKeyPress(char16_t& key)
+{
+    FilterNumberKey(key);
+    if (key != u'\r')
+        return;
+    key = 0;
+    if (IsBlank(senderNumber_->Text()))
+        services_.desktop.MsgBox(QStringLiteral("회신 전화번호를 입력하여 주십시오."), MsgBoxCritical,
+                                 QStringLiteral("문자메시지 전송"));
+}
+
+void ComposePage::RecipientClick(int column)
+{
+    if (services_.session.IsBusy() || column != RemoveColumn)
+        return;
+    RemoveActiveRecipient(*recipients_);
+}
+
+} // namespace tsms

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "toolkit/Controls.h"
+#include "toolkit/TextHelper.h"
+
+#include <functional>
+
+class QVBoxLayout;
+
+namespace tsms {
+
+class fpSpread;
+class MemoBox;
+class MessageCounter;
+class TextBox;
+struct Services;
+
+/// The page on which a message is written, its recipients are listed, and both are sent.
+class ComposePage : public Panel
+{
+    Q_OBJECT
+
+public:
+    /// What the page asks of the window it stands on.
+    struct Window
+    {
+        std::function<void()> close;           ///< a click on the close button of the page
+        std::function<void()> openAddressBook; ///< modal
+        std::function<void()> openImport;      ///< modal
+    };
+
+    /// `cards` is the template picker; it takes its place on the page.
+    ComposePage(Services& services, Window window, QWidget* cards, QWidget* parent);
+
+    /// First state of the list and the sender number, at the load of the window.
+    void Load();
+
+    /// The focus that belongs to an entry to the page.
+    void FocusMessage();
+
+    /// Sets the sender number to the account's; one that was typed is dropped.
+    void ResetSenderNumber();
+
+    fpSpread& RecipientGrid() { return *recipients_; }
+    MemoBox& Message() { return *message_; }
+
+private:
+    QWidget* BuildPhone();
+    QWidget* BuildNotes();
+    void BuildMessage(QVBoxLayout& phone, QWidget& parent);
+    void BuildRecipients(QVBoxLayout& phone, QWidget& parent);
+    void BuildSender(QVBoxLayout& phone, QWidget& parent);
+
+    void BtnFuncMainClick(int index);
+    void BtnSendClick(int index);
+    void SendNoChange();
+    void SendNoKeyPress(char16_t& key);
+    void RecipientClick(int column);
+
+    Services& services_;
+    TextHelper textHelper_;
+    Window window_;
+    MemoBox* message_ = nullptr;
+    fpSpread* recipients_ = nullptr;
+    TextBox* senderNumber_ = nullptr;
+};
+
+} // namespace tsms

@@ -1,0 +1,40 @@
+#include "compose/GridRecipients.h"
+
+#include "compose/ModStep1.h"
+#include "toolkit/fpSpread.h"
+#include "toolkit/GridHelper.h"
+
+namespace tsms {
+
+namespace {
+
+QString CellText(const fpSpread& grid, int column, int row)
+{
+    QString text;
+    GridHelper().GetCellText(grid, column, row, text);
+    return text;
+}
+
+} // namespace
+
+int GridRecipients::MaxRows() const
+{
+    return grid_.MaxRows();
+}
+
+bool GridRecipients::RowHidden(int row) const
+{
+    return grid_.RowHidden(row);
+}
+
+QString GridRecipients::NameText(int row) const
+{
+    return CellText(grid_, NameColumn, row);
+}
+
+QString GridRecipients::PhoneText(int row) const
+{
+    return CellText(grid_, PhoneColumn, row);
+}
+
+} // namespace tsms

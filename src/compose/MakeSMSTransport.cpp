@@ -1,0 +1,248 @@
+#include "compose/MakeSMSTransport.h"
+
+#include "compose/ComposeBoxes.h"
+#include "compose/RefreshBalanceLabel.h"
+#include "compose/Reservation.h"
+#include "runtime/Clock.h"
+#include "runtime/Desktop.h"
+#include "runtime/Numbers.h"
+#include "services/Services.h"
+#include "session/Session.h"
+#include "store/LoadSMSSetup.h"
+#include "toolkit/ComboBox.h"
+#include "toolkit/Controls.h"
+#include "toolkit/DatePicker.h"
+#include "toolkit/Naming.h"
+#include "toolkit/Theme.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+namespace tsms {
+
+namespace {
+
+enum Number : int { Total, Succeeded, Failed, Remainder };
+
+DialogFrame Frame()
+{
+    DialogFrame frame;
+    frame.name = QStringLiteral("MakeSMSTransport");
+    frame.caption = QStringLiteral("문자메시지 발송하기");
+    frame.title = QStringLiteral("문자메시지 발송하기");
+    frame.titleLabel = QStringLiteral("lblTitle(1)");
+    frame.buttonBase = QStringLiteral("BtnSendS");
+    frame.buttons = {QStringLiteral("발송(F12)"), QStringLiteral("취소(ESC)")};
+    return frame;
+}
+
+/// The colour value 0xBBGGRR, as it is told of the number labels.
+QColor FromBlueGreenRed(unsigned value)
+{
+    return QColor(value & 0xFF, (value >> 8) & 0xFF, (value >> 16) & 0xFF);
+}
+
+} // namespace
+
+MakeSMSTransport::MakeSMSTransport(Services& services, Source source, QWidget* parent)
+    : DialogForm(services.session, services.desktop, Frame(), parent), services_(services),
+      source_(std::move(source))
+{
+    SetBusy(Boolean::True);
+    BuildCounts(BodyLayout());
+    BuildReservation(BodyLayout());
+    bar_->SetMax(100);
+    bar_->SetValue(0);
+    date_->SetValue(services_.clock.Date());
+    hour_->AddItem(FirstHourItem());
+    hour_->SetListIndex(0);
+    minute_->AddItem(FirstMinuteItem());
+    minute_->SetListIndex(0);
+    EnableReservation(false);
+    reserve_->OnClick = [this] { ChkTimeClick(); };
+    SetBusy(Boolean::False);
+}
+
+void MakeSMSTransport::BuildCounts(QVBoxLayout& body)
+{
+    const QStringList captions{QStringLiteral("발송 건수"), QStringLiteral("성공 건수"), QStringLiteral("실패 건수"),
+                               QStringLiteral("잔여 건수")};
+    const std::array<QColor, 4> colors{theme::Text, FromBlueGreenRed(0xC00000), FromBlueGreenRed(0x0000FF),
+                                       FromBlueGreenRed(0x363636)};
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(10);
+    grid->setVerticalSpacing(6);
+    grid->setColumnStretch(1, 1);
+    for (int i = 0; i < 4; ++i) {
+        numbers_[i] = new Label(&Body(), IndexedName(u"LblSendSMS", i), QStringLiteral("0"));
+        numbers_[i]->SetTextColor(colors[static_cast<std::size_t>(i)]);
+        numbers_[i]->SetBold(true);
+        numbers_[i]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        grid->addWidget(new Label(&Body(), IndexedName(u"Label1", i), captions[i]), i, 0);
+        grid->addWidget(numbers_[i], i, 1);
+        grid->addWidget(new Label(&Body(), IndexedName(u"Label1", i + 4), QStringLiteral("건")), i, 2);
+    }
+    body.addLayout(grid);
+    status_ = new Label(&Body(), QStringLiteral("lblStatus"), QStringLiteral("총 발송건수 : 0건 / 현 발송 건수 0건"));
+    bar_ = new ProgressBar(&Body(), QStringLiteral("PB"));
+    body.addWidget(status_);
+    body.addWidget(bar_);
+}
+
+void MakeSMSTransport::BuildReservation(QVBoxLayout& body)
+{
+    reserve_ = new CheckBox(&Body(), QStringLiteral("ChkTime"), QStringLiteral("예약발송"));
+    date_ = new DatePicker(&Body(), QStringLiteral("DTPicker1"));
+    hour_ = new ComboBox(&Body(), QStringLiteral("CbTime"));
+    minute_ = new ComboBox(&Body(), QStringLiteral("CbMintue"));
+    auto* row = new QHBoxLayout;
+    row->setSpacing(8);
+    row->addWidget(reserve_);
+    row->addWidget(date_, 1);
+    row->addWidget(hour_);
+    row->addWidget(minute_);
+    body.addLayout(row);
+}
+
+void MakeSMSTransport::SetTotal(std::int32_t recipients)
+{
+    numbers_[Total]->Tag = QString::number(recipients);
+    numbers_[Total]->SetCaption(numbers_[Total]->Tag);
+    status_->SetCaption(DispatchStatus(numbers_[Total]->Tag, QStringLiteral("0")));
+}
+
+void MakeSMSTransport::ChkTimeClick()
+{
+    if (IsBusy())
+        return;
+    EnableReservation(reserve_->Value());
+    if (reserve_->Value())
+        FillTimeLists();
+}
+
+void MakeSMSTransport::EnableReservation(bool enabled)
+{
+    date_->setEnabled(enabled);
+    for (ComboBox* list : {hour_, minute_}) {
+        list->setEnabled(enabled);
+        list->SetBackColor(enabled ? theme::White : theme::ButtonFace);
+    }
+}
+
+void MakeSMSTransport::FillTimeLists()
+{
+    // The lists are not cleared first: each tick adds the same items again, as it is meant.
+    for (const QString& item : HourItems())
+        hour_->AddItem(item);
+    for (const QString& item : MinuteItems())
+        minute_->AddItem(item);
+    const QDateTime now = services_.clock.Now();
+    hour_->SetListIndex(SuggestedHourIndex(now));
+    minute_->SetListIndex(SuggestedMinuteIndex(now));
+}
+
+ChosenTime MakeSMSTransport::Chosen() const
+{
+    return {date_->Value(), hour_->Text(), minute_->Text()};
+}
+
+void MakeSMSTransport::OnButton(int index)
+{
+    if (index != 0)
+        Unload();
+    else if (RunMode.isEmpty())
+        Send();
+}
+
+void MakeSMSTransport::Send()
+{
+    if (!ReservationPasses())
+        return;
+    LoadSMSSetup(services_.session, services_.db);
+    if (!BalanceCovers())
+        return;
+    DispatchRun run(services_.session, services_.db, services_.sms, source_.rows, *this);
+    run.RunSend({source_.message(), source_.senderNumber(),
+                 reserve_->Value() ? ReservationText(Chosen()) : QString()});
+    Unload();
+    TellOutcome(run.CountOK);
+}
+
+bool MakeSMSTransport::ReservationPasses()
+{
+    if (!reserve_->Value())
+        return true;
+    const QString title = QStringLiteral("문자메세지 발송시간");
+    switch (CheckReservation(services_.clock.Now(), Chosen())) {
+    case ReservationVerdict::DayInThePast:
+        services_.desktop.MsgBox(QStringLiteral("잘못된 일시선택입니다. 다시 선택하여 주십시오."), MsgBoxCritical, title);
+        date_->setFocus();
+        return false;
+    case ReservationVerdict::TimeInThePast:
+        services_.desktop.MsgBox(
+            QStringLiteral("보낼 시간을 현재시간으로 부터 3분 이후로 설정하여 주십시오. "), MsgBoxCritical, title);
+        minute_->setFocus();
+        return false;
+    case ReservationVerdict::Good: break;
+    }
+    return true;
+}
+
+bool MakeSMSTransport::BalanceCovers()
+{
+    if (ToLong(TotalText()) <= services_.session.SMSRemainCnt)
+        return true;
+    ShowShortageBox(services_.desktop, services_.session);
+    return false;
+}
+
+void MakeSMSTransport::TellOutcome(std::int32_t countOK)
+{
+    if (countOK > 0) {
+        RefreshBalanceLabel(services_.session, services_.db);
+        services_.desktop.MsgBox(QStringLiteral("정상적으로 문자 메시지가 전송 되었습니다."), MsgBoxInformation,
+                                 QStringLiteral("문자메세지 전송 완료!!!"));
+    } else {
+        services_.desktop.MsgBox(
+            QStringLiteral("전송된 문자메시지가 없습니다. 핸드폰번호가 없거나 잘못된 형식입니다."), MsgBoxCritical,
+            QStringLiteral("문자메세지 전송 실패!!!"));
+    }
+}
+
+void MakeSMSTransport::SetRunBusy(bool busy)
+{
+    SetBusy(ToBooleanValue(busy));
+}
+
+QString MakeSMSTransport::TotalText() const
+{
+    return numbers_[Total]->Caption();
+}
+
+void MakeSMSTransport::SetBarMaximum(int maximum)
+{
+    bar_->SetMax(maximum);
+}
+
+void MakeSMSTransport::SetBarValue(int value)
+{
+    bar_->SetValue(value);
+    bar_->Refresh();
+}
+
+void MakeSMSTransport::ShowCounts(const QString& succeeded, const QString& failed)
+{
+    numbers_[Succeeded]->SetCaption(succeeded);
+    numbers_[Succeeded]->Refresh();
+    numbers_[Failed]->SetCaption(failed);
+    numbers_[Failed]->Refresh();
+}
+
+void MakeSMSTransport::ShowStatus(const QString& text)
+{
+    status_->SetCaption(text);
+    status_->Refresh();
+}
+
+} // namespace tsms

@@ -1,0 +1,89 @@
+#include "compose/ModStep1.h"
+
+#include "runtime/Numbers.h"
+#include "toolkit/fpSpread.h"
+#include "toolkit/GridHelper.h"
+#include "toolkit/Theme.h"
+
+namespace tsms {
+
+namespace {
+
+constexpr int FirstRows = 20;
+constexpr int NameCharacters = 6;
+constexpr int PhoneCharacters = 13;
+
+void LayOutColumns(fpSpread& grid, GridHelper& helper)
+{
+    constexpr double widths[] = {2.0, 5.0, 10.5, 1.5};
+    for (int column = NumberColumn; column <= RemoveColumn; ++column) {
+        grid.SetText(column, 0, QString());
+        grid.SetColWidth(column, widths[column - 1]);
+        if (column == NumberColumn)
+            helper.FormatColumn(grid, column, 2);
+    }
+}
+
+void SetCellTypes(fpSpread& grid)
+{
+    grid.SetColType(NumberColumn, fpSpread::CellType::StaticText);
+    grid.SetColAlignment(NumberColumn, Qt::AlignCenter);
+    grid.SetColType(NameColumn, fpSpread::CellType::Edit);
+    grid.SetColMaxLength(NameColumn, NameCharacters);
+    grid.SetColAlignment(NameColumn, Qt::AlignCenter);
+    grid.SetColType(PhoneColumn, fpSpread::CellType::Edit);
+    grid.SetColMaxLength(PhoneColumn, PhoneCharacters);
+    grid.SetColAlignment(PhoneColumn, Qt::AlignCenter);
+    grid.SetColButton(RemoveColumn, QStringLiteral("x"), theme::Strip, theme::White);
+    grid.SetColType(ThirdValueColumn, fpSpread::CellType::StaticText);
+    grid.SetColHidden(ThirdValueColumn, true);
+}
+
+} // namespace
+
+void InitRecipientGrid(fpSpread& grid)
+{
+    GridHelper helper;
+    grid.Reset();
+    grid.setFont(theme::Font());
+    grid.SetBackgroundColor(theme::White);
+    grid.SetRowHeight(0, 15);
+    grid.SetRowHeight(fpSpread::All, 13.5);
+    grid.SetGridColor(theme::Line);
+    grid.SetHeadersVisible(false, false);
+    grid.SetMaxCols(ThirdValueColumn);
+    LayOutColumns(grid, helper);
+    SetCellTypes(grid);
+    grid.SetMaxRows(FirstRows);
+    helper.SetRangeColors(grid, NumberColumn, fpSpread::All, theme::Strip, theme::White);
+    helper.SetRangeColors(grid, NameColumn, fpSpread::All, theme::Ground, QColor(Qt::black));
+    for (int i = 1; i <= FirstRows; ++i)
+        grid.SetText(NumberColumn, i, TwoDigits(i));
+}
+
+void RemoveActiveRecipient(fpSpread& grid)
+{
+    grid.SetRowHidden(grid.ActiveRow(), true);
+    Counter16 row(0);
+    Counter16 n(1);
+    while (row.Value() < grid.MaxRows()) {
+        ++row;
+        if (grid.RowHidden(row.Value()))
+            continue;
+        grid.SetText(NumberColumn, row.Value(), TwoDigits(n.Value()));
+        ++n;
+    }
+}
+
+void WalkOnEnter(fpSpread& grid)
+{
+    int column = grid.ActiveCol() + 1;
+    int row = grid.ActiveRow();
+    if (column == RemoveColumn) {
+        ++row;
+        column = NameColumn;
+    }
+    grid.SetActiveCell(column, row);
+}
+
+} // namespace tsms

@@ -1,0 +1,191 @@
+#include "gateway/HttpLink.h"
+
+#include "gateway/SoapFault.h"
+
+#include <curl/curl.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace tsms {
+
+namespace {
+
+/// A body that is read once, from its beginning to its end.
+struct Outgoing
+{
+    const QByteArray* bytes = nullptr;
+    qsizetype sent = 0;
+};
+
+class HeaderList
+{
+public:
+    HeaderList() = default;
+    ~HeaderList() { curl_slist_free_all(first_); }
+    HeaderList(const HeaderList&) = delete;
+    HeaderList& operator=(const HeaderList&) = delete;
+
+    void Add(const char* line) { first_ = curl_slist_append(first_, line); }
+    curl_slist* Get() const { return first_; }
+
+private:
+    curl_slist* first_ = nullptr;
+};
+
+struct Incoming
+{
+    HttpReply reply;
+    qsizetype received = 0;
+    bool tooLong = false;
+
+    bool Take(std::size_t count)
+    {
+        received += static_cast<qsizetype>(count);
+        tooLong = received > HttpLink::MaxReplyBytes;
+        return !tooLong;
+    }
+};
+
+std::size_t SendBody(char* buffer, std::size_t size, std::size_t count, void* user)
+{
+    auto& out = *static_cast<Outgoing*>(user);
+    const auto room = static_cast<qsizetype>(size * count);
+    const qsizetype chunk = std::min(room, out.bytes->size() - out.sent);
+    std::memcpy(buffer, out.bytes->constData() + out.sent, static_cast<std::size_t>(chunk));
+    out.sent += chunk;
+    return static_cast<std::size_t>(chunk);
+}
+
+/// Asked when the library wants to send the body again over a new connection after a kept one died. The
+/// gateway may have taken the message by then, so there is no second time.
+int RefuseToRewind(void*, curl_off_t, int)
+{
+    return CURL_SEEKFUNC_FAIL;
+}
+
+std::size_t ReceiveHead(char*, std::size_t size, std::size_t count, void* user)
+{
+    return static_cast<Incoming*>(user)->Take(size * count) ? size * count : 0;
+}
+
+std::size_t ReceiveBody(char* bytes, std::size_t size, std::size_t count, void* user)
+{
+    auto& in = *static_cast<Incoming*>(user);
+    if (!in.Take(size * count))
+        return 0;
+    in.reply.Body.append(bytes, static_cast<qsizetype>(size * count));
+    return size * count;
+}
+
+void StartLibraryOnce()
+{
+    static const CURLcode started = curl_global_init(CURL_GLOBAL_DEFAULT);
+    if (started != CURLE_OK)
+        throw LocalFault(QStringLiteral("통신 기능을 시작하지 못하였습니다."));
+}
+
+/// Of the library's own texts about addresses and connections only: they hold nothing of a message.
+QString WordsOf(CURLcode code, const char* words)
+{
+    return QString::fromLocal8Bit(*words != '\0' ? words : curl_easy_strerror(code));
+}
+
+SoapFault FaultOf(CURLcode code, const char* words, bool tooLong)
+{
+    if (tooLong)
+        return LocalFault(QStringLiteral("문자메시지 서버의 응답이 너무 깁니다."));
+    switch (code) {
+    case CURLE_COULDNT_RESOLVE_HOST:
+    case CURLE_COULDNT_CONNECT:
+        return LocalFault(QStringLiteral("문자메시지 서버에 연결하지 못하였습니다."), WordsOf(code, words));
+    case CURLE_URL_MALFORMAT:
+    case CURLE_UNSUPPORTED_PROTOCOL:
+        return LocalFault(QStringLiteral("문자메시지 서버의 주소가 올바르지 않습니다."), WordsOf(code, words));
+    default:
+        return LocalFault(QStringLiteral("문자메시지 서버와의 통신이 끊어졌습니다."), WordsOf(code, words));
+    }
+}
+
+} // namespace
+
+struct HttpLink::Handle
+{
+    Handle() : curl(curl_easy_init()) {}
+    ~Handle() { curl_easy_cleanup(curl); }
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+
+    CURL* curl;
+};
+
+HttpLink::HttpLink()
+{
+    StartLibraryOnce();
+    handle_ = std::make_unique<Handle>();
+    if (handle_->curl == nullptr)
+        throw LocalFault(QStringLiteral("통신 기능을 시작하지 못하였습니다."));
+}
+
+HttpLink::~HttpLink() = default;
+
+HttpReply HttpLink::Get(const QString& url)
+{
+    curl_easy_reset(handle_->curl); // forgets the options and keeps the connection
+    return Perform(url);
+}
+
+HttpReply HttpLink::Post(const QString& url, const QList<QByteArray>& headers, const QByteArray& body)
+{
+    CURL* curl = handle_->curl;
+    curl_easy_reset(curl);
+    Outgoing out{&body, 0};
+    curl_easy_setopt(curl, CURLOPT_POST, 1L);
+    curl_easy_setopt(curl, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(body.size()));
+    curl_easy_setopt(curl, CURLOPT_READFUNCTION, &SendBody);
+    curl_easy_setopt(curl, CURLOPT_READDATA, &out);
+    curl_easy_setopt(curl, CURLOPT_SEEKFUNCTION, &RefuseToRewind);
+
+    HeaderList list;
+    for (const QByteArray& header : headers)
+        list.Add(header.constData());
+    list.Add("Expect:"); // empty: no asking first, which costs a round trip for each message
+    curl_easy_setopt(curl, CURLOPT_HTTPHEADER, list.Get());
+    return Perform(url);
+}
+
+HttpReply HttpLink::Perform(const QString& url)
+{
+    CURL* curl = handle_->curl;
+    Incoming in;
+    std::array<char, CURL_ERROR_SIZE> words{};
+    const QByteArray address = url.toUtf8();
+    curl_easy_setopt(curl, CURLOPT_URL, address.constData());
+    curl_easy_setopt(curl, CURLOPT_PROTOCOLS_STR, "http,https");
+    curl_easy_setopt(curl, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
+    curl_easy_setopt(curl, CURLOPT_PROXY, ""); // also none from the environment
+    curl_easy_setopt(curl, CURLOPT_FOLLOWLOCATION, 0L);
+    curl_easy_setopt(curl, CURLOPT_TCP_NODELAY, 1L);
+    curl_easy_setopt(curl, CURLOPT_TCP_KEEPALIVE, 1L); // notices a dead host, and leaves a slow one its time
+    curl_easy_setopt(curl, CURLOPT_NOSIGNAL, 1L);
+    curl_easy_setopt(curl, CURLOPT_USERAGENT, "tsms");
+    curl_easy_setopt(curl, CURLOPT_HEADERFUNCTION, &ReceiveHead);
+    curl_easy_setopt(curl, CURLOPT_HEADERDATA, &in);
+    curl_easy_setopt(curl, CURLOPT_WRITEFUNCTION, &ReceiveBody);
+    curl_easy_setopt(curl, CURLOPT_WRITEDATA, &in);
+    curl_easy_setopt(curl, CURLOPT_ERRORBUFFER, words.data());
+
+    const CURLcode code = curl_easy_perform(curl);
+    curl_easy_setopt(curl, CURLOPT_ERRORBUFFER, nullptr);
+    if (code != CURLE_OK)
+        throw FaultOf(code, words.data(), in.tooLong);
+
+    curl_easy_getinfo(curl, CURLINFO_RESPONSE_CODE, &in.reply.Status);
+    const char* contentType = nullptr;
+    curl_easy_getinfo(curl, CURLINFO_CONTENT_TYPE, &contentType);
+    in.reply.ContentType = contentType;
+    return std::move(in.reply);
+}
+
+} // namespace tsms

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QMap>
+#include <QString>
+#include <QUrl>
+
+#include <functional>
+
+namespace tsms {
+
+/// How a call is put into its envelope.
+enum class CallStyle { RpcEncoded, RpcLiteral, DocumentWrapped };
+
+/// One argument of an operation.
+struct CallPart
+{
+    QString Name;
+    QString Namespace;     ///< of its element; empty for an unqualified one
+    QString TypeNamespace; ///< of rpc
+    QString Type;
+};
+
+/// One operation as a caller needs it.
+struct CallShape
+{
+    CallStyle Style = CallStyle::RpcEncoded;
+    QString Element; ///< the element that wraps the arguments
+    QString Namespace;
+    QString Action;
+    QString EncodingStyle;
+    QList<CallPart> Parts;
+    QString ResultName; ///< the result part of rpc; empty when the description does not name it
+};
+
+/// A service as its description tells it.
+struct ServiceDescription
+{
+    QUrl Endpoint;
+    QMap<QString, CallShape> Operations;
+};
+
+/// Gives the bytes of a document, and its content type.
+struct FetchedDocument
+{
+    QByteArray Bytes;
+    QByteArray ContentType;
+};
+using DocumentSource = std::function<FetchedDocument(const QUrl&)>;
+
+/// Reads the description at `url` and the imports that lie on the same host (at most MaxDocuments in all;
+/// others are passed over). Empty names take the first service with a port that speaks SOAP 1.1 over HTTP.
+/// Operations in a form that the client does not speak are left out. Raises a SoapFault.
+ServiceDescription ReadServiceDescription(const QUrl& url, const QString& service, const QString& port,
+                                          const DocumentSource& fetch);
+
+inline constexpr int MaxDocuments = 16;
+
+} // namespace tsms

@@ -1,0 +1,113 @@
+#include "gateway/SoapClient30.h"
+
+#include "gateway/HttpLink.h"
+#include "gateway/ServiceDescription.h"
+#include "gateway/SoapFault.h"
+#include "gateway/SoapMessage.h"
+
+namespace tsms {
+
+namespace {
+
+constexpr long HttpOk = 200;
+constexpr long HttpServerError = 500; // the status of an answer that is a SOAP fault
+
+SoapFault StatusFault(long status)
+{
+    return LocalFault(QStringLiteral("문자메시지 서버가 요청을 처리하지 못하였습니다."),
+                      QStringLiteral("HTTP %1").arg(status));
+}
+
+FetchedDocument Fetch(HttpLink& link, const QUrl& url)
+{
+    const HttpReply reply = link.Get(url.toString(QUrl::FullyEncoded));
+    if (reply.Status != HttpOk)
+        throw StatusFault(reply.Status);
+    return {reply.Body, reply.ContentType};
+}
+
+QByteArray ActionHeader(const QString& action)
+{
+    return "SOAPAction: \"" + action.toUtf8() + '"';
+}
+
+/// The result of an answer that came with an error status can only be the fault that it carries.
+void RaiseFaultOf(const CallShape& shape, const HttpReply& reply)
+{
+    try {
+        ReadAnswer(shape, reply.Body, reply.ContentType);
+    } catch (const SoapFault& fault) {
+        if (fault.IsOfGateway())
+            throw;
+    }
+}
+
+QString Exchange(HttpLink& link, const QUrl& endpoint, const CallShape& shape, const QStringList& arguments)
+{
+    const HttpReply reply =
+        link.Post(endpoint.toString(QUrl::FullyEncoded),
+                  {QByteArrayLiteral("Content-Type: text/xml; charset=utf-8"), ActionHeader(shape.Action)},
+                  CallEnvelope(shape, arguments));
+    if (reply.Status == HttpServerError)
+        RaiseFaultOf(shape, reply);
+    if (reply.Status != HttpOk)
+        throw StatusFault(reply.Status);
+    return ReadAnswer(shape, reply.Body, reply.ContentType);
+}
+
+} // namespace
+
+struct SoapClient30::Service
+{
+    HttpLink link;
+    ServiceDescription description;
+};
+
+SoapClient30::SoapClient30() = default;
+SoapClient30::~SoapClient30() = default;
+
+template <class Work> auto SoapClient30::KeepingFaults(Work&& work) -> decltype(work())
+{
+    faultCode_.clear();
+    faultString_.clear();
+    detail_.clear();
+    try {
+        return work();
+    } catch (const SoapFault& fault) {
+        faultCode_ = fault.Code;
+        faultString_ = fault.Description;
+        detail_ = fault.Detail;
+        throw;
+    }
+}
+
+void SoapClient30::mssoapinit(const QString& wsdlUrl, const QString& service, const QString& port,
+                              const QString& wsml)
+{
+    service_.reset();
+    KeepingFaults([&] {
+        if (!wsml.isEmpty())
+            throw LocalFault(QStringLiteral("WSML은 쓰이지 않습니다."));
+        auto reading = std::make_unique<Service>();
+        reading->description = ReadServiceDescription(
+            QUrl(wsdlUrl), service, port, [&](const QUrl& url) { return Fetch(reading->link, url); });
+        service_ = std::move(reading);
+    });
+}
+
+QString SoapClient30::Call(const QString& operation, const QStringList& arguments)
+{
+    return KeepingFaults([&] {
+        if (!service_)
+            throw LocalFault(QStringLiteral("문자메시지 서비스의 설명을 아직 읽지 못하였습니다."));
+        const auto shape = service_->description.Operations.constFind(operation);
+        if (shape == service_->description.Operations.cend())
+            throw LocalFault(QStringLiteral("문자메시지 서비스에 없는 기능입니다."), operation, UnknownOperation);
+        if (shape->Parts.size() != arguments.size())
+            throw LocalFault(QStringLiteral("문자메시지 서비스의 인수 개수가 맞지 않습니다."), operation,
+                             WrongArgumentCount);
+        return Exchange(service_->link, service_->description.Endpoint, *shape, arguments);
+    });
+}
+
+} // namespace tsms

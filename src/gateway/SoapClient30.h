@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+namespace tsms {
+
+/// A SOAP 1.1 client that learns the service from its description (WSDL 1.1) at run time: rpc/encoded,
+/// rpc/literal and wrapped document/literal. One connection is kept alive for the description and all calls.
+/// A call is put on the wire once: whatever happens to the connection, it is never repeated.
+class SoapClient30
+{
+public:
+    SoapClient30();
+    ~SoapClient30();
+    SoapClient30(const SoapClient30&) = delete;
+    SoapClient30& operator=(const SoapClient30&) = delete;
+
+    /// Reads the description at `wsdlUrl`. An empty `service` or `port` takes the first that speaks SOAP.
+    /// `wsml` must be empty. Raises a SoapFault, whose texts the client keeps.
+    void mssoapinit(const QString& wsdlUrl, const QString& service, const QString& port, const QString& wsml);
+
+    /// Calls an operation with text arguments in the order of the description and gives its one text result.
+    /// Raises a SoapFault, whose texts the client keeps. Sets no time-out.
+    QString Call(const QString& operation, const QStringList& arguments);
+
+    /// The texts of the last fault; empty after a success.
+    QString FaultCode() const { return faultCode_; }
+    QString FaultString() const { return faultString_; }
+    QString Detail() const { return detail_; }
+
+private:
+    template <class Work> auto KeepingFaults(Work&& work) -> decltype(work());
+
+    struct Service;
+    std::unique_ptr<Service> service_;
+    QString faultCode_;
+    QString faultString_;
+    QString detail_;
+};
+
+} // namespace tsms

@@ -1,0 +1,159 @@
+#include "gateway/SoapMessage.h"
+
+#include "gateway/SoapFault.h"
+#include "gateway/XmlReading.h"
+
+namespace tsms {
+
+namespace {
+
+SoapFault AnswerFault(const QString& detail)
+{
+    return LocalFault(QStringLiteral("문자메시지 서버의 응답을 읽지 못하였습니다."), detail);
+}
+
+/// ` name="value"`
+QByteArray WrittenAttribute(const char* name, const QString& value)
+{
+    return ' ' + QByteArray(name) + "=\"" + EscapeXml(value) + '"';
+}
+
+/// The start tag's inside for an element of a namespace: without a prefix where there is none.
+struct WrittenName
+{
+    QByteArray tag;
+    QByteArray declaration;
+};
+
+WrittenName Write(const QByteArray& prefix, const QString& space, const QString& local)
+{
+    if (space.isEmpty())
+        return {local.toUtf8(), {}};
+    return {prefix + ':' + local.toUtf8(), WrittenAttribute(("xmlns:" + prefix).constData(), space)};
+}
+
+QByteArray TypeAttribute(const CallPart& part)
+{
+    if (part.TypeNamespace == QLatin1String(ns::Schema))
+        return WrittenAttribute("xsi:type", QStringLiteral("xsd:") + part.Type);
+    return WrittenAttribute("xmlns:t", part.TypeNamespace) +
+           WrittenAttribute("xsi:type", QStringLiteral("t:") + part.Type);
+}
+
+QByteArray WrittenPart(CallStyle style, const CallPart& part, const QString& value)
+{
+    const WrittenName name = Write("p", part.Namespace, part.Name);
+    const QByteArray type = style == CallStyle::RpcEncoded ? TypeAttribute(part) : QByteArray();
+    return '<' + name.tag + name.declaration + type + '>' + EscapeXml(value) + "</" + name.tag + '>';
+}
+
+QString WithoutPrefix(const QString& name)
+{
+    return name.sliced(name.indexOf(u':') + 1);
+}
+
+/// The text of an element and of all below it. Walks without recursion: the depth is the sender's choice.
+QString AllText(const pugi::xml_node& element)
+{
+    struct Walker : pugi::xml_tree_walker
+    {
+        QString text;
+        bool for_each(pugi::xml_node& node) override
+        {
+            if (node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata)
+                text += QString::fromUtf8(node.value());
+            return text.size() < 2000;
+        }
+    } walker;
+    pugi::xml_node(element).traverse(walker);
+    return walker.text.trimmed();
+}
+
+SoapFault FaultIn(const pugi::xml_node& fault)
+{
+    QString code = QStringLiteral("Server"); // of a fault that does not say
+    QString string;
+    QString detail;
+    for (pugi::xml_node node = FirstElement(fault); node; node = NextElement(node)) {
+        const QString local = NameOf(node).Local;
+        if (local == u"faultcode" && !AllText(node).isEmpty())
+            code = WithoutPrefix(AllText(node));
+        else if (local == u"faultstring")
+            string = AllText(node);
+        else if (local == u"detail")
+            detail = AllText(node);
+    }
+    return SoapFault(code, string, detail);
+}
+
+/// The first element of the body: the answer. A fault there is raised.
+pugi::xml_node AnswerElement(const pugi::xml_document& document)
+{
+    const pugi::xml_node envelope = document.document_element();
+    if (!Is(envelope, ns::SoapEnvelope, "Envelope"))
+        throw AnswerFault(QStringLiteral("SOAP 1.1 응답이 아닙니다."));
+    const pugi::xml_node answer = FirstElement(Child(envelope, ns::SoapEnvelope, "Body"));
+    if (!answer)
+        throw AnswerFault(QStringLiteral("내용이 없는 응답입니다."));
+    if (Is(answer, ns::SoapEnvelope, "Fault"))
+        throw FaultIn(answer);
+    return answer;
+}
+
+/// The element that holds the result: the one that bears the result's name, else the first.
+pugi::xml_node ResultElement(const pugi::xml_node& answer, const QString& name)
+{
+    const pugi::xml_node first = FirstElement(answer);
+    for (pugi::xml_node node = first; node && !name.isEmpty(); node = NextElement(node))
+        if (NameOf(node).Local == name)
+            return node;
+    return first;
+}
+
+/// An encoded value may stand apart, beside the answer, under an id.
+pugi::xml_node Dereferenced(const pugi::xml_node& result)
+{
+    const QString reference = Attribute(result, "href");
+    if (!reference.startsWith(u'#'))
+        return result;
+    const pugi::xml_node body = result.parent().parent();
+    for (pugi::xml_node node = FirstElement(body); node; node = NextElement(node))
+        if (Attribute(node, "id") == QStringView(reference).sliced(1))
+            return node;
+    throw AnswerFault(QStringLiteral("응답에 빠진 부분이 있습니다."));
+}
+
+} // namespace
+
+QByteArray CallEnvelope(const CallShape& shape, const QStringList& arguments)
+{
+    const WrittenName name = Write("m", shape.Namespace, shape.Element);
+    QByteArray envelope = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<soap:Envelope";
+    envelope += WrittenAttribute("xmlns:soap", QLatin1String(ns::SoapEnvelope).toString());
+    if (shape.Style == CallStyle::RpcEncoded) {
+        envelope += WrittenAttribute("xmlns:xsd", QLatin1String(ns::Schema).toString());
+        envelope += WrittenAttribute("xmlns:xsi", QLatin1String(ns::SchemaInstance).toString());
+    }
+    envelope += "><soap:Body><" + name.tag + name.declaration;
+    if (shape.Style == CallStyle::RpcEncoded)
+        envelope += WrittenAttribute("soap:encodingStyle",
+                                     shape.EncodingStyle.isEmpty() ? QLatin1String(ns::SoapEncoding).toString()
+                                                                   : shape.EncodingStyle);
+    envelope += '>';
+    for (qsizetype i = 0; i < shape.Parts.size(); ++i)
+        envelope += WrittenPart(shape.Style, shape.Parts[i], arguments[i]);
+    return envelope + "</" + name.tag + "></soap:Body></soap:Envelope>\n";
+}
+
+QString ReadAnswer(const CallShape& shape, const QByteArray& envelope, const QByteArray& contentType)
+{
+    pugi::xml_document document;
+    if (!ParseXml(envelope, contentType, document))
+        throw AnswerFault(QStringLiteral("XML 형식이 아닙니다."));
+    const pugi::xml_node result = ResultElement(AnswerElement(document), shape.ResultName);
+    if (!result)
+        throw AnswerFault(QStringLiteral("결과가 없는 응답입니다."));
+    return TextOf(Dereferenced(result));
+}
+
+} // namespace tsms

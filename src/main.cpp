@@ -1,0 +1,34 @@
+#include "gateway/ModSMS.h"
+#include "runtime/Clock.h"
+#include "runtime/CommandLine.h"
+#include "services/Services.h"
+#include "session/Session.h"
+#include "shell/frmSMSMain.h"
+#include "shell/Main.h"
+#include "store/Connection.h"
+#include "store/DBConnect.h"
+#include "toolkit/Application.h"
+#include "toolkit/QtDesktop.h"
+#include "toolkit/Theme.h"
+
+int main(int argc, char** argv)
+{
+    using namespace tsms;
+    // The launch line is all there is on the command line: the toolkit gets to see none of it.
+    const QString command = TakeCommandLine(argc, argv);
+    int programNameOnly = 1;
+    argv[1] = nullptr;
+
+    Application application(programNameOnly, argv);
+    theme::ApplyTheme(application);
+    QtDesktop desktop;
+    application.SetDesktop(desktop);
+    const SystemClock clock;
+    Session session;
+    DBConnect db(session, desktop, MakeConnections(clock));
+    ModSMS sms(session, db, desktop, clock, GatewayDescriptionUrl(QStringLiteral(TSMS_GATEWAY_URL)));
+    Services services{session, desktop, clock, db, sms};
+
+    const Launch launch = Main(command, services);
+    return launch.form ? Application::exec() : launch.exitStatus;
+}

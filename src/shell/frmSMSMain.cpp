@@ -1,0 +1,291 @@
+#include "shell/frmSMSMain.h"
+
+#include "account/AccountPage.h"
+#include "compose/ComposeBoxes.h"
+#include "compose/ComposePage.h"
+#include "compose/TemplateEditor.h"
+#include "gateway/ModSMS.h"
+#include "history/HistoryPage.h"
+#include "runtime/Desktop.h"
+#include "runtime/DoEvents.h"
+#include "services/Services.h"
+#include "session/Session.h"
+#include "shell/ComingDialog.h"
+#include "shell/Version.h"
+#include "store/DBConnect.h"
+#include "templates/TemplateCards.h"
+#include "templates/TemplatePage.h"
+#include "toolkit/Controls.h"
+#include "toolkit/Naming.h"
+#include "toolkit/Theme.h"
+#include "toolkit/Twips.h"
+
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QPainter>
+
+namespace tsms {
+
+namespace {
+
+constexpr QSize WindowSize(1000, 700);
+constexpr QSize PageSize(970, 586);
+const QPoint PageCorner(FromTwips(225), FromTwips(1260));
+constexpr int SettingsPosition = 4; // the one toolbar position without a page
+
+} // namespace
+
+frmSMSMain::frmSMSMain(Services& services)
+    : Form(services.session, services.desktop, QStringLiteral("frmSMSMain"), Kind::Main), services_(services)
+{
+    SetCaption(QStringLiteral("TSMS문자메시지"));
+    setFixedSize(WindowSize);
+    BuildHead();
+    BuildToolbar();
+    BuildPages();
+    BuildBalance();
+    services_.session.BalanceListener = [this] { ShowBalance(); };
+}
+
+frmSMSMain::~frmSMSMain()
+{
+    services_.session.BalanceListener = nullptr;
+}
+
+void frmSMSMain::BuildHead()
+{
+    auto* title = new Label(this, QStringLiteral("lblCaption"), Caption());
+    title->SetTextColor(theme::StripText);
+    title->SetBold(true);
+    title->setAttribute(Qt::WA_TransparentForMouseEvents);
+    title->setGeometry(15, 8, 300, 24);
+
+    const std::array<QString, 3> pictures{QStringLiteral("window-minimise"), QStringLiteral("window-maximise"),
+                                          QStringLiteral("window-close")};
+    for (int i = 0; i < 3; ++i) {
+        auto* button = new PictureButton(this, IndexedName(u"BtnWindows", i), pictures[static_cast<std::size_t>(i)],
+                                         QString(),
+                                         i == 2 ? PictureButton::Look::Closing : PictureButton::Look::Window);
+        button->setGeometry(WindowSize.width() - 3 * 36 - 8 + i * 36, 6, 34, 26);
+        button->OnClick = [this, i] { BtnWindowsClick(i); };
+    }
+}
+
+void frmSMSMain::BuildToolbar()
+{
+    struct Position
+    {
+        int left; // twips
+        QString picture;
+        QString words;
+    };
+    const std::array<Position, Positions> positions{{{120, QStringLiteral("toolbar-compose"), QStringLiteral("문자발송")},
+                                                     {1860, QStringLiteral("toolbar-history"), QStringLiteral("발송내역")},
+                                                     {3600, QStringLiteral("toolbar-account"), QStringLiteral("요금현황")},
+                                                     {5340, QStringLiteral("toolbar-templates"), QStringLiteral("문자서식")},
+                                                     {7080, QStringLiteral("toolbar-settings"), QStringLiteral("환경설정")}}};
+    for (int i = 0; i < Positions; ++i) {
+        const auto slot = static_cast<std::size_t>(i);
+        const Position& at = positions[slot];
+        idle_[slot] = new PictureButton(this, IndexedName(u"BtnToolbarDis", i), at.picture, at.words,
+                                        PictureButton::Look::Idle);
+        idle_[slot]->setGeometry(FromTwips(at.left), FromTwips(720), FromTwips(1725), FromTwips(480));
+        idle_[slot]->OnClick = [this, i] { BtnToolbarDisClick(i); };
+        selected_[slot] = new PictureButton(this, IndexedName(u"BtnToolbarEn", i), at.picture, at.words,
+                                            PictureButton::Look::Selected);
+        selected_[slot]->setGeometry(FromTwips(at.left), FromTwips(660), FromTwips(1725), FromTwips(540));
+        selected_[slot]->OnClick = [this, i] { BtnToolbarEnClick(i); };
+        idle_[slot]->setVisible(i != 0);
+        selected_[slot]->setVisible(i == 0);
+    }
+}
+
+void frmSMSMain::BuildPages()
+{
+    auto* cards = new TemplateCards(services_, TemplateCards::ComposeSide, this);
+    compose_ = new ComposePage(services_,
+                               {[this] { BtnWindowsClick(2); },
+                                [this] { ShowComingDialog(services_, ComingDialog::AddressBook, this); },
+                                [this] { ShowComingDialog(services_, ComingDialog::Import, this); }},
+                               cards, this);
+    history_ = new HistoryPage(services_, this);
+    account_ = new AccountPage(services_, this);
+    editor_ = new TemplateEditor(services_, *this, this);
+    templates_ = new TemplatePage(services_, editor_, this);
+    pages_ = {compose_, history_, account_, templates_};
+    for (QWidget* page : pages_) {
+        page->resize(PageSize);
+        page->setVisible(page == compose_);
+    }
+}
+
+void frmSMSMain::BuildBalance()
+{
+    const std::array<QString, 2> captions{QStringLiteral("가입하기"), QStringLiteral("문자충전")};
+    auto* panel = new Panel(this, QStringLiteral("Picture1"));
+    panel->SetBackColor(theme::Ground);
+    auto* words = new Label(panel, QStringLiteral("Label7"), QStringLiteral("잔여건수  : "));
+    balance_ = new Label(panel, QStringLiteral("lblSMSCnt"), QStringLiteral("0건 남았습니다."));
+    balance_->SetBold(true);
+    balance_->SetTextColor(theme::Accent);
+    auto* row = new QHBoxLayout(panel);
+    row->setContentsMargins(8, 0, 8, 0);
+    row->setSpacing(2);
+    row->addWidget(words);
+    row->addWidget(balance_, 1);
+    panel->setGeometry(600, 48, 215, 30);
+    for (int i = 0; i < 2; ++i) {
+        auto* button = new PushButton(this, IndexedName(u"BtnWebPage", i), captions[static_cast<std::size_t>(i)]);
+        button->setGeometry(821 + i * 84, 48, 80, 30);
+        button->OnClick = [this, i] { BtnWebPageClick(i); };
+    }
+    version_ = new Label(this, QStringLiteral("lblVersion"));
+    version_->setAlignment(Qt::AlignCenter);
+    version_->setGeometry(WindowSize.width() - 15 - 170, WindowSize.height() - 26, 170, 20);
+}
+
+void frmSMSMain::Load()
+{
+    SetBusy(Boolean::True);
+    for (QWidget* page : pages_)
+        page->move(PageCorner);
+    InitTemplateCache();
+    compose_->Load();
+    history_->Load();
+    account_->Load();
+    ShowBalance();
+    SetBusy(Boolean::False);
+    CheckAccountAtLoad(services_.desktop, services_.session);
+}
+
+void frmSMSMain::Activate()
+{
+    if (!activated_) {
+        activated_ = true;
+        FirstActivation();
+    }
+}
+
+void frmSMSMain::FirstActivation()
+{
+    SetBusy(Boolean::True);
+    ShowVersion();
+    SetBusy(Boolean::False);
+}
+
+void frmSMSMain::ShowVersion()
+{
+    version_->SetCaption(QStringLiteral("Version : ") + ProgramVersion());
+    version_->SetBackColor(QColor(210, 210, 210));
+    version_->SetTextColor(QColor(128, 128, 128));
+}
+
+void frmSMSMain::ShowBalance()
+{
+    balance_->SetCaption(BalanceCaption(services_.session.SMSRemainCnt));
+    balance_->Tag = QString::number(services_.session.SMSRemainCnt);
+}
+
+void frmSMSMain::BtnToolbarDisClick(int index)
+{
+    // Not guarded by Busy.
+    for (int j = 0; j < Positions; ++j) {
+        const auto slot = static_cast<std::size_t>(j);
+        idle_[slot]->setVisible(j != index);
+        selected_[slot]->setVisible(j == index);
+        if (index != SettingsPosition && j != SettingsPosition)
+            pages_[slot]->setVisible(j == index);
+    }
+    EnterPage(index);
+}
+
+void frmSMSMain::EnterPage(int index)
+{
+    switch (index) {
+    case 0:
+        compose_->FocusMessage();
+        compose_->ResetSenderNumber();
+        break;
+    case 1: history_->FocusSearch(); break;
+    case 2: account_->SetUpGrids(); break;
+    case 3:
+        editor_->RefreshSymbols();
+        editor_->Body().SetFocus();
+        break;
+    default: ShowSettings(); break; // the button keeps its selected look when the dialog has closed
+    }
+}
+
+void frmSMSMain::BtnToolbarEnClick(int index)
+{
+    if (!IsBusy() && index == SettingsPosition)
+        ShowSettings();
+}
+
+void frmSMSMain::ShowSettings()
+{
+    ShowComingDialog(services_, ComingDialog::Settings, this);
+}
+
+void frmSMSMain::BtnWindowsClick(int index)
+{
+    if (IsBusy())
+        return;
+    switch (index) {
+    case 0: showMinimized(); break;
+    case 1:
+        services_.desktop.MsgBox(QStringLiteral("창 최대화를 지원하지 않습니다.!!!"), MsgBoxCritical,
+                                 QStringLiteral("창 최대화"));
+        break;
+    default: Unload(); break;
+    }
+}
+
+void frmSMSMain::BtnWebPageClick(int index)
+{
+    if (!IsBusy())
+        services_.desktop.OpenPage(index == 0 ? services_.session.SMSWeb1 : services_.session.SMSWeb2);
+}
+
+bool frmSMSMain::KeyDown(int key, Qt::KeyboardModifiers)
+{
+    if (IsBusy() || key != Qt::Key_Escape)
+        return false;
+    Unload();
+    return true;
+}
+
+bool frmSMSMain::QueryUnload()
+{
+    const MsgBoxAnswer answer =
+        services_.desktop.MsgBox(QStringLiteral("프로그램 종료 : 타른리프 문자메시지을 종료하시겠습니까?"),
+                                 MsgBoxQuestion, QStringLiteral("프로그램 종료"));
+    if (answer != AnswerYes) {
+        DoEvents();
+        return false;
+    }
+    services_.db.CloseDB();
+    services_.db.CloseDB2();
+    const QList<Form*> forms = Loaded();
+    for (Form* form : forms)
+        if (form->Name() != Name()) {
+            DoEvents();
+            form->Unload();
+            DoEvents();
+        }
+    DoEvents();
+    services_.sms.ReleaseSOAP();
+    DoEvents();
+    QCoreApplication::quit();
+    return true;
+}
+
+void frmSMSMain::paintEvent(QPaintEvent* event)
+{
+    Form::paintEvent(event);
+    QPainter painter(this);
+    painter.fillRect(rect().adjusted(1, 1, -1, -1), theme::Ground);
+    painter.fillRect(QRect(1, 1, width() - 2, FromTwips(1200) - 1), theme::Strip);
+}
+
+} // namespace tsms

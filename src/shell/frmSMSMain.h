@@ -1,0 +1,71 @@
+#pragma once
+
+#include "runtime/Numbers.h"
+#include "toolkit/Form.h"
+
+#include <array>
+
+namespace tsms {
+
+class AccountPage;
+class ComposePage;
+class HistoryPage;
+class Label;
+class Panel;
+class PictureButton;
+class TemplateEditor;
+class TemplatePage;
+struct Services;
+
+/// The program's one main window: toolbar, four pages on one spot, window and web buttons, balance, version.
+/// Which page is current lies in what is visible and nowhere else.
+class frmSMSMain : public Form
+{
+    Q_OBJECT
+
+public:
+    explicit frmSMSMain(Services& services);
+    ~frmSMSMain() override;
+
+    /// What happens once before the window is shown; ends with the account checks and their boxes.
+    void Load();
+
+protected:
+    bool QueryUnload() override;
+    bool KeyDown(int key, Qt::KeyboardModifiers shift) override;
+    void Activate() override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    static constexpr int Positions = 5;
+
+    void BuildHead();
+    void BuildBalance();
+    void BuildToolbar();
+    void BuildPages();
+
+    void BtnToolbarDisClick(int index);
+    void BtnToolbarEnClick(int index);
+    void BtnWindowsClick(int index);
+    void BtnWebPageClick(int index);
+    void EnterPage(int index);
+    void FirstActivation();
+    void ShowBalance();
+    void ShowVersion();
+    void ShowSettings();
+
+    Services& services_;
+    std::array<PictureButton*, Positions> idle_{};     // BtnToolbarDis
+    std::array<PictureButton*, Positions> selected_{}; // BtnToolbarEn
+    std::array<QWidget*, 4> pages_{};                  // PlToolBg
+    ComposePage* compose_ = nullptr;
+    HistoryPage* history_ = nullptr;
+    AccountPage* account_ = nullptr;
+    TemplateEditor* editor_ = nullptr;
+    TemplatePage* templates_ = nullptr;
+    Label* balance_ = nullptr;
+    Label* version_ = nullptr;
+    bool activated_ = false;
+};
+
+} // namespace tsms

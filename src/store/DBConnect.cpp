@@ -1,0 +1,165 @@
+#include "store/DBConnect.h"
+
+#include "runtime/Desktop.h"
+#include "runtime/DoEvents.h"
+#include "runtime/RuntimeError.h"
+#include "runtime/Text.h"
+#include "session/Session.h"
+#include "store/ConnectionText.h"
+#include "store/DatabaseError.h"
+
+namespace tsms {
+
+namespace {
+
+constexpr int ConnectSeconds = 30;
+constexpr int CommandSeconds = 120;
+
+void RefuseFaults(const Statement& statement)
+{
+    if (const QString fault = statement.Fault(); !fault.isEmpty())
+        throw RuntimeError(StatementFailure, fault);
+}
+
+QString ErrorText(const CurrentError& error)
+{
+    const QString lines = CrLf.toString() + CrLf.toString();
+    switch (error.Number) {
+    case CommunicationFailure:
+        return QStringLiteral("★ 데이터베이스서버 상태를 확인하여 주십시오.!") + lines +
+               QStringLiteral("★ 서버가 종료이거나 인터넷 연결이 안된 상태입니다.");
+    case IntegrityViolation:
+        return QStringLiteral("☞ : ") + error.Description + lines +
+               QStringLiteral("데이터베이스 저장 프로시저 내부시스템 오류");
+    default: return QStringLiteral("☞ : ") + error.Description;
+    }
+}
+
+} // namespace
+
+DBConnect::DBConnect(Session& session, Desktop& desktop, ConnectionMaker makeConnection)
+    : session_(session), desktop_(desktop), makeConnection_(std::move(makeConnection))
+{
+}
+
+Boolean DBConnect::ConnectDB()
+{
+    return WithHandler(
+        [this] {
+            session_.ConnectionString = AssembleConnectionText(session_);
+            objects_.connection = makeConnection_();
+            DoEvents();
+            objects_.connection->ConnectionString = session_.ConnectionString;
+            DoEvents();
+            objects_.connection->ConnectionTimeout = ConnectSeconds;
+            DoEvents();
+            objects_.connection->CommandTimeout = CommandSeconds;
+            DoEvents();
+            objects_.connection->Open();
+            DoEvents();
+            return Boolean::True;
+        },
+        [this] {
+            ReportDBError();
+            return Boolean::False;
+        });
+}
+
+void DBConnect::ConnectWithRetry()
+{
+    if (ConnectDB() == Boolean::False)
+        ConnectDB();
+}
+
+void DBConnect::CloseDB()
+{
+    Release(objects_);
+}
+
+void DBConnect::CloseDB2()
+{
+    Release(objects2_);
+}
+
+void DBConnect::Release(Objects& objects)
+{
+    objects.records.reset();
+    if (objects.connection && objects.connection->IsOpen())
+        objects.connection->Close();
+    objects.connection.reset();
+}
+
+Boolean DBConnect::OpenRecordset(const Statement& statement)
+{
+    return WithHandler(
+        [this, &statement] {
+            objects_.records.reset();
+            DoEvents();
+            Connection& connection = OpenConnection();
+            RefuseFaults(statement);
+            objects_.records = connection.Query(statement.Text());
+            DoEvents();
+            return Boolean::True;
+        },
+        [this] {
+            ReportDBError();
+            return Boolean::False;
+        });
+}
+
+Boolean DBConnect::ExecuteSQL(const Statement& statement)
+{
+    return WithHandler(
+        [this, &statement] {
+            DoEvents();
+            Connection& connection = OpenConnection();
+            RefuseFaults(statement);
+            connection.Execute(statement.Text());
+            DoEvents();
+            return Boolean::True;
+        },
+        [this] {
+            ReportDBError();
+            return Boolean::False;
+        });
+}
+
+void DBConnect::ReportDBError()
+{
+    const CurrentError error = Err();
+    CloseDB();
+    CloseDB2();
+    desktop_.SetMousePointer(MousePointer::Default);
+    session_.Busy = Boolean::False;
+    if (error.Number == NoError)
+        return;
+    if (error.Number == ObjectNotSet) {
+        // Meant: the connection comes back without a word, and the statement that failed is lost.
+        ConnectDB();
+        return;
+    }
+    const MsgBoxStyle style = error.Number == UserNotice ? MsgBoxInformation : MsgBoxCritical;
+    desktop_.MsgBox(ErrorText(error), style, QStringLiteral(" - 오류!!!"));
+}
+
+Recordset& DBConnect::Records()
+{
+    if (!objects_.records)
+        throw RuntimeError(ObjectNotSet);
+    return *objects_.records;
+}
+
+std::shared_ptr<const Recordset> DBConnect::ShareRecords()
+{
+    Records();
+    return objects_.records;
+}
+
+Connection& DBConnect::OpenConnection()
+{
+    if (!objects_.connection)
+        throw RuntimeError(ObjectNotSet);
+    return *objects_.connection;
+}
+
+} // namespace tsms

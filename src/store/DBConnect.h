@@ -1,0 +1,64 @@
+#pragma once
+
+#include "runtime/Boolean.h"
+#include "store/Connection.h"
+#include "store/Statement.h"
+
+#include <memory>
+
+namespace tsms {
+
+class Desktop;
+struct Session;
+
+/// The one way to the database. It holds one connection and one current recordset, both replaced at each use;
+/// nothing stands between two operations. A failure of any routine here is shown by ReportDBError and told by
+/// a result other than -1.
+class DBConnect
+{
+public:
+    DBConnect(Session& session, Desktop& desktop, ConnectionMaker makeConnection);
+
+    Boolean ConnectDB();
+
+    /// The beginning of every operation: ConnectDB, and once more if that returned 0. The second result is not
+    /// looked at.
+    void ConnectWithRetry();
+
+    void CloseDB();
+    void CloseDB2(); ///< the second set of objects, which nothing opens
+
+    /// Replaces the current recordset by the result of a SELECT.
+    Boolean OpenRecordset(const Statement& statement);
+
+    /// Runs one statement.
+    Boolean ExecuteSQL(const Statement& statement);
+
+    /// Closes the database objects, clears Busy and tells the user of the current error: nothing when there is
+    /// none, and a quiet new connection instead of a box when an object was not set.
+    void ReportDBError();
+
+    /// The current recordset. Raises 91 when there is none.
+    Recordset& Records();
+
+    /// The current recordset to keep: it survives CloseDB and the next OpenRecordset. Raises 91.
+    std::shared_ptr<const Recordset> ShareRecords();
+
+private:
+    struct Objects
+    {
+        std::shared_ptr<Recordset> records;
+        std::unique_ptr<Connection> connection;
+    };
+
+    static void Release(Objects& objects);
+    Connection& OpenConnection();
+
+    Session& session_;
+    Desktop& desktop_;
+    ConnectionMaker makeConnection_;
+    Objects objects_;
+    Objects objects2_;
+};
+
+} // namespace tsms

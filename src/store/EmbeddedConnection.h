@@ -1,0 +1,43 @@
+#pragma once
+
+#include "store/Connection.h"
+
+struct sqlite3;
+
+namespace tsms {
+
+/// The engine that is a file. It takes the server's dialect, compares texts in the server's manner and fails
+/// with the server's numbers and words.
+class EmbeddedConnection final : public Connection
+{
+public:
+    explicit EmbeddedConnection(const Clock& clock);
+    ~EmbeddedConnection() override;
+
+    bool IsOpen() const override { return handle_ != nullptr; }
+    void Open() override; ///< the file of ConnectionString's Initial Catalog; a missing one is not made
+    void Close() override;
+    std::unique_ptr<Recordset> Query(const QString& sql) override;
+    void Execute(const QString& sql) override;
+
+    /// Opens a file by its name. `make` makes it when it is missing.
+    void OpenFile(const QString& path, bool make = false);
+
+    /// Runs statements of the engine's own dialect.
+    void ExecuteNative(const QString& sql);
+
+private:
+    class Prepared;
+
+    sqlite3* Handle() const;
+
+    const Clock& clock_;
+    sqlite3* handle_ = nullptr;
+    QString path_;
+};
+
+/// Gives a handle everything that a database of this program needs: the collation, the functions of the
+/// server's dialect, LIKE in the server's manner.
+void PrepareEmbeddedHandle(sqlite3* handle, const Clock& clock);
+
+} // namespace tsms

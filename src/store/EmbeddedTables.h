@@ -1,0 +1,21 @@
+#pragma once
+
+#include "store/Tables.h"
+
+#include <functional>
+
+namespace tsms {
+
+class Clock;
+class Connection;
+
+/// Makes an embedded database with all tables and the one account row, empty and with a balance of 0. `fill`
+/// may write more before the file appears under its name. Raises a RuntimeError when the name is taken or the
+/// file cannot be made; then nothing is left of it.
+void CreateEmbeddedDatabase(const QString& path, YearRange years, const Clock& clock,
+                            const std::function<void(Connection&)>& fill = {});
+
+/// Adds the send log of one more year. Raises a RuntimeError when it is there already.
+void AddEmbeddedLogYear(const QString& path, int year, const Clock& clock);
+
+} // namespace tsms

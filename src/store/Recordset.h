@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <QStringView>
+
+#include <cstdint>
+#include <vector>
+
+namespace tsms {
+
+/// The result of a SELECT: a snapshot on the client's side with an exact count, read by position or through a
+/// cursor. Each column is stored in one piece by its type.
+class Recordset
+{
+public:
+    explicit Recordset(QStringList fieldNames = {});
+
+    int RecordCount() const { return rows_; }
+    int FieldCount() const { return static_cast<int>(names_.size()); }
+    const QString& FieldName(int column) const { return names_[column]; }
+
+    /// The position (from 0) of a field; case is ignored. Raises ItemNotFound.
+    int FieldIndex(QStringView name) const;
+
+    /// One value by row and column, both from 0. Numbers come in plain digits, a NULL as empty text.
+    QString Text(int row, int column) const;
+    bool IsNull(int row, int column) const;
+
+    // The cursor. It stands on the first record of a new result.
+    bool Eof() const { return current_ >= rows_; }
+    void MoveFirst() { current_ = 0; }
+    void MoveNext();
+
+    /// A value of the current record. Raises ItemNotFound, and NoCurrentRecord when there is none.
+    QString Field(QStringView name) const;
+    QString Field(int column) const;
+
+    // Filling, by the engines: values in the order of the fields, record by record.
+    void AddNull();
+    void AddInteger(std::int64_t value);
+    void AddReal(double value);
+    void AddText(const char* utf8, qsizetype size);
+
+private:
+    enum class Kind { Nothing, Integer, Real, Text };
+
+    struct Column
+    {
+        Kind kind = Kind::Nothing;
+        std::vector<std::int64_t> integers;
+        std::vector<double> reals;
+        QByteArray text;                   ///< all texts of the column, in UTF-8, one behind the other
+        std::vector<std::int64_t> ends;    ///< where each of them ends
+        std::vector<bool> nulls;
+    };
+
+    Column& Next(Kind kind);
+    void Filled(bool null);
+    static void Promote(Column& column, Kind kind);
+    static QString TextOf(const Column& column, std::size_t row);
+
+    QStringList names_;
+    std::vector<Column> columns_;
+    int filling_ = 0;
+    int rows_ = 0;
+    int current_ = 0;
+};
+
+} // namespace tsms

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringView>
+
+namespace tsms {
+
+enum class ColumnType {
+    GeneratedKey, ///< assigned by the server, never written
+    Key,          ///< an integer key that is written
+    Integer,
+    Number, ///< an amount of money
+    Text,
+    DateTime,
+};
+
+struct ColumnDescription
+{
+    QString name;
+    ColumnType type;
+    int width = 0; ///< of a text, in bytes
+    bool required = false;
+};
+
+struct TableDescription
+{
+    QString name;
+    QList<ColumnDescription> columns;
+    QList<QString> indexes; ///< each the column list of one index
+};
+
+/// The first and the last year that have a send log.
+struct YearRange
+{
+    int first = 2010;
+    int last = 2030;
+};
+
+/// "2010-2030" or "2026". False for anything else, years out of 1900..2999 and a range that runs backwards.
+bool ReadYearRange(QStringView text, YearRange& into);
+
+TableDescription LogTable(int year);
+QList<TableDescription> AllTables(YearRange years);
+
+/// The statement that writes the account row, empty and with a balance of 0.
+QString AccountRow();
+
+/// What makes all tables and the one account row, in the dialect of the server.
+QString ServerScript(YearRange years);
+
+} // namespace tsms

@@ -1,0 +1,96 @@
+#include "toolkit/ComboBox.h"
+
+#include "runtime/RuntimeError.h"
+#include "toolkit/Guarded.h"
+#include "toolkit/Naming.h"
+
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace tsms {
+
+ComboBox::ComboBox(QWidget* parent, const QString& name) : QComboBox(parent)
+{
+    SetName(*this, name);
+    setMaxVisibleItems(14);
+    setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    connect(this, &QComboBox::activated, this, [this] { RaiseEvent(*this, OnClick); });
+}
+
+void ComboBox::AddItem(const QString& text, int number)
+{
+    InsertItem(ListCount(), text, number);
+}
+
+void ComboBox::InsertItem(int index, const QString& text, int number)
+{
+    if (index < 0 || index > ListCount())
+        throw RuntimeError(InvalidProcedureCall);
+    const bool selected = ListIndex() >= 0;
+    insertItem(index, text, number);
+    if (!selected)
+        setCurrentIndex(-1); // the control selects the first entry by itself; a new list has nothing selected
+}
+
+void ComboBox::RemoveItem(int index)
+{
+    if (index < 0 || index >= ListCount())
+        throw RuntimeError(InvalidProcedureCall);
+    const bool wasSelected = index == ListIndex();
+    removeItem(index);
+    if (wasSelected)
+        setCurrentIndex(-1);
+}
+
+void ComboBox::Clear()
+{
+    clear();
+}
+
+void ComboBox::SetListIndex(int index)
+{
+    const int nearest = std::clamp(index, -1, ListCount() - 1);
+    if (nearest == ListIndex())
+        return;
+    setCurrentIndex(nearest);
+    if (nearest >= 0)
+        RaiseEvent(*this, OnClick);
+}
+
+int ComboBox::ItemData(int index) const
+{
+    if (index < 0 || index >= ListCount())
+        throw RuntimeError(InvalidPropertyArrayIndex);
+    return itemData(index).toInt();
+}
+
+void ComboBox::SetItemData(int index, int number)
+{
+    if (index < 0 || index >= ListCount())
+        throw RuntimeError(InvalidPropertyArrayIndex);
+    setItemData(index, number);
+}
+
+QColor ComboBox::BackColor() const
+{
+    return palette().color(QPalette::Active, QPalette::Button);
+}
+
+void ComboBox::SetBackColor(const QColor& color)
+{
+    QPalette colors = palette();
+    colors.setColor(QPalette::Button, color);
+    setPalette(colors);
+}
+
+void ComboBox::wheelEvent(QWheelEvent* event)
+{
+    // A list that only lies under the mouse must not change while its page is scrolled.
+    if (hasFocus())
+        QComboBox::wheelEvent(event);
+    else
+        event->ignore();
+}
+
+} // namespace tsms

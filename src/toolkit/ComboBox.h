@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QComboBox>
+
+#include <functional>
+
+namespace tsms {
+
+/// A list to choose from. Entries count from 0; each carries a text and a number.
+class ComboBox : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    ComboBox(QWidget* parent, const QString& name);
+
+    void AddItem(const QString& text, int number = 0);
+    /// Raises 5 when `index` is outside 0 to ListCount().
+    void InsertItem(int index, const QString& text, int number = 0);
+    /// Raises 5 when there is no such entry.
+    void RemoveItem(int index);
+    void Clear();
+    int ListCount() const { return count(); }
+
+    /// -1 when nothing is selected.
+    int ListIndex() const { return currentIndex(); }
+    /// Selects an entry; past the end the last one, -1 (and below) none. On an empty list nothing is selected.
+    /// Raises OnClick when the selection changes to another entry.
+    void SetListIndex(int index);
+
+    /// The text of the selected entry, or nothing.
+    QString Text() const { return currentText(); }
+    /// The text of an entry, or nothing when there is no such entry.
+    QString List(int index) const { return itemText(index); }
+
+    /// The number of an entry. Raises 381 when there is no such entry, so also for ListIndex() with nothing
+    /// selected.
+    int ItemData(int index) const;
+    void SetItemData(int index, int number);
+    /// ItemData of the selected entry.
+    int SelectedData() const { return ItemData(ListIndex()); }
+
+    QColor BackColor() const;
+    void SetBackColor(const QColor& color);
+
+    /// An entry was chosen, by a person (also the same again) or by SetListIndex.
+    std::function<void()> OnClick;
+    QString Tag;
+
+protected:
+    void wheelEvent(QWheelEvent* event) override;
+};
+
+} // namespace tsms

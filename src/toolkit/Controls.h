@@ -1,0 +1,234 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QColor>
+#include <QFrame>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QString>
+
+#include <functional>
+
+namespace tsms {
+
+class TextField;
+
+/// A push button. OnClick is a click, a key or Click().
+class PushButton : public QPushButton
+{
+    Q_OBJECT
+
+public:
+    enum class Look { Plain, Primary, Flat };
+
+    PushButton(QWidget* parent, const QString& name, const QString& caption, Look look = Look::Plain);
+
+    QString Caption() const { return caption_; }
+    void SetCaption(const QString& caption);
+    void SetLook(Look look);
+    /// Face colour in place of the look's own; an invalid one returns to the look.
+    void SetFaceColor(const QColor& face);
+    void Click() { click(); }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+    std::function<void()> OnClick;
+    QString Tag;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString caption_;
+    Look look_;
+    QColor face_;
+};
+
+/// A button that shows a picture and no caption. Words, where it has some, are part of the picture.
+class PictureButton : public QAbstractButton
+{
+    Q_OBJECT
+
+public:
+    enum class Look {
+        Idle,     ///< toolbar: rests on the bar
+        Selected, ///< toolbar: the page on view
+        Window,   ///< small, on a title strip
+        Closing,  ///< as Window; warns when the mouse is over it
+        Sign,     ///< a picture at the head of a strip, which shows no sign of the mouse
+    };
+
+    /// `picture` is the name of a resource below ":/toolkit/", without ".svg".
+    PictureButton(QWidget* parent, const QString& name, const QString& picture, const QString& words, Look look);
+
+    QSize sizeHint() const override;
+
+    std::function<void()> OnClick;
+    QString Tag;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    QColor Face() const;
+
+    QString picture_;
+    QString words_;
+    Look look_;
+};
+
+/// A line of text. Its words are plain text, a CR LF begins a new line.
+class Label : public QLabel
+{
+    Q_OBJECT
+
+public:
+    Label(QWidget* parent, const QString& name, const QString& caption = QString());
+
+    QString Caption() const { return caption_; }
+    void SetCaption(const QString& caption);
+    void SetTextColor(const QColor& color);
+    QColor TextColor() const { return palette().color(QPalette::WindowText); }
+    void SetBackColor(const QColor& color);
+    void SetBold(bool bold);
+    /// Shows the present caption at once, also while an operation holds the event loop.
+    void Refresh() { repaint(); }
+
+    std::function<void()> OnClick;
+    QString Tag;
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    QString caption_;
+};
+
+/// A surface that other controls stand on.
+class Panel : public QFrame
+{
+    Q_OBJECT
+
+public:
+    enum class Border { None, Line };
+
+    Panel(QWidget* parent, const QString& name, Border border = Border::None);
+
+    QColor BackColor() const;
+    void SetBackColor(const QColor& color);
+
+    std::function<void()> OnClick;
+    QString Tag;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    Border border_;
+    bool filled_ = false;
+};
+
+/// The backing of a text box, PLtxtBack(i): draws the box's border and follows its colour.
+class FieldPanel : public Panel
+{
+    Q_OBJECT
+
+public:
+    FieldPanel(QWidget* parent, const QString& name);
+
+    /// Puts a field without a border of its own on the panel; the panel follows its colour.
+    void Hold(TextField& field);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+/// A panel that opens over its form at a given place: hidden until Open().
+class PopupPanel : public Panel
+{
+    Q_OBJECT
+
+public:
+    PopupPanel(QWidget* parent, const QString& name);
+
+    /// Visible, before all else, with its corner at `corner` of its parent (moved in where it would be cut off).
+    void Open(QPoint corner);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+/// A bar that fills up to its maximum. A value beyond stands full.
+class ProgressBar : public QProgressBar
+{
+    Q_OBJECT
+
+public:
+    ProgressBar(QWidget* parent, const QString& name);
+
+    int Max() const { return max_; }
+    void SetMax(int max);
+    int Value() const { return value_; }
+    void SetValue(int value);
+    void Refresh() { repaint(); }
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void Show();
+
+    int max_ = 100;
+    int value_ = 0;
+};
+
+/// One choice of several. OnClick comes with each choosing, by a person or by SetValue(true).
+class RadioButton : public QRadioButton
+{
+    Q_OBJECT
+
+public:
+    RadioButton(QWidget* parent, const QString& name, const QString& caption);
+
+    QString Caption() const { return caption_; }
+    bool Value() const { return isChecked(); }
+    void SetValue(bool chosen) { setChecked(chosen); }
+
+    std::function<void()> OnClick;
+    QString Tag;
+
+private:
+    QString caption_;
+};
+
+/// A mark of its own. OnClick comes with each change, by a person or by the program.
+class CheckBox : public QCheckBox
+{
+    Q_OBJECT
+
+public:
+    CheckBox(QWidget* parent, const QString& name, const QString& caption);
+
+    QString Caption() const { return caption_; }
+    bool Value() const { return isChecked(); }
+    void SetValue(bool ticked) { setChecked(ticked); }
+
+    std::function<void()> OnClick;
+    QString Tag;
+
+private:
+    QString caption_;
+};
+
+} // namespace tsms

@@ -1,0 +1,73 @@
+#include "toolkit/DatePicker.h"
+
+#include "toolkit/Guarded.h"
+#include "toolkit/Naming.h"
+
+#include <QCalendarWidget>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QStyle>
+#include <QStyleOptionSpinBox>
+#include <QTextCharFormat>
+
+namespace tsms {
+
+DatePicker::DatePicker(QWidget* parent, const QString& name) : QDateEdit(parent)
+{
+    SetName(*this, name);
+    setLocale(QLocale::c()); // so that no locale brings digits of its own
+    setDisplayFormat(QStringLiteral("yyyy-MM-dd"));
+    setCalendarPopup(true);
+    setDate(QDate::currentDate());
+    connect(this, &QDateEdit::dateChanged, this, [this] { RaiseEvent(*this, OnChange); });
+}
+
+QString DatePicker::Value() const
+{
+    return date().toString(QStringLiteral("yyyy-MM-dd"));
+}
+
+void DatePicker::SetValue(QDate date)
+{
+    setDate(date);
+}
+
+bool DatePicker::IsCalendarOpen() const
+{
+    const QWidget* calendar = findChild<QCalendarWidget*>();
+    return calendar && calendar->isVisible();
+}
+
+void DatePicker::OpenCalendar()
+{
+    auto* calendar = calendarWidget();
+    calendar->setLocale(QLocale(QLocale::Korean, QLocale::SouthKorea));
+    calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+
+    // The control has no other way to open its calendar than a press on its arrow.
+    QStyleOptionComboBox arrow;
+    arrow.initFrom(this);
+    const QRect place = style()->subControlRect(QStyle::CC_ComboBox, &arrow, QStyle::SC_ComboBoxArrow, this);
+    QMouseEvent press(QEvent::MouseButtonPress, place.center(), mapToGlobal(place.center()), Qt::LeftButton,
+                      Qt::LeftButton, Qt::NoModifier);
+    QDateEdit::mousePressEvent(&press);
+}
+
+void DatePicker::keyPressEvent(QKeyEvent* event)
+{
+    const bool altDown = event->key() == Qt::Key_Down && event->modifiers().testFlag(Qt::AltModifier);
+    if (event->key() == Qt::Key_F4 || altDown)
+        OpenCalendar();
+    else
+        QDateEdit::keyPressEvent(event);
+}
+
+void DatePicker::wheelEvent(QWheelEvent* event)
+{
+    if (hasFocus())
+        QDateEdit::wheelEvent(event);
+    else
+        event->ignore();
+}
+
+} // namespace tsms

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QDateEdit>
+
+#include <functional>
+
+namespace tsms {
+
+/// A date with a calendar that opens below it. Shown and read as YYYY-MM-DD whatever the locale.
+class DatePicker : public QDateEdit
+{
+    Q_OBJECT
+
+public:
+    DatePicker(QWidget* parent, const QString& name);
+
+    QString Value() const; ///< "YYYY-MM-DD"
+    QDate Date() const { return date(); }
+    void SetValue(QDate date);
+
+    /// Also by F4 and Alt+Down.
+    void OpenCalendar();
+    bool IsCalendarOpen() const;
+
+    std::function<void()> OnChange;
+    QString Tag;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+};
+
+} // namespace tsms

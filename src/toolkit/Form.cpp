@@ -1,0 +1,220 @@
+#include "toolkit/Form.h"
+
+#include "runtime/Desktop.h"
+#include "session/Session.h"
+#include "toolkit/Guarded.h"
+#include "toolkit/Naming.h"
+#include "toolkit/Theme.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace tsms {
+
+namespace {
+
+QList<Form*>& LoadedForms()
+{
+    static QList<Form*> forms;
+    return forms;
+}
+
+Qt::WindowFlags FlagsOf(Form::Kind kind)
+{
+    const Qt::WindowFlags frameless = Qt::FramelessWindowHint | Qt::WindowSystemMenuHint;
+    return kind == Form::Kind::Main ? Qt::Window | frameless | Qt::WindowMinimizeButtonHint
+                                    : Qt::Dialog | frameless;
+}
+
+} // namespace
+
+void SetBusy(Boolean flag, Session& session, QWidget& form)
+{
+    session.Busy = flag;
+    if (session.IsBusy())
+        form.setCursor(Qt::WaitCursor);
+    else
+        form.unsetCursor();
+}
+
+Form::Form(Session& session, Desktop& desktop, const QString& name, Kind kind, QWidget* owner)
+    : QWidget(nullptr, FlagsOf(kind)),
+      session_(session),
+      desktop_(desktop),
+      kind_(kind),
+      owner_(owner)
+{
+    SetName(*this, name);
+    if (kind_ == Kind::Dialog)
+        setWindowModality(Qt::ApplicationModal);
+    LoadedForms() += this;
+    qApp->installEventFilter(this);
+}
+
+Form::~Form()
+{
+    LeaveLoaded();
+}
+
+const QList<Form*>& Form::Loaded()
+{
+    return LoadedForms();
+}
+
+Form* Form::Find(const QString& name)
+{
+    const QList<Form*>& forms = LoadedForms();
+    const auto found = std::find_if(forms.begin(), forms.end(), [&](Form* form) { return form->Name() == name; });
+    return found == forms.end() ? nullptr : *found;
+}
+
+bool Form::IsLoaded() const
+{
+    return LoadedForms().contains(const_cast<Form*>(this));
+}
+
+bool Form::IsBusy() const
+{
+    return session_.IsBusy();
+}
+
+void Form::ShowModal()
+{
+    if (!IsLoaded())
+        LoadedForms() += this; // shown again after it was unloaded
+    QEventLoop loop;
+    loop_ = &loop;
+    show();
+    raise();
+    activateWindow();
+    if (IsLoaded()) // its own start may have unloaded it
+        loop.exec();
+    loop_ = nullptr;
+}
+
+bool Form::Unload()
+{
+    return close();
+}
+
+void Form::closeEvent(QCloseEvent* event)
+{
+    bool agreed = !IsLoaded();
+    if (!agreed)
+        Guarded(desktop_, [&] { agreed = QueryUnload(); })();
+    event->setAccepted(agreed);
+    if (!agreed)
+        return;
+    LeaveLoaded();
+    if (loop_)
+        loop_->quit();
+}
+
+void Form::LeaveLoaded()
+{
+    LoadedForms().removeAll(this);
+}
+
+bool Form::KeyDown(int, Qt::KeyboardModifiers)
+{
+    return false;
+}
+
+bool Form::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate)
+        Guarded(desktop_, [this] { Activate(); })();
+    return QWidget::event(event);
+}
+
+bool Form::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        if (watched->isWidgetType() && static_cast<QWidget*>(watched)->window() == this)
+            return PreviewKey(*static_cast<QWidget*>(watched), static_cast<QKeyEvent&>(*event));
+        break;
+    case QEvent::KeyRelease:
+    case QEvent::ShortcutOverride:
+        previewed_ = nullptr;
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+bool Form::PreviewKey(const QWidget& receiver, QKeyEvent& event)
+{
+    // A key that the focused control does not use comes by again on its way up to the form.
+    const bool first = &receiver == focusWidget() || (&receiver == this && previewed_ != &event);
+    if (!first || !IsLoaded())
+        return false;
+    previewed_ = &event;
+    bool usedUp = false;
+    Guarded(desktop_, [&] { usedUp = KeyDown(event.key(), event.modifiers()); })();
+    if (usedUp)
+        event.accept();
+    return usedUp;
+}
+
+void Form::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (placed_)
+        return;
+    placed_ = true;
+    const QWidget* over = owner_ ? owner_->window() : QApplication::activeWindow();
+    if (over == this)
+        over = nullptr;
+    if (over && kind_ == Kind::Dialog && windowHandle())
+        windowHandle()->setTransientParent(over->windowHandle());
+    const QRect around = over ? over->frameGeometry() : screen()->availableGeometry();
+    QRect place(QPoint(), size());
+    place.moveCenter(around.center());
+    const QRect room = screen()->availableGeometry();
+    place.moveRight(std::min(place.right(), room.right()));
+    place.moveBottom(std::min(place.bottom(), room.bottom()));
+    place.moveLeft(std::max(place.left(), room.left()));
+    place.moveTop(std::max(place.top(), room.top()));
+    move(place.topLeft());
+}
+
+void Form::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), theme::Page);
+    painter.setPen(QPen(theme::Frame, 1));
+    painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+}
+
+void Form::mousePressEvent(QMouseEvent* event)
+{
+    event->accept();
+    if (windowHandle() && windowHandle()->startSystemMove())
+        return;
+    // Without a window manager that moves windows, the form moves itself.
+    dragging_ = true;
+    grip_ = event->globalPosition().toPoint() - pos();
+}
+
+void Form::mouseMoveEvent(QMouseEvent* event)
+{
+    if (dragging_)
+        move(event->globalPosition().toPoint() - grip_);
+}
+
+void Form::mouseReleaseEvent(QMouseEvent*)
+{
+    dragging_ = false;
+}
+
+} // namespace tsms

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "runtime/Boolean.h"
+
+#include <QList>
+#include <QPoint>
+#include <QPointer>
+#include <QWidget>
+
+class QEventLoop;
+
+namespace tsms {
+
+class Desktop;
+struct Session;
+
+/// Stores the session's Busy and shows the hourglass over `form` while it is set.
+void SetBusy(Boolean flag, Session& session, QWidget& form);
+
+/// A frameless window drawn by the program, the base of the main window and of all dialogs.
+/// A form is loaded from its construction to its unloading (or its end, whichever is first).
+class Form : public QWidget
+{
+    Q_OBJECT
+
+public:
+    enum class Kind { Main, Dialog };
+
+    /// A dialog's `owner` is the window it stands over; without one it is the active window.
+    Form(Session& session, Desktop& desktop, const QString& name, Kind kind, QWidget* owner = nullptr);
+    ~Form() override;
+
+    /// The forms that are loaded, in the order of loading.
+    static const QList<Form*>& Loaded();
+    static Form* Find(const QString& name);
+    bool IsLoaded() const;
+
+    QString Name() const { return objectName(); }
+    QString Caption() const { return windowTitle(); }
+    void SetCaption(const QString& caption) { setWindowTitle(caption); }
+
+    /// Shows the form and returns when it has been unloaded.
+    void ShowModal();
+
+    /// Asks QueryUnload and, when it agrees, closes the form. True when the form is unloaded.
+    bool Unload();
+
+    Session& SessionState() const { return session_; }
+    Desktop& Desk() const { return desktop_; }
+    bool IsBusy() const;
+    void SetBusy(Boolean flag) { tsms::SetBusy(flag, session_, *this); }
+
+protected:
+    /// Every closing goes through here, whatever began it. False keeps the form.
+    virtual bool QueryUnload() { return true; }
+
+    /// Sees each key before the focused control does. True when the key is used up.
+    virtual bool KeyDown(int key, Qt::KeyboardModifiers shift);
+
+    /// Each activation of the window.
+    virtual void Activate() {}
+
+    /// Draws the surface: a white page with a fine frame.
+    void paintEvent(QPaintEvent* event) override;
+
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    bool PreviewKey(const QWidget& receiver, QKeyEvent& event);
+    void LeaveLoaded();
+
+    Session& session_;
+    Desktop& desktop_;
+    Kind kind_;
+    QPointer<QWidget> owner_;
+    QEventLoop* loop_ = nullptr;
+    const void* previewed_ = nullptr;
+    bool dragging_ = false;
+    bool placed_ = false;
+    QPoint grip_;
+};
+
+} // namespace tsms

@@ -1,0 +1,88 @@
+#include "toolkit/KeyFilter.h"
+
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+
+namespace tsms {
+
+namespace {
+
+constexpr char16_t BackspaceKey = 8;
+constexpr char16_t TabKey = 9;
+constexpr char16_t EnterKey = 13;
+
+bool IsCommand(const QKeyEvent& event)
+{
+    // AltGr comes as Ctrl and Alt, with the character that it makes.
+    return event.modifiers().testFlag(Qt::ControlModifier) &&
+           (event.text().isEmpty() || event.text().front().category() == QChar::Other_Control ||
+            !event.modifiers().testFlag(Qt::AltModifier));
+}
+
+QString CharactersOf(const QKeyEvent& event)
+{
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return QString(QChar(EnterKey));
+    case Qt::Key_Backspace:
+        return QString(QChar(BackspaceKey));
+    default:
+        break;
+    }
+    const QString text = event.text();
+    if (text.isEmpty() || text.front().category() == QChar::Other_Control)
+        return {};
+    return text;
+}
+
+} // namespace
+
+bool SwallowsTab(QEvent& event, const PassKeysFunction& pass)
+{
+    if (event.type() != QEvent::KeyPress)
+        return false;
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    if (key.key() != Qt::Key_Tab || IsCommand(key) || !pass(QStringView(&TabKey, 1)).isEmpty())
+        return false;
+    event.accept();
+    return true;
+}
+
+void SendFilteredKey(QKeyEvent& event, const PassKeysFunction& pass,
+                     const std::function<void(QKeyEvent*)>& send)
+{
+    const QString characters = IsCommand(event) ? QString() : CharactersOf(event);
+    if (characters.isEmpty()) {
+        send(&event);
+        return;
+    }
+    const QString passed = pass(characters);
+    if (passed == characters) {
+        send(&event);
+        return;
+    }
+    event.accept();
+    if (passed.isEmpty())
+        return;
+    QKeyEvent changed(QEvent::KeyPress, Qt::Key_unknown, event.modifiers(), passed, event.isAutoRepeat(),
+                      static_cast<quint16>(passed.size()));
+    send(&changed);
+}
+
+void SendFilteredCommit(QInputMethodEvent& event, const PassKeysFunction& pass,
+                        const std::function<void(QInputMethodEvent*)>& send)
+{
+    const QString committed = event.commitString();
+    const QString passed = committed.isEmpty() ? committed : pass(committed);
+    if (passed == committed) {
+        send(&event);
+        return;
+    }
+    QInputMethodEvent filtered(event.preeditString(), event.attributes());
+    filtered.setCommitString(passed, event.replacementStart(), event.replacementLength());
+    send(&filtered);
+    event.accept();
+}
+
+} // namespace tsms

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+#include <functional>
+
+class QEvent;
+class QInputMethodEvent;
+class QKeyEvent;
+
+namespace tsms {
+
+/// Answers the characters of `keys` that pass.
+using PassKeysFunction = std::function<QString(QStringView keys)>;
+
+/// True when the event is a Tab that the filter swallowed; it is then used up.
+bool SwallowsTab(QEvent& event, const PassKeysFunction& pass);
+
+/// Hands a key press on with the characters that the filter lets pass, or uses it up when none is left.
+/// Keys without a character and editing commands go on untouched.
+void SendFilteredKey(QKeyEvent& event, const PassKeysFunction& pass,
+                     const std::function<void(QKeyEvent*)>& send);
+
+/// Hands an input method's event on with what the filter lets pass of the committed text. What is still being
+/// composed is left alone.
+void SendFilteredCommit(QInputMethodEvent& event, const PassKeysFunction& pass,
+                        const std::function<void(QInputMethodEvent*)>& send);
+
+} // namespace tsms

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+namespace tsms {
+
+/// The part of a text that a change put in.
+struct Insertion
+{
+    qsizetype start = 0;
+    qsizetype length = 0;
+
+    friend bool operator==(const Insertion&, const Insertion&) = default;
+};
+
+/// Finds what was put in from the text before and after a change and from the caret behind it. What cannot be
+/// told by the caret is told by the common beginning and end of the two texts.
+Insertion FindInsertion(QStringView before, QStringView after, qsizetype caret);
+
+/// A text and where its caret stands, in UTF-16 units.
+struct CaretText
+{
+    QString text;
+    qsizetype caret = 0;
+
+    friend bool operator==(const CaretText&, const CaretText&) = default;
+};
+
+/// How long a text is, and how much of it fits into a room of that unit.
+struct Measure
+{
+    int (*length)(QStringView text);
+    qsizetype (*fitting)(QStringView text, int room);
+};
+
+/// Bytes in code page 949, a CR LF counting 1.
+extern const Measure BytesMeasure;
+/// UTF-16 units, a CR LF counting 2. Neither a surrogate pair nor a CR LF is halved.
+extern const Measure CharactersMeasure;
+
+/// The text that stays of a change by a person: of what was put in, the longest beginning that fits goes in,
+/// and the caret stands behind it; the rest of the text stays as it was.
+CaretText LimitChange(QStringView before, QStringView after, qsizetype caret, const Measure& measure, int limit);
+
+/// The text that stays of one set by the program: the longest beginning that fits.
+QString LimitText(QStringView text, const Measure& measure, int limit);
+
+} // namespace tsms

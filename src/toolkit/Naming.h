@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+class QWidget;
+
+namespace tsms {
+
+/// The name of an element of a control array: "BtnFuncMain(2)".
+QString IndexedName(QStringView base, int index);
+
+/// Gives a control its name; it is the accessible name too where the control has no words of its own.
+void SetName(QWidget& widget, const QString& name);
+
+/// SetName that returns the widget, for use where it is made.
+template <class W> W* Named(W* widget, const QString& name)
+{
+    SetName(*widget, name);
+    return widget;
+}
+
+} // namespace tsms

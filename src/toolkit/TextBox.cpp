@@ -1,0 +1,102 @@
+#include "toolkit/TextBox.h"
+
+#include "toolkit/KeyFilter.h"
+#include "toolkit/Naming.h"
+
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+
+#include <algorithm>
+
+namespace tsms {
+
+TextBox::TextBox(QWidget* parent) : QLineEdit(parent)
+{
+    // Its own limit works on what was put in; the control's would cut without telling where.
+    QLineEdit::setMaxLength(16'777'216);
+    connect(this, &QLineEdit::textChanged, this, [this] { TellChange(); });
+}
+
+TextBox::TextBox(QWidget* parent, const QString& name) : TextBox(parent)
+{
+    SetName(*this, name);
+}
+
+void TextBox::SetText(const QString& text)
+{
+    ChangeByProgram([&] {
+        QLineEdit::setText(text);
+        setCursorPosition(0);
+    });
+}
+
+int TextBox::SelStart() const
+{
+    return hasSelectedText() ? selectionStart() : cursorPosition();
+}
+
+void TextBox::SetSelStart(int position)
+{
+    deselect();
+    setCursorPosition(std::clamp<int>(position, 0, static_cast<int>(text().size())));
+}
+
+int TextBox::SelLength() const
+{
+    return selectionLength();
+}
+
+void TextBox::Select(int start, int length)
+{
+    SetSelStart(start);
+    if (length > 0)
+        setSelection(cursorPosition(), length);
+}
+
+void TextBox::Replace(const QString& text, int caret)
+{
+    QLineEdit::setText(text);
+    setCursorPosition(caret);
+}
+
+bool TextBox::event(QEvent* event)
+{
+    if (SwallowsTab(*event, [this](QStringView key) { return PassKeys(key); }))
+        return true;
+    return QLineEdit::event(event);
+}
+
+void TextBox::keyPressEvent(QKeyEvent* event)
+{
+    SendFilteredKey(
+        *event, [this](QStringView keys) { return PassKeys(keys); },
+        [this](QKeyEvent* key) { QLineEdit::keyPressEvent(key); });
+}
+
+void TextBox::keyReleaseEvent(QKeyEvent* event)
+{
+    QLineEdit::keyReleaseEvent(event);
+    if (!event->isAutoRepeat())
+        TellKeyUp(event->key(), static_cast<int>(event->modifiers()));
+}
+
+void TextBox::inputMethodEvent(QInputMethodEvent* event)
+{
+    SendFilteredCommit(
+        *event, [this](QStringView keys) { return PassKeys(keys); },
+        [this](QInputMethodEvent* commit) { QLineEdit::inputMethodEvent(commit); });
+}
+
+void TextBox::focusInEvent(QFocusEvent* event)
+{
+    QLineEdit::focusInEvent(event);
+    TellFocus(true, event->reason());
+}
+
+void TextBox::focusOutEvent(QFocusEvent* event)
+{
+    QLineEdit::focusOutEvent(event);
+    TellFocus(false, event->reason());
+}
+
+} // namespace tsms

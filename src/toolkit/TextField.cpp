@@ -1,0 +1,175 @@
+#include "toolkit/TextField.h"
+
+#include "toolkit/Guarded.h"
+#include "toolkit/LimitRule.h"
+#include "toolkit/Theme.h"
+
+#include <QScopedValueRollback>
+
+#include <algorithm>
+
+namespace tsms {
+
+namespace {
+
+/// Two rules of one field that undo each other's work come to rest after so many rounds.
+constexpr int MostRounds = 8;
+
+qsizetype FirstLineLength(QStringView text)
+{
+    const auto isBreak = [](QChar c) { return c == u'\r' || c == u'\n' || c == QChar::ParagraphSeparator; };
+    return std::find_if(text.begin(), text.end(), isBreak) - text.begin();
+}
+
+QPalette WithBase(QPalette palette, const QColor& color)
+{
+    palette.setColor(QPalette::Base, color);
+    return palette;
+}
+
+QPalette WithWindow(QPalette palette, const QColor& color)
+{
+    palette.setColor(QPalette::Window, color);
+    return palette;
+}
+
+} // namespace
+
+void TextField::SelectAll()
+{
+    Select(0, static_cast<int>(Text().size()));
+}
+
+QString TextField::SelText() const
+{
+    return Text().mid(SelStart(), SelLength());
+}
+
+QColor TextField::BackColor() const
+{
+    return Widget().palette().color(QPalette::Active, QPalette::Base);
+}
+
+void TextField::SetBackColor(const QColor& color)
+{
+    Widget().setPalette(WithBase(Widget().palette(), color));
+}
+
+void TextField::SetImeMode(ImeMode mode)
+{
+    Qt::InputMethodHints hints = Widget().inputMethodHints() & Qt::ImhMultiLine;
+    if (mode == ImeMode::Hangul)
+        hints |= Qt::ImhNoAutoUppercase;
+    if (mode == ImeMode::Latin)
+        hints |= Qt::ImhPreferLatin | Qt::ImhNoAutoUppercase | Qt::ImhNoPredictiveText;
+    Widget().setInputMethodHints(hints);
+}
+
+void TextField::Correct(const QString& text, int caret)
+{
+    if (text == Text())
+        return;
+    {
+        const QScopedValueRollback<bool> quiet(correcting_, true);
+        Replace(text, caret);
+    }
+    if (rounds_ < MostRounds)
+        TellChange();
+}
+
+void TextField::ChangeByProgram(const std::function<void()>& change)
+{
+    {
+        // The controls tell of some changes in several steps; this one is told once, when it is done.
+        const QScopedValueRollback<bool> quiet(correcting_, true);
+        change();
+    }
+    const QScopedValueRollback<bool> byProgram(byProgram_, true);
+    const QScopedValueRollback<Change*> ownChange(change_, nullptr);
+    TellChange();
+}
+
+void TextField::TellChange()
+{
+    if (correcting_)
+        return;
+    if (change_) {
+        const QScopedValueRollback<int> round(rounds_, rounds_ + 1);
+        TellRules();
+        return;
+    }
+    const QString now = Text();
+    if (now == settled_)
+        return;
+    Change change{settled_, byProgram_};
+    {
+        const QScopedValueRollback<Change*> present(change_, &change);
+        const QScopedValueRollback<int> round(rounds_, 0);
+        TellRules();
+    }
+    settled_ = Text();
+}
+
+void TextField::TellRules()
+{
+    ApplyOwnLimits();
+    if (OnChange)
+        RaiseEvent(Widget(), OnChange);
+}
+
+void TextField::ApplyOwnLimits()
+{
+    const QString text = Text();
+    CaretText kept{text, Caret()};
+    if (OneLine() && !change_->byProgram) {
+        const Insertion put = FindInsertion(change_->before, text, kept.caret);
+        const qsizetype line = FirstLineLength(QStringView(text).sliced(put.start, put.length));
+        if (line < put.length)
+            kept = {text.first(put.start + line) + text.sliced(put.start + put.length), put.start + line};
+    }
+    if (maxLength_ > 0 && kept.text.size() > maxLength_) {
+        if (change_->byProgram)
+            kept.text = LimitText(kept.text, CharactersMeasure, maxLength_);
+        else
+            kept = LimitChange(change_->before, kept.text, kept.caret, CharactersMeasure, maxLength_);
+    }
+    if (kept.text == text)
+        return;
+    const QScopedValueRollback<bool> quiet(correcting_, true);
+    Replace(kept.text, static_cast<int>(kept.caret));
+}
+
+void TextField::TellKeyUp(int key, int shift)
+{
+    if (OnKeyUp)
+        RaiseEvent(Widget(), [&] { OnKeyUp(key, shift); });
+}
+
+void TextField::TellFocus(bool gained, Qt::FocusReason reason)
+{
+    if (reason == Qt::PopupFocusReason)
+        return; // the field's own menu is open: it has not lost the focus
+    if (backing_ && (gained ? BackColor() == theme::White : BackColor() != theme::White)) {
+        const QColor color = gained ? theme::Focus : theme::White;
+        SetBackColor(color);
+        backing_->setPalette(WithWindow(backing_->palette(), color));
+    }
+    if (const auto& handler = gained ? OnGotFocus : OnLostFocus)
+        RaiseEvent(Widget(), handler);
+}
+
+QString TextField::PassKeys(QStringView keys)
+{
+    if (!OnKeyPress)
+        return keys.toString();
+    QString passed;
+    for (const QChar c : keys) {
+        char16_t key = c.unicode();
+        RaiseEvent(Widget(), [&] { OnKeyPress(key); });
+        if (key != 0)
+            passed += QChar(key);
+    }
+    return passed;
+}
+
+} // namespace tsms

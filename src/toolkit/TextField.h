@@ -1,0 +1,102 @@
+#pragma once
+
+#include <QColor>
+#include <QString>
+#include <QStringView>
+#include <QWidget>
+
+#include <functional>
+
+namespace tsms {
+
+/// Which input method a field asks for while it has the focus.
+enum class ImeMode { NoControl, Hangul, Latin };
+
+/// What the single-line and the multi-line text box share. Positions and lengths are UTF-16 units of Text(),
+/// in which a line break is CR LF and counts 2.
+class TextField
+{
+public:
+    virtual ~TextField() = default;
+
+    virtual QString Text() const = 0;
+    /// By the program: told through OnChange when it differs from what stands there. The caret goes to the start.
+    virtual void SetText(const QString& text) = 0;
+
+    virtual int SelStart() const = 0; ///< start of the selection, or the caret
+    virtual void SetSelStart(int position) = 0;
+    virtual int SelLength() const = 0;
+    virtual void Select(int start, int length) = 0;
+    void SelectAll();
+    QString SelText() const;
+
+    /// Longest text in characters, 0 for none; a line break counts 2. Cuts what was put in, like the byte limit.
+    void SetMaxLength(int characters) { maxLength_ = characters; }
+    int MaxLength() const { return maxLength_; }
+
+    QColor BackColor() const;
+    void SetBackColor(const QColor& color);
+
+    void SetImeMode(ImeMode mode);
+
+    /// The field takes the focus colour with the focus, and `backing` with it: when its back colour is exactly
+    /// white. Without the focus both are white again, unless the field is white.
+    void SetFocusBacking(QWidget& backing) { backing_ = &backing; }
+
+    void SetFocus() { Widget().setFocus(Qt::OtherFocusReason); }
+
+    virtual QWidget& Widget() = 0;
+    const QWidget& Widget() const { return const_cast<TextField*>(this)->Widget(); }
+
+    QString Tag;
+
+    /// Every change of the text, also one made by the program.
+    std::function<void()> OnChange;
+    /// Each character before it acts, also Enter (13), Backspace (8) and Tab (9) and what an input method
+    /// commits. Set to 0 it is swallowed. Editing commands (copy, paste, undo) pass untouched.
+    std::function<void(char16_t& key)> OnKeyPress;
+    /// Every release of a key: its Qt::Key and its Qt::KeyboardModifiers.
+    std::function<void(int key, int shift)> OnKeyUp;
+    std::function<void()> OnGotFocus;
+    std::function<void()> OnLostFocus;
+
+    /// While OnChange runs: the text before the change, and whether the program made it.
+    struct Change
+    {
+        QString before;
+        bool byProgram = false;
+    };
+    const Change* PresentChange() const { return change_; }
+
+    /// Replaces the text as part of the change that is being told. What differs is told in its turn, as part of
+    /// the same change. The multi-line box undoes a change and its correction in one step.
+    void Correct(const QString& text, int caret);
+
+protected:
+    virtual void Replace(const QString& text, int caret) = 0;
+    /// The caret, which may be at either end of a selection.
+    virtual int Caret() const = 0;
+    /// Whether a pasted text ends at its first line break.
+    virtual bool OneLine() const = 0;
+
+    void ChangeByProgram(const std::function<void()>& change);
+    void TellChange();
+    void TellKeyUp(int key, int shift);
+    void TellFocus(bool gained, Qt::FocusReason reason);
+    /// The characters that OnKeyPress lets pass.
+    QString PassKeys(QStringView keys);
+
+private:
+    void TellRules();
+    void ApplyOwnLimits();
+
+    QString settled_;
+    Change* change_ = nullptr;
+    QWidget* backing_ = nullptr;
+    int maxLength_ = 0;
+    int rounds_ = 0;
+    bool byProgram_ = false;
+    bool correcting_ = false;
+};
+
+} // namespace tsms

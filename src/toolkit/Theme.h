@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+
+class QApplication;
+class QPainter;
+class QRectF;
+
+namespace tsms::theme {
+
+inline constexpr QColor Page{255, 255, 255};       ///< page background
+inline constexpr QColor Ground{240, 240, 240};     ///< what pages stand on
+inline constexpr QColor Strip{182, 204, 211};      ///< title strips and running numbers
+inline constexpr QColor Phone{144, 215, 250};      ///< the message "phone"
+inline constexpr QColor Line{223, 223, 223};       ///< lines between things
+inline constexpr QColor Focus{255, 224, 192};      ///< back of a text box with the focus
+inline constexpr QColor White{255, 255, 255};
+inline constexpr QColor Text{34, 40, 44};          ///< near black
+inline constexpr QColor Faint{104, 116, 122};      ///< notes
+inline constexpr QColor Disabled{160, 168, 172};   ///< words of what cannot be used
+inline constexpr QColor StripText{30, 52, 62};     ///< words on a title strip
+inline constexpr QColor Accent{28, 110, 140};      ///< the primary button, the focus ring
+inline constexpr QColor Frame{138, 160, 168};      ///< the fine frame of a window
+inline constexpr QColor ButtonFace{244, 247, 248}; ///< face of an ordinary button
+inline constexpr QColor Warning{200, 64, 56};      ///< a closing button under the mouse
+
+/// The program's font, size 9.
+QFont Font();
+
+/// Style, palette and font of the whole program.
+void ApplyTheme(QApplication& application);
+
+/// A darker or lighter neighbour of a face colour, for a face under the mouse or pressed.
+QColor Hovered(const QColor& face);
+QColor Pressed(const QColor& face);
+
+/// The visible sign of the keyboard focus: a ring inside `place`.
+void DrawFocusRing(QPainter& painter, const QRectF& place, double radius);
+
+} // namespace tsms::theme

@@ -1,0 +1,634 @@
+#include "toolkit/fpSpread.h"
+
+#include "toolkit/Guarded.h"
+#include "toolkit/SpreadDelegate.h"
+#include "toolkit/SpreadModel.h"
+#include "toolkit/Theme.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace tsms {
+
+namespace {
+
+constexpr double DefaultColWidth = 8.0;
+constexpr double DefaultRowHeight = 14.0;
+constexpr QColor TitleBack{233, 240, 243};
+constexpr QColor TitleLine{205, 216, 220};
+
+int PixelsOfPoints(double points)
+{
+    return qRound(points * 4.0 / 3.0);
+}
+
+/// The titles of columns or rows, flat and without any part in the selection.
+class SpreadHeader final : public QHeaderView
+{
+public:
+    SpreadHeader(Qt::Orientation orientation, QWidget* parent) : QHeaderView(orientation, parent)
+    {
+        setMinimumSectionSize(4);
+        setSectionsClickable(false);
+        setHighlightSections(false);
+        setDefaultAlignment(Qt::AlignCenter);
+        setFocusPolicy(Qt::NoFocus);
+    }
+
+protected:
+    void paintSection(QPainter* painter, const QRect& rect, int section) const override
+    {
+        const QVariant back = model()->headerData(section, orientation(), Qt::BackgroundRole);
+        const QVariant text = model()->headerData(section, orientation(), Qt::ForegroundRole);
+        const QString title = model()->headerData(section, orientation(), Qt::DisplayRole).toString();
+        painter->fillRect(rect, back.isValid() ? back.value<QColor>() : TitleBack);
+        painter->fillRect(QRect(rect.right(), rect.top(), 1, rect.height()), TitleLine);
+        painter->fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), TitleLine);
+        painter->setPen(text.isValid() ? text.value<QColor>() : theme::StripText);
+        const QRect room = rect.adjusted(1, 0, -2, -1);
+        painter->drawText(room, Qt::AlignCenter | Qt::TextSingleLine | Qt::TextDontClip,
+                          painter->fontMetrics().elidedText(title, Qt::ElideRight, room.width()));
+    }
+
+    void paintEvent(QPaintEvent* event) override
+    {
+        QHeaderView::paintEvent(event);
+        QRect beyond = viewport()->rect();
+        const int end = length() - offset();
+        if (orientation() == Qt::Horizontal) {
+            beyond.setLeft(std::max(end, 0));
+        } else {
+            beyond.setTop(std::max(end, 0));
+        }
+        if (!beyond.isEmpty())
+            QPainter(viewport()).fillRect(beyond, TitleBack);
+    }
+};
+
+/// Draws the corner between the titles like them.
+class CornerPainter final : public QObject
+{
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() != QEvent::Paint)
+            return false;
+        auto* corner = static_cast<QWidget*>(watched);
+        QPainter painter(corner);
+        painter.fillRect(corner->rect(), TitleLine);
+        painter.fillRect(corner->rect().adjusted(0, 0, -1, -1), TitleBack);
+        return true;
+    }
+};
+
+} // namespace
+
+fpSpread::fpSpread(QWidget* parent) : QTableView(parent), model_(new SpreadModel(this)), gridColor_(theme::Line)
+{
+    setHorizontalHeader(new SpreadHeader(Qt::Horizontal, this));
+    setVerticalHeader(new SpreadHeader(Qt::Vertical, this));
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    setModel(model_);
+    setItemDelegate(new SpreadDelegate(*this));
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setSelectionBehavior(QAbstractItemView::SelectItems);
+    setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed |
+                    QAbstractItemView::DoubleClicked);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setTabKeyNavigation(false);
+    setCornerButtonEnabled(false);
+    if (auto* corner = findChild<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly))
+        corner->installEventFilter(new CornerPainter(this));
+    setShowGrid(false); // the delegate draws the lines: in the grid's own colour
+    setWordWrap(false);
+    setMouseTracking(true);
+    setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
+    SetBackgroundColor(theme::White);
+    ShowFocus();
+    connect(model_, &QAbstractItemModel::rowsInserted, this, &fpSpread::KeepActiveCell);
+    connect(model_, &QAbstractItemModel::columnsInserted, this, &fpSpread::KeepActiveCell);
+    connect(model_, &QAbstractItemModel::modelReset, this, &fpSpread::KeepActiveCell);
+    Reset();
+}
+
+fpSpread::~fpSpread() = default;
+
+int fpSpread::MaxRows() const
+{
+    return model_->MaxRows();
+}
+
+void fpSpread::SetMaxRows(int count)
+{
+    model_->SetMaxRows(count);
+}
+
+int fpSpread::MaxCols() const
+{
+    return model_->MaxCols();
+}
+
+void fpSpread::SetMaxCols(int count)
+{
+    model_->SetMaxCols(count);
+    colWidths_.erase(colWidths_.upper_bound(model_->MaxCols()), colWidths_.end());
+}
+
+void fpSpread::InsertRows(int row, int count)
+{
+    CommitEdit();
+    model_->InsertRows(row, count);
+}
+
+void fpSpread::DeleteRows(int row, int count)
+{
+    CancelEdit();
+    model_->DeleteRows(row, count);
+}
+
+void fpSpread::Reset()
+{
+    CancelEdit();
+    // Emptied first: hidden rows and sizes go with the rows and columns that had them.
+    model_->SetMaxRows(0);
+    model_->SetMaxCols(0);
+    colWidths_.clear();
+    model_->Reset();
+    gridColor_ = theme::Line;
+    rowCursor_ = false;
+    SetBackgroundColor(theme::White);
+    SetHeadersVisible(true, true);
+    SetRowHeight(0, DefaultRowHeight);
+    SetRowHeight(All, DefaultRowHeight);
+    ApplyWidths();
+    setCurrentIndex(model_->index(0, 0));
+}
+
+void fpSpread::SetReDraw(bool on)
+{
+    reDraw_ = on;
+    model_->SetAnnouncing(on);
+    setUpdatesEnabled(on);
+}
+
+QString fpSpread::GetText(int col, int row) const
+{
+    return model_->Text(col, row);
+}
+
+void fpSpread::SetText(int col, int row, const QString& text)
+{
+    model_->SetText(col, row, text);
+}
+
+void fpSpread::SetFormula(int col, int row, const QString& formula)
+{
+    model_->SetFormula(col, row, formula);
+}
+
+void fpSpread::SetDataSource(std::shared_ptr<const CellSource> source)
+{
+    CancelEdit();
+    model_->SetDataSource(std::move(source));
+}
+
+int fpSpread::ActiveRow() const
+{
+    return currentIndex().isValid() ? currentIndex().row() + 1 : 1;
+}
+
+int fpSpread::ActiveCol() const
+{
+    return currentIndex().isValid() ? currentIndex().column() + 1 : 1;
+}
+
+void fpSpread::SetActiveCell(int col, int row)
+{
+    while (HasCell(col, row) && RowHidden(row))
+        ++row;
+    if (!HasCell(col, row) || ColHidden(col))
+        return;
+    CommitEdit();
+    setCurrentIndex(model_->index(row - 1, col - 1));
+}
+
+void fpSpread::SetColWidth(int col, double width)
+{
+    if (col < 0 || col > MaxCols())
+        return;
+    colWidths_[col] = std::max(width, 0.0);
+    ApplyWidths();
+}
+
+double fpSpread::ColWidth(int col) const
+{
+    const auto width = colWidths_.find(col);
+    return width == colWidths_.end() ? DefaultColWidth : width->second;
+}
+
+void fpSpread::SetRowHeight(int row, double points)
+{
+    const int pixels = std::max(PixelsOfPoints(points), 4);
+    if (row == 0) {
+        horizontalHeader()->setFixedHeight(pixels);
+    } else if (row == All) {
+        verticalHeader()->setDefaultSectionSize(pixels);
+    } else if (HasCell(1, row)) {
+        setRowHeight(row - 1, pixels);
+    }
+}
+
+bool fpSpread::RowHidden(int row) const
+{
+    return HasCell(1, row) && isRowHidden(row - 1);
+}
+
+void fpSpread::SetRowHidden(int row, bool hidden)
+{
+    if (!HasCell(1, row))
+        return;
+    if (hidden && row == ActiveRow())
+        CommitEdit();
+    setRowHidden(row - 1, hidden);
+}
+
+bool fpSpread::ColHidden(int col) const
+{
+    return col >= 1 && col <= MaxCols() && isColumnHidden(col - 1);
+}
+
+void fpSpread::SetColHidden(int col, bool hidden)
+{
+    if (col < 1 || col > MaxCols())
+        return;
+    setColumnHidden(col - 1, hidden);
+    KeepActiveCell();
+}
+
+void fpSpread::SetHeadersVisible(bool columns, bool rows)
+{
+    horizontalHeader()->setVisible(columns);
+    verticalHeader()->setVisible(rows);
+}
+
+void fpSpread::SetGridColor(const QColor& color)
+{
+    gridColor_ = color;
+    viewport()->update();
+}
+
+void fpSpread::SetBackgroundColor(const QColor& color)
+{
+    QPalette colors = palette();
+    colors.setColor(QPalette::Base, color);
+    setPalette(colors);
+}
+
+void fpSpread::SetRowCursor(bool on)
+{
+    rowCursor_ = on;
+    viewport()->update();
+}
+
+void fpSpread::SetColType(int col, CellType type)
+{
+    model_->SetType(col, type);
+}
+
+fpSpread::CellType fpSpread::ColType(int col) const
+{
+    return model_->Type(col);
+}
+
+void fpSpread::SetColMaxLength(int col, int characters)
+{
+    model_->SetMaxLength(col, characters);
+}
+
+void fpSpread::SetColAlignment(int col, Qt::Alignment alignment)
+{
+    model_->SetAlignment(col, alignment);
+}
+
+void fpSpread::SetColButton(int col, const QString& caption, const QColor& face, const QColor& text)
+{
+    model_->SetButton(col, caption, face, text);
+}
+
+void fpSpread::SetColNumber(int col, bool number)
+{
+    model_->SetNumber(col, number);
+}
+
+bool fpSpread::ColNumber(int col) const
+{
+    return model_->IsNumber(col);
+}
+
+void fpSpread::SetRangeColors(int col, int row, const QColor& back, const QColor& text)
+{
+    model_->SetColors(col, row, back, text);
+}
+
+void fpSpread::SetPictures(const QList<QIcon>& pictures)
+{
+    model_->SetPictures(pictures);
+}
+
+void fpSpread::SetCellPicture(int col, int row, int pictureIndex)
+{
+    model_->SetCellPicture(col, row, pictureIndex);
+}
+
+int fpSpread::CellPicture(int col, int row) const
+{
+    return model_->CellPicture(col, row);
+}
+
+void fpSpread::CommitEdit()
+{
+    if (QWidget* editor = Editor()) {
+        commitData(editor);
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
+}
+
+void fpSpread::CancelEdit()
+{
+    if (QWidget* editor = Editor())
+        closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
+}
+
+QWidget* fpSpread::Editor() const
+{
+    return state() == EditingState ? indexWidget(currentIndex()) : nullptr;
+}
+
+bool fpSpread::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event)
+{
+    if (!IsOnView(index))
+        return false;
+    const bool open = QTableView::edit(index, trigger, event);
+    if (open && (trigger == EditKeyPressed || trigger == DoubleClicked)) {
+        if (auto* line = qobject_cast<QLineEdit*>(indexWidget(index)))
+            line->end(false); // in place: what stands there is not replaced by the next key
+    }
+    return open;
+}
+
+// A press inside the grid is always used up: it must not reach the window's surface, which would move it.
+void fpSpread::mousePressEvent(QMouseEvent* event)
+{
+    event->accept();
+    if (event->button() != Qt::LeftButton)
+        return;
+    CommitEdit();
+    pressed_ = indexAt(event->position().toPoint());
+    down_ = true;
+    if (pressed_.isValid()) {
+        setCurrentIndex(pressed_);
+        update(pressed_);
+    }
+}
+
+void fpSpread::mouseMoveEvent(QMouseEvent* event)
+{
+    event->accept(); // a held button drags nothing and walks nowhere
+}
+
+void fpSpread::mouseReleaseEvent(QMouseEvent* event)
+{
+    event->accept();
+    if (event->button() != Qt::LeftButton || !down_)
+        return;
+    down_ = false;
+    const QModelIndex released = indexAt(event->position().toPoint());
+    if (pressed_.isValid())
+        update(pressed_);
+    if (released.isValid() && released == pressed_)
+        ClickCell(released);
+}
+
+void fpSpread::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    const QModelIndex index = indexAt(event->position().toPoint());
+    const bool second = event->button() == Qt::LeftButton && index.isValid() && index == pressed_ &&
+                        model_->Type(index.column() + 1) != CellType::Button;
+    if (!second) {
+        mousePressEvent(event);
+        return;
+    }
+    event->accept();
+    const int col = index.column() + 1;
+    const int row = index.row() + 1;
+    if (IsEditable(index))
+        edit(index, DoubleClicked, event);
+    Q_EMIT DblClick(col, row);
+}
+
+void fpSpread::keyPressEvent(QKeyEvent* event)
+{
+    constexpr Qt::KeyboardModifiers Command = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    if (QWidget* editor = Editor(); editor && hasFocus()) {
+        QCoreApplication::sendEvent(editor, event); // the focus has not followed yet
+        return;
+    }
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool character = !event->text().isEmpty() && !(event->modifiers() & Command);
+    event->accept();
+    if (enter) {
+        OwnerTakes('\r'); // and where the owner leaves it, it does nothing
+        return;
+    }
+    if (character && OwnerTakes(event->text().front().unicode()))
+        return;
+    if (event->key() == Qt::Key_Escape) {
+        event->ignore();
+        return;
+    }
+    if (EditingCommand(event))
+        return;
+    if (event->key() == Qt::Key_Space && !IsEditable(currentIndex())) {
+        if (IsOnView(currentIndex()))
+            ClickCell(currentIndex());
+        return;
+    }
+    QTableView::keyPressEvent(event);
+}
+
+void fpSpread::inputMethodEvent(QInputMethodEvent* event)
+{
+    // Only a composition opens an editor by itself: what is committed without one would be lost.
+    const bool committed = !event->commitString().isEmpty() && event->preeditString().isEmpty();
+    if (!committed || Editor() || !IsEditable(currentIndex())) {
+        QTableView::inputMethodEvent(event);
+        return;
+    }
+    edit(currentIndex());
+    if (QWidget* editor = Editor())
+        QCoreApplication::sendEvent(editor, event);
+}
+
+void fpSpread::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QTableView::currentChanged(current, previous);
+    UpdateRow(previous);
+    UpdateRow(current);
+}
+
+void fpSpread::focusInEvent(QFocusEvent* event)
+{
+    QTableView::focusInEvent(event);
+    ShowFocus();
+}
+
+void fpSpread::focusOutEvent(QFocusEvent* event)
+{
+    QTableView::focusOutEvent(event);
+    ShowFocus();
+}
+
+void fpSpread::changeEvent(QEvent* event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        ApplyWidths();
+}
+
+bool fpSpread::HasCell(int col, int row) const
+{
+    return col >= 1 && col <= MaxCols() && row >= 1 && row <= MaxRows();
+}
+
+bool fpSpread::IsOnView(const QModelIndex& index) const
+{
+    return index.isValid() && !isRowHidden(index.row()) && !isColumnHidden(index.column());
+}
+
+bool fpSpread::IsEditable(const QModelIndex& index) const
+{
+    return IsOnView(index) && model_->flags(index).testFlag(Qt::ItemIsEditable);
+}
+
+bool fpSpread::IsButtonDown(const QModelIndex& index) const
+{
+    return down_ && index == pressed_;
+}
+
+/// The keyboard acts on this grid, on its cells or in the editor of one.
+bool fpSpread::HasAttention() const
+{
+    return hasFocus() || state() == EditingState;
+}
+
+bool fpSpread::OwnerTakes(int key)
+{
+    if (!OnKeyPress)
+        return false;
+    RaiseEvent(*this, [&] { OnKeyPress(key); });
+    return key == 0;
+}
+
+/// Delete, cut and paste on the active cell.
+bool fpSpread::EditingCommand(QKeyEvent* event)
+{
+    const QModelIndex cell = currentIndex();
+    const int col = ActiveCol();
+    const int row = ActiveRow();
+    const bool clear = event->matches(QKeySequence::Delete);
+    const bool cut = event->matches(QKeySequence::Cut);
+    const bool paste = event->matches(QKeySequence::Paste);
+    if (!clear && !cut && !paste)
+        return false;
+    if (!IsEditable(cell))
+        return true;
+    if (cut)
+        QApplication::clipboard()->setText(GetText(col, row));
+    const int limit = model_->MaxLength(col);
+    const QString text = paste ? PastedText() : QString();
+    SetText(col, row, limit > 0 ? text.left(limit) : text);
+    return true;
+}
+
+/// Of a pasted text a cell takes what stands before the first line break.
+QString fpSpread::PastedText() const
+{
+    const QString text = QApplication::clipboard()->text();
+    const auto end = std::find_if(text.begin(), text.end(), [](QChar c) { return c == u'\r' || c == u'\n'; });
+    return text.left(end - text.begin());
+}
+
+/// The handlers may do anything, the end of this grid included: nothing may follow the signal.
+void fpSpread::ClickCell(const QModelIndex& index)
+{
+    const int col = index.column() + 1;
+    const int row = index.row() + 1;
+    Q_EMIT Click(col, row);
+}
+
+/// There is an active cell on view whenever there are cells.
+void fpSpread::KeepActiveCell()
+{
+    if (MaxRows() == 0 || MaxCols() == 0)
+        return;
+    const QModelIndex now = currentIndex();
+    int col = now.isValid() ? now.column() : 0;
+    if (now.isValid() && !isColumnHidden(col))
+        return;
+    col = 0;
+    while (col < MaxCols() - 1 && isColumnHidden(col))
+        ++col;
+    selectionModel()->setCurrentIndex(model_->index(now.isValid() ? now.row() : 0, col),
+                                      QItemSelectionModel::ClearAndSelect);
+}
+
+void fpSpread::ApplyWidths()
+{
+    const int unit = UnitWidth();
+    horizontalHeader()->setDefaultSectionSize(qRound(DefaultColWidth * unit));
+    for (const auto& [col, width] : colWidths_) {
+        const int pixels = std::max(qRound(width * unit), 4);
+        if (col == 0) {
+            verticalHeader()->setFixedWidth(pixels);
+        } else if (!isColumnHidden(col - 1)) {
+            setColumnWidth(col - 1, pixels);
+        }
+    }
+    if (!colWidths_.contains(0))
+        verticalHeader()->setFixedWidth(qRound(DefaultColWidth * unit));
+}
+
+void fpSpread::ShowFocus()
+{
+    QPalette colors = palette();
+    colors.setColor(QPalette::WindowText, hasFocus() ? theme::Accent : theme::Line); // the colour of the frame
+    setPalette(colors);
+    viewport()->update();
+}
+
+void fpSpread::UpdateRow(const QModelIndex& index)
+{
+    if (!index.isValid())
+        return;
+    const QRect cell = visualRect(index);
+    viewport()->update(rowCursor_ ? QRect(0, cell.top(), viewport()->width(), cell.height()) : cell);
+}
+
+/// A digit and the air about it, so that a phone number with its hyphens stands in 10.5 units.
+int fpSpread::UnitWidth() const
+{
+    return std::max(8, qRound(fontMetrics().horizontalAdvance(QLatin1Char('0')) * 1.25));
+}
+
+} // namespace tsms

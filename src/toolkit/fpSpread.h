@@ -1,0 +1,173 @@
+#pragma once
+
+#include "toolkit/CellSource.h"
+
+#include <QColor>
+#include <QIcon>
+#include <QList>
+#include <QPersistentModelIndex>
+#include <QTableView>
+
+#include <functional>
+#include <map>
+#include <memory>
+
+namespace tsms {
+
+class SpreadDelegate;
+class SpreadModel;
+
+/// The grid of all pages and dialogs. Cells are told by column and row, both from 1; row 0 holds the column
+/// titles, column 0 the row titles. Whatever names a cell outside the grid is ignored, and reads as empty.
+///
+/// Widths are in units of a little more than a digit of the grid's font, heights in points.
+///
+/// Behaviour: a click or an arrow key makes a cell the active one. Typing (also by an input method) in an edit
+/// cell replaces its text, F2 and a double click edit it in place, Delete clears it, Ctrl+C, Ctrl+X and Ctrl+V
+/// work on it. The space bar in any other cell counts as a click on it. Tab leaves the grid.
+class fpSpread : public QTableView
+{
+    Q_OBJECT
+
+public:
+    enum class CellType { StaticText, Edit, Button, Picture };
+
+    static constexpr int All = -1;          ///< all rows or all columns
+    static constexpr int DefaultRows = 500; ///< after Reset, until the set-up says otherwise
+    static constexpr int DefaultCols = 500;
+
+    explicit fpSpread(QWidget* parent = nullptr);
+    ~fpSpread() override;
+
+    // Size. Rows and columns beyond a smaller size lose their content.
+    int MaxRows() const;
+    void SetMaxRows(int count);
+    int MaxCols() const;
+    void SetMaxCols(int count);
+
+    /// Makes room at `row`, or closes it. MaxRows stays: rows pushed beyond it are lost, and empty ones follow up.
+    void InsertRows(int row, int count);
+    void DeleteRows(int row, int count);
+
+    /// Back to the defaults: no content, no source, no hidden rows or columns, no formats, default sizes, active
+    /// cell (1, 1). Pictures and the state of ReDraw stay.
+    void Reset();
+
+    /// While off, nothing is drawn and cells are filled at no cost for the screen.
+    void SetReDraw(bool on);
+    bool ReDraw() const { return reDraw_; }
+
+    // Content.
+    QString GetText(int col, int row) const;
+    void SetText(int col, int row, const QString& text);
+
+    /// Understands "SUM(<cell>:<cell>)", cells in the manner A1: the sum of the texts that are numbers, formulas
+    /// left out. Any other formula shows nothing. SetText puts the formula away again.
+    void SetFormula(int col, int row, const QString& formula);
+
+    /// Shows the source's rows by position, from row 1 and column 1. Neither size changes. Texts set before in
+    /// its columns are gone; SetText overrides a cell afterwards. Null: none.
+    void SetDataSource(std::shared_ptr<const CellSource> source);
+
+    // The active cell. It is (1, 1) until something else makes another one active.
+    int ActiveRow() const;
+    int ActiveCol() const;
+
+    /// Outside the grid or in a hidden column: stays where it is. In a hidden row: the next one on view below.
+    void SetActiveCell(int col, int row);
+
+    // Sizes and what is on view.
+    void SetColWidth(int col, double width);
+    double ColWidth(int col) const;
+    void SetRowHeight(int row, double points); ///< row 0: the title row; All: all but the title row
+    bool RowHidden(int row) const;
+    void SetRowHidden(int row, bool hidden); ///< a hidden row keeps its content and may stay the active one
+    bool ColHidden(int col) const;
+    void SetColHidden(int col, bool hidden);
+    void SetHeadersVisible(bool columns, bool rows);
+    void SetGridColor(const QColor& color);
+    void SetBackgroundColor(const QColor& color); ///< of the area beyond the cells
+    void SetRowCursor(bool on);                   ///< tints the whole active row, for lists whose buttons act on it
+
+    // Formats of whole columns.
+    void SetColType(int col, CellType type);
+    CellType ColType(int col) const;
+    void SetColMaxLength(int col, int characters); ///< what a person can type or paste; 0: no limit
+    void SetColAlignment(int col, Qt::Alignment alignment);
+
+    /// Makes the column one of buttons, all with the same caption, which is also the text of its cells.
+    void SetColButton(int col, const QString& caption, const QColor& face, const QColor& text);
+
+    /// Digits are shown in groups of three, at the right. The texts of the cells stay as they are.
+    void SetColNumber(int col, bool number);
+    bool ColNumber(int col) const;
+
+    /// Colours of a cell, a column (row All), a row with its title (column All) or everything. A cell's own
+    /// colours go before those of its row, and these before those of its column. Invalid colours mean the default.
+    void SetRangeColors(int col, int row, const QColor& back, const QColor& text);
+
+    // Mark cells. Any cell that holds a picture shows it in place of its text.
+    void SetPictures(const QList<QIcon>& pictures);
+    void SetCellPicture(int col, int row, int pictureIndex); ///< row All: of every row, also of later ones; -1: none
+    int CellPicture(int col, int row) const;                 ///< -1: none
+
+    /// Typing in a cell that is no edit cell does not jump about in the grid.
+    void keyboardSearch(const QString&) override {}
+
+    /// Ends an edit that is under way; the text that stands in the editor goes into the cell.
+    void CommitEdit();
+
+    /// Each key that makes a character, before the grid acts, by its character code; Enter is 13, also while a
+    /// cell is edited (the edit is committed first). Set it to 0 to swallow the key.
+    std::function<void(int& key)> OnKeyPress;
+
+Q_SIGNALS:
+    /// A click, or the space bar, on a cell. The cell is the active one by then. A double click is one Click and
+    /// one DblClick, but two Clicks on a button.
+    void Click(int col, int row);
+    void DblClick(int col, int row);
+
+protected:
+    using QTableView::edit;
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    friend class SpreadDelegate;
+
+    bool HasCell(int col, int row) const;
+    bool IsOnView(const QModelIndex& index) const;
+    bool IsEditable(const QModelIndex& index) const;
+    bool IsButtonDown(const QModelIndex& index) const;
+    bool HasAttention() const;
+    bool OwnerTakes(int key);
+    bool EditingCommand(QKeyEvent* event);
+    void ClickCell(const QModelIndex& index);
+    QString PastedText() const;
+    QWidget* Editor() const;
+    void CancelEdit();
+    void KeepActiveCell();
+    void ApplyWidths();
+    void ShowFocus();
+    void UpdateRow(const QModelIndex& index);
+    int UnitWidth() const;
+
+    SpreadModel* model_;
+    std::map<int, double> colWidths_; // in units, as they were set; column 0 is that of the row titles
+    QPersistentModelIndex pressed_; // the cell of the last press
+    bool down_ = false;             // the button is held since then
+    QColor gridColor_;
+    bool reDraw_ = true;
+    bool rowCursor_ = false;
+};
+
+} // namespace tsms

@@ -1,0 +1,289 @@
+#include "support/program/Program.h"
+#include "toolkit/Controls.h"
+#include "toolkit/MemoBox.h"
+#include "toolkit/TextBox.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+using namespace tsms;
+using namespace tsms::test;
+
+namespace {
+
+class MessageEditor : public ::testing::Test
+{
+protected:
+    void SetUp() override { ASSERT_TRUE(program.Start()); }
+
+    MemoBox& Message() { return program.The<MemoBox>(u"TxtPerSendMsg"_q); }
+    MemoBox& Body() { return program.The<MemoBox>(u"txtEditBox"_q); }
+    TextBox& Subject() { return program.The<TextBox>(u"txtEditSubject"_q); }
+    fpSpread& Symbols() { return program.The<fpSpread>(u"fpSpreadScDoc"_q); }
+    QString Count() { return program.Caption(u"LblPerSendMsg"_q); }
+    QString BodyCount() { return program.Caption(u"LblEditLength"_q); }
+    void OpenTemplatePage() { program.Click(u"BtnToolbarDis(3)"_q); }
+
+    Program program;
+};
+
+TEST_F(MessageEditor, StartsWithZeroBesideEighty)
+{
+    EXPECT_EQ(Count(), u"0 /"_q);
+    EXPECT_EQ(program.Caption(u"LblPerSendCnt"_q), u"80"_q);
+    EXPECT_EQ(BodyCount(), u"0 /"_q);
+    EXPECT_EQ(program.Caption(u"Label13"_q), u"80"_q);
+}
+
+TEST_F(MessageEditor, BlanksAloneCountZero)
+{
+    program.Write(u"   "_q);
+    EXPECT_EQ(Count(), u"0 /"_q);
+    EXPECT_EQ(program.The<Label>(u"LblPerSendMsg"_q).Tag, u"0"_q);
+}
+
+TEST_F(MessageEditor, TwoSyllablesABlankAndALetterCountSix)
+{
+    program.Write(u"가나 a"_q);
+    EXPECT_EQ(Count(), u"6 /"_q);
+    EXPECT_EQ(program.The<Label>(u"LblPerSendMsg"_q).Tag, u"6"_q);
+}
+
+TEST_F(MessageEditor, ALineBreakCountsOne)
+{
+    program.Write(u"\n"_q);
+    EXPECT_EQ(Count(), u"1 /"_q);
+    Message().SetText(QString());
+    program.Write(u"a\nb"_q);
+    EXPECT_EQ(Message().Text(), u"a\r\nb"_q);
+    EXPECT_EQ(Count(), u"3 /"_q);
+}
+
+TEST_F(MessageEditor, ATextThatComesWithoutAKeyLeavesTheCountStaleUntilTheNextKey)
+{
+    program.Write(u"abc"_q);
+    Message().SetText(u"가나다라"_q);
+    EXPECT_EQ(Count(), u"3 /"_q);
+    PressKey(Message(), Qt::Key_Shift);
+    EXPECT_EQ(Count(), u"8 /"_q);
+}
+
+TEST_F(MessageEditor, TheCounterIsRightWhileBusy)
+{
+    program.session.Busy = Boolean::True;
+    program.Write(u"ab"_q);
+    EXPECT_EQ(Count(), u"2 /"_q);
+    program.session.Busy = Boolean::False;
+}
+
+TEST_F(MessageEditor, EightyBytesGoInAndNoMore)
+{
+    program.Write(QString(u"가"_q).repeated(39) + u"ab"_q);
+    EXPECT_EQ(Count(), u"80 /"_q);
+    program.Write(u"c"_q);
+    EXPECT_EQ(Count(), u"80 /"_q);
+    EXPECT_TRUE(Message().Text().endsWith(u"ab"_q));
+}
+
+TEST_F(MessageEditor, ATextSetByProgramIsCutAtItsEnd)
+{
+    Message().SetText(QString(u"가"_q).repeated(100));
+    EXPECT_EQ(Message().Text(), QString(u"가"_q).repeated(40));
+}
+
+TEST_F(MessageEditor, AHundredThousandPastedCharactersAreCutToWhatFits)
+{
+    program.Write(u"xy"_q);
+    Message().SetSelStart(1);
+    PasteText(Message(), QString(u"나"_q).repeated(100000));
+    EXPECT_EQ(Message().Text(), u"x"_q + QString(u"나"_q).repeated(39) + u"y"_q);
+    EXPECT_EQ(Message().SelStart(), 40);
+}
+
+TEST_F(MessageEditor, WhatAnInputMethodCommitsIsLimitedToo)
+{
+    program.Write(QString(u"a"_q).repeated(79));
+    CommitText(Message(), u"가"_q);
+    EXPECT_EQ(Message().Text().size(), 79);
+}
+
+TEST_F(MessageEditor, TheTitleTakesFortyBytesAndEnterChangesNothing)
+{
+    OpenTemplatePage();
+    Subject().setFocus();
+    TypeText(Subject(), QString(u"제"_q).repeated(21));
+    EXPECT_EQ(Subject().Text(), QString(u"제"_q).repeated(20));
+    const QString before = Subject().Text();
+    TypeText(Subject(), u"\n"_q);
+    EXPECT_EQ(Subject().Text(), before);
+    EXPECT_TRUE(Subject().hasFocus());
+}
+
+TEST_F(MessageEditor, ABodyOfAHundredSyllablesShowsTwoHundredBesideEighty)
+{
+    OpenTemplatePage();
+    TypeText(Body(), QString(u"가"_q).repeated(100));
+    EXPECT_EQ(Body().Text().size(), 100);
+    EXPECT_EQ(BodyCount(), u"200 /"_q);
+    EXPECT_EQ(program.Caption(u"Label13"_q), u"80"_q);
+}
+
+TEST_F(MessageEditor, TheBodyStopsAtAHundredAndSixtyCharacters)
+{
+    OpenTemplatePage();
+    PasteText(Body(), QString(u"a"_q).repeated(100000));
+    EXPECT_EQ(Body().Text().size(), 160);
+}
+
+TEST_F(MessageEditor, APlaceholderInAnEmptyBodyCountsTenAndLeavesTheCaretBehindIt)
+{
+    OpenTemplatePage();
+    program.Click(u"BtnFuncDocEdit(1)"_q);
+    EXPECT_TRUE(program.Control(u"BtnAutoChangeChr(0)"_q).hasFocus());
+    program.Click(u"BtnAutoChangeChr(0)"_q);
+    EXPECT_EQ(Body().Text(), u"[받는사람]"_q);
+    EXPECT_EQ(BodyCount(), u"10 /"_q);
+    EXPECT_EQ(Body().SelStart(), 6);
+    EXPECT_TRUE(Body().hasFocus());
+    EXPECT_TRUE(program.Control(u"PlDocEdit(1)"_q).isVisible());
+    program.Click(u"BtnAutoChangeChr(1)"_q);
+    EXPECT_EQ(Body().Text(), u"[받는사람][보내는사람]"_q);
+    EXPECT_EQ(BodyCount(), u"22 /"_q);
+}
+
+TEST_F(MessageEditor, OfTwoSymbolsTheFirstGoesToTheCaretAndTheSecondToTheEnd)
+{
+    OpenTemplatePage();
+    TypeText(Body(), u"abcd"_q);
+    Body().SetSelStart(2);
+    program.Click(u"BtnFuncDocEdit(0)"_q);
+    ClickCell(Symbols(), 1, 1);
+    EXPECT_EQ(Body().Text(), u"ab☆cd"_q);
+    ClickCell(Symbols(), 2, 1);
+    EXPECT_EQ(Body().Text(), u"ab☆cd☎"_q);
+    EXPECT_EQ(BodyCount(), u"8 /"_q);
+    EXPECT_TRUE(program.Control(u"PlDocEdit(0)"_q).isVisible());
+}
+
+TEST_F(MessageEditor, ASelectionStaysBehindWhatIsInserted)
+{
+    OpenTemplatePage();
+    TypeText(Body(), u"abcde"_q);
+    Body().Select(1, 3);
+    program.Click(u"BtnFuncDocEdit(0)"_q);
+    ClickCell(Symbols(), 1, 1);
+    EXPECT_EQ(Body().Text(), u"a☆bcde"_q);
+}
+
+TEST_F(MessageEditor, ALineBreakBeforeTheCaretCountsTwoPlaces)
+{
+    OpenTemplatePage();
+    TypeText(Body(), u"a\nb"_q);
+    Body().SetSelStart(3);
+    program.Click(u"BtnFuncDocEdit(0)"_q);
+    ClickCell(Symbols(), 1, 1);
+    EXPECT_EQ(Body().Text(), u"a\r\n☆b"_q);
+}
+
+TEST_F(MessageEditor, TheGridShowsTheSameSymbolInTwoCells)
+{
+    OpenTemplatePage();
+    EXPECT_EQ(Symbols().GetText(2, 1), u"☎"_q);
+    EXPECT_EQ(Symbols().GetText(1, 2), u"☎"_q);
+    EXPECT_EQ(Symbols().MaxCols(), 8);
+    EXPECT_EQ(Symbols().MaxRows(), 6);
+}
+
+TEST_F(MessageEditor, EnterInTheGridInsertsTheActiveSymbolAndClosesThePopup)
+{
+    OpenTemplatePage();
+    program.Click(u"BtnFuncDocEdit(0)"_q);
+    EXPECT_TRUE(Symbols().hasFocus());
+    PressKey(Symbols(), Qt::Key_Right);
+    PressKey(Symbols(), Qt::Key_Return);
+    EXPECT_EQ(Body().Text(), u"☎"_q);
+    EXPECT_EQ(BodyCount(), u"2 /"_q);
+    EXPECT_FALSE(program.Control(u"PlDocEdit(0)"_q).isVisible());
+}
+
+TEST_F(MessageEditor, OnePopupClosesTheOtherAndStandsAtItsPlace)
+{
+    OpenTemplatePage();
+    program.Click(u"BtnFuncDocEdit(0)"_q);
+    EXPECT_EQ(program.Control(u"PlDocEdit(0)"_q).pos(), QPoint(224, 468));
+    program.Click(u"BtnFuncDocEdit(1)"_q);
+    EXPECT_FALSE(program.Control(u"PlDocEdit(0)"_q).isVisible());
+    EXPECT_EQ(program.Control(u"PlDocEdit(1)"_q).pos(), QPoint(224, 468));
+    program.Click(u"BtnDocEdit(1)"_q);
+    EXPECT_FALSE(program.Control(u"PlDocEdit(1)"_q).isVisible());
+}
+
+TEST_F(MessageEditor, AnOpenPopupStaysAcrossPages)
+{
+    OpenTemplatePage();
+    program.Click(u"BtnFuncDocEdit(0)"_q);
+    program.Click(u"BtnToolbarDis(0)"_q);
+    EXPECT_TRUE(program.Control(u"PlDocEdit(0)"_q).isVisible());
+}
+
+TEST_F(MessageEditor, WhileBusyPopupsAndInsertionsAreDead)
+{
+    OpenTemplatePage();
+    program.Click(u"BtnFuncDocEdit(0)"_q);
+    program.session.Busy = Boolean::True;
+    ClickCell(Symbols(), 1, 1);
+    EXPECT_EQ(Body().Text(), QString());
+    program.Click(u"BtnDocEdit(0)"_q);
+    EXPECT_TRUE(program.Control(u"PlDocEdit(0)"_q).isVisible());
+    program.Click(u"BtnFuncDocEdit(1)"_q);
+    EXPECT_FALSE(program.Control(u"PlDocEdit(1)"_q).isVisible());
+    program.session.Busy = Boolean::False;
+}
+
+TEST_F(MessageEditor, RewriteEmptiesTheEditorAndItsKeys)
+{
+    OpenTemplatePage();
+    TypeText(Body(), u"abc"_q);
+    Body().Tag = u"12"_q;
+    Subject().SetText(u"제목"_q);
+    program.Click(u"BtnFuncDocEdit(2)"_q);
+    EXPECT_EQ(Body().Text() + Subject().Text() + Body().Tag, QString());
+    EXPECT_EQ(BodyCount(), u"0 /"_q);
+    EXPECT_TRUE(Body().hasFocus());
+}
+
+TEST_F(MessageEditor, TextAndCountSurviveAChangeOfPage)
+{
+    program.Write(u"안녕"_q);
+    OpenTemplatePage();
+    program.Click(u"BtnToolbarDis(0)"_q);
+    EXPECT_EQ(Message().Text(), u"안녕"_q);
+    EXPECT_EQ(Count(), u"4 /"_q);
+}
+
+TEST_F(MessageEditor, TheFixedLabelsStandToTheLetter)
+{
+    const QStringList compose{u"총 80 Bytes 단문 문자메세지 전송창입니다. "_q,
+                              u"한글은 2Bytes, 영문,숫자 1 Bytes로 책정이 됩니다."_q,
+                              u"수신전화번호 입력시 '-' 를 입력하셔도 무방합니다."_q,
+                              u"문구자동변환 : [받는사람]은 수신성명으로 자동변환 되어 발송됩니다."_q,
+                              u"문자충전후 반드시 요금현황에서 충전내역을 등록하여 주십시오."_q};
+    const QStringList templates{
+        u"문구자동변환 : [받는사람]은 수신성명으로 자동변환 되어 발송됩니다."_q,
+        u"문구자동변환 : [보내는사람]은 환경설정에 지정된 회신명칭으로 자동변환 되어 발송됩니다."_q,
+        u"문구자동변환을 하실때는 문자서식에 반드시 \"[\",\"]\" 표기를 하시고 \"받는사람\",\"보내는사람\"을 기재"_q,
+        u"한글은 2Bytes, 영문,숫자 1 Bytes로 책정이 됩니다. (총 80 Bytes 단문 문자메세지 입니다. )"_q,
+        u"자주 사용하시는 문자메시지 문구를 저장하여 사용하시면 됩니다."_q};
+    for (int i = 0; i < 5; ++i) {
+        EXPECT_EQ(program.Caption(u"Label3(%1)"_q.arg(i)), compose[i]);
+        EXPECT_EQ(program.Caption(u"Label5(%1)"_q.arg(i)), templates[i]);
+    }
+    EXPECT_EQ(program.Caption(u"Label2(0)"_q), u"문자메시지 전송창"_q);
+    EXPECT_EQ(program.Caption(u"Label2(4)"_q), u"문자메시지 서식편집"_q);
+    EXPECT_EQ(program.Caption(u"Label1"_q), u"보내는사람"_q);
+    EXPECT_EQ(program.Caption(u"Label11"_q), u"제목"_q);
+    EXPECT_EQ(program.Caption(u"Label10"_q), u"분류"_q);
+}
+
+} // namespace

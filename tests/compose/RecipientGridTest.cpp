@@ -1,0 +1,195 @@
+#include "support/program/Program.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+
+using namespace tsms;
+using namespace tsms::test;
+
+namespace {
+
+class RecipientGrid : public ::testing::Test
+{
+protected:
+    void SetUp() override { ASSERT_TRUE(program.Start()); }
+
+    fpSpread& Grid() { return program.Recipients(); }
+    void Remove(int row) { ClickCell(Grid(), 4, row); }
+    QStringList VisibleNumbers()
+    {
+        QStringList numbers;
+        for (int row = 1; row <= Grid().MaxRows(); ++row)
+            if (!Grid().RowHidden(row))
+                numbers += Grid().GetText(1, row);
+        return numbers;
+    }
+
+    Program program;
+};
+
+TEST_F(RecipientGrid, StartsWithTwentyNumberedEmptyRows)
+{
+    EXPECT_EQ(Grid().MaxRows(), 20);
+    EXPECT_EQ(Grid().MaxCols(), 5);
+    for (int row = 1; row <= 20; ++row) {
+        EXPECT_EQ(Grid().GetText(1, row), u"%1"_q.arg(row, 2, 10, QChar(u'0')));
+        for (int column : {2, 3, 5})
+            EXPECT_EQ(Grid().GetText(column, row), QString());
+    }
+    EXPECT_TRUE(Grid().ColHidden(5));
+    for (int column = 1; column <= 5; ++column)
+        EXPECT_EQ(Grid().GetText(column, 0), QString());
+}
+
+TEST_F(RecipientGrid, ARemovedRowIsHiddenKeepsItsContentAndTheRestIsNumberedAnew)
+{
+    program.List({{u"가"_q, u"01011111111"_q}, {u"나"_q, u"01022222222"_q}, {u"다"_q, u"01033333333"_q}});
+    Remove(3);
+    EXPECT_TRUE(Grid().RowHidden(3));
+    EXPECT_EQ(Grid().GetText(2, 3), u"다"_q);
+    EXPECT_EQ(Grid().GetText(3, 3), u"01033333333"_q);
+    const QStringList numbers = VisibleNumbers();
+    ASSERT_EQ(numbers.size(), 19);
+    EXPECT_EQ(numbers.first(), u"01"_q);
+    EXPECT_EQ(numbers[2], u"03"_q);
+    EXPECT_EQ(numbers.last(), u"19"_q);
+}
+
+TEST_F(RecipientGrid, NumberingReachesRowsThatWereAddedWithoutANumber)
+{
+    Grid().SetMaxRows(21);
+    EXPECT_EQ(Grid().GetText(1, 21), QString());
+    Remove(1);
+    EXPECT_EQ(Grid().GetText(1, 21), u"20"_q);
+}
+
+TEST_F(RecipientGrid, FromTheHundredthRowOnTheNumbersWrap)
+{
+    Grid().SetMaxRows(105);
+    Remove(1);
+    EXPECT_EQ(Grid().GetText(1, 101), u"00"_q);
+    EXPECT_EQ(Grid().GetText(1, 102), u"01"_q);
+}
+
+TEST_F(RecipientGrid, WhileBusyNothingIsRemovedAndNothingEmptied)
+{
+    program.List({{u"가"_q, u"01011111111"_q}});
+    program.session.Busy = Boolean::True;
+    Remove(1);
+    program.Click(u"BtnFuncMain(2)"_q);
+    EXPECT_FALSE(Grid().RowHidden(1));
+    EXPECT_EQ(Grid().GetText(2, 1), u"가"_q);
+    program.session.Busy = Boolean::False;
+}
+
+TEST_F(RecipientGrid, AClickOnAnotherColumnRemovesNothing)
+{
+    for (int column : {1, 2, 3}) {
+        ClickCell(Grid(), column, 2);
+        EXPECT_FALSE(Grid().RowHidden(2));
+    }
+}
+
+TEST_F(RecipientGrid, EnterWalksFromNameToNumberToTheNextName)
+{
+    ClickCell(Grid(), 1, 1);
+    PressKey(Grid(), Qt::Key_Return);
+    EXPECT_EQ(Grid().ActiveCol(), 2);
+    PressKey(Grid(), Qt::Key_Return);
+    EXPECT_EQ(Grid().ActiveCol(), 3);
+    PressKey(Grid(), Qt::Key_Return);
+    EXPECT_EQ(Grid().ActiveCol(), 2);
+    EXPECT_EQ(Grid().ActiveRow(), 2);
+}
+
+TEST_F(RecipientGrid, EnterWhileACellIsTypedIntoKeepsTheTextAndWalks)
+{
+    ClickCell(Grid(), 2, 1);
+    TypeText(Grid(), u"홍길동\n01012345678\n"_q);
+    EXPECT_EQ(Grid().GetText(2, 1), u"홍길동"_q);
+    EXPECT_EQ(Grid().GetText(3, 1), u"01012345678"_q);
+    EXPECT_EQ(Grid().ActiveCol(), 2);
+    EXPECT_EQ(Grid().ActiveRow(), 2);
+}
+
+TEST_F(RecipientGrid, EnterWalksWhileBusyToo)
+{
+    ClickCell(Grid(), 2, 1);
+    program.session.Busy = Boolean::True;
+    PressKey(Grid(), Qt::Key_Return);
+    EXPECT_EQ(Grid().ActiveCol(), 3);
+    program.session.Busy = Boolean::False;
+}
+
+TEST_F(RecipientGrid, EnterInTheLastNumberStaysAndAddsNoRow)
+{
+    ClickCell(Grid(), 3, 20);
+    PressKey(Grid(), Qt::Key_Return);
+    EXPECT_EQ(Grid().ActiveCol(), 3);
+    EXPECT_EQ(Grid().ActiveRow(), 20);
+    EXPECT_EQ(Grid().MaxRows(), 20);
+}
+
+TEST_F(RecipientGrid, EmptyingAfterRemovalsBringsAllTwentyRowsBackWithoutAQuestion)
+{
+    program.List({{u"가"_q, u"01011111111"_q}});
+    Remove(1);
+    Remove(2);
+    program.Click(u"BtnFuncMain(2)"_q);
+    EXPECT_EQ(VisibleNumbers().size(), 20);
+    EXPECT_EQ(Grid().GetText(2, 1), QString());
+    EXPECT_EQ(Grid().GetText(3, 1), QString());
+    EXPECT_TRUE(program.desktop.boxes.isEmpty());
+}
+
+TEST_F(RecipientGrid, ANameStopsAtSixCharactersAndANumberAtThirteen)
+{
+    TypeIntoCell(Grid(), 2, 1, u"가나다라마바사"_q);
+    EXPECT_EQ(Grid().GetText(2, 1), u"가나다라마바"_q);
+    TypeIntoCell(Grid(), 3, 1, u"01234567890123"_q);
+    EXPECT_EQ(Grid().GetText(3, 1), u"0123456789012"_q);
+}
+
+TEST_F(RecipientGrid, AProgramMayWriteLongerTexts)
+{
+    Grid().SetText(2, 1, u"가나다라마바사"_q);
+    EXPECT_EQ(Grid().GetText(2, 1).size(), 7);
+}
+
+TEST_F(RecipientGrid, AHundredThousandPastedCharactersAreCut)
+{
+    ClickCell(Grid(), 3, 1);
+    PasteText(Grid(), QString(u"1"_q).repeated(100000));
+    Grid().CommitEdit();
+    EXPECT_EQ(Grid().GetText(3, 1), QString(u"1"_q).repeated(13));
+}
+
+TEST_F(RecipientGrid, RowsSurviveAChangeOfPage)
+{
+    program.List({{u"가"_q, u"01011111111"_q}});
+    program.Click(u"BtnToolbarDis(1)"_q);
+    program.Click(u"BtnToolbarDis(0)"_q);
+    EXPECT_EQ(Grid().GetText(3, 1), u"01011111111"_q);
+}
+
+TEST_F(RecipientGrid, TenThousandRowsAreRenumberedByARemoval)
+{
+    Grid().SetMaxRows(10000);
+    Remove(1);
+    EXPECT_EQ(Grid().GetText(1, 10000), u"99"_q);
+}
+
+TEST_F(RecipientGrid, BeyondSixteenBitsTheNumberingEndsInAnErrorThatTheProgramSurvives)
+{
+    Grid().SetMaxRows(32768);
+    program.desktop.AllowBoxes();
+    Remove(1);
+    ASSERT_EQ(program.desktop.boxes.size(), 1);
+    EXPECT_EQ(program.desktop.boxes[0].style, MsgBoxCritical);
+    EXPECT_TRUE(program.desktop.boxes[0].text.contains(u"6"_q));
+    EXPECT_TRUE(Grid().RowHidden(1));
+}
+
+} // namespace

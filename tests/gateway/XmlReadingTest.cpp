@@ -1,0 +1,125 @@
+#include "gateway/XmlReading.h"
+
+#include "runtime/CodePage949.h"
+#include "support/Words.h"
+
+#include <gtest/gtest.h>
+
+namespace tsms::test {
+
+namespace {
+
+bool Parses(const QByteArray& bytes)
+{
+    pugi::xml_document document;
+    return ParseXml(bytes, {}, document);
+}
+
+/// The text of the root element, or "(no XML)".
+QString RootText(const QByteArray& bytes, const QByteArray& contentType = {})
+{
+    pugi::xml_document document;
+    if (!ParseXml(bytes, contentType, document))
+        return u"(no XML)"_q;
+    return TextOf(document.document_element());
+}
+
+} // namespace
+
+TEST(EscapeXml, MarkupIsEscaped)
+{
+    EXPECT_EQ(EscapeXml(u"a<b>&\"c\"'"), QByteArray("a&lt;b&gt;&amp;&quot;c&quot;'"));
+}
+
+TEST(EscapeXml, ALineBreakSurvivesAParser)
+{
+    EXPECT_EQ(RootText("<a>" + EscapeXml(u"첫 줄\r\n둘째 줄\n\t끝") + "</a>"), u"첫 줄\r\n둘째 줄\n\t끝"_q);
+}
+
+TEST(EscapeXml, WhatXmlCannotHoldBecomesABlank)
+{
+    const QString text = u"a\u0001b\u0000c\u000Bd\uFFFEe\uFFFFf"_q;
+    EXPECT_EQ(EscapeXml(text), QByteArray("a b c d e f"));
+}
+
+TEST(EscapeXml, ALoneSurrogateBecomesABlankAndAPairStays)
+{
+    const QString text = QString(QChar(0xD83D)) + u"a"_q + QString(QChar(0xDE00)) + u"😀"_q + QChar(0xD83D);
+    EXPECT_EQ(QString::fromUtf8(EscapeXml(text)), u" a 😀 "_q);
+}
+
+TEST(ParseXml, ADeclaredKoreanEncodingIsHonoured)
+{
+    for (const char* name : {"EUC-KR", "euc-kr", "CP949", "ks_c_5601-1987", "ms949"}) {
+        const QByteArray head = QByteArray("<?xml version='1.0' encoding='") + name + "'?>";
+        EXPECT_EQ(RootText(head + "<a>" + ToCodePage949(u"가나다 뷁") + "</a>"), u"가나다 뷁"_q) << name;
+    }
+}
+
+TEST(ParseXml, TheCharsetOfTheContentTypeServesWhereNothingIsDeclared)
+{
+    const QByteArray bytes = "<a>" + ToCodePage949(u"가나다") + "</a>";
+    EXPECT_EQ(RootText(bytes, "text/xml; charset=EUC-KR"), u"가나다"_q);
+}
+
+TEST(ParseXml, TheDeclarationPrecedesTheContentType)
+{
+    EXPECT_EQ(RootText("<?xml version=\"1.0\" encoding=\"UTF-8\"?><a>가</a>", "text/xml; charset=euc-kr"),
+              u"가"_q);
+}
+
+TEST(ParseXml, Utf8IsTheDefault)
+{
+    EXPECT_EQ(RootText("<a>가나다</a>"), u"가나다"_q);
+    EXPECT_EQ(RootText("\xEF\xBB\xBF<a>가나다</a>"), u"가나다"_q);
+}
+
+TEST(ParseXml, Utf16IsRead)
+{
+    const QString text = u"\uFEFF<?xml version=\"1.0\" encoding=\"UTF-16\"?><a>가나다</a>"_q;
+    EXPECT_EQ(RootText(QByteArray(reinterpret_cast<const char*>(text.utf16()), text.size() * 2)), u"가나다"_q);
+}
+
+TEST(ParseXml, PlainTextIsNoXml)
+{
+    EXPECT_FALSE(Parses("return_value:true"));
+    EXPECT_FALSE(Parses(""));
+    EXPECT_FALSE(Parses("<a><b></a>"));
+    EXPECT_FALSE(Parses("<a>"));
+}
+
+TEST(ParseXml, ADocumentTypeIsRefused)
+{
+    EXPECT_FALSE(Parses("<!DOCTYPE a [<!ENTITY x SYSTEM \"file:///etc/passwd\">]><a>&x;</a>"));
+    EXPECT_FALSE(Parses("<!DOCTYPE a SYSTEM \"http://127.0.0.1:1/a.dtd\"><a/>"));
+}
+
+TEST(ParseXml, AnUnknownEntityIsNotReplaced)
+{
+    EXPECT_EQ(RootText("<a>&x;</a>"), u"&x;"_q);
+}
+
+TEST(TextOf, JoinsTextAndCharacterData)
+{
+    EXPECT_EQ(RootText("<a>x &amp; <![CDATA[<y>]]> <!-- no --> z</a>"), u"x & <y>  z"_q);
+}
+
+TEST(NameOf, APrefixMeansWhatIsNearest)
+{
+    pugi::xml_document document;
+    ASSERT_TRUE(ParseXml("<p:a xmlns:p='one' xmlns='two'><b><p:c xmlns:p='three'/></b></p:a>", {}, document));
+    const pugi::xml_node a = document.document_element();
+    const pugi::xml_node b = FirstElement(a);
+    EXPECT_EQ(NameOf(a), (QualifiedName{u"one"_q, u"a"_q}));
+    EXPECT_EQ(NameOf(b), (QualifiedName{u"two"_q, u"b"_q}));
+    EXPECT_EQ(NameOf(FirstElement(b)), (QualifiedName{u"three"_q, u"c"_q}));
+}
+
+TEST(NameOf, AnUnboundPrefixHasNoNamespace)
+{
+    pugi::xml_document document;
+    ASSERT_TRUE(ParseXml("<p:a/>", {}, document));
+    EXPECT_EQ(NameOf(document.document_element()), (QualifiedName{QString(), u"a"_q}));
+}
+
+} // namespace tsms::test

@@ -1,0 +1,117 @@
+#include "store/Recordset.h"
+
+#include "runtime/RuntimeError.h"
+#include "store/DatabaseError.h"
+#include "support/Words.h"
+
+#include <gtest/gtest.h>
+
+namespace tsms::test {
+
+namespace {
+
+Recordset TwoPeople()
+{
+    Recordset records({u"GSubCd"_q, u"GSubNm"_q});
+    records.AddInteger(7);
+    records.AddText("김민준", 9);
+    records.AddInteger(8);
+    records.AddNull();
+    return records;
+}
+
+long NumberOf(const std::function<void()>& body)
+{
+    try {
+        body();
+    } catch (const RuntimeError& error) {
+        return error.Number;
+    }
+    return NoError;
+}
+
+} // namespace
+
+TEST(Recordset, CountsItsRecordsExactly)
+{
+    EXPECT_EQ(TwoPeople().RecordCount(), 2);
+    EXPECT_EQ(Recordset({u"a"_q}).RecordCount(), 0);
+}
+
+TEST(Recordset, ReadsByPosition)
+{
+    const Recordset records = TwoPeople();
+    EXPECT_EQ(records.Text(0, 0), u"7"_q);
+    EXPECT_EQ(records.Text(0, 1), u"김민준"_q);
+    EXPECT_EQ(records.Text(1, 0), u"8"_q);
+}
+
+TEST(Recordset, ReadsFieldsByNameWithoutRegardToCase)
+{
+    EXPECT_EQ(TwoPeople().Field(u"gsubnm"), u"김민준"_q);
+}
+
+TEST(Recordset, ANullReadsAsEmptyText)
+{
+    const Recordset records = TwoPeople();
+    EXPECT_TRUE(records.IsNull(1, 1));
+    EXPECT_FALSE(records.IsNull(0, 1));
+    EXPECT_EQ(records.Text(1, 1), QString());
+}
+
+TEST(Recordset, TheCursorWalksToTheEndAndBack)
+{
+    Recordset records = TwoPeople();
+    EXPECT_EQ(records.Field(u"GSubCd"), u"7"_q);
+    records.MoveNext();
+    EXPECT_EQ(records.Field(u"GSubCd"), u"8"_q);
+    EXPECT_FALSE(records.Eof());
+    records.MoveNext();
+    EXPECT_TRUE(records.Eof());
+    records.MoveNext();
+    records.MoveFirst();
+    EXPECT_EQ(records.Field(0), u"7"_q);
+}
+
+TEST(Recordset, AnUnknownFieldRaises)
+{
+    EXPECT_EQ(NumberOf([] { TwoPeople().Field(u"GroupNm"); }), ItemNotFound);
+}
+
+TEST(Recordset, AFieldBehindTheEndRaises)
+{
+    Recordset records = TwoPeople();
+    records.MoveNext();
+    records.MoveNext();
+    EXPECT_EQ(NumberOf([&records] { records.Field(u"GSubCd"); }), NoCurrentRecord);
+    EXPECT_EQ(NumberOf([] { Recordset({u"a"_q}).Field(u"a"); }), NoCurrentRecord);
+}
+
+TEST(Recordset, AColumnTakesTheWidestTypeOfItsValues)
+{
+    Recordset records({u"x"_q});
+    records.AddNull();
+    records.AddInteger(12);
+    records.AddReal(1.5);
+    records.AddText("가", 3);
+    records.AddInteger(-3);
+    records.AddReal(0.25);
+    records.AddNull();
+    const QStringList expected{QString(), u"12"_q, u"1.5"_q, u"가"_q, u"-3"_q, u"0.25"_q, QString()};
+    ASSERT_EQ(records.RecordCount(), expected.size());
+    for (int row = 0; row < records.RecordCount(); ++row)
+        EXPECT_EQ(records.Text(row, 0), expected[row]);
+    EXPECT_TRUE(records.IsNull(0, 0));
+    EXPECT_TRUE(records.IsNull(6, 0));
+}
+
+TEST(Recordset, NumbersComeInPlainDigits)
+{
+    Recordset records({u"a"_q, u"b"_q});
+    records.AddInteger(2147483648);
+    records.AddReal(20.0);
+    EXPECT_EQ(records.Text(0, 0), u"2147483648"_q);
+    EXPECT_EQ(records.Text(0, 1), u"20"_q);
+}
+
+} // namespace tsms::test

@@ -1,0 +1,98 @@
+#include "support/database/TestDatabase.h"
+
+#include "session/Session.h"
+#include "store/EmbeddedConnection.h"
+#include "store/EmbeddedTables.h"
+
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+namespace tsms::test {
+
+TestDatabase::TestDatabase(const Clock& clock, YearRange years) : clock_(clock)
+{
+    CreateEmbeddedDatabase(Path(), years, clock_);
+}
+
+TestDatabase::~TestDatabase()
+{
+    sqlite3_close(handle_);
+}
+
+QString TestDatabase::Path() const
+{
+    return folder_.filePath(QStringLiteral("문자메시지.db"));
+}
+
+QString TestDatabase::Folder() const
+{
+    return folder_.path();
+}
+
+void TestDatabase::Describe(Session& session) const
+{
+    session.DBCatalog = Path();
+    session.DBServer = QStringLiteral("(embedded)");
+    session.DBPort = QStringLiteral("1433");
+    session.DBUser = QStringLiteral("sms");
+    session.DBPassword = QStringLiteral("secret");
+}
+
+void TestDatabase::SetAccount(int balance)
+{
+    Execute(QStringLiteral("UPDATE SMSSetup SET SMSID='demo', SMSPWD='demo', SMSDNS='sms.example.kr', "
+                           "SMSTelNo='02-1234-5678', SMSOrgNm='한빛교회', SMSRemainCnt=%1, "
+                           "SMSWeb1='http://127.0.0.1:8790/join', SMSWeb2='http://127.0.0.1:8790/charge'")
+                .arg(balance));
+}
+
+void TestDatabase::Execute(const QString& sql)
+{
+    char* words = nullptr;
+    if (sqlite3_exec(Handle(), sql.toUtf8().constData(), nullptr, nullptr, &words) != SQLITE_OK)
+        ADD_FAILURE() << words << " in " << sql.toStdString();
+    sqlite3_free(words);
+}
+
+QList<QStringList> TestDatabase::Rows(const QString& sql)
+{
+    QList<QStringList> rows;
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(Handle(), sql.toUtf8().constData(), -1, &statement, nullptr) != SQLITE_OK)
+        ADD_FAILURE() << sqlite3_errmsg(Handle()) << " in " << sql.toStdString();
+    while (sqlite3_step(statement) == SQLITE_ROW) {
+        QStringList row;
+        for (int column = 0; column < sqlite3_column_count(statement); ++column) {
+            const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+            row += text ? QString::fromUtf8(text) : QStringLiteral("(null)");
+        }
+        rows += row;
+    }
+    sqlite3_finalize(statement);
+    return rows;
+}
+
+QString TestDatabase::Value(const QString& sql)
+{
+    const QList<QStringList> rows = Rows(sql);
+    return rows.isEmpty() ? QStringLiteral("(no row)") : rows.first().first();
+}
+
+int TestDatabase::Count(const QString& table)
+{
+    return Value(QStringLiteral("SELECT COUNT(*) FROM ") + table).toInt();
+}
+
+// Opened at its first use, so that a test which wants the file to itself has it.
+sqlite3* TestDatabase::Handle()
+{
+    if (handle_)
+        return handle_;
+    if (sqlite3_open_v2(Path().toUtf8().constData(), &handle_, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK)
+        ADD_FAILURE() << sqlite3_errmsg(handle_);
+    sqlite3_busy_timeout(handle_, 5000);
+    PrepareEmbeddedHandle(handle_, clock_);
+    return handle_;
+}
+
+} // namespace tsms::test

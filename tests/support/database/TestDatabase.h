@@ -1,0 +1,92 @@
+#pragma once
+
+#include "store/Connection.h"
+#include "store/Tables.h"
+#include "support/FixedClock.h"
+
+#include <QList>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <functional>
+#include <memory>
+
+struct sqlite3;
+
+namespace tsms {
+struct Session;
+}
+
+namespace tsms::test {
+
+/// A fresh embedded database in a folder of its own, and a second way to its rows that does not pass through
+/// the program: plain SQL of the engine on a handle of its own.
+class TestDatabase
+{
+public:
+    explicit TestDatabase(const Clock& clock, YearRange years = {2010, 2030});
+    ~TestDatabase();
+
+    QString Path() const;   ///< of the database file
+    QString Folder() const; ///< the folder that holds nothing else
+    const Clock& TheClock() const { return clock_; }
+
+    /// Connections as the program makes them.
+    ConnectionMaker Connections() const { return MakeConnections(clock_); }
+
+    /// Sets the session's launch fields so that it reaches this database.
+    void Describe(Session& session) const;
+
+    /// The account row: id, password, domain, sender number, organisation and balance; the pages' addresses.
+    void SetAccount(int balance = 100);
+
+    void Execute(const QString& sql);
+    QList<QStringList> Rows(const QString& sql); ///< a NULL reads as "(null)"
+    QString Value(const QString& sql);           ///< first column of the first row, "(no row)" without one
+    int Count(const QString& table);
+
+private:
+    sqlite3* Handle();
+
+    const Clock& clock_;
+    QTemporaryDir folder_;
+    sqlite3* handle_ = nullptr;
+};
+
+/// Connections that can be told to fail. They wrap a maker and count what passes.
+class FailingConnections
+{
+public:
+    explicit FailingConnections(ConnectionMaker inner);
+
+    /// The maker to hand out. This object outlives what it makes.
+    ConnectionMaker Maker();
+
+    void RefuseOpens(int times);  ///< the next Opens fail as with a dead server; -1: all from now on
+    void FailStatement(int nth, long number, const QString& description); ///< the n-th from now, counted from 1
+    void Cut();                   ///< every statement of the connections open now fails; new ones work
+    void BeforeStatement(std::function<void(const QString&)> look) { look_ = std::move(look); }
+
+    int Opens() const { return opens_; }           ///< tried
+    int Connected() const { return connected_; }   ///< that succeeded
+    int OpenNow() const { return openNow_; }       ///< connections open at this moment
+    const QStringList& Statements() const { return statements_; } ///< that reached a connection, in their order
+
+private:
+    class Wrapped;
+    void Pass(const QString& sql, int generation);
+
+    ConnectionMaker inner_;
+    std::function<void(const QString&)> look_;
+    QStringList statements_;
+    int opens_ = 0;
+    int connected_ = 0;
+    int openNow_ = 0;
+    int refuse_ = 0;
+    int failIn_ = 0;
+    long failNumber_ = 0;
+    QString failWords_;
+    int generation_ = 0;
+};
+
+} // namespace tsms::test

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "runtime/Clock.h"
+
+#include "tsms-gateway/SimulatedGateway.h"
+
+#include <QString>
+
+namespace tsms::test {
+
+/// The simulated gateway in the test's own process, on a free port, with the account demo / demo /
+/// sms.example.kr.
+class TestGateway
+{
+public:
+    explicit TestGateway(ServiceStyle style = ServiceStyle::RpcEncoded);
+    explicit TestGateway(const Clock& clock, ServiceStyle style = ServiceStyle::RpcEncoded);
+
+    QString Url() const { return gateway_.Url(); }
+    QString WsdlUrl() const;
+
+    QList<GatewayMessage> Messages() const { return gateway_.Messages(); } ///< the accepted ones
+    QList<ServiceCall> Calls() const { return gateway_.Calls(); } ///< all that arrived, with their arguments
+    int CallCount() const { return static_cast<int>(Calls().size()); }
+    int RequestCount() const { return gateway_.RequestCount(); } ///< calls and readings of the description
+    int ConnectionCount() const { return gateway_.ConnectionCount(); }
+
+    /// The `call`-th call of this gateway's life goes wrong, or every one for 0.
+    void Fail(FaultKind kind, int call = 0) { gateway_.Script({kind, call, 0}); }
+    void AnswerLate(int milliseconds, int call = 0) { gateway_.Script({FaultKind::Late, call, milliseconds}); }
+    void BehaveAgain() { gateway_.ClearFaults(); }
+
+private:
+    SystemClock systemClock_;
+    SimulatedGateway gateway_;
+};
+
+} // namespace tsms::test

@@ -1,0 +1,115 @@
+#include "support/program/Hands.h"
+
+#include "toolkit/Form.h"
+#include "toolkit/fpSpread.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QElapsedTimer>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QtTest/QTest>
+#include <QTimer>
+
+namespace tsms::test {
+
+namespace {
+
+constexpr int PatienceMs = 5000;
+
+void SendKey(QWidget& field, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers, const QString& text)
+{
+    QKeyEvent event(type, key, modifiers, text);
+    QApplication::sendEvent(&field, &event);
+}
+
+QWidget& Receiver(QWidget& field)
+{
+    QWidget* focused = field.window()->focusWidget();
+    return focused && field.isAncestorOf(focused) ? *focused : field;
+}
+
+} // namespace
+
+void TypeText(QWidget& field, const QString& text)
+{
+    for (const QChar c : text) {
+        if (c == u'\r')
+            continue;
+        const bool enter = c == u'\n';
+        const int key = enter ? Qt::Key_Return : (c.unicode() < 0x80 ? c.toUpper().unicode() : 0);
+        const QString word = enter ? QStringLiteral("\r") : QString(c);
+        QWidget& receiver = Receiver(field);
+        SendKey(receiver, QEvent::KeyPress, key, Qt::NoModifier, word);
+        SendKey(Receiver(field), QEvent::KeyRelease, key, Qt::NoModifier, word);
+    }
+}
+
+void PressKey(QWidget& field, Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QTest::keyClick(&Receiver(field), key, modifiers);
+}
+
+void PasteText(QWidget& field, const QString& text)
+{
+    QApplication::clipboard()->setText(text);
+    QTest::keyClick(&Receiver(field), Qt::Key_V, Qt::ControlModifier);
+}
+
+void CommitText(QWidget& field, const QString& text)
+{
+    QInputMethodEvent preedit(text, {});
+    QApplication::sendEvent(&Receiver(field), &preedit);
+    QInputMethodEvent commit;
+    commit.setCommitString(text);
+    QApplication::sendEvent(&Receiver(field), &commit);
+}
+
+void ClickOn(QWidget& control)
+{
+    ASSERT_TRUE(control.isVisible()) << control.objectName().toStdString() << " is not on view";
+    QTest::mouseClick(&control, Qt::LeftButton);
+}
+
+void ClickCell(fpSpread& grid, int column, int row)
+{
+    const QModelIndex index = grid.model()->index(row - 1, column - 1);
+    grid.scrollTo(index);
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, Qt::NoModifier, grid.visualRect(index).center());
+}
+
+void TypeIntoCell(fpSpread& grid, int column, int row, const QString& text)
+{
+    ClickCell(grid, column, row);
+    TypeText(grid, text);
+    grid.CommitEdit();
+}
+
+void WhenShown(const QString& formName, std::function<void(QWidget& form)> act)
+{
+    auto* timer = new QTimer(qApp);
+    auto waited = std::make_shared<QElapsedTimer>();
+    waited->start();
+    QObject::connect(timer, &QTimer::timeout, timer, [=] {
+        Form* form = Form::Find(formName);
+        if (form && form->isVisible()) {
+            timer->stop();
+            timer->deleteLater();
+            act(*form);
+        } else if (waited->elapsed() > PatienceMs) {
+            timer->stop();
+            timer->deleteLater();
+            ADD_FAILURE() << formName.toStdString() << " was never shown";
+        }
+    });
+    timer->start(5);
+}
+
+void Settle()
+{
+    QApplication::processEvents();
+}
+
+} // namespace tsms::test

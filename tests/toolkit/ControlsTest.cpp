@@ -1,0 +1,445 @@
+#include "toolkit/Controls.h"
+
+#include "runtime/RuntimeError.h"
+#include "toolkit/ComboBox.h"
+#include "toolkit/DatePicker.h"
+#include "toolkit/Naming.h"
+#include "toolkit/Pictures.h"
+#include "toolkit/Theme.h"
+#include "toolkit/Twips.h"
+
+#include "support/Words.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace tsms;
+using namespace tsms::test;
+
+namespace {
+
+long NumberRaisedBy(const std::function<void()>& body)
+{
+    try {
+        body();
+    } catch (const RuntimeError& error) {
+        return error.Number;
+    }
+    return NoError;
+}
+
+QColor ColorAt(QWidget& widget, QPoint place)
+{
+    return widget.grab().toImage().pixelColor(place * widget.devicePixelRatio());
+}
+
+TEST(Naming, AnElementOfAnArrayCarriesItsIndex)
+{
+    EXPECT_EQ(IndexedName(u"BtnFuncMain", 2), u"BtnFuncMain(2)"_q);
+}
+
+TEST(Naming, TheNameIsTheAccessibleNameOnlyWithoutWords)
+{
+    QWidget owner;
+    const auto* grid = Named(new QWidget(&owner), u"fpSpread"_q);
+    EXPECT_EQ(grid->objectName(), u"fpSpread"_q);
+    EXPECT_EQ(grid->accessibleName(), u"fpSpread"_q);
+    const auto* words = Named(new QLabel(u"words"_q, &owner), u"Label1"_q);
+    EXPECT_EQ(words->accessibleName(), QString());
+}
+
+TEST(Twips, AreFifteenToThePixel)
+{
+    EXPECT_EQ(FromTwips(3360), 224);
+    EXPECT_EQ(FromTwips(7020), 468);
+}
+
+TEST(PushButton, IsClickedByMouseSpaceAndEnter)
+{
+    PushButton button(nullptr, u"BtnFunc(0)"_q, u"저장(F12)"_q);
+    int clicks = 0;
+    button.OnClick = [&] { ++clicks; };
+    QTest::mouseClick(&button, Qt::LeftButton);
+    QTest::keyClick(&button, Qt::Key_Space);
+    QTest::keyClick(&button, Qt::Key_Return);
+    EXPECT_EQ(clicks, 3);
+}
+
+TEST(PushButton, ShowsItsCaptionToTheLetter)
+{
+    PushButton button(nullptr, u"Btn"_q, u"A&B"_q);
+    EXPECT_EQ(button.Caption(), u"A&B"_q);
+    EXPECT_EQ(button.accessibleName(), u"A&B"_q);
+    EXPECT_TRUE(button.shortcut().isEmpty());
+    button.SetCaption(u"예약취소"_q);
+    EXPECT_EQ(button.Caption(), u"예약취소"_q);
+    EXPECT_EQ(button.text(), u"예약취소"_q);
+}
+
+TEST(PushButton, IsWideEnoughForItsWords)
+{
+    PushButton button(nullptr, u"Btn"_q, u"아주 긴 이름을 가진 단추입니다 (F12)"_q);
+    EXPECT_GT(button.sizeHint().width(), button.fontMetrics().horizontalAdvance(button.Caption()));
+    EXPECT_GT(button.sizeHint().height(), button.fontMetrics().height());
+}
+
+TEST(PushButton, ShowsPressedDisabledAndFocus)
+{
+    QWidget window;
+    PushButton button(&window, u"Btn"_q, QString());
+    PushButton other(&window, u"Other"_q, QString());
+    button.setGeometry(10, 10, 100, 30);
+    other.setGeometry(10, 50, 100, 30);
+    window.resize(200, 100);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    other.setFocus();
+    const QImage rest = button.grab().toImage();
+    button.setFocus();
+    EXPECT_NE(button.grab().toImage(), rest);
+    other.setFocus();
+    button.setDown(true);
+    EXPECT_NE(button.grab().toImage(), rest);
+    button.setDown(false);
+    EXPECT_EQ(button.grab().toImage(), rest);
+    button.setEnabled(false);
+    EXPECT_NE(button.grab().toImage(), rest);
+}
+
+TEST(PushButton, TakesAFaceColour)
+{
+    PushButton button(nullptr, u"Btn"_q, QString());
+    button.SetFaceColor(theme::Strip);
+    button.resize(80, 30);
+    EXPECT_EQ(ColorAt(button, QPoint(40, 15)), theme::Strip);
+}
+
+TEST(PictureButton, HasNoCaptionAndIsClicked)
+{
+    PictureButton button(nullptr, u"BtnToolbarDis(0)"_q, u"toolbar-compose"_q, u"문자전송"_q,
+                         PictureButton::Look::Idle);
+    int clicks = 0;
+    button.OnClick = [&] { ++clicks; };
+    button.resize(button.sizeHint());
+    QTest::mouseClick(&button, Qt::LeftButton);
+    QTest::keyClick(&button, Qt::Key_Return);
+    EXPECT_EQ(clicks, 2);
+    EXPECT_EQ(button.text(), QString());
+    EXPECT_EQ(button.accessibleName(), u"BtnToolbarDis(0)"_q);
+    EXPECT_EQ(button.accessibleDescription(), u"문자전송"_q);
+}
+
+TEST(PictureButton, OnATitleStripIsNoStopOfTheTabKey)
+{
+    const PictureButton closing(nullptr, u"BtnTopFunc(1)"_q, u"window-close"_q, QString(),
+                                PictureButton::Look::Closing);
+    EXPECT_EQ(closing.focusPolicy(), Qt::NoFocus);
+}
+
+TEST(Label, ShowsALineBreakAndKeepsItsCaption)
+{
+    Label label(nullptr, u"Label1"_q, u"a\r\nb"_q);
+    EXPECT_EQ(label.Caption(), u"a\r\nb"_q);
+    EXPECT_EQ(label.text(), u"a\nb"_q);
+    label.SetCaption(u"<b>plain</b>"_q);
+    EXPECT_EQ(label.textFormat(), Qt::PlainText);
+}
+
+TEST(Label, TakesItsNameOnlyWhileItHasNoWords)
+{
+    Label label(nullptr, u"LblSendSMS(1)"_q);
+    EXPECT_EQ(label.accessibleName(), u"LblSendSMS(1)"_q);
+    label.SetCaption(u"3"_q);
+    EXPECT_EQ(label.accessibleName(), u"3"_q);
+    label.SetCaption(QString());
+    EXPECT_EQ(label.accessibleName(), u"LblSendSMS(1)"_q);
+}
+
+TEST(Label, RefreshPaintsAtOnce)
+{
+    class Counting : public Label
+    {
+    public:
+        using Label::Label;
+        int paints = 0;
+
+    protected:
+        void paintEvent(QPaintEvent* event) override
+        {
+            ++paints;
+            Label::paintEvent(event);
+        }
+    };
+    Counting label(nullptr, u"lblStatus"_q, u"0"_q);
+    label.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&label));
+    const int before = label.paints;
+    label.SetCaption(u"1"_q);
+    label.Refresh();
+    EXPECT_GT(label.paints, before);
+}
+
+TEST(Panel, IsClickedOnlyWithAListener)
+{
+    QWidget window;
+    Panel panel(&window, u"PicTmpContent(0)"_q);
+    panel.resize(50, 50);
+    QTest::mouseClick(&panel, Qt::LeftButton); // nobody listens: nothing happens
+    int clicks = 0;
+    panel.OnClick = [&] { ++clicks; };
+    QTest::mouseClick(&panel, Qt::LeftButton);
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST(PopupPanel, OpensBeforeAllElseAtItsPlace)
+{
+    QWidget window;
+    window.resize(300, 200);
+    PopupPanel popup(&window, u"PlDocEdit(0)"_q);
+    popup.setMinimumSize(50, 40);
+    QWidget later(&window);
+    window.show();
+    EXPECT_FALSE(popup.isVisible());
+    popup.Open(QPoint(20, 30));
+    EXPECT_TRUE(popup.isVisible());
+    EXPECT_EQ(popup.pos(), QPoint(20, 30));
+    EXPECT_EQ(window.children().last(), &popup);
+    popup.Open(QPoint(290, 190));
+    EXPECT_TRUE(window.rect().contains(popup.geometry()));
+}
+
+struct ProgressRow
+{
+    int max;
+    int value;
+    double share;
+};
+
+class ProgressTable : public testing::TestWithParam<ProgressRow>
+{};
+
+TEST_P(ProgressTable, TheBarIsFilledByItsShare)
+{
+    ProgressBar bar(nullptr, u"PB"_q);
+    bar.SetMax(GetParam().max);
+    bar.SetValue(GetParam().value);
+    EXPECT_EQ(bar.Max(), GetParam().max);
+    EXPECT_EQ(bar.Value(), GetParam().value);
+    bar.resize(200, 14);
+    const QImage image = bar.grab().toImage();
+    int filled = 0;
+    for (int x = 0; x < 200; ++x)
+        if (image.pixelColor(QPoint(x, 7) * bar.devicePixelRatio()) == theme::Accent)
+            ++filled;
+    EXPECT_NEAR(filled, GetParam().share * 196, 4);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, ProgressTable,
+                         testing::Values(ProgressRow{100, 0, 0}, ProgressRow{100, 50, 0.5},
+                                         ProgressRow{4, 4, 1}, ProgressRow{4, 20, 1}, // past its maximum
+                                         ProgressRow{0, 0, 0}, ProgressRow{0, 3, 1},  // nothing to do at all
+                                         ProgressRow{10, -1, 0}));
+
+TEST(CheckBox, TellsEachChangeAlsoOneByTheProgram)
+{
+    CheckBox box(nullptr, u"ChkTime"_q, u"예약발송"_q);
+    int clicks = 0;
+    box.OnClick = [&] { ++clicks; };
+    QTest::keyClick(&box, Qt::Key_Space);
+    EXPECT_TRUE(box.Value());
+    box.SetValue(false);
+    box.SetValue(false);
+    EXPECT_EQ(clicks, 2);
+}
+
+TEST(RadioButton, TellsWhenItIsChosen)
+{
+    QWidget window;
+    RadioButton first(&window, u"OptSendStatus(0)"_q, u"전체"_q);
+    RadioButton second(&window, u"OptSendStatus(1)"_q, u"성공"_q);
+    QStringList told;
+    first.OnClick = [&] { told += first.objectName(); };
+    second.OnClick = [&] { told += second.objectName(); };
+    first.SetValue(true);
+    second.click();
+    EXPECT_EQ(told, (QStringList{u"OptSendStatus(0)"_q, u"OptSendStatus(1)"_q}));
+    EXPECT_FALSE(first.Value());
+}
+
+class ComboBoxTest : public testing::Test
+{
+protected:
+    void Fill()
+    {
+        combo.AddItem(u"a"_q, 10);
+        combo.AddItem(u"b"_q, 20);
+        combo.AddItem(u"c"_q, 30);
+    }
+
+    ComboBox combo{nullptr, u"CbGroup"_q};
+};
+
+TEST_F(ComboBoxTest, ANewListHasNothingSelected)
+{
+    Fill();
+    EXPECT_EQ(combo.ListIndex(), -1);
+    EXPECT_EQ(combo.Text(), QString());
+    EXPECT_EQ(combo.ListCount(), 3);
+}
+
+TEST_F(ComboBoxTest, AnIndexPastTheEndTakesTheLastEntry)
+{
+    Fill();
+    combo.SetListIndex(16);
+    EXPECT_EQ(combo.ListIndex(), 2);
+    EXPECT_EQ(combo.Text(), u"c"_q);
+}
+
+TEST_F(ComboBoxTest, MinusOneSelectsNothing)
+{
+    Fill();
+    combo.SetListIndex(1);
+    combo.SetListIndex(-1);
+    EXPECT_EQ(combo.ListIndex(), -1);
+}
+
+TEST_F(ComboBoxTest, OnAnEmptyListNothingIsSelected)
+{
+    combo.SetListIndex(0);
+    EXPECT_EQ(combo.ListIndex(), -1);
+}
+
+TEST_F(ComboBoxTest, ReadingTheDataOfNoEntryRaises381)
+{
+    EXPECT_EQ(NumberRaisedBy([&] { combo.SelectedData(); }), 381);
+    Fill();
+    EXPECT_EQ(NumberRaisedBy([&] { combo.ItemData(-1); }), 381);
+    EXPECT_EQ(NumberRaisedBy([&] { combo.ItemData(3); }), 381);
+    EXPECT_EQ(combo.ItemData(2), 30);
+    combo.SetListIndex(1);
+    EXPECT_EQ(combo.SelectedData(), 20);
+}
+
+TEST_F(ComboBoxTest, AnEntryCanStandBeforeTheOthers)
+{
+    Fill();
+    combo.SetListIndex(1);
+    combo.InsertItem(0, u"first"_q, 1);
+    EXPECT_EQ(combo.List(0), u"first"_q);
+    EXPECT_EQ(combo.Text(), u"b"_q);
+    EXPECT_EQ(NumberRaisedBy([&] { combo.InsertItem(9, u"x"_q); }), 5);
+}
+
+TEST_F(ComboBoxTest, RemovingTheSelectedEntryLeavesNothingSelected)
+{
+    Fill();
+    combo.SetListIndex(1);
+    combo.RemoveItem(1);
+    EXPECT_EQ(combo.ListIndex(), -1);
+    EXPECT_EQ(combo.ListCount(), 2);
+    EXPECT_EQ(NumberRaisedBy([&] { combo.RemoveItem(2); }), 5);
+}
+
+TEST_F(ComboBoxTest, ClearLeavesAnEmptyList)
+{
+    Fill();
+    combo.SetListIndex(1);
+    combo.Clear();
+    EXPECT_EQ(combo.ListCount(), 0);
+    EXPECT_EQ(combo.ListIndex(), -1);
+}
+
+TEST_F(ComboBoxTest, AChoiceByThePersonAndByTheProgramIsToldAsAClick)
+{
+    Fill();
+    int clicks = 0;
+    combo.OnClick = [&] { ++clicks; };
+    combo.SetListIndex(0);
+    EXPECT_EQ(clicks, 1);
+    QTest::keyClick(&combo, Qt::Key_Down);
+    EXPECT_EQ(clicks, 2);
+    EXPECT_EQ(combo.ListIndex(), 1);
+    combo.SetListIndex(1);
+    EXPECT_EQ(clicks, 2);
+    combo.AddItem(u"d"_q);
+    EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(ComboBoxTest, TheWheelOverAListWithoutTheFocusChangesNothing)
+{
+    Fill();
+    combo.SetListIndex(0);
+    combo.show();
+    combo.clearFocus();
+    QWheelEvent wheel(QPointF(5, 5), combo.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, -120), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&combo, &wheel);
+    EXPECT_EQ(combo.ListIndex(), 0);
+}
+
+TEST(DatePicker, IsShownAndReadWithHyphensWhateverTheLocale)
+{
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::Arabic, QLocale::Egypt));
+    DatePicker picker(nullptr, u"DTPSendDt(0)"_q);
+    picker.SetValue(QDate(2012, 5, 3));
+    EXPECT_EQ(picker.Value(), u"2012-05-03"_q);
+    EXPECT_EQ(picker.text(), u"2012-05-03"_q);
+    QLocale::setDefault(before);
+}
+
+TEST(DatePicker, IsDrivenByKeys)
+{
+    DatePicker picker(nullptr, u"DTPSendDt(0)"_q);
+    picker.SetValue(QDate(2012, 5, 31));
+    int changes = 0;
+    picker.OnChange = [&] { ++changes; };
+    picker.show();
+    picker.setSelectedSection(QDateTimeEdit::DaySection);
+    QTest::keyClick(&picker, Qt::Key_Down);
+    EXPECT_EQ(picker.Value(), u"2012-05-30"_q);
+    EXPECT_EQ(changes, 1);
+}
+
+TEST(DatePicker, OpensItsCalendarByKey)
+{
+    DatePicker picker(nullptr, u"DTPSendDt(0)"_q);
+    picker.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&picker));
+    EXPECT_FALSE(picker.IsCalendarOpen());
+    QTest::keyClick(&picker, Qt::Key_F4);
+    EXPECT_TRUE(picker.IsCalendarOpen());
+}
+
+TEST(Pictures, AllExistAndDrawSomething)
+{
+    for (const char* name : {"program", "check-empty", "check-ticked", "check-locked", "window-minimise",
+                             "window-maximise", "window-close", "toolbar-compose", "toolbar-history",
+                             "toolbar-charge", "toolbar-template", "toolbar-settings"}) {
+        QImage image(24, 24, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        const QImage blank = image;
+        QPainter painter(&image);
+        DrawPicture(painter, QRectF(0, 0, 24, 24), QString::fromLatin1(name));
+        painter.end();
+        EXPECT_NE(image, blank) << name;
+    }
+}
+
+TEST(Pictures, AreCrispAtTwiceTheSize)
+{
+    const QIcon icon = CheckPictures().at(CheckTicked);
+    EXPECT_EQ(icon.pixmap(QSize(16, 16), 2.0).size(), QSize(32, 32));
+}
+
+TEST(Pictures, TheMarksAreThreeAndTwo)
+{
+    EXPECT_EQ(CheckPictures().size(), 3);
+    EXPECT_EQ(PlainCheckPictures().size(), 2);
+}
+
+} // namespace

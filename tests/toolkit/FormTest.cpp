@@ -1,0 +1,285 @@
+#include "toolkit/Form.h"
+
+#include "runtime/RuntimeError.h"
+#include "session/Session.h"
+#include "toolkit/Application.h"
+#include "toolkit/Controls.h"
+#include "toolkit/Guarded.h"
+#include "toolkit/TextBox.h"
+
+#include "support/ScriptedDesktop.h"
+#include "support/Words.h"
+
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+using namespace tsms;
+using namespace tsms::test;
+
+namespace {
+
+class TestForm : public Form
+{
+public:
+    TestForm(Session& session, Desktop& desktop, const QString& name = u"frmTest"_q, Kind kind = Kind::Dialog)
+        : Form(session, desktop, name, kind)
+    {
+        resize(300, 200);
+        field = new TextBox(this, u"txtField"_q);
+        field->setGeometry(10, 50, 100, 24);
+    }
+
+    TextBox* field;
+    bool agrees = true;
+    int asked = 0;
+    int activations = 0;
+    QList<int> keys;
+    std::function<bool(int)> onKey;
+
+protected:
+    bool QueryUnload() override
+    {
+        ++asked;
+        return agrees;
+    }
+    bool KeyDown(int key, Qt::KeyboardModifiers) override
+    {
+        keys += key;
+        return onKey && onKey(key);
+    }
+    void Activate() override { ++activations; }
+};
+
+class FormTest : public testing::Test
+{
+protected:
+    void Show(Form& form)
+    {
+        form.show();
+        form.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    }
+
+    Session session;
+    ScriptedDesktop desktop;
+};
+
+TEST_F(FormTest, IsFramelessAndBearsItsName)
+{
+    const TestForm form(session, desktop);
+    EXPECT_TRUE(form.windowFlags().testFlag(Qt::FramelessWindowHint));
+    EXPECT_EQ(form.objectName(), u"frmTest"_q);
+    EXPECT_EQ(form.accessibleName(), u"frmTest"_q);
+}
+
+TEST_F(FormTest, IsLoadedFromItsConstructionToItsUnloading)
+{
+    EXPECT_TRUE(Form::Loaded().isEmpty());
+    {
+        TestForm first(session, desktop, u"first"_q);
+        TestForm second(session, desktop, u"second"_q);
+        EXPECT_EQ(Form::Loaded(), (QList<Form*>{&first, &second}));
+        EXPECT_EQ(Form::Find(u"second"_q), &second);
+        EXPECT_TRUE(first.Unload());
+        EXPECT_FALSE(first.IsLoaded());
+        EXPECT_EQ(Form::Find(u"first"_q), nullptr);
+    }
+    EXPECT_TRUE(Form::Loaded().isEmpty());
+}
+
+TEST_F(FormTest, EveryClosingAsksAndMayBeRefused)
+{
+    TestForm form(session, desktop);
+    Show(form);
+    form.agrees = false;
+    EXPECT_FALSE(form.Unload());
+    EXPECT_FALSE(form.close());
+    EXPECT_EQ(form.asked, 2);
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_TRUE(form.IsLoaded());
+    form.agrees = true;
+    EXPECT_TRUE(form.close());
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_FALSE(form.IsLoaded());
+}
+
+TEST_F(FormTest, AnUnloadedFormIsNotAskedAgain)
+{
+    TestForm form(session, desktop);
+    form.Unload();
+    form.Unload();
+    EXPECT_EQ(form.asked, 1);
+}
+
+TEST_F(FormTest, ShownModallyItHoldsItsCallerUntilItIsUnloaded)
+{
+    TestForm form(session, desktop);
+    bool modal = false;
+    QTimer::singleShot(0, &form, [&] {
+        modal = QApplication::activeModalWidget() == &form;
+        form.Unload();
+    });
+    form.ShowModal();
+    EXPECT_TRUE(modal);
+    EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(FormTest, CodeBehindTheUnloadingStillRunsBeforeTheCallerGoesOn)
+{
+    TestForm form(session, desktop);
+    QStringList order;
+    QTimer::singleShot(0, &form, [&] {
+        form.Unload();
+        order += u"handler"_q;
+    });
+    form.ShowModal();
+    order += u"caller"_q;
+    EXPECT_EQ(order, (QStringList{u"handler"_q, u"caller"_q}));
+}
+
+TEST_F(FormTest, StandsInTheMiddleOfItsOwner)
+{
+    TestForm main(session, desktop, u"main"_q, Form::Kind::Main);
+    main.resize(600, 400);
+    Show(main);
+    TestForm dialog(session, desktop);
+    Show(dialog);
+    EXPECT_LE((dialog.geometry().center() - main.geometry().center()).manhattanLength(), 2);
+}
+
+TEST_F(FormTest, SeesAKeyBeforeTheFocusedControl)
+{
+    TestForm form(session, desktop);
+    Show(form);
+    form.field->setFocus();
+    QString textWhenSeen = u"not seen"_q;
+    form.onKey = [&](int) {
+        textWhenSeen = form.field->Text();
+        return false;
+    };
+    QTest::keyClick(form.field, Qt::Key_A);
+    EXPECT_EQ(textWhenSeen, QString());
+    EXPECT_EQ(form.field->Text(), u"a"_q);
+}
+
+TEST_F(FormTest, AKeyThatItUsesUpDoesNotReachTheControl)
+{
+    TestForm form(session, desktop);
+    Show(form);
+    form.field->setFocus();
+    form.onKey = [](int) { return true; };
+    QTest::keyClick(form.field, Qt::Key_A);
+    EXPECT_EQ(form.field->Text(), QString());
+}
+
+TEST_F(FormTest, AKeyThatNobodyUsesIsSeenOnce)
+{
+    TestForm form(session, desktop);
+    auto* nested = new QWidget(&form);
+    auto* inner = new TextBox(nested, u"inner"_q);
+    Show(form);
+    inner->setFocus();
+    QTest::keyClick(inner, Qt::Key_F5);
+    QTest::keyClick(inner, Qt::Key_F5);
+    QTest::keyClick(&form, Qt::Key_F5);
+    QTest::keyClick(&form, Qt::Key_F5);
+    EXPECT_EQ(form.keys, (QList<int>{Qt::Key_F5, Qt::Key_F5, Qt::Key_F5, Qt::Key_F5}));
+}
+
+TEST_F(FormTest, DoesNotSeeTheKeysOfAnotherForm)
+{
+    TestForm below(session, desktop, u"below"_q, Form::Kind::Main);
+    Show(below);
+    TestForm above(session, desktop);
+    Show(above);
+    above.field->setFocus();
+    QTest::keyClick(above.field, Qt::Key_A);
+    EXPECT_TRUE(below.keys.isEmpty());
+    EXPECT_EQ(above.keys.size(), 1);
+}
+
+TEST_F(FormTest, TellsEachActivation)
+{
+    TestForm form(session, desktop, u"main"_q, Form::Kind::Main);
+    Show(form);
+    EXPECT_EQ(form.activations, 1);
+    {
+        TestForm dialog(session, desktop);
+        Show(dialog);
+        dialog.Unload();
+    }
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    EXPECT_EQ(form.activations, 2);
+}
+
+TEST_F(FormTest, BusyIsTheSessionsAndShowsTheHourglass)
+{
+    TestForm form(session, desktop);
+    form.SetBusy(Boolean::True);
+    EXPECT_EQ(session.Busy, Boolean::True);
+    EXPECT_EQ(form.cursor().shape(), Qt::WaitCursor);
+    form.SetBusy(Boolean::False);
+    EXPECT_EQ(session.Busy, Boolean::False);
+    EXPECT_EQ(form.cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(FormTest, IsMovedByItsSurfaceAlsoWhileBusy)
+{
+    for (const auto button : {Qt::LeftButton, Qt::RightButton}) {
+        TestForm form(session, desktop);
+        Show(form);
+        form.SetBusy(Boolean::True);
+        const QPoint before = form.pos();
+        const QPoint grip = form.mapToGlobal(QPoint(5, 5));
+        QTest::mousePress(&form, button, {}, QPoint(5, 5));
+        QMouseEvent move(QEvent::MouseMove, QPointF(5, 5), grip + QPoint(30, 20), Qt::NoButton, button, {});
+        QApplication::sendEvent(&form, &move);
+        QTest::mouseRelease(&form, button, {}, QPoint(5, 5));
+        EXPECT_EQ(form.pos(), before + QPoint(30, 20));
+        form.SetBusy(Boolean::False);
+    }
+}
+
+TEST_F(FormTest, AnErrorInAHandlerShowsOneBoxAndTheProgramGoesOn)
+{
+    TestForm form(session, desktop);
+    Show(form);
+    const Box box{u"프로그램 오류"_q, u"오류번호 : 91\r\n오류내용 : 없음"_q, MsgBoxCritical};
+    PushButton button(&form, u"Btn"_q, u"a"_q);
+    button.OnClick = [] { throw RuntimeError(91, u"없음"_q); };
+    desktop.Expect(box);
+    button.Click();
+    desktop.Expect(box);
+    form.field->OnChange = [] { throw RuntimeError(91, u"없음"_q); };
+    QTest::keyClick(form.field, Qt::Key_A);
+    desktop.Expect(box);
+    form.onKey = [](int) -> bool { throw RuntimeError(91, u"없음"_q); };
+    QTest::keyClick(form.field, Qt::Key_B);
+    EXPECT_EQ(desktop.boxes.size(), 4); // the last key shows the box of the form and that of the field
+    EXPECT_EQ(form.field->Text(), u"ab"_q);
+}
+
+TEST_F(FormTest, WithoutAFormAnErrorGoesToTheCaller)
+{
+    PushButton button(nullptr, u"Btn"_q, u"a"_q);
+    button.OnClick = [] { throw RuntimeError(6); };
+    EXPECT_THROW(RaiseEvent(button, button.OnClick), RuntimeError);
+}
+
+TEST_F(FormTest, AGuardedCallableEndsAnErrorInABox)
+{
+    desktop.Expect({u"프로그램 오류"_q, u"오류번호 : 5\r\n오류내용 : 말"_q, MsgBoxCritical});
+    int seen = 0;
+    auto guarded = Guarded(desktop, [&](int value) {
+        seen = value;
+        throw RuntimeError(5, u"말"_q);
+    });
+    guarded(7);
+    EXPECT_EQ(seen, 7);
+}
+
+} // namespace

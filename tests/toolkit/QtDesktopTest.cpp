@@ -1,0 +1,210 @@
+#include "toolkit/QtDesktop.h"
+
+#include "support/Words.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QUrl>
+
+#include <gtest/gtest.h>
+
+using namespace tsms;
+using namespace tsms::test;
+
+namespace {
+
+/// Runs `look` inside the loop of the dialog that is about to open.
+template <class Dialog> void Meanwhile(const std::function<void(Dialog&)>& look)
+{
+    auto* timer = new QTimer(qApp);
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, look] {
+        if (auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget())) {
+            timer->deleteLater();
+            look(*dialog);
+        }
+    });
+    timer->start(1);
+}
+
+struct StyleRow
+{
+    MsgBoxStyle style;
+    QMessageBox::Icon icon;
+    QMessageBox::StandardButtons buttons;
+};
+
+class MessageBoxStyles : public testing::TestWithParam<StyleRow>
+{};
+
+TEST_P(MessageBoxStyles, ShowTheirSignAndButtons)
+{
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    QMessageBox::StandardButtons buttons;
+    Meanwhile<QMessageBox>([&](QMessageBox& box) {
+        icon = box.icon();
+        buttons = box.standardButtons();
+        box.reject();
+    });
+    QtDesktop desktop;
+    desktop.MsgBox(u"text"_q, GetParam().style, u"title"_q);
+    EXPECT_EQ(icon, GetParam().icon);
+    EXPECT_EQ(buttons, GetParam().buttons);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, MessageBoxStyles,
+    testing::Values(StyleRow{MsgBoxPlain, QMessageBox::NoIcon, QMessageBox::Ok},
+                    StyleRow{MsgBoxCritical, QMessageBox::Critical, QMessageBox::Ok},
+                    StyleRow{MsgBoxCriticalYesNo, QMessageBox::Critical, QMessageBox::Yes | QMessageBox::No},
+                    StyleRow{MsgBoxQuestion, QMessageBox::Question, QMessageBox::Yes | QMessageBox::No},
+                    StyleRow{MsgBoxExclamation, QMessageBox::Warning, QMessageBox::Ok},
+                    StyleRow{MsgBoxInformation, QMessageBox::Information, QMessageBox::Ok}));
+
+TEST(QtDesktop, AMessageBoxShowsTitleAndWordsAsPlainText)
+{
+    QString title;
+    QString text;
+    auto format = Qt::RichText;
+    QString ok;
+    Meanwhile<QMessageBox>([&](QMessageBox& box) {
+        title = box.windowTitle();
+        text = box.text();
+        format = box.textFormat();
+        ok = box.button(QMessageBox::Ok)->text();
+        box.accept();
+    });
+    QtDesktop desktop;
+    EXPECT_EQ(desktop.MsgBox(u"a <b>\r\n\r\nb"_q, MsgBoxInformation, u"창 최대화"_q), AnswerOK);
+    EXPECT_EQ(title, u"창 최대화"_q);
+    EXPECT_EQ(text, u"a <b>\n\nb"_q);
+    EXPECT_EQ(format, Qt::PlainText);
+    EXPECT_EQ(ok, u"확인"_q);
+}
+
+TEST(QtDesktop, AQuestionAnswersWhatWasClicked)
+{
+    QtDesktop desktop;
+    QString yes;
+    QString no;
+    Meanwhile<QMessageBox>([&](QMessageBox& box) {
+        yes = box.button(QMessageBox::Yes)->text();
+        no = box.button(QMessageBox::No)->text();
+        box.button(QMessageBox::Yes)->click();
+    });
+    EXPECT_EQ(desktop.MsgBox(u"?"_q, MsgBoxQuestion, u"?"_q), AnswerYes);
+    EXPECT_EQ(yes, u"예"_q);
+    EXPECT_EQ(no, u"아니요"_q);
+    Meanwhile<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::No)->click(); });
+    EXPECT_EQ(desktop.MsgBox(u"?"_q, MsgBoxQuestion, u"?"_q), AnswerNo);
+    Meanwhile<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+    EXPECT_EQ(desktop.MsgBox(u"?"_q, MsgBoxCriticalYesNo, u"?"_q), AnswerNo);
+}
+
+TEST(QtDesktop, AMessageBoxStandsBeforeTheActiveWindow)
+{
+    QWidget window;
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const QWidget* owner = nullptr;
+    Meanwhile<QMessageBox>([&](QMessageBox& box) {
+        owner = box.parentWidget();
+        box.accept();
+    });
+    QtDesktop desktop;
+    desktop.MsgBox(u"a"_q, MsgBoxPlain, u"b"_q);
+    EXPECT_EQ(owner, &window);
+}
+
+TEST(QtDesktop, TheHourglassIsNeverStacked)
+{
+    QtDesktop desktop;
+    desktop.SetMousePointer(MousePointer::Hourglass);
+    desktop.SetMousePointer(MousePointer::Hourglass);
+    ASSERT_NE(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    desktop.SetMousePointer(MousePointer::Default);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    desktop.SetMousePointer(MousePointer::Default);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+class UrlCatcher : public QObject
+{
+    Q_OBJECT
+
+public:
+    QList<QUrl> urls;
+
+public Q_SLOTS:
+    void Catch(const QUrl& url) { urls += url; }
+};
+
+TEST(QtDesktop, PagesAndDocumentsGoToTheUsersPrograms)
+{
+    UrlCatcher catcher;
+    QDesktopServices::setUrlHandler(QStringLiteral("http"), &catcher, "Catch");
+    QDesktopServices::setUrlHandler(QStringLiteral("file"), &catcher, "Catch");
+    QtDesktop desktop;
+    desktop.OpenPage(QString());
+    desktop.OpenPage(u"http://sms.example.kr/charge?a=1"_q);
+    desktop.OpenPage(u"www.example.kr"_q);
+    desktop.OpenDocument(u"/tmp/보고서.xls"_q);
+    QDesktopServices::unsetUrlHandler(QStringLiteral("http"));
+    QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+    EXPECT_EQ(catcher.urls,
+              (QList<QUrl>{QUrl(u"http://sms.example.kr/charge?a=1"_q), QUrl(u"http://www.example.kr"_q),
+                           QUrl::fromLocalFile(u"/tmp/보고서.xls"_q)}));
+}
+
+TEST(QtDesktop, AFileIsPickedByItsFilter)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"a.xls"_q);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    QString title;
+    QStringList filters;
+    Meanwhile<QFileDialog>([&](QFileDialog& picker) {
+        title = picker.windowTitle();
+        filters = picker.nameFilters();
+        picker.setDirectory(folder.path());
+        picker.selectFile(path);
+        QMetaObject::invokeMethod(&picker, "accept");
+    });
+    QtDesktop desktop;
+    EXPECT_EQ(desktop.PickFile(u"파일 선택"_q, u"엑셀파일(*.xls)|*.xls"_q), path);
+    EXPECT_EQ(title, u"파일 선택"_q);
+    EXPECT_EQ(filters, QStringList{u"엑셀파일 (*.xls)"_q});
+}
+
+TEST(QtDesktop, ACancelledPickerAnswersNothing)
+{
+    QtDesktop desktop;
+    Meanwhile<QFileDialog>([](QFileDialog& picker) { picker.reject(); });
+    EXPECT_EQ(desktop.PickFile(u"a"_q, u"b|*.c"_q), QString());
+    Meanwhile<QFileDialog>([](QFileDialog& picker) { picker.reject(); });
+    EXPECT_EQ(desktop.PickFolder(u"a"_q), QString());
+}
+
+TEST(QtDesktop, AFolderIsPicked)
+{
+    const QTemporaryDir folder;
+    Meanwhile<QFileDialog>([&](QFileDialog& picker) {
+        picker.setDirectory(folder.path());
+        picker.selectFile(folder.path());
+        QMetaObject::invokeMethod(&picker, "accept");
+    });
+    QtDesktop desktop;
+    EXPECT_EQ(desktop.PickFolder(u"폴더를 선택하십시오."_q), folder.path());
+}
+
+} // namespace
+
+#include "QtDesktopTest.moc"

@@ -1,0 +1,1073 @@
+#include "support/Words.h"
+#include "toolkit/fpSpread.h"
+#include "toolkit/SpreadDelegate.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QElapsedTimer>
+#include <QHeaderView>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace tsms::test {
+
+namespace {
+
+using CellType = fpSpread::CellType;
+
+/// Cells that say where they are, and how often they were read.
+class CountingSource final : public CellSource
+{
+public:
+    CountingSource(int cols, int rows, QString mark = QString()) : cols_(cols), rows_(rows), mark_(std::move(mark)) {}
+    int Rows() const override { return rows_; }
+    int Cols() const override { return cols_; }
+    QString Text(int col, int row) const override
+    {
+        ++reads;
+        return QStringLiteral("%1%2/%3").arg(mark_).arg(col).arg(row);
+    }
+    mutable int reads = 0;
+
+private:
+    int cols_;
+    int rows_;
+    QString mark_;
+};
+
+/// A surface that counts the presses that fall through to it.
+class Surface : public QWidget
+{
+public:
+    int presses = 0;
+
+protected:
+    void mousePressEvent(QMouseEvent*) override { ++presses; }
+};
+
+/// A grid as the recipient list has it: a number, two edit columns, a button, a hidden column.
+class SpreadTest : public ::testing::Test
+{
+protected:
+    SpreadTest()
+    {
+        grid.setGeometry(10, 10, 300, 300);
+        next.setGeometry(10, 320, 100, 24);
+        surface.resize(320, 360);
+        grid.SetHeadersVisible(false, false);
+        grid.SetMaxRows(20);
+        grid.SetMaxCols(5);
+        grid.SetColWidth(1, 2);
+        grid.SetColWidth(2, 5);
+        grid.SetColWidth(3, 10.5);
+        grid.SetColWidth(4, 1.5);
+        grid.SetRowHeight(fpSpread::All, 13.5);
+        grid.SetColType(2, CellType::Edit);
+        grid.SetColMaxLength(2, 6);
+        grid.SetColType(3, CellType::Edit);
+        grid.SetColMaxLength(3, 13);
+        grid.SetColButton(4, u"x"_q, QColor(182, 204, 211), Qt::white);
+        grid.SetColHidden(5, true);
+    }
+
+    void Show()
+    {
+        surface.show();
+        surface.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&surface));
+        grid.setFocus();
+    }
+
+    QModelIndex Index(int col, int row) const { return grid.model()->index(row - 1, col - 1); }
+    QPoint Place(int col, int row) const { return grid.visualRect(Index(col, row)).center(); }
+    void ClickOn(int col, int row) { QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, Place(col, row)); }
+    /// Press, release, double click, release: what a window gets of a double click.
+    void DoubleClickOn(int col, int row)
+    {
+        const QPoint place = Place(col, row);
+        ClickOn(col, row);
+        QMouseEvent second(QEvent::MouseButtonDblClick, place, grid.viewport()->mapToGlobal(place), Qt::LeftButton,
+                           Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(grid.viewport(), &second);
+        QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, place);
+    }
+    bool IsEditing() const
+    {
+        const auto editors = grid.viewport()->findChildren<QLineEdit*>();
+        return std::any_of(editors.begin(), editors.end(), [](const QLineEdit* editor) { return editor->isVisible(); });
+    }
+
+    void Press(int key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    void Type(const char* keys)
+    {
+        for (; *keys; ++keys)
+            QTest::keyClick(QApplication::focusWidget(), *keys); // the first key moves the focus to the editor
+    }
+    void Commit(const QString& text)
+    {
+        QInputMethodEvent event;
+        event.setCommitString(text);
+        QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
+    }
+
+    Surface surface;
+    fpSpread grid{&surface};
+    QLineEdit next{&surface};
+};
+
+TEST_F(SpreadTest, ATextComesBackAsItWasSet)
+{
+    grid.SetText(2, 3, u"홍길동"_q);
+    EXPECT_EQ(grid.GetText(2, 3), u"홍길동"_q);
+    EXPECT_EQ(Index(2, 3).data().toString(), u"홍길동"_q);
+}
+
+TEST_F(SpreadTest, CellsOutsideTheGridReadAsEmptyAndIgnoreTexts)
+{
+    for (const auto& [col, row] : {std::pair{6, 1}, {1, 21}, {-1, 1}, {1, -1}, {0, 21}, {6, 0}, {100000, 100000}}) {
+        grid.SetText(col, row, u"x"_q);
+        EXPECT_EQ(grid.GetText(col, row), QString()) << col << "," << row;
+    }
+    grid.SetMaxRows(30);
+    EXPECT_EQ(grid.GetText(1, 21), QString());
+}
+
+TEST_F(SpreadTest, TheHeadingRowTakesTextWhileItIsHidden)
+{
+    grid.SetText(3, 0, u"전화번호"_q);
+    EXPECT_EQ(grid.GetText(3, 0), u"전화번호"_q);
+    EXPECT_EQ(grid.model()->headerData(2, Qt::Horizontal).toString(), u"전화번호"_q);
+    EXPECT_FALSE(grid.horizontalHeader()->isVisibleTo(&grid));
+}
+
+TEST_F(SpreadTest, ColumnZeroIsTheTitleOfItsRow)
+{
+    grid.SetText(0, 2, u"성공"_q);
+    EXPECT_EQ(grid.GetText(0, 2), u"성공"_q);
+    EXPECT_EQ(grid.model()->headerData(1, Qt::Vertical).toString(), u"성공"_q);
+}
+
+TEST_F(SpreadTest, AnUntouchedTitleIsEmpty)
+{
+    EXPECT_EQ(grid.model()->headerData(0, Qt::Horizontal).toString(), QString());
+    EXPECT_EQ(grid.model()->headerData(0, Qt::Vertical).toString(), QString());
+}
+
+TEST_F(SpreadTest, AHiddenRowKeepsItsContent)
+{
+    grid.SetText(2, 3, u"홍길동"_q);
+    grid.SetRowHidden(3, true);
+    EXPECT_TRUE(grid.isRowHidden(2));
+    EXPECT_TRUE(grid.RowHidden(3));
+    EXPECT_EQ(grid.GetText(2, 3), u"홍길동"_q);
+    grid.SetRowHidden(3, false);
+    EXPECT_FALSE(grid.RowHidden(3));
+}
+
+TEST_F(SpreadTest, RowsOutsideTheGridAreNeverHidden)
+{
+    grid.SetRowHidden(0, true);
+    grid.SetRowHidden(21, true);
+    EXPECT_FALSE(grid.RowHidden(0));
+    EXPECT_FALSE(grid.RowHidden(21));
+    grid.SetMaxRows(21);
+    EXPECT_FALSE(grid.RowHidden(21));
+}
+
+TEST_F(SpreadTest, RowsThatWereTakenAwayComeBackEmptyAndOnView)
+{
+    grid.SetText(2, 20, u"끝"_q);
+    grid.SetRowHidden(20, true);
+    grid.SetMaxRows(19);
+    grid.SetMaxRows(20);
+    EXPECT_EQ(grid.GetText(2, 20), QString());
+    EXPECT_FALSE(grid.RowHidden(20));
+}
+
+TEST_F(SpreadTest, ColumnsThatWereTakenAwayComeBackEmpty)
+{
+    grid.SetText(4, 1, u"끝"_q);
+    grid.SetMaxCols(3);
+    grid.SetMaxCols(4);
+    EXPECT_EQ(grid.GetText(4, 1), QString());
+    EXPECT_EQ(grid.ColType(4), CellType::StaticText);
+}
+
+TEST_F(SpreadTest, ResetDropsContentFormatsSizesAndHiddenRows)
+{
+    grid.SetText(2, 3, u"홍길동"_q);
+    grid.SetText(2, 0, u"이름"_q);
+    grid.SetRowHidden(3, true);
+    grid.SetCellPicture(1, 1, 0);
+    grid.SetRangeColors(2, fpSpread::All, Qt::red, Qt::blue);
+    grid.SetDataSource(std::make_shared<CountingSource>(5, 20));
+    grid.SetActiveCell(2, 5);
+    const double fresh = fpSpread().ColWidth(3);
+
+    grid.Reset();
+
+    EXPECT_EQ(grid.MaxRows(), fpSpread::DefaultRows);
+    EXPECT_EQ(grid.MaxCols(), fpSpread::DefaultCols);
+    EXPECT_EQ(grid.GetText(2, 3), QString());
+    EXPECT_EQ(grid.GetText(2, 0), QString());
+    EXPECT_FALSE(grid.RowHidden(3));
+    EXPECT_FALSE(grid.ColHidden(5));
+    EXPECT_EQ(grid.CellPicture(1, 1), -1);
+    EXPECT_FALSE(Index(2, 3).data(Qt::BackgroundRole).isValid());
+    EXPECT_EQ(grid.ColType(2), CellType::StaticText);
+    EXPECT_EQ(grid.ColWidth(3), fresh);
+    EXPECT_EQ(grid.columnWidth(2), fpSpread().columnWidth(2));
+    EXPECT_EQ(grid.rowHeight(0), fpSpread().rowHeight(0));
+    EXPECT_EQ(grid.ActiveCol(), 1);
+    EXPECT_EQ(grid.ActiveRow(), 1);
+}
+
+TEST_F(SpreadTest, RowHeightsAreInPointsAndTitlesHaveTheirOwn)
+{
+    grid.SetHeadersVisible(true, false);
+    grid.SetRowHeight(0, 15);
+    EXPECT_EQ(grid.horizontalHeader()->height(), 20);
+    EXPECT_EQ(grid.rowHeight(0), 18);
+    EXPECT_EQ(grid.rowHeight(19), 18);
+    grid.SetMaxRows(21);
+    EXPECT_EQ(grid.rowHeight(20), 18);
+    grid.SetRowHeight(2, 30);
+    EXPECT_EQ(grid.rowHeight(1), 40);
+    EXPECT_EQ(grid.rowHeight(2), 18);
+}
+
+TEST_F(SpreadTest, AColumnOfTenAndAHalfUnitsShowsAWholePhoneNumber)
+{
+    EXPECT_GE(grid.columnWidth(2), grid.fontMetrics().horizontalAdvance(u"010-1234-5678"_q) + 3);
+    EXPECT_EQ(grid.ColWidth(3), 10.5);
+}
+
+TEST_F(SpreadTest, WidthsFollowTheFont)
+{
+    const int before = grid.columnWidth(2);
+    QFont larger = grid.font();
+    larger.setPointSizeF(larger.pointSizeF() * 2);
+    grid.setFont(larger);
+    EXPECT_GT(grid.columnWidth(2), before * 3 / 2);
+    EXPECT_EQ(grid.ColWidth(3), 10.5);
+}
+
+TEST_F(SpreadTest, InsertedRowsPushTheLastOnesOut)
+{
+    grid.SetText(2, 1, u"first"_q);
+    grid.SetText(2, 19, u"nineteen"_q);
+    grid.SetText(2, 20, u"twenty"_q);
+    grid.SetRowHidden(1, true);
+    grid.SetRangeColors(fpSpread::All, 1, Qt::red, Qt::black);
+    grid.SetCellPicture(1, 1, 1);
+
+    grid.InsertRows(1, 1);
+
+    EXPECT_EQ(grid.MaxRows(), 20);
+    EXPECT_EQ(grid.GetText(2, 1), QString());
+    EXPECT_EQ(grid.GetText(2, 2), u"first"_q);
+    EXPECT_EQ(grid.GetText(2, 20), u"nineteen"_q);
+    EXPECT_FALSE(grid.RowHidden(1));
+    EXPECT_TRUE(grid.RowHidden(2));
+    EXPECT_FALSE(Index(2, 1).data(Qt::BackgroundRole).isValid());
+    EXPECT_EQ(Index(2, 2).data(Qt::BackgroundRole).value<QColor>(), QColor(Qt::red));
+    EXPECT_EQ(grid.CellPicture(1, 1), -1);
+    EXPECT_EQ(grid.CellPicture(1, 2), 1);
+}
+
+TEST_F(SpreadTest, DeletedRowsLetTheOthersFollowUp)
+{
+    grid.SetText(2, 2, u"two"_q);
+    grid.SetText(2, 3, u"three"_q);
+    grid.SetText(2, 20, u"twenty"_q);
+    grid.SetRowHidden(3, true);
+    grid.SetRangeColors(2, 20, Qt::red, Qt::black);
+
+    grid.DeleteRows(2, 1);
+
+    EXPECT_EQ(grid.MaxRows(), 20);
+    EXPECT_EQ(grid.GetText(2, 2), u"three"_q);
+    EXPECT_TRUE(grid.RowHidden(2));
+    EXPECT_FALSE(grid.RowHidden(3));
+    EXPECT_EQ(grid.GetText(2, 19), u"twenty"_q);
+    EXPECT_EQ(grid.GetText(2, 20), QString());
+    EXPECT_TRUE(Index(2, 19).data(Qt::BackgroundRole).isValid());
+    EXPECT_FALSE(Index(2, 20).data(Qt::BackgroundRole).isValid());
+}
+
+TEST_F(SpreadTest, InsertingAndDeletingTheSameRowLeavesABoundGridAsItWas)
+{
+    grid.SetMaxRows(8);
+    grid.SetDataSource(std::make_shared<CountingSource>(5, 8));
+    grid.SetText(3, 5, u"own"_q);
+    grid.SetMaxRows(10);
+    grid.InsertRows(1, 1);
+    grid.SetText(1, 1, u"title"_q);
+    EXPECT_EQ(grid.GetText(1, 1), u"title"_q);
+    EXPECT_EQ(grid.GetText(2, 1), QString());
+    EXPECT_EQ(grid.GetText(2, 2), u"2/1"_q);
+    EXPECT_EQ(grid.GetText(2, 9), u"2/8"_q);
+    EXPECT_EQ(grid.GetText(2, 10), QString());
+    EXPECT_EQ(grid.GetText(3, 6), u"own"_q);
+    grid.DeleteRows(1, 1);
+    grid.SetMaxRows(8);
+    EXPECT_EQ(grid.GetText(1, 1), u"1/1"_q);
+    EXPECT_EQ(grid.GetText(2, 8), u"2/8"_q);
+    EXPECT_EQ(grid.GetText(3, 5), u"own"_q);
+}
+
+TEST_F(SpreadTest, InsertAndDeleteOutsideTheGridDoNothing)
+{
+    grid.SetText(2, 20, u"twenty"_q);
+    grid.InsertRows(0, 1);
+    grid.InsertRows(21, 1);
+    grid.InsertRows(1, 0);
+    grid.DeleteRows(0, 1);
+    grid.DeleteRows(21, 5);
+    EXPECT_EQ(grid.MaxRows(), 20);
+    EXPECT_EQ(grid.GetText(2, 20), u"twenty"_q);
+    grid.DeleteRows(20, 100);
+    EXPECT_EQ(grid.MaxRows(), 20);
+    EXPECT_EQ(grid.GetText(2, 20), QString());
+}
+
+TEST_F(SpreadTest, ABoundGridReadsOnlyWhatIsOnView)
+{
+    const auto source = std::make_shared<CountingSource>(10, 32000);
+    grid.SetMaxCols(10);
+    grid.SetMaxRows(32000);
+    grid.SetDataSource(source);
+    EXPECT_EQ(source->reads, 0);
+    Show();
+    grid.grab();
+    EXPECT_GT(source->reads, 10);
+    EXPECT_LT(source->reads, 5000);
+    EXPECT_EQ(grid.GetText(10, 32000), u"10/32000"_q);
+}
+
+TEST_F(SpreadTest, BindingChangesNeitherSize)
+{
+    grid.SetDataSource(std::make_shared<CountingSource>(9, 50));
+    EXPECT_EQ(grid.MaxRows(), 20);
+    EXPECT_EQ(grid.MaxCols(), 5);
+}
+
+TEST_F(SpreadTest, ASetTextOverridesABoundCellAndTheNextSourceTakesItAway)
+{
+    grid.SetDataSource(std::make_shared<CountingSource>(3, 20));
+    grid.SetText(2, 2, QString());
+    EXPECT_EQ(grid.GetText(2, 2), QString());
+    EXPECT_EQ(grid.GetText(2, 3), u"2/3"_q);
+    grid.SetText(5, 2, u"beside"_q);
+    grid.SetText(2, 0, u"title"_q);
+    grid.SetDataSource(std::make_shared<CountingSource>(3, 20, u"new "_q));
+    EXPECT_EQ(grid.GetText(2, 2), u"new 2/2"_q);
+    EXPECT_EQ(grid.GetText(5, 2), u"beside"_q);
+    EXPECT_EQ(grid.GetText(2, 0), u"title"_q);
+}
+
+TEST_F(SpreadTest, RowsThatWereTakenAwayAreNotReadFromTheSourceAgain)
+{
+    grid.SetDataSource(std::make_shared<CountingSource>(5, 20));
+    grid.SetMaxRows(0);
+    grid.SetMaxRows(20);
+    EXPECT_EQ(grid.GetText(2, 1), QString());
+    grid.SetDataSource(std::make_shared<CountingSource>(5, 20));
+    EXPECT_EQ(grid.GetText(2, 1), u"2/1"_q);
+}
+
+TEST_F(SpreadTest, ASourceLetGoLeavesEmptyCells)
+{
+    grid.SetDataSource(std::make_shared<CountingSource>(5, 20));
+    grid.SetDataSource(nullptr);
+    EXPECT_EQ(grid.GetText(2, 1), QString());
+    EXPECT_EQ(grid.MaxRows(), 20);
+}
+
+TEST_F(SpreadTest, AFormulaSumsTheTextsThatAreNumbers)
+{
+    grid.SetText(1, 1, u"3"_q);
+    grid.SetText(2, 1, u" 4 "_q);
+    grid.SetText(3, 1, u"96%"_q);
+    for (int row = 1; row <= 4; ++row)
+        grid.SetFormula(5, row, u"SUM(A1:D1)"_q);
+    EXPECT_EQ(grid.GetText(5, 1), u"7"_q);
+    EXPECT_EQ(grid.GetText(5, 4), u"7"_q);
+    grid.SetText(4, 1, u"10.5"_q);
+    EXPECT_EQ(grid.GetText(5, 4), u"17.5"_q);
+    EXPECT_EQ(Index(5, 4).data().toString(), u"17.5"_q);
+}
+
+TEST_F(SpreadTest, AFormulaOverEmptyCellsIsZeroAndNeverCountsItself)
+{
+    grid.SetFormula(5, 1, u"SUM(A1:E1)"_q);
+    EXPECT_EQ(grid.GetText(5, 1), u"0"_q);
+}
+
+TEST_F(SpreadTest, AFormulaFarBeyondTheGridSumsWhatIsThere)
+{
+    grid.SetText(1, 1, u"1"_q);
+    grid.SetText(1, 20, u"2"_q);
+    grid.SetFormula(5, 1, u"=sum(a1:zzz999999)"_q);
+    EXPECT_EQ(grid.GetText(5, 1), u"3"_q);
+}
+
+TEST_F(SpreadTest, AnUnknownFormulaShowsNothingAndATextReplacesIt)
+{
+    grid.SetFormula(5, 1, u"MAX(A1:B1)"_q);
+    EXPECT_EQ(grid.GetText(5, 1), QString());
+    grid.SetText(5, 1, u"8"_q);
+    EXPECT_EQ(grid.GetText(5, 1), u"8"_q);
+}
+
+TEST_F(SpreadTest, AMarkCellAnswersWithItsPictureAndItsIndex)
+{
+    QPixmap red(16, 16);
+    red.fill(Qt::red);
+    grid.SetPictures({QIcon(), QIcon(red)});
+    EXPECT_FALSE(Index(2, 2).data(Qt::UserRole).isValid());
+    EXPECT_FALSE(Index(2, 2).data(Qt::DecorationRole).isValid());
+    grid.SetCellPicture(2, 2, 1);
+    EXPECT_EQ(grid.CellPicture(2, 2), 1);
+    EXPECT_EQ(Index(2, 2).data(Qt::UserRole).toInt(), 1);
+    const auto icon = Index(2, 2).data(Qt::DecorationRole).value<QIcon>();
+    EXPECT_EQ(icon.pixmap(16).toImage().pixelColor(8, 8), QColor(Qt::red));
+}
+
+TEST_F(SpreadTest, APictureIsDrawnInPlaceOfTheText)
+{
+    QPixmap red(16, 16);
+    red.fill(Qt::red);
+    grid.SetPictures({QIcon(red)});
+    grid.SetText(3, 2, u"2"_q);
+    grid.SetCellPicture(3, 2, 0);
+    Show();
+    const QImage seen = grid.viewport()->grab().toImage();
+    EXPECT_EQ(seen.pixelColor(Place(3, 2)), QColor(Qt::red));
+    EXPECT_EQ(grid.GetText(3, 2), u"2"_q);
+}
+
+TEST_F(SpreadTest, AColumnsPictureIsThatOfEveryRowAlsoOfLaterOnes)
+{
+    grid.SetCellPicture(2, 3, 0);
+    grid.SetCellPicture(2, fpSpread::All, 1);
+    grid.SetMaxRows(21);
+    EXPECT_EQ(grid.CellPicture(2, 3), 1);
+    EXPECT_EQ(grid.CellPicture(2, 21), 1);
+    grid.SetCellPicture(2, 21, 0);
+    EXPECT_EQ(grid.CellPicture(2, 21), 0);
+    grid.SetCellPicture(2, 21, -1);
+    EXPECT_EQ(grid.CellPicture(2, 21), -1);
+    EXPECT_EQ(grid.CellPicture(2, 0), -1);
+    EXPECT_EQ(grid.CellPicture(2, 22), -1);
+}
+
+TEST_F(SpreadTest, PicturesStayOnTheirRowsWhileTextsChange)
+{
+    grid.SetCellPicture(2, 3, 1);
+    grid.SetMaxRows(10);
+    for (int row = 1; row <= 10; ++row)
+        grid.SetText(2, row, QString::number(row));
+    EXPECT_EQ(grid.CellPicture(2, 3), 1);
+}
+
+TEST_F(SpreadTest, ACellsColoursGoBeforeItsRowsAndTheseBeforeItsColumns)
+{
+    const auto back = [&](int col, int row) { return Index(col, row).data(Qt::BackgroundRole).value<QColor>(); };
+    grid.SetRangeColors(2, fpSpread::All, Qt::red, Qt::white);
+    grid.SetRangeColors(fpSpread::All, 3, Qt::green, QColor());
+    grid.SetRangeColors(2, 4, Qt::blue, Qt::black);
+    EXPECT_EQ(back(2, 1), QColor(Qt::red));
+    EXPECT_EQ(back(2, 3), QColor(Qt::green));
+    EXPECT_EQ(back(2, 4), QColor(Qt::blue));
+    EXPECT_EQ(Index(2, 3).data(Qt::ForegroundRole).value<QColor>(), QColor(Qt::white));
+    EXPECT_FALSE(Index(1, 1).data(Qt::BackgroundRole).isValid());
+}
+
+TEST_F(SpreadTest, ARowsColoursTakeItsTitleAlong)
+{
+    grid.SetRangeColors(fpSpread::All, 2, QColor(232, 236, 243), QColor(0, 0, 255));
+    EXPECT_EQ(grid.model()->headerData(1, Qt::Vertical, Qt::ForegroundRole).value<QColor>(), QColor(0, 0, 255));
+}
+
+TEST_F(SpreadTest, ColoursForEverythingTakeAllOthersAway)
+{
+    grid.SetRangeColors(2, 4, Qt::blue, Qt::black);
+    grid.SetRangeColors(fpSpread::All, 4, Qt::green, Qt::black);
+    grid.SetRangeColors(fpSpread::All, fpSpread::All, Qt::white, Qt::black);
+    EXPECT_EQ(Index(2, 4).data(Qt::BackgroundRole).value<QColor>(), QColor(Qt::white));
+}
+
+TEST_F(SpreadTest, AColumnOfNumbersGroupsItsDigitsOnTheScreenOnly)
+{
+    grid.SetColNumber(5, true);
+    grid.SetText(5, 1, u"1234567"_q);
+    const auto& delegate = static_cast<const SpreadDelegate&>(*grid.itemDelegate());
+    EXPECT_EQ(delegate.ShownText(Index(5, 1)), u"1,234,567"_q);
+    EXPECT_EQ(grid.GetText(5, 1), u"1234567"_q);
+    EXPECT_TRUE(grid.ColNumber(5));
+    EXPECT_EQ(Index(5, 1).data(Qt::TextAlignmentRole).toInt() & Qt::AlignHorizontal_Mask, Qt::AlignRight);
+}
+
+TEST_F(SpreadTest, WithoutReDrawNoChangeIsAnnouncedUntilItIsOnAgain)
+{
+    const QSignalSpy changes(grid.model(), &QAbstractItemModel::dataChanged);
+    grid.SetReDraw(false);
+    grid.SetText(2, 1, u"x"_q);
+    grid.SetCellPicture(1, 1, 0);
+    EXPECT_EQ(changes.count(), 0);
+    EXPECT_FALSE(grid.ReDraw());
+    grid.SetReDraw(true);
+    EXPECT_EQ(changes.count(), 1);
+    grid.SetText(2, 1, u"y"_q);
+    EXPECT_EQ(changes.count(), 2);
+}
+
+TEST_F(SpreadTest, TheActiveCellIsTheFirstUntilSomethingMakesAnotherOneActive)
+{
+    EXPECT_EQ(grid.ActiveCol(), 1);
+    EXPECT_EQ(grid.ActiveRow(), 1);
+    grid.SetActiveCell(3, 7);
+    EXPECT_EQ(grid.ActiveCol(), 3);
+    EXPECT_EQ(grid.ActiveRow(), 7);
+    EXPECT_EQ(grid.currentIndex(), Index(3, 7));
+}
+
+TEST_F(SpreadTest, AGridWithoutRowsHasItsFirstCellActive)
+{
+    grid.SetActiveCell(3, 7);
+    grid.SetMaxRows(0);
+    EXPECT_EQ(grid.ActiveRow(), 1);
+    grid.SetMaxRows(5);
+    EXPECT_EQ(grid.ActiveRow(), 1);
+    EXPECT_TRUE(grid.currentIndex().isValid());
+}
+
+TEST_F(SpreadTest, ACellOutsideTheGridOrInAHiddenColumnNeverBecomesActive)
+{
+    grid.SetActiveCell(3, 20);
+    for (const auto& [col, row] : {std::pair{2, 21}, {6, 1}, {0, 1}, {1, 0}, {5, 3}}) {
+        grid.SetActiveCell(col, row);
+        EXPECT_EQ(grid.ActiveCol(), 3) << col << "," << row;
+        EXPECT_EQ(grid.ActiveRow(), 20) << col << "," << row;
+    }
+}
+
+TEST_F(SpreadTest, AHiddenRowIsPassedOverOnTheWayDown)
+{
+    grid.SetRowHidden(4, true);
+    grid.SetRowHidden(5, true);
+    grid.SetActiveCell(2, 4);
+    EXPECT_EQ(grid.ActiveRow(), 6);
+}
+
+TEST_F(SpreadTest, HidingTheActiveRowLeavesItActive)
+{
+    grid.SetActiveCell(4, 3);
+    grid.SetRowHidden(3, true);
+    EXPECT_EQ(grid.ActiveRow(), 3);
+}
+
+TEST_F(SpreadTest, HidingTheColumnOfTheActiveCellMovesItToTheFirstOnView)
+{
+    grid.SetActiveCell(1, 3);
+    grid.SetColHidden(1, true);
+    EXPECT_EQ(grid.ActiveCol(), 2);
+    EXPECT_EQ(grid.ActiveRow(), 3);
+}
+
+TEST_F(SpreadTest, AClickMakesTheCellActiveAndIsReportedOnce)
+{
+    Show();
+    QSignalSpy clicks(&grid, &fpSpread::Click);
+    int activeThen = 0;
+    QObject::connect(&grid, &fpSpread::Click, &grid, [&] { activeThen = grid.ActiveRow(); });
+    ClickOn(3, 5);
+    ASSERT_EQ(clicks.count(), 1);
+    EXPECT_EQ(clicks[0][0].toInt(), 3);
+    EXPECT_EQ(clicks[0][1].toInt(), 5);
+    EXPECT_EQ(activeThen, 5);
+    EXPECT_FALSE(IsEditing());
+}
+
+TEST_F(SpreadTest, AButtonReleasedOnAnotherCellIsNoClick)
+{
+    Show();
+    QSignalSpy clicks(&grid, &fpSpread::Click);
+    QTest::mousePress(grid.viewport(), Qt::LeftButton, {}, Place(4, 2));
+    QTest::mouseMove(grid.viewport(), Place(4, 3));
+    QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, Place(4, 3));
+    EXPECT_EQ(clicks.count(), 0);
+    EXPECT_EQ(grid.ActiveRow(), 2);
+}
+
+TEST_F(SpreadTest, OtherButtonsClickNothing)
+{
+    Show();
+    QSignalSpy clicks(&grid, &fpSpread::Click);
+    QTest::mouseClick(grid.viewport(), Qt::RightButton, {}, Place(4, 2));
+    EXPECT_EQ(clicks.count(), 0);
+    EXPECT_EQ(grid.ActiveRow(), 1);
+}
+
+TEST_F(SpreadTest, AClickBesideTheCellsIsNone)
+{
+    Show();
+    grid.SetMaxRows(2);
+    QSignalSpy clicks(&grid, &fpSpread::Click);
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, QPoint(20, 200));
+    EXPECT_EQ(clicks.count(), 0);
+}
+
+TEST_F(SpreadTest, PressesNeverFallThroughToTheWindow)
+{
+    Show();
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, Place(1, 1));
+    QTest::mouseClick(grid.viewport(), Qt::RightButton, {}, Place(1, 1));
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, QPoint(290, 290));
+    EXPECT_EQ(surface.presses, 0);
+}
+
+TEST_F(SpreadTest, ADoubleClickIsOneClickAndOneDoubleClick)
+{
+    Show();
+    QSignalSpy clicks(&grid, &fpSpread::Click);
+    QSignalSpy doubles(&grid, &fpSpread::DblClick);
+    DoubleClickOn(1, 4);
+    EXPECT_EQ(clicks.count(), 1);
+    ASSERT_EQ(doubles.count(), 1);
+    EXPECT_EQ(doubles[0][0].toInt(), 1);
+    EXPECT_EQ(doubles[0][1].toInt(), 4);
+}
+
+TEST_F(SpreadTest, AButtonTakesBothClicksOfADoubleClick)
+{
+    Show();
+    QSignalSpy clicks(&grid, &fpSpread::Click);
+    QSignalSpy doubles(&grid, &fpSpread::DblClick);
+    DoubleClickOn(4, 4);
+    EXPECT_EQ(clicks.count(), 2);
+    EXPECT_EQ(doubles.count(), 0);
+}
+
+TEST_F(SpreadTest, AClickMayEndTheGrid)
+{
+    Show();
+    auto* dying = new fpSpread(&surface);
+    dying->setGeometry(0, 0, 200, 200);
+    dying->show();
+    const QPointer<fpSpread> alive(dying);
+    QObject::connect(dying, &fpSpread::Click, dying, [dying] { delete dying; });
+    QTest::mouseClick(dying->viewport(), Qt::LeftButton, {}, dying->visualRect(dying->model()->index(1, 0)).center());
+    EXPECT_TRUE(alive.isNull());
+}
+
+TEST_F(SpreadTest, AButtonColumnBearsItsCaptionInEveryRow)
+{
+    EXPECT_EQ(grid.GetText(4, 20), u"x"_q);
+    EXPECT_EQ(Index(4, 1).data().toString(), u"x"_q);
+}
+
+TEST_F(SpreadTest, TheSpaceBarPressesAButtonCell)
+{
+    Show();
+    QSignalSpy clicks(&grid, &fpSpread::Click);
+    grid.SetActiveCell(4, 3);
+    Press(Qt::Key_Space);
+    ASSERT_EQ(clicks.count(), 1);
+    EXPECT_EQ(clicks[0][0].toInt(), 4);
+    EXPECT_EQ(clicks[0][1].toInt(), 3);
+}
+
+TEST_F(SpreadTest, TheSpaceBarPressesNothingInARemovedRow)
+{
+    Show();
+    QSignalSpy clicks(&grid, &fpSpread::Click);
+    grid.SetActiveCell(4, 3);
+    grid.SetRowHidden(3, true);
+    Press(Qt::Key_Space);
+    EXPECT_EQ(clicks.count(), 0);
+}
+
+TEST_F(SpreadTest, ArrowsWalkFromCellToCellPastHiddenRows)
+{
+    Show();
+    grid.SetActiveCell(2, 1);
+    grid.SetRowHidden(2, true);
+    Press(Qt::Key_Down);
+    EXPECT_EQ(grid.ActiveRow(), 3);
+    Press(Qt::Key_Right);
+    EXPECT_EQ(grid.ActiveCol(), 3);
+    Press(Qt::Key_Right);
+    Press(Qt::Key_Right);
+    EXPECT_EQ(grid.ActiveCol(), 4);
+    Press(Qt::Key_Up);
+    Press(Qt::Key_Left);
+    EXPECT_EQ(grid.ActiveRow(), 1);
+    EXPECT_EQ(grid.ActiveCol(), 3);
+}
+
+TEST_F(SpreadTest, TypingReplacesTheTextOfAnEditCell)
+{
+    Show();
+    grid.SetText(3, 2, u"010-1111-2222"_q);
+    grid.SetActiveCell(3, 2);
+    Type("019");
+    EXPECT_TRUE(IsEditing());
+    grid.CommitEdit();
+    EXPECT_EQ(grid.GetText(3, 2), u"019"_q);
+    EXPECT_FALSE(IsEditing());
+    EXPECT_TRUE(grid.hasFocus());
+}
+
+TEST_F(SpreadTest, WhatAnInputMethodCommitsReplacesTheTextToo)
+{
+    Show();
+    grid.SetText(2, 2, u"김구"_q);
+    grid.SetActiveCell(2, 2);
+    Commit(u"홍"_q);
+    Commit(u"길동"_q);
+    grid.CommitEdit();
+    EXPECT_EQ(grid.GetText(2, 2), u"홍길동"_q);
+}
+
+TEST_F(SpreadTest, AnInputMethodMayComposeBeforeItCommits)
+{
+    Show();
+    grid.SetActiveCell(2, 2);
+    EXPECT_TRUE(grid.testAttribute(Qt::WA_InputMethodEnabled));
+    grid.SetText(2, 2, u"김구"_q);
+    for (const QString& composed : {u"ㅎ"_q, u"호"_q, u"홍"_q}) {
+        QInputMethodEvent composing(composed, {});
+        QCoreApplication::sendEvent(QApplication::focusWidget(), &composing);
+    }
+    EXPECT_EQ(grid.GetText(2, 2), u"김구"_q);
+    Commit(u"홍"_q);
+    Commit(u"길동"_q);
+    grid.CommitEdit();
+    EXPECT_EQ(grid.GetText(2, 2), u"홍길동"_q);
+}
+
+TEST_F(SpreadTest, TypingInAStaticCellDoesNothing)
+{
+    Show();
+    grid.SetText(1, 1, u"01"_q);
+    grid.SetText(1, 5, u"05"_q);
+    Type("05");
+    EXPECT_FALSE(IsEditing());
+    EXPECT_EQ(grid.ActiveRow(), 1);
+    EXPECT_EQ(grid.GetText(1, 1), u"01"_q);
+}
+
+TEST_F(SpreadTest, TypingStopsAtTheCharacterLimit)
+{
+    Show();
+    grid.SetActiveCell(2, 1);
+    Type("abcdefg");
+    grid.CommitEdit();
+    EXPECT_EQ(grid.GetText(2, 1), u"abcdef"_q);
+    grid.SetActiveCell(3, 1);
+    Type("01012345678901");
+    grid.CommitEdit();
+    EXPECT_EQ(grid.GetText(3, 1), u"0101234567890"_q);
+}
+
+TEST_F(SpreadTest, AnInputMethodStopsAtTheCharacterLimit)
+{
+    Show();
+    grid.SetActiveCell(2, 1);
+    Commit(u"가나다라"_q);
+    Commit(u"마바사아"_q);
+    grid.CommitEdit();
+    EXPECT_EQ(grid.GetText(2, 1), u"가나다라마바"_q);
+}
+
+TEST_F(SpreadTest, APasteIntoTheCellOrItsEditorIsCutAtTheLimit)
+{
+    Show();
+    QApplication::clipboard()->setText(QString(100000, u'가'));
+    grid.SetActiveCell(2, 1);
+    Press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(grid.GetText(2, 1), u"가가가가가가"_q);
+    grid.SetActiveCell(2, 2);
+    Press(Qt::Key_F2);
+    ASSERT_TRUE(IsEditing());
+    Press(Qt::Key_V, Qt::ControlModifier);
+    grid.CommitEdit();
+    EXPECT_EQ(grid.GetText(2, 2), u"가가가가가가"_q);
+}
+
+TEST_F(SpreadTest, OfAPastedTextACellTakesTheFirstLine)
+{
+    Show();
+    QApplication::clipboard()->setText(u"홍길동\r\n김구"_q);
+    grid.SetActiveCell(2, 1);
+    Press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(grid.GetText(2, 1), u"홍길동"_q);
+}
+
+TEST_F(SpreadTest, APasteIntoAStaticCellDoesNothing)
+{
+    Show();
+    QApplication::clipboard()->setText(u"x"_q);
+    grid.SetText(1, 1, u"01"_q);
+    Press(Qt::Key_V, Qt::ControlModifier);
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(grid.GetText(1, 1), u"01"_q);
+}
+
+TEST_F(SpreadTest, CopyAndCutTakeTheTextOfTheActiveCell)
+{
+    Show();
+    grid.SetText(3, 1, u"010"_q);
+    grid.SetActiveCell(3, 1);
+    Press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), u"010"_q);
+    EXPECT_EQ(grid.GetText(3, 1), u"010"_q);
+    grid.SetText(3, 1, u"011"_q);
+    Press(Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), u"011"_q);
+    EXPECT_EQ(grid.GetText(3, 1), QString());
+}
+
+TEST_F(SpreadTest, F2AndADoubleClickEditInPlace)
+{
+    Show();
+    grid.SetText(3, 1, u"010"_q);
+    grid.SetActiveCell(3, 1);
+    Press(Qt::Key_F2);
+    Type("1");
+    grid.CommitEdit();
+    EXPECT_EQ(grid.GetText(3, 1), u"0101"_q);
+    DoubleClickOn(3, 1);
+    ASSERT_TRUE(IsEditing());
+    Type("2");
+    grid.CommitEdit();
+    EXPECT_EQ(grid.GetText(3, 1), u"01012"_q);
+}
+
+TEST_F(SpreadTest, DeleteClearsAnEditCell)
+{
+    Show();
+    grid.SetText(3, 1, u"010"_q);
+    grid.SetActiveCell(3, 1);
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(grid.GetText(3, 1), QString());
+    EXPECT_FALSE(IsEditing());
+}
+
+TEST_F(SpreadTest, EscapeLeavesTheTextAsItWas)
+{
+    Show();
+    grid.SetText(3, 1, u"010"_q);
+    grid.SetActiveCell(3, 1);
+    Type("9");
+    Press(Qt::Key_Escape);
+    EXPECT_FALSE(IsEditing());
+    EXPECT_EQ(grid.GetText(3, 1), u"010"_q);
+}
+
+TEST_F(SpreadTest, AClickElsewhereCommitsTheEdit)
+{
+    Show();
+    grid.SetActiveCell(3, 1);
+    Type("010");
+    ClickOn(2, 5);
+    EXPECT_EQ(grid.GetText(3, 1), u"010"_q);
+    EXPECT_EQ(grid.ActiveRow(), 5);
+}
+
+TEST_F(SpreadTest, LosingTheFocusCommitsTheEdit)
+{
+    Show();
+    grid.SetActiveCell(3, 1);
+    Type("010");
+    next.setFocus();
+    EXPECT_EQ(grid.GetText(3, 1), u"010"_q);
+}
+
+TEST_F(SpreadTest, UpAndDownCommitTheEditAndWalkOn)
+{
+    Show();
+    grid.SetActiveCell(3, 2);
+    Type("010");
+    Press(Qt::Key_Down);
+    EXPECT_EQ(grid.GetText(3, 2), u"010"_q);
+    EXPECT_EQ(grid.ActiveRow(), 3);
+    Type("011");
+    Press(Qt::Key_Up);
+    EXPECT_EQ(grid.GetText(3, 3), u"011"_q);
+    EXPECT_EQ(grid.ActiveRow(), 2);
+}
+
+TEST_F(SpreadTest, TabCommitsTheEditAndLeavesTheGrid)
+{
+    Show();
+    grid.SetActiveCell(3, 2);
+    Type("010");
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(grid.GetText(3, 2), u"010"_q);
+    EXPECT_TRUE(next.hasFocus());
+    Press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_TRUE(grid.hasFocus());
+    Press(Qt::Key_Tab);
+    EXPECT_TRUE(next.hasFocus());
+    EXPECT_EQ(grid.ActiveCol(), 3);
+}
+
+TEST_F(SpreadTest, TheOwnerSeesEnterWithTheEditCommitted)
+{
+    Show();
+    QString then;
+    grid.OnKeyPress = [&](int& key) {
+        if (key != 13)
+            return;
+        then = grid.GetText(2, 2);
+        grid.SetActiveCell(3, 2);
+        key = 0;
+    };
+    grid.SetActiveCell(2, 2);
+    Type("abc");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(then, u"abc"_q);
+    EXPECT_EQ(grid.ActiveCol(), 3);
+    Type("010");
+    Press(Qt::Key_Enter);
+    EXPECT_EQ(grid.GetText(3, 2), u"010"_q);
+}
+
+TEST_F(SpreadTest, TheOwnerSeesEnterInAnyCell)
+{
+    Show();
+    int seen = 0;
+    grid.OnKeyPress = [&](int& key) { seen += key == 13; };
+    Press(Qt::Key_Return);
+    grid.SetActiveCell(4, 2);
+    Press(Qt::Key_Enter);
+    EXPECT_EQ(seen, 2);
+}
+
+TEST_F(SpreadTest, ASwallowedKeyStartsNoEdit)
+{
+    Show();
+    grid.OnKeyPress = [](int& key) { key = key == 'a' ? 0 : key; };
+    grid.SetActiveCell(2, 2);
+    Type("a");
+    EXPECT_FALSE(IsEditing());
+    Type("b");
+    EXPECT_TRUE(IsEditing());
+}
+
+TEST_F(SpreadTest, EditingAndArrowsNeverChangeARemovedRow)
+{
+    Show();
+    grid.SetActiveCell(3, 2);
+    grid.SetText(3, 2, u"010"_q);
+    grid.SetRowHidden(2, true);
+    Type("9");
+    Press(Qt::Key_F2);
+    Press(Qt::Key_Delete);
+    EXPECT_FALSE(IsEditing());
+    EXPECT_EQ(grid.GetText(3, 2), u"010"_q);
+}
+
+TEST_F(SpreadTest, HidingTheRowUnderEditKeepsWhatWasTyped)
+{
+    Show();
+    grid.SetActiveCell(3, 2);
+    Type("010");
+    grid.SetRowHidden(2, true);
+    EXPECT_EQ(grid.GetText(3, 2), u"010"_q);
+    EXPECT_FALSE(IsEditing());
+}
+
+TEST_F(SpreadTest, ResetEndsAnEditWithoutATrace)
+{
+    Show();
+    grid.SetActiveCell(3, 2);
+    Type("010");
+    grid.Reset();
+    EXPECT_FALSE(IsEditing());
+    EXPECT_EQ(grid.GetText(3, 2), QString());
+}
+
+TEST_F(SpreadTest, OpeningAnEditorAloneOverridesNothing)
+{
+    Show();
+    grid.SetMaxRows(5);
+    grid.SetDataSource(std::make_shared<CountingSource>(5, 5));
+    grid.SetActiveCell(3, 2);
+    Press(Qt::Key_F2);
+    grid.CommitEdit();
+    grid.SetMaxRows(0);
+    grid.SetMaxRows(5);
+    EXPECT_EQ(grid.GetText(3, 2), QString());
+}
+
+TEST_F(SpreadTest, TheActiveCellWearsTheFocusColourWhileTheGridHasTheFocus)
+{
+    Show();
+    grid.SetActiveCell(3, 2);
+    const QPoint inside = grid.visualRect(Index(3, 2)).topLeft() + QPoint(3, 3);
+    EXPECT_EQ(grid.viewport()->grab().toImage().pixelColor(inside), QColor(255, 224, 192));
+    next.setFocus();
+    EXPECT_EQ(grid.viewport()->grab().toImage().pixelColor(inside), QColor(255, 255, 255));
+}
+
+TEST_F(SpreadTest, ARowCursorTintsTheWholeActiveRow)
+{
+    Show();
+    grid.SetRowCursor(true);
+    grid.SetActiveCell(3, 2);
+    const QPoint beside = grid.visualRect(Index(2, 2)).topLeft() + QPoint(3, 3);
+    EXPECT_NE(grid.viewport()->grab().toImage().pixelColor(beside), QColor(255, 255, 255));
+    grid.SetActiveCell(3, 3);
+    EXPECT_EQ(grid.viewport()->grab().toImage().pixelColor(beside), QColor(255, 255, 255));
+}
+
+TEST_F(SpreadTest, LinesAreDrawnInTheGridsColour)
+{
+    Show();
+    grid.SetGridColor(QColor(1, 2, 3));
+    const QRect cell = grid.visualRect(Index(3, 5));
+    const QImage seen = grid.viewport()->grab().toImage();
+    EXPECT_EQ(seen.pixelColor(cell.right(), cell.center().y()), QColor(1, 2, 3));
+    EXPECT_EQ(seen.pixelColor(cell.center().x(), cell.bottom()), QColor(1, 2, 3));
+}
+
+TEST_F(SpreadTest, TenThousandRowsAreAMatterOfMilliseconds)
+{
+    Show();
+    QElapsedTimer watch;
+    watch.start();
+    grid.SetReDraw(false);
+    grid.SetMaxRows(10000);
+    for (int row = 1; row <= 10000; ++row) {
+        for (int col = 1; col <= 3; ++col)
+            grid.SetText(col, row, u"010-1234-5678"_q);
+    }
+    grid.SetReDraw(true);
+    EXPECT_LT(watch.elapsed(), 1000);
+    watch.restart();
+    for (int row = 1; row <= 10000; row += 2)
+        grid.SetRowHidden(row, true);
+    EXPECT_LT(watch.elapsed(), 5000);
+    EXPECT_TRUE(grid.isRowHidden(9998));
+    EXPECT_FALSE(grid.isRowHidden(9999));
+}
+
+} // namespace
+
+} // namespace tsms::test

@@ -1,0 +1,333 @@
+#include "toolkit/MemoBox.h"
+#include "toolkit/TextBox.h"
+#include "toolkit/TextHelper.h"
+
+#include "support/Words.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QInputMethodEvent>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace tsms;
+using namespace tsms::test;
+
+namespace {
+
+void Commit(QWidget& field, const QString& text)
+{
+    QInputMethodEvent event;
+    event.setCommitString(text);
+    QApplication::sendEvent(&field, &event);
+}
+
+void Compose(QWidget& field, const QString& preedit)
+{
+    QInputMethodEvent event(preedit, {});
+    QApplication::sendEvent(&field, &event);
+}
+
+void Paste(QWidget& field, const QString& text)
+{
+    QApplication::clipboard()->setText(text);
+    QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
+}
+
+/// What holds for both text boxes.
+template <class Field> class AnyTextField : public testing::Test
+{
+protected:
+    Field field{nullptr, QStringLiteral("txtAny")};
+};
+
+using Fields = testing::Types<TextBox, MemoBox>;
+
+class FieldNames
+{
+public:
+    template <class Field> static std::string GetName(int)
+    {
+        return std::is_same_v<Field, TextBox> ? "TextBox" : "MemoBox";
+    }
+};
+
+TYPED_TEST_SUITE(AnyTextField, Fields, FieldNames);
+
+TYPED_TEST(AnyTextField, ItsNameIsItsAccessibleName)
+{
+    EXPECT_EQ(this->field.objectName(), u"txtAny"_q);
+    EXPECT_EQ(this->field.accessibleName(), u"txtAny"_q);
+}
+
+TYPED_TEST(AnyTextField, EveryChangeIsToldOnce)
+{
+    QStringList told;
+    this->field.OnChange = [&] { told += this->field.Text(); };
+    QTest::keyClicks(&this->field, QStringLiteral("ab"));
+    Commit(this->field, u"가"_q);
+    Paste(this->field, u"c"_q);
+    this->field.SetText(u"by program"_q);
+    EXPECT_EQ(told, (QStringList{u"a"_q, u"ab"_q, u"ab가"_q, u"ab가c"_q, u"by program"_q}));
+}
+
+TYPED_TEST(AnyTextField, TheSameTextSetAgainIsNoChange)
+{
+    this->field.SetText(u"a"_q);
+    int told = 0;
+    this->field.OnChange = [&] { ++told; };
+    this->field.SetText(u"a"_q);
+    EXPECT_EQ(told, 0);
+}
+
+TYPED_TEST(AnyTextField, AHandlerThatSetsTheTextIsToldOfThatToo)
+{
+    QStringList told;
+    this->field.OnChange = [&] {
+        told += this->field.Text();
+        if (this->field.Text() == u"a"_q)
+            this->field.SetText(u"b"_q);
+    };
+    QTest::keyClicks(&this->field, QStringLiteral("a"));
+    EXPECT_EQ(told, (QStringList{u"a"_q, u"b"_q}));
+    EXPECT_EQ(this->field.Text(), u"b"_q);
+}
+
+TYPED_TEST(AnyTextField, TheChangeTellsWhoMadeItAndWhatStoodBefore)
+{
+    this->field.SetText(u"x"_q);
+    QString before;
+    bool byProgram = false;
+    this->field.OnChange = [&] {
+        before = this->field.PresentChange()->before;
+        byProgram = this->field.PresentChange()->byProgram;
+    };
+    this->field.SetText(u"y"_q);
+    EXPECT_EQ(before, u"x"_q);
+    EXPECT_TRUE(byProgram);
+    QTest::keyClick(&this->field, Qt::Key_Z);
+    EXPECT_EQ(before, u"y"_q);
+    EXPECT_FALSE(byProgram);
+    EXPECT_EQ(this->field.PresentChange(), nullptr);
+}
+
+TYPED_TEST(AnyTextField, AKeyIsFilteredBeforeItActs)
+{
+    this->field.OnKeyPress = [](char16_t& key) {
+        if (key == u'b')
+            key = 0;
+    };
+    QTest::keyClicks(&this->field, QStringLiteral("abc"));
+    EXPECT_EQ(this->field.Text(), u"ac"_q);
+}
+
+TYPED_TEST(AnyTextField, AKeyCanBeReplaced)
+{
+    this->field.OnKeyPress = [](char16_t& key) { key = u'X'; };
+    QTest::keyClick(&this->field, Qt::Key_A);
+    EXPECT_EQ(this->field.Text(), u"X"_q);
+}
+
+TYPED_TEST(AnyTextField, WhatAnInputMethodCommitsIsFilteredLikeKeys)
+{
+    this->field.OnKeyPress = FilterNumberKey;
+    Commit(this->field, u"010-가나12"_q);
+    EXPECT_EQ(this->field.Text(), u"010-12"_q);
+}
+
+TYPED_TEST(AnyTextField, WhatIsStillBeingComposedIsNoText)
+{
+    int told = 0;
+    this->field.OnChange = [&] { ++told; };
+    Compose(this->field, u"가"_q);
+    EXPECT_EQ(told, 0);
+    EXPECT_EQ(this->field.Text(), QString());
+}
+
+TYPED_TEST(AnyTextField, EnterBackspaceAndTabComeAsTheirCodes)
+{
+    QList<int> keys;
+    this->field.OnKeyPress = [&](char16_t& key) {
+        keys += key;
+        key = 0;
+    };
+    this->field.SetText(u"ab"_q);
+    this->field.SetSelStart(2);
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Backspace, Qt::Key_Tab})
+        QTest::keyClick(&this->field, key);
+    EXPECT_EQ(keys, (QList<int>{13, 13, 8, 9}));
+    EXPECT_EQ(this->field.Text(), u"ab"_q);
+}
+
+TYPED_TEST(AnyTextField, EditingCommandsPassTheFilterUntouched)
+{
+    int asked = 0;
+    this->field.SetText(u"ab"_q);
+    this->field.OnKeyPress = [&](char16_t& key) {
+        ++asked;
+        key = 0;
+    };
+    QTest::keyClick(&this->field, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&this->field, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), u"ab"_q);
+    Paste(this->field, u"cd"_q);
+    QTest::keyClick(&this->field, Qt::Key_Left);
+    EXPECT_EQ(this->field.Text(), u"cd"_q);
+    EXPECT_EQ(asked, 0);
+}
+
+TYPED_TEST(AnyTextField, EveryReleaseOfAKeyIsTold)
+{
+    QList<int> released;
+    this->field.OnKeyUp = [&](int key, int) { released += key; };
+    QTest::keyClick(&this->field, Qt::Key_A);
+    QTest::keyClick(&this->field, Qt::Key_Left);
+    QTest::keyClick(&this->field, Qt::Key_Shift);
+    EXPECT_EQ(released, (QList<int>{Qt::Key_A, Qt::Key_Left, Qt::Key_Shift}));
+}
+
+TYPED_TEST(AnyTextField, ItsOwnLimitStopsTypingPasteAndCommit)
+{
+    this->field.SetMaxLength(3);
+    QTest::keyClicks(&this->field, QStringLiteral("abcd"));
+    EXPECT_EQ(this->field.Text(), u"abc"_q);
+    this->field.SetSelStart(1);
+    Paste(this->field, u"xyz"_q);
+    EXPECT_EQ(this->field.Text(), u"abc"_q);
+    EXPECT_EQ(this->field.SelStart(), 1);
+    this->field.Select(1, 1);
+    Commit(this->field, u"가나"_q);
+    EXPECT_EQ(this->field.Text(), u"a가c"_q);
+    this->field.SetText(u"12345"_q);
+    EXPECT_EQ(this->field.Text(), u"123"_q);
+}
+
+TYPED_TEST(AnyTextField, TheSelectionIsToldInCharacters)
+{
+    this->field.SetText(u"abcdef"_q);
+    this->field.Select(1, 3);
+    EXPECT_EQ(this->field.SelStart(), 1);
+    EXPECT_EQ(this->field.SelLength(), 3);
+    EXPECT_EQ(this->field.SelText(), u"bcd"_q);
+    this->field.SetSelStart(99);
+    EXPECT_EQ(this->field.SelStart(), 6);
+    EXPECT_EQ(this->field.SelLength(), 0);
+    this->field.SelectAll();
+    EXPECT_EQ(this->field.SelLength(), 6);
+}
+
+TYPED_TEST(AnyTextField, ATextSetByTheProgramLeavesTheCaretAtItsStart)
+{
+    this->field.SetText(u"abc"_q);
+    EXPECT_EQ(this->field.SelStart(), 0);
+}
+
+TYPED_TEST(AnyTextField, BackColorIsTheColourThatWasSet)
+{
+    this->field.SetBackColor(QColor(144, 215, 250));
+    EXPECT_EQ(this->field.BackColor(), QColor(144, 215, 250));
+}
+
+TEST(TextBox, OfAPastedTextItTakesTheFirstLine)
+{
+    TextBox field;
+    field.SetText(u"ab"_q);
+    field.SetSelStart(1);
+    Paste(field, u"12\n34"_q);
+    EXPECT_EQ(field.Text(), u"a12b"_q);
+    EXPECT_EQ(field.SelStart(), 3);
+}
+
+TEST(MemoBox, EnterMakesALineBreakOfTwoCharacters)
+{
+    MemoBox field;
+    QTest::keyClicks(&field, QStringLiteral("a"));
+    QTest::keyClick(&field, Qt::Key_Return);
+    QTest::keyClicks(&field, QStringLiteral("b"));
+    EXPECT_EQ(field.Text(), u"a\r\nb"_q);
+    EXPECT_EQ(field.SelStart(), 4);
+}
+
+TEST(MemoBox, ShiftAndEnterMakeTheSameLineBreak)
+{
+    MemoBox field;
+    QTest::keyClick(&field, Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(field.Text(), u"\r\n"_q);
+}
+
+TEST(MemoBox, LineBreaksOfEveryKindComeOutAsCrLf)
+{
+    MemoBox field;
+    field.SetText(u"a\r\nb\nc"_q);
+    EXPECT_EQ(field.Text(), u"a\r\nb\r\nc"_q);
+    field.SetText(QString());
+    Paste(field, QStringLiteral("a\nb") + QChar(QChar::LineSeparator) + QStringLiteral("c"));
+    EXPECT_EQ(field.Text(), u"a\r\nb\r\nc"_q);
+}
+
+TEST(MemoBox, ANoBreakBlankStaysWhatItIs)
+{
+    MemoBox field;
+    field.SetText(u"a\u00A0b"_q);
+    EXPECT_EQ(field.Text(), u"a\u00A0b"_q);
+}
+
+struct PositionRow
+{
+    int set;
+    int read;
+};
+
+class MemoPositions : public testing::TestWithParam<PositionRow>
+{};
+
+TEST_P(MemoPositions, CountALineBreakAsTwo)
+{
+    MemoBox field;
+    field.SetText(u"ab\r\n\r\ncd"_q);
+    field.SetSelStart(GetParam().set);
+    EXPECT_EQ(field.SelStart(), GetParam().read);
+}
+
+// A position inside of a line break is the one before it.
+INSTANTIATE_TEST_SUITE_P(Rows, MemoPositions,
+                         testing::Values(PositionRow{0, 0}, PositionRow{2, 2}, PositionRow{4, 4},
+                                         PositionRow{6, 6}, PositionRow{7, 7}, PositionRow{8, 8},
+                                         PositionRow{99, 8}, PositionRow{-1, 0}));
+
+TEST(MemoBox, ASelectionOverALineBreakCountsItAsTwo)
+{
+    MemoBox field;
+    field.SetText(u"ab\r\ncd"_q);
+    field.Select(1, 4);
+    EXPECT_EQ(field.SelLength(), 4);
+    EXPECT_EQ(field.SelText(), u"b\r\nc"_q);
+}
+
+TEST(MemoBox, TabLeavesIt)
+{
+    QWidget window;
+    auto* first = new MemoBox(&window, u"first"_q);
+    auto* second = new TextBox(&window, u"second"_q);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    first->setFocus();
+    QTest::keyClick(first, Qt::Key_Tab);
+    EXPECT_TRUE(second->hasFocus());
+    EXPECT_EQ(first->Text(), QString());
+}
+
+TEST(MemoBox, UndoTakesAChangeAndItsCorrectionInOneStep)
+{
+    MemoBox field;
+    field.SetMaxLength(4);
+    QTest::keyClicks(&field, QStringLiteral("ab"));
+    Paste(field, u"cdefgh"_q);
+    ASSERT_EQ(field.Text(), u"abcd"_q);
+    QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(field.Text(), u"ab"_q);
+}
+
+} // namespace

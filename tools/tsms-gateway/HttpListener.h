@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+#include <QThread>
+
+#include <atomic>
+#include <functional>
+
+namespace tsms {
+
+/// A request that arrived whole.
+struct HttpRequest
+{
+    QByteArray Method;
+    QByteArray Path;
+    QHash<QByteArray, QByteArray> Headers; ///< names in lower case
+    QByteArray Body;
+    int Number = 0; ///< counted over all connections, from 1
+};
+
+/// The very bytes that go back, and what becomes of the connection then.
+struct HttpAnswer
+{
+    enum class Then { Keep, Close, Reset };
+
+    QByteArray Bytes;
+    Then After = Then::Keep;
+    int DelayMilliseconds = 0;
+};
+
+/// A whole answer with its Content-Length. Without a body for HEAD.
+HttpAnswer WholeAnswer(int status, const QByteArray& contentType, const QByteArray& body);
+
+/// An HTTP/1.1 listener on 127.0.0.1 in a thread of its own, with kept connections and no limit to their
+/// requests. What goes back is up to the handler byte for byte, so that it can misbehave. The handler runs
+/// in the listener's thread.
+class HttpListener
+{
+public:
+    using Handler = std::function<HttpAnswer(const HttpRequest&)>;
+
+    explicit HttpListener(Handler handler);
+    ~HttpListener(); ///< closes every connection and does not wait for anyone
+    HttpListener(const HttpListener&) = delete;
+    HttpListener& operator=(const HttpListener&) = delete;
+
+    /// Listens on `port`, or on a free one for 0. False when the port is taken.
+    bool Listen(quint16 port);
+
+    quint16 Port() const { return port_; }
+    int ConnectionCount() const { return connections_; } ///< accepted so far
+    int RequestCount() const { return requests_; }       ///< arrived whole so far
+
+private:
+    class Worker;
+    friend class Worker;
+
+    Handler handler_;
+    std::atomic<int> connections_ = 0;
+    std::atomic<int> requests_ = 0;
+    quint16 port_ = 0;
+    QThread thread_;
+    Worker* worker_ = nullptr;
+};
+
+} // namespace tsms

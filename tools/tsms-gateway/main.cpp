@@ -1,0 +1,71 @@
+#include "tsms-gateway/GatewayPages.h"
+#include "tsms-gateway/SimulatedGateway.h"
+
+#include "runtime/Clock.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+
+#include <cstdio>
+
+namespace {
+
+void PrintLine(std::FILE* stream, const QString& line)
+{
+    const QByteArray bytes = line.toUtf8() + '\n';
+    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stream);
+    std::fflush(stream);
+}
+
+int Fail(const QString& words)
+{
+    PrintLine(stderr, words);
+    return 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("tsms-gateway"));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("시험용 문자메시지 서버: 문자를 실제로 보내지 않고, 받은 대로 보여 줍니다."));
+    parser.addHelpOption();
+    const QCommandLineOption port(QStringLiteral("port"),
+                                  QStringLiteral("들을 포트. 0이면 빈 포트를 고릅니다. 기본값 8790."),
+                                  QStringLiteral("N"), QStringLiteral("8790"));
+    const QCommandLineOption faults(
+        QStringLiteral("fault"),
+        QStringLiteral("정해 둔 잘못. 여러 번 쓸 수 있습니다. 종류: refuse, short, bad-boolean, late=밀리초, drop, cut, "
+                       "soap-fault, http500, garbage, wsdl-missing, wsdl-garbage, wsdl-no-operation. 뒤에 @N을 붙이면 "
+                       "N번째 호출에만, 붙이지 않으면 모든 호출에 적용합니다."),
+        QStringLiteral("종류[@N]"));
+    parser.addOptions({port, faults});
+    parser.process(application);
+
+    bool isPort = false;
+    tsms::SimulatedGateway::Settings settings;
+    settings.Port = parser.value(port).toUShort(&isPort);
+    if (!isPort)
+        return Fail(QStringLiteral("포트가 올바르지 않습니다: ") + parser.value(port));
+    settings.OnMessage = [](const tsms::GatewayMessage& message) {
+        PrintLine(stdout, tsms::MessageLine(message));
+    };
+
+    const tsms::SystemClock clock;
+    tsms::SimulatedGateway gateway(clock, settings);
+    for (const QString& text : parser.values(faults)) {
+        const auto fault = tsms::ReadGatewayFault(text);
+        if (!fault)
+            return Fail(QStringLiteral("모르는 잘못입니다: ") + text);
+        gateway.Script(*fault);
+    }
+    if (!gateway.Start())
+        return Fail(QStringLiteral("포트 %1을(를) 쓸 수 없습니다. 다른 프로그램이 쓰고 있는지 확인하여 주십시오.")
+                        .arg(settings.Port));
+    PrintLine(stdout, QStringLiteral("ready ") + gateway.Url());
+    return QCoreApplication::exec();
+}
