@@ -21,7 +21,7 @@ namespace tsms {
 
 namespace {
 
-constexpr int PhoneWidth = 300;
+constexpr int PhoneWidth = 330; // room for six syllables in the name column
 constexpr int MessageLimit = 80;    // bytes
 constexpr int SenderNumberLimit = 13; // bytes
 
@@ -83,6 +83,7 @@ void ComposePage::BuildRecipients(QVBoxLayout& phone, QWidget& parent)
         buttons->addWidget(button, 1);
     }
     recipients_ = Named(new fpSpread(&parent), QStringLiteral("fpSpread"));
+    recipients_->SetFillWidth(true);
     recipients_->OnKeyPress = [this](int& key) {
         if (key != '\r')
             return;

@@ -102,7 +102,8 @@ SoapFault FaultOf(CURLcode code, const char* words, bool tooLong)
         return LocalFault(QStringLiteral("문자메시지 서버에 연결하지 못하였습니다."), WordsOf(code, words));
     case CURLE_URL_MALFORMAT:
     case CURLE_UNSUPPORTED_PROTOCOL:
-        return LocalFault(QStringLiteral("문자메시지 서버의 주소가 올바르지 않습니다."), WordsOf(code, words));
+        return LocalFault(QStringLiteral("문자메시지 서버의 주소가 올바르지 않습니다."),
+                          WordsOf(code, words));
     default:
         return LocalFault(QStringLiteral("문자메시지 서버와의 통신이 끊어졌습니다."), WordsOf(code, words));
     }

@@ -76,9 +76,8 @@ Boolean ModSMS::SubmitSMS(const QString& recvNm, const QString& recvTelNo, const
     const bool isAccepted = WithHandler(
         [&] {
             const QString answer = Client().Call(
-                QStringLiteral("SendSMS"),
-                {session_.SMSID, session_.SMSPWD, session_.SMSDNS, senderTelNo, recvTelNo, content, QString(),
-                 sendTime, extra1, extra2, extra3});
+                QStringLiteral("SendSMS"), {session_.SMSID, session_.SMSPWD, session_.SMSDNS, senderTelNo,
+                                            recvTelNo, content, QString(), sendTime, extra1, extra2, extra3});
             ReadReply(answer, reply);
             const LogEntry entry{recvNm, recvTelNo, senderTelNo, content, LogTime(sendTime, clock_.Now())};
             // Meant: a message that left counts as sent also when its log row could not be written.

@@ -42,7 +42,8 @@ bool IsElementName(const QString& name)
 /// Whether a text may stand between quotes in one header line.
 bool IsHeaderValue(const QString& text)
 {
-    return std::none_of(text.begin(), text.end(), [](QChar c) { return c < u' ' || c == u'"' || c == u'\x7f'; });
+    return std::none_of(text.begin(), text.end(),
+                        [](QChar c) { return c < u' ' || c == u'"' || c == u'\x7f'; });
 }
 
 /// All documents of a description, with their named parts indexed.
@@ -167,8 +168,7 @@ private:
 
     void Enter(const QString& kind, const Named& named)
     {
-        const QString key =
-            KeyOf(kind.toLatin1().constData(), {named.space, Attribute(named.node, "name")});
+        const QString key = KeyOf(kind.toLatin1().constData(), {named.space, Attribute(named.node, "name")});
         if (!index_.contains(key))
             index_.insert(key, named);
     }
@@ -203,10 +203,17 @@ const Documents::Named* MessageOf(const Documents& documents, const pugi::xml_no
 QList<pugi::xml_node> PartsOf(const pugi::xml_node& message)
 {
     QList<pugi::xml_node> parts;
-    for (const pugi::xml_node& node : message.children())
+    for (pugi::xml_node node = FirstElement(message); node && parts.size() <= MaxParts;
+         node = NextElement(node))
         if (Is(node, ns::Wsdl, "part"))
             parts.append(node);
     return parts;
+}
+
+/// Many operations that share one endless message would otherwise fill the memory.
+std::optional<QList<CallPart>> WithinBounds(const QList<CallPart>& parts)
+{
+    return parts.size() <= MaxParts ? std::optional(parts) : std::nullopt;
 }
 
 std::optional<QList<CallPart>> RpcParts(const pugi::xml_node& message)
@@ -218,7 +225,7 @@ std::optional<QList<CallPart>> RpcParts(const pugi::xml_node& message)
         const QualifiedName type = NameInText(node, node.attribute("type").value());
         parts.append({Attribute(node, "name"), {}, type.Namespace, type.Local});
     }
-    return parts;
+    return WithinBounds(parts);
 }
 
 /// The one element of a wrapped sequence as an argument.
@@ -262,12 +269,12 @@ std::optional<QList<CallPart>> WrappedParts(const Documents& documents, const Do
             return std::nullopt;
         for (pugi::xml_node element = FirstElement(group); element; element = NextElement(element)) {
             const std::optional<CallPart> part = WrappedPart(element, type);
-            if (!part)
+            if (!part || parts.size() > MaxParts)
                 return std::nullopt;
             parts.append(*part);
         }
     }
-    return parts;
+    return WithinBounds(parts);
 }
 
 /// Fills in what wraps the arguments of a document style call and the arguments. False for any form but one
@@ -293,8 +300,7 @@ bool ShapeRpc(const Documents& documents, const pugi::xml_node& operation, const
               const pugi::xml_node& body, CallShape& shape)
 {
     const std::optional<QList<CallPart>> arguments = RpcParts(message);
-    shape.Style =
-        Attribute(body, "use") == u"encoded" ? CallStyle::RpcEncoded : CallStyle::RpcLiteral;
+    shape.Style = Attribute(body, "use") == u"encoded" ? CallStyle::RpcEncoded : CallStyle::RpcLiteral;
     shape.Element = Attribute(operation, "name");
     shape.Namespace = Attribute(body, "namespace");
     shape.EncodingStyle = Attribute(body, "encodingStyle");
@@ -381,8 +387,7 @@ ServiceDescription ReadServiceDescription(const QUrl& url, const QString& servic
     const QHash<QString, pugi::xml_node> operations = OperationsIn(portType->node);
     const QHash<QString, pugi::xml_node> bindings = OperationsIn(bound.binding);
     for (auto operation = operations.cbegin(); operation != operations.cend(); ++operation)
-        if (const auto shape =
-                ShapeOf(documents, operation.value(), bindings.value(operation.key()), style))
+        if (const auto shape = ShapeOf(documents, operation.value(), bindings.value(operation.key()), style))
             description.Operations.insert(operation.key(), *shape);
     return description;
 }

@@ -56,5 +56,6 @@ ServiceDescription ReadServiceDescription(const QUrl& url, const QString& servic
                                           const DocumentSource& fetch);
 
 inline constexpr int MaxDocuments = 16;
+inline constexpr int MaxParts = 64; ///< of an operation that is not left out
 
 } // namespace tsms

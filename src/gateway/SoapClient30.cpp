@@ -102,7 +102,8 @@ QString SoapClient30::Call(const QString& operation, const QStringList& argument
             throw LocalFault(QStringLiteral("문자메시지 서비스의 설명을 아직 읽지 못하였습니다."));
         const auto shape = service_->description.Operations.constFind(operation);
         if (shape == service_->description.Operations.cend())
-            throw LocalFault(QStringLiteral("문자메시지 서비스에 없는 기능입니다."), operation, UnknownOperation);
+            throw LocalFault(QStringLiteral("문자메시지 서비스에 없는 기능입니다."), operation,
+                             UnknownOperation);
         if (shape->Parts.size() != arguments.size())
             throw LocalFault(QStringLiteral("문자메시지 서비스의 인수 개수가 맞지 않습니다."), operation,
                              WrongArgumentCount);

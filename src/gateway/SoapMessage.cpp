@@ -136,9 +136,9 @@ QByteArray CallEnvelope(const CallShape& shape, const QStringList& arguments)
     }
     envelope += "><soap:Body><" + name.tag + name.declaration;
     if (shape.Style == CallStyle::RpcEncoded)
-        envelope += WrittenAttribute("soap:encodingStyle",
-                                     shape.EncodingStyle.isEmpty() ? QLatin1String(ns::SoapEncoding).toString()
-                                                                   : shape.EncodingStyle);
+        envelope += WrittenAttribute("soap:encodingStyle", shape.EncodingStyle.isEmpty()
+                                                               ? QLatin1String(ns::SoapEncoding).toString()
+                                                               : shape.EncodingStyle);
     envelope += '>';
     for (qsizetype i = 0; i < shape.Parts.size(); ++i)
         envelope += WrittenPart(shape.Style, shape.Parts[i], arguments[i]);

@@ -13,9 +13,12 @@
 #include "shell/ComingDialog.h"
 #include "shell/Version.h"
 #include "store/DBConnect.h"
+#include "templates/TemplateCache.h"
 #include "templates/TemplateCards.h"
 #include "templates/TemplatePage.h"
 #include "toolkit/Controls.h"
+#include "toolkit/fpSpread.h"
+#include "toolkit/MemoBox.h"
 #include "toolkit/Naming.h"
 #include "toolkit/Theme.h"
 #include "toolkit/Twips.h"
@@ -81,8 +84,8 @@ void frmSMSMain::BuildToolbar()
     };
     const std::array<Position, Positions> positions{{{120, QStringLiteral("toolbar-compose"), QStringLiteral("문자발송")},
                                                      {1860, QStringLiteral("toolbar-history"), QStringLiteral("발송내역")},
-                                                     {3600, QStringLiteral("toolbar-account"), QStringLiteral("요금현황")},
-                                                     {5340, QStringLiteral("toolbar-templates"), QStringLiteral("문자서식")},
+                                                     {3600, QStringLiteral("toolbar-charge"), QStringLiteral("요금현황")},
+                                                     {5340, QStringLiteral("toolbar-template"), QStringLiteral("문자서식")},
                                                      {7080, QStringLiteral("toolbar-settings"), QStringLiteral("환경설정")}}};
     for (int i = 0; i < Positions; ++i) {
         const auto slot = static_cast<std::size_t>(i);
@@ -102,6 +105,8 @@ void frmSMSMain::BuildToolbar()
 
 void frmSMSMain::BuildPages()
 {
+    templateCache_ = Named(new fpSpread(this), QStringLiteral("fpSpreadHidden"));
+    templateCache_->hide();
     auto* cards = new TemplateCards(services_, TemplateCards::ComposeSide, this);
     compose_ = new ComposePage(services_,
                                {[this] { BtnWindowsClick(2); },
@@ -149,7 +154,7 @@ void frmSMSMain::Load()
     SetBusy(Boolean::True);
     for (QWidget* page : pages_)
         page->move(PageCorner);
-    InitTemplateCache();
+    InitTemplateCache(*templateCache_);
     compose_->Load();
     history_->Load();
     account_->Load();

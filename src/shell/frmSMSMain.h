@@ -9,6 +9,7 @@ namespace tsms {
 
 class AccountPage;
 class ComposePage;
+class fpSpread;
 class HistoryPage;
 class Label;
 class Panel;
@@ -63,6 +64,7 @@ private:
     AccountPage* account_ = nullptr;
     TemplateEditor* editor_ = nullptr;
     TemplatePage* templates_ = nullptr;
+    fpSpread* templateCache_ = nullptr; // fpSpreadHidden
     Label* balance_ = nullptr;
     Label* version_ = nullptr;
     bool activated_ = false;

@@ -10,8 +10,9 @@ namespace {
 
 [[noreturn]] void RefuseText()
 {
-    throw RuntimeError(BadConnectionText,
-                       QStringLiteral("Format of the initialization string does not conform to the OLE DB specification."));
+    throw RuntimeError(
+        BadConnectionText,
+        QStringLiteral("Format of the initialization string does not conform to the OLE DB specification."));
 }
 
 /// Walks the "keyword=value" pairs of a text.

@@ -31,7 +31,8 @@ QString ErrorText(const CurrentError& error)
     case IntegrityViolation:
         return QStringLiteral("☞ : ") + error.Description + lines +
                QStringLiteral("데이터베이스 저장 프로시저 내부시스템 오류");
-    default: return QStringLiteral("☞ : ") + error.Description;
+    default:
+        return QStringLiteral("☞ : ") + error.Description;
     }
 }
 

@@ -21,8 +21,8 @@ public:
 
     Boolean ConnectDB();
 
-    /// The beginning of every operation: ConnectDB, and once more if that returned 0. The second result is not
-    /// looked at.
+    /// The beginning of every operation: ConnectDB, and once more if that returned 0. The second result is
+    /// not looked at.
     void ConnectWithRetry();
 
     void CloseDB();
@@ -34,8 +34,8 @@ public:
     /// Runs one statement.
     Boolean ExecuteSQL(const Statement& statement);
 
-    /// Closes the database objects, clears Busy and tells the user of the current error: nothing when there is
-    /// none, and a quiet new connection instead of a box when an object was not set.
+    /// Closes the database objects, clears Busy and tells the user of the current error: nothing when there
+    /// is none, and a quiet new connection instead of a box when an object was not set.
     void ReportDBError();
 
     /// The current recordset. Raises 91 when there is none.

@@ -33,8 +33,8 @@ public:
     {
         const QByteArray text = ToEmbeddedDialect(sql);
         const char* tail = nullptr;
-        if (sqlite3_prepare_v2(connection.Handle(), text.constData(), static_cast<int>(text.size()), &statement_,
-                               &tail) != SQLITE_OK)
+        if (sqlite3_prepare_v2(connection.Handle(), text.constData(), static_cast<int>(text.size()),
+                               &statement_, &tail) != SQLITE_OK)
             Fail();
         RefuseSecondStatement(QString::fromUtf8(tail, text.constData() + text.size() - tail));
     }
@@ -46,9 +46,12 @@ public:
     bool Step()
     {
         switch (sqlite3_step(statement_)) {
-        case SQLITE_ROW: return true;
-        case SQLITE_DONE: return false;
-        default: Fail();
+        case SQLITE_ROW:
+            return true;
+        case SQLITE_DONE:
+            return false;
+        default:
+            Fail();
         }
     }
 
@@ -64,9 +67,15 @@ public:
     {
         for (int column = 0; column < into.FieldCount(); ++column)
             switch (sqlite3_column_type(statement_, column)) {
-            case SQLITE_NULL: into.AddNull(); break;
-            case SQLITE_INTEGER: into.AddInteger(sqlite3_column_int64(statement_, column)); break;
-            case SQLITE_FLOAT: into.AddReal(sqlite3_column_double(statement_, column)); break;
+            case SQLITE_NULL:
+                into.AddNull();
+                break;
+            case SQLITE_INTEGER:
+                into.AddInteger(sqlite3_column_int64(statement_, column));
+                break;
+            case SQLITE_FLOAT:
+                into.AddReal(sqlite3_column_double(statement_, column));
+                break;
             default: {
                 const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_, column));
                 into.AddText(text, sqlite3_column_bytes(statement_, column));
@@ -121,9 +130,10 @@ void EmbeddedConnection::OpenFile(const QString& path, bool make)
     sqlite3_limit(handle_, SQLITE_LIMIT_ATTACHED, 0);
     PrepareEmbeddedHandle(handle_, clock_);
     sqlite3_busy_timeout(handle_, ConnectionTimeout * 1000);
-    // The file is not looked at before the first statement. Whatever keeps it from being read, the log-in failed.
-    if (sqlite3_exec(handle_, "PRAGMA synchronous=FULL; SELECT 1 FROM sqlite_master LIMIT 1", nullptr, nullptr,
-                     nullptr) != SQLITE_OK) {
+    // The file is not looked at before the first statement. Whatever keeps it from being read, the log-in
+    // failed.
+    if (sqlite3_exec(handle_, "PRAGMA synchronous=FULL; SELECT 1 FROM sqlite_master LIMIT 1", nullptr,
+                     nullptr, nullptr) != SQLITE_OK) {
         Close();
         throw UnreachableFile(path_);
     }

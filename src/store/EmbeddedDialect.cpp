@@ -51,9 +51,10 @@ bool Same(std::string_view word, std::string_view upper)
 
 RuntimeError SyntaxErrorNear(std::string_view words)
 {
-    return RuntimeError(StatementFailure, QStringLiteral("Incorrect syntax near '") +
-                                              QString::fromUtf8(words.data(), static_cast<qsizetype>(words.size())) +
-                                              QStringLiteral("'."));
+    return RuntimeError(StatementFailure,
+                        QStringLiteral("Incorrect syntax near '") +
+                            QString::fromUtf8(words.data(), static_cast<qsizetype>(words.size())) +
+                            QStringLiteral("'."));
 }
 
 /// Ends behind the closing sign of a quoted piece; a doubled sign inside does not close it.
@@ -67,13 +68,13 @@ std::size_t QuotedEnd(std::string_view sql, std::size_t from, char close)
         ++at;
     }
     const std::string_view rest = sql.substr(from + 1);
-    throw RuntimeError(StatementFailure, QStringLiteral("Unclosed quotation mark after the character string '") +
-                                             QString::fromUtf8(rest.data(), static_cast<qsizetype>(rest.size())) +
-                                             QStringLiteral("'."));
+    throw RuntimeError(StatementFailure,
+                       QStringLiteral("Unclosed quotation mark after the character string '") +
+                           QString::fromUtf8(rest.data(), static_cast<qsizetype>(rest.size())) +
+                           QStringLiteral("'."));
 }
 
-template <class Is>
-std::size_t RunEnd(std::string_view sql, std::size_t from, Is is)
+template <class Is> std::size_t RunEnd(std::string_view sql, std::size_t from, Is is)
 {
     while (from < sql.size() && is(sql[from]))
         ++from;
@@ -135,7 +136,10 @@ const Routine* FindRoutine(std::string_view word)
 class Rewriter
 {
 public:
-    explicit Rewriter(std::string_view sql) : tokens_(Split(sql)) { out_.reserve(static_cast<qsizetype>(sql.size()) + 64); }
+    explicit Rewriter(std::string_view sql) : tokens_(Split(sql))
+    {
+        out_.reserve(static_cast<qsizetype>(sql.size()) + 64);
+    }
 
     QByteArray Run()
     {
@@ -309,7 +313,8 @@ private:
     /// The server takes what a date is compared with for a date as well, whatever its form.
     void RewriteDateComparison()
     {
-        static constexpr std::array<std::string_view, 7> comparisons = {"=", "<", ">", "<=", ">=", "<>", "!="};
+        static constexpr std::array<std::string_view, 7> comparisons = {
+            "=", "<", ">", "<=", ">=", "<>", "!="};
         const std::size_t next = Peek().kind == Kind::Space ? Behind(at_) : at_;
         bool compares = false;
         for (const std::string_view sign : comparisons)

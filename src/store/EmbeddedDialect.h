@@ -5,8 +5,8 @@
 
 namespace tsms {
 
-/// A statement of the server's dialect in that of the embedded engine, in UTF-8. What stands in quotes is never
-/// touched. Raises StatementFailure for a quote that is not closed.
+/// A statement of the server's dialect in that of the embedded engine, in UTF-8. What stands in quotes is
+/// never touched. Raises StatementFailure for a quote that is not closed.
 QByteArray ToEmbeddedDialect(const QString& sql);
 
 /// The collation of every text column.

@@ -54,12 +54,14 @@ QString LastToken(const QString& sql)
 
 RuntimeError UnreachableFile(const QString& path)
 {
-    return RuntimeError(CommunicationFailure, QStringLiteral("Cannot open database \"") + path + QStringLiteral("\"."));
+    return RuntimeError(CommunicationFailure,
+                        QStringLiteral("Cannot open database \"") + path + QStringLiteral("\"."));
 }
 
 RuntimeError EmbeddedError(sqlite3* handle, const QString& path, const QString& sql)
 {
-    return TranslateEmbeddedError(sqlite3_errcode(handle), QString::fromUtf8(sqlite3_errmsg(handle)), path, sql);
+    return TranslateEmbeddedError(sqlite3_errcode(handle), QString::fromUtf8(sqlite3_errmsg(handle)), path,
+                                  sql);
 }
 
 RuntimeError TranslateEmbeddedError(int code, const QString& message, const QString& path, const QString& sql)
@@ -70,9 +72,11 @@ RuntimeError TranslateEmbeddedError(int code, const QString& message, const QStr
     case SQLITE_CORRUPT:
     case SQLITE_IOERR:
     case SQLITE_AUTH:
-    case SQLITE_PERM: return UnreachableFile(path);
+    case SQLITE_PERM:
+        return UnreachableFile(path);
     case SQLITE_BUSY:
-    case SQLITE_LOCKED: return RuntimeError(CommandTimedOut, QStringLiteral("Timeout expired"));
+    case SQLITE_LOCKED:
+        return RuntimeError(CommandTimedOut, QStringLiteral("Timeout expired"));
     case SQLITE_READONLY:
         return RuntimeError(StatementFailure, QStringLiteral("Failed to update database \"") +
                                                   QFileInfo(path).fileName() +
@@ -81,11 +85,12 @@ RuntimeError TranslateEmbeddedError(int code, const QString& message, const QStr
         return RuntimeError(StatementFailure, QStringLiteral("Could not allocate space in database '") +
                                                   QFileInfo(path).fileName() +
                                                   QStringLiteral("' because the disk is full."));
-    default: break;
+    default:
+        break;
     }
     if (message == u"incomplete input")
-        return RuntimeError(StatementFailure,
-                            QStringLiteral("Incorrect syntax near '") + LastToken(sql) + QStringLiteral("'."));
+        return RuntimeError(StatementFailure, QStringLiteral("Incorrect syntax near '") + LastToken(sql) +
+                                                  QStringLiteral("'."));
     for (const Translation& translation : Translations) {
         const QRegularExpression pattern(QString::fromUtf16(translation.pattern),
                                          QRegularExpression::DotMatchesEverythingOption);
@@ -93,7 +98,8 @@ RuntimeError TranslateEmbeddedError(int code, const QString& message, const QStr
         if (!match.hasMatch())
             continue;
         QString words = QString::fromUtf16(translation.words);
-        words.replace(QStringLiteral("%2"), match.captured(2)).replace(QStringLiteral("%1"), match.captured(1));
+        words.replace(QStringLiteral("%2"), match.captured(2))
+            .replace(QStringLiteral("%1"), match.captured(1));
         return RuntimeError(translation.number, words);
     }
     const long number = (code & 0xFF) == SQLITE_CONSTRAINT ? IntegrityViolation : StatementFailure;

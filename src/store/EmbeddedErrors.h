@@ -13,7 +13,8 @@ namespace tsms {
 RuntimeError EmbeddedError(sqlite3* handle, const QString& path, const QString& sql = {});
 
 /// The same from the engine's result code and message.
-RuntimeError TranslateEmbeddedError(int code, const QString& message, const QString& path, const QString& sql);
+RuntimeError TranslateEmbeddedError(int code, const QString& message, const QString& path,
+                                    const QString& sql);
 
 /// A file that cannot be reached.
 RuntimeError UnreachableFile(const QString& path);

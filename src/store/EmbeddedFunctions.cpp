@@ -20,7 +20,8 @@ using Arguments = sqlite3_value**;
 std::string_view TextOf(sqlite3_value* value)
 {
     const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-    return text ? std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value))) : std::string_view();
+    return text ? std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value)))
+                : std::string_view();
 }
 
 void Answer(sqlite3_context* context, std::string_view text)
@@ -124,11 +125,12 @@ std::optional<Moment> ReadMoment(std::string_view text)
 void Answer(sqlite3_context* context, const Moment& moment)
 {
     std::array<char, 48> text{};
-    int size = std::snprintf(text.data(), text.size(), "%04d/%02d/%02d", moment.day.year(), moment.day.month(),
-                             moment.day.day());
+    int size = std::snprintf(text.data(), text.size(), "%04d/%02d/%02d", moment.day.year(),
+                             moment.day.month(), moment.day.day());
     if (moment.second != 0)
-        size += std::snprintf(text.data() + size, text.size() - static_cast<std::size_t>(size), " %02d:%02d:%02d",
-                              moment.second / 3600, moment.second / 60 % 60, moment.second % 60);
+        size +=
+            std::snprintf(text.data() + size, text.size() - static_cast<std::size_t>(size), " %02d:%02d:%02d",
+                          moment.second / 3600, moment.second / 60 % 60, moment.second % 60);
     Answer(context, std::string_view(text.data(), static_cast<std::size_t>(size)));
 }
 
@@ -141,7 +143,8 @@ std::optional<Moment> MomentOf(sqlite3_context* context, sqlite3_value* value)
     }
     const std::optional<Moment> moment = ReadMoment(TextOf(value));
     if (!moment)
-        sqlite3_result_error(context, "Conversion failed when converting date and/or time from character string.", -1);
+        sqlite3_result_error(context,
+                             "Conversion failed when converting date and/or time from character string.", -1);
     return moment;
 }
 
@@ -166,11 +169,13 @@ void Convert(sqlite3_context* context, int, Arguments values)
 {
     const int style = sqlite3_value_int(values[2]);
     if (style != 111) {
-        const QByteArray words = QByteArray::number(style) + " is not a valid style number when converting to a character string.";
+        const QByteArray words =
+            QByteArray::number(style) + " is not a valid style number when converting to a character string.";
         return sqlite3_result_error(context, words.constData(), -1);
     }
     if (std::optional<Moment> moment = MomentOf(context, values[1])) {
-        const QByteArray text = moment->day.toString(QStringLiteral("yyyy/MM/dd")).toLatin1().left(sqlite3_value_int(values[0]));
+        const QByteArray text =
+            moment->day.toString(QStringLiteral("yyyy/MM/dd")).toLatin1().left(sqlite3_value_int(values[0]));
         Answer(context, std::string_view(text.constData(), static_cast<std::size_t>(text.size())));
     }
 }
@@ -200,7 +205,8 @@ int Collate(void*, int sizeA, const void* a, int sizeB, const void* b)
 void PrepareEmbeddedHandle(sqlite3* handle, const Clock& clock)
 {
     constexpr int pure = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
-    const auto add = [handle](const char* name, int arguments, int flags, auto routine, void* data = nullptr) {
+    const auto add = [handle](const char* name, int arguments, int flags, auto routine,
+                              void* data = nullptr) {
         sqlite3_create_function_v2(handle, name, arguments, flags, data, routine, nullptr, nullptr, nullptr);
     };
     sqlite3_create_collation_v2(handle, KoreanCollationName, SQLITE_UTF8, nullptr, Collate, nullptr);

@@ -18,31 +18,38 @@ namespace {
 QString EmbeddedType(const ColumnDescription& column)
 {
     switch (column.type) {
-    case ColumnType::GeneratedKey: return QStringLiteral("INTEGER PRIMARY KEY AUTOINCREMENT");
-    case ColumnType::Key: return QStringLiteral("INTEGER PRIMARY KEY");
-    case ColumnType::Integer: return QStringLiteral("INTEGER");
-    case ColumnType::Number: return QStringLiteral("NUMERIC");
-    case ColumnType::DateTime: return QStringLiteral("TEXT");
-    case ColumnType::Text: break;
+    case ColumnType::GeneratedKey:
+        return QStringLiteral("INTEGER PRIMARY KEY AUTOINCREMENT");
+    case ColumnType::Key:
+        return QStringLiteral("INTEGER PRIMARY KEY");
+    case ColumnType::Integer:
+        return QStringLiteral("INTEGER");
+    case ColumnType::Number:
+        return QStringLiteral("NUMERIC");
+    case ColumnType::DateTime:
+        return QStringLiteral("TEXT");
+    case ColumnType::Text:
+        break;
     }
     return QStringLiteral("TEXT COLLATE ") + QLatin1String(KoreanCollationName) +
            (column.required ? QStringLiteral(" NOT NULL") : QString());
 }
 
-/// Columns take any value by themselves. These keep an integer column to what the server's takes: 32 bits, and
-/// decimals cut off.
+/// Columns take any value by themselves. These keep an integer column to what the server's takes: 32 bits,
+/// and decimals cut off.
 QString IntegerTriggers(const QString& table, const QString& column)
 {
     QString text;
     for (const QString& event : {QStringLiteral("INSERT"), QStringLiteral("UPDATE OF %2")})
         text += (QStringLiteral("CREATE TRIGGER %1_%2_") + event.left(6) + QStringLiteral(" AFTER ") + event +
-                 QStringLiteral(" ON %1 WHEN NEW.%2 IS NOT NULL AND (typeof(NEW.%2) <> 'integer' "
-                                "OR NEW.%2 NOT BETWEEN -2147483648 AND 2147483647) BEGIN "
-                                "SELECT RAISE(ABORT, 'Conversion failed when converting the varchar value to data "
-                                "type int.') WHERE typeof(NEW.%2) = 'text'; "
-                                "SELECT RAISE(ABORT, 'Arithmetic overflow error converting expression to data type "
-                                "int.') WHERE CAST(NEW.%2 AS INTEGER) NOT BETWEEN -2147483648 AND 2147483647; "
-                                "UPDATE %1 SET %2 = CAST(NEW.%2 AS INTEGER) WHERE rowid = NEW.rowid; END;\n"))
+                 QStringLiteral(
+                     " ON %1 WHEN NEW.%2 IS NOT NULL AND (typeof(NEW.%2) <> 'integer' "
+                     "OR NEW.%2 NOT BETWEEN -2147483648 AND 2147483647) BEGIN "
+                     "SELECT RAISE(ABORT, 'Conversion failed when converting the varchar value to data "
+                     "type int.') WHERE typeof(NEW.%2) = 'text'; "
+                     "SELECT RAISE(ABORT, 'Arithmetic overflow error converting expression to data type "
+                     "int.') WHERE CAST(NEW.%2 AS INTEGER) NOT BETWEEN -2147483648 AND 2147483647; "
+                     "UPDATE %1 SET %2 = CAST(NEW.%2 AS INTEGER) WHERE rowid = NEW.rowid; END;\n"))
                     .arg(table, column);
     return text;
 }
@@ -53,10 +60,11 @@ QString NumberTriggers(const QString& table, const QString& column)
     QString text;
     for (const QString& event : {QStringLiteral("INSERT"), QStringLiteral("UPDATE OF %2")})
         text += (QStringLiteral("CREATE TRIGGER %1_%2_") + event.left(6) + QStringLiteral(" AFTER ") + event +
-                 QStringLiteral(" ON %1 WHEN typeof(NEW.%2) = 'text' BEGIN "
-                                "UPDATE %1 SET %2 = REPLACE(NEW.%2, ',', '') WHERE rowid = NEW.rowid; "
-                                "SELECT RAISE(ABORT, 'Cannot convert a char value to money. The char value has "
-                                "incorrect syntax.') FROM %1 WHERE rowid = NEW.rowid AND typeof(%2) = 'text'; END;\n"))
+                 QStringLiteral(
+                     " ON %1 WHEN typeof(NEW.%2) = 'text' BEGIN "
+                     "UPDATE %1 SET %2 = REPLACE(NEW.%2, ',', '') WHERE rowid = NEW.rowid; "
+                     "SELECT RAISE(ABORT, 'Cannot convert a char value to money. The char value has "
+                     "incorrect syntax.') FROM %1 WHERE rowid = NEW.rowid AND typeof(%2) = 'text'; END;\n"))
                     .arg(table, column);
     return text;
 }
@@ -66,7 +74,8 @@ QString EmbeddedTable(const TableDescription& table)
     QStringList columns;
     for (const ColumnDescription& column : table.columns)
         columns += column.name + u' ' + EmbeddedType(column);
-    QString text = QStringLiteral("CREATE TABLE %1 (%2);\n").arg(table.name, columns.join(QStringLiteral(", ")));
+    QString text =
+        QStringLiteral("CREATE TABLE %1 (%2);\n").arg(table.name, columns.join(QStringLiteral(", ")));
     for (qsizetype at = 0; at < table.indexes.size(); ++at)
         text += QStringLiteral("CREATE INDEX IX_%1_%2 ON %1 (%3);\n")
                     .arg(table.name, QString::number(at + 1), table.indexes[at]);
@@ -91,7 +100,8 @@ public:
     Draft& operator=(const Draft&) = delete;
     ~Draft()
     {
-        for (const QString& suffix : {QString(), QStringLiteral("-wal"), QStringLiteral("-shm"), QStringLiteral("-journal")})
+        for (const QString& suffix :
+             {QString(), QStringLiteral("-wal"), QStringLiteral("-shm"), QStringLiteral("-journal")})
             QFile::remove(path_ + suffix);
     }
 
@@ -140,10 +150,17 @@ void CreateEmbeddedDatabase(const QString& path, YearRange years, const Clock& c
 
 void AddEmbeddedLogYear(const QString& path, int year, const Clock& clock)
 {
+    const TableDescription table = LogTable(year);
     EmbeddedConnection connection(clock);
     connection.OpenFile(path);
-    connection.ExecuteNative(QStringLiteral("BEGIN IMMEDIATE;\n") + EmbeddedTable(LogTable(year)) +
-                             QStringLiteral("COMMIT"));
+    connection.ExecuteNative(QStringLiteral("BEGIN IMMEDIATE"));
+    if (connection
+            .Query(QStringLiteral("SELECT name FROM sqlite_master WHERE name = ") + u'\'' + table.name +
+                   u'\'')
+            ->RecordCount() > 0)
+        throw RuntimeError(StatementFailure, table.name + QStringLiteral(" 테이블이 이미 있습니다."));
+    connection.ExecuteNative(EmbeddedTable(table));
+    connection.ExecuteNative(QStringLiteral("COMMIT"));
 }
 
 } // namespace tsms

@@ -29,7 +29,8 @@ Boolean LoadSMSSetup(Session& session, DBConnect& db)
     return WithHandler(
         [&session, &db] {
             db.ConnectWithRetry();
-            if (db.OpenRecordset(u"SELECT * FROM SMSSetup") == Boolean::True && db.Records().RecordCount() >= 1) {
+            if (db.OpenRecordset(u"SELECT * FROM SMSSetup") == Boolean::True &&
+                db.Records().RecordCount() >= 1) {
                 ReadAccount(session, db.Records());
                 session.AnnounceBalance();
             }

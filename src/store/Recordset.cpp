@@ -15,7 +15,8 @@ int Recordset::FieldIndex(QStringView name) const
     for (int column = 0; column < FieldCount(); ++column)
         if (names_[column].compare(name, Qt::CaseInsensitive) == 0)
             return column;
-    throw RuntimeError(ItemNotFound, QStringLiteral("요청한 이름이나 서수에 해당하는 항목을 컬렉션에서 찾을 수 없습니다."));
+    throw RuntimeError(ItemNotFound,
+                       QStringLiteral("요청한 이름이나 서수에 해당하는 항목을 컬렉션에서 찾을 수 없습니다."));
 }
 
 QString Recordset::Text(int row, int column) const
@@ -52,10 +53,17 @@ void Recordset::AddNull()
 {
     Column& column = Next(Kind::Nothing);
     switch (column.kind) {
-    case Kind::Nothing: break;
-    case Kind::Integer: column.integers.push_back(0); break;
-    case Kind::Real: column.reals.push_back(0); break;
-    case Kind::Text: column.ends.push_back(column.text.size()); break;
+    case Kind::Nothing:
+        break;
+    case Kind::Integer:
+        column.integers.push_back(0);
+        break;
+    case Kind::Real:
+        column.reals.push_back(0);
+        break;
+    case Kind::Text:
+        column.ends.push_back(column.text.size());
+        break;
     }
     Filled(true);
 }
@@ -120,10 +128,14 @@ void Recordset::Promote(Column& column, Kind kind)
     wider.nulls = column.nulls;
     for (std::size_t row = 0; row < rows; ++row) {
         switch (kind) {
-        case Kind::Nothing: break;
-        case Kind::Integer: wider.integers.push_back(0); break;
+        case Kind::Nothing:
+            break;
+        case Kind::Integer:
+            wider.integers.push_back(0);
+            break;
         case Kind::Real:
-            wider.reals.push_back(column.kind == Kind::Integer ? static_cast<double>(column.integers[row]) : 0);
+            wider.reals.push_back(column.kind == Kind::Integer ? static_cast<double>(column.integers[row])
+                                                               : 0);
             break;
         case Kind::Text:
             wider.text += TextOf(column, row).toUtf8();
@@ -139,10 +151,14 @@ QString Recordset::TextOf(const Column& column, std::size_t row)
     if (column.nulls[row])
         return {};
     switch (column.kind) {
-    case Kind::Nothing: return {};
-    case Kind::Integer: return QString::number(static_cast<qlonglong>(column.integers[row]));
-    case Kind::Real: return QString::number(column.reals[row], 'g', 15);
-    case Kind::Text: break;
+    case Kind::Nothing:
+        return {};
+    case Kind::Integer:
+        return QString::number(static_cast<qlonglong>(column.integers[row]));
+    case Kind::Real:
+        return QString::number(column.reals[row], 'g', 15);
+    case Kind::Text:
+        break;
     }
     const std::int64_t from = row == 0 ? 0 : column.ends[row - 1];
     return QString::fromUtf8(column.text.constData() + from, column.ends[row] - from);

@@ -51,8 +51,8 @@ private:
         Kind kind = Kind::Nothing;
         std::vector<std::int64_t> integers;
         std::vector<double> reals;
-        QByteArray text;                   ///< all texts of the column, in UTF-8, one behind the other
-        std::vector<std::int64_t> ends;    ///< where each of them ends
+        QByteArray text;                ///< all texts of the column, in UTF-8, one behind the other
+        std::vector<std::int64_t> ends; ///< where each of them ends
         std::vector<bool> nulls;
     };
 

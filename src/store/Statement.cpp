@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace tsms {
 
@@ -164,16 +165,19 @@ private:
     void TakeWord(QStringView word)
     {
         static constexpr std::array<QStringView, 22> beginnings = {
-            u"INSERT",   u"UPDATE", u"DELETE",   u"DROP",    u"CREATE",   u"ALTER", u"EXEC",   u"EXECUTE",
-            u"TRUNCATE", u"MERGE",  u"DECLARE",  u"USE",     u"SHUTDOWN", u"BEGIN", u"COMMIT", u"ROLLBACK",
-            u"GRANT",    u"REVOKE", u"WAITFOR",  u"BACKUP",  u"RESTORE",  u"UNION"};
-        const auto is = [word](QStringView other) { return word.compare(other, Qt::CaseInsensitive) == 0; };
+            u"INSERT",   u"UPDATE", u"DELETE",  u"DROP",   u"CREATE",   u"ALTER", u"EXEC",   u"EXECUTE",
+            u"TRUNCATE", u"MERGE",  u"DECLARE", u"USE",    u"SHUTDOWN", u"BEGIN", u"COMMIT", u"ROLLBACK",
+            u"GRANT",    u"REVOKE", u"WAITFOR", u"BACKUP", u"RESTORE",  u"UNION"};
+        const auto is = [word](QStringView other) {
+            return word.size() == other.size() && word.compare(other, Qt::CaseInsensitive) == 0;
+        };
         const bool first = firstWord_.isEmpty();
         if (first)
             firstWord_ = word;
         else if (is(u"SELECT") ? depth_ <= 0 : std::any_of(beginnings.begin(), beginnings.end(), is))
             Note(secondStatement, word);
-        else if (is(u"SET") && (std::exchange(setSeen_, true) || firstWord_.compare(u"UPDATE", Qt::CaseInsensitive)))
+        else if (is(u"SET") &&
+                 (std::exchange(setSeen_, true) || firstWord_.compare(u"UPDATE", Qt::CaseInsensitive)))
             Note(secondStatement, word);
     }
 
@@ -234,7 +238,8 @@ QString Statement::Fault() const
     if (!bareFault_.isEmpty())
         return bareFault_;
     const OutsideScan scan(text_);
-    // Looked at before the quotes: where these stand, the server may pair the quotes in another way than we do.
+    // Looked at before the quotes: where these stand, the server may pair the quotes in another way than we
+    // do.
     if (!scan.hidingMark.isEmpty())
         return SyntaxErrorNear(scan.hidingMark);
     if (scan.endsInsideLiteral)

@@ -6,9 +6,9 @@
 
 namespace tsms {
 
-/// A SQL text under assembly. Texts are joined as they stand and nothing in a value is ever escaped; what keeps
-/// a value from changing the statement is Fault(), which knows which words are the program's own and which
-/// came from outside.
+/// A SQL text under assembly. Texts are joined as they stand and nothing in a value is ever escaped; what
+/// keeps a value from changing the statement is Fault(), which knows which words are the program's own and
+/// which came from outside.
 class Statement
 {
 public:

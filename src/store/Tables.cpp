@@ -25,7 +25,8 @@ TableDescription Setup()
 TableDescription Groups()
 {
     return {QStringLiteral("SMSGroupMst"),
-            {{QStringLiteral("GroupCd"), ColumnType::GeneratedKey}, {QStringLiteral("GroupNm"), ColumnType::Text, 100}},
+            {{QStringLiteral("GroupCd"), ColumnType::GeneratedKey},
+             {QStringLiteral("GroupNm"), ColumnType::Text, 100}},
             {QStringLiteral("GroupNm")}};
 }
 
@@ -41,9 +42,10 @@ TableDescription Members()
 
 TableDescription Categories()
 {
-    return {QStringLiteral("SMSTempLMst"),
-            {{QStringLiteral("TempLCd"), ColumnType::Key}, {QStringLiteral("TempLNm"), ColumnType::Text, 100}},
-            {}};
+    return {
+        QStringLiteral("SMSTempLMst"),
+        {{QStringLiteral("TempLCd"), ColumnType::Key}, {QStringLiteral("TempLNm"), ColumnType::Text, 100}},
+        {}};
 }
 
 TableDescription Templates()
@@ -72,15 +74,22 @@ TableDescription Charges()
 QString ServerType(const ColumnDescription& column)
 {
     switch (column.type) {
-    case ColumnType::GeneratedKey: return QStringLiteral("int IDENTITY(1,1) NOT NULL");
-    case ColumnType::Key: return QStringLiteral("int NOT NULL");
-    case ColumnType::Integer: return QStringLiteral("int NULL");
-    case ColumnType::Number: return QStringLiteral("money NULL"); // takes "1,000" as well as "1000"
-    case ColumnType::DateTime: return QStringLiteral("datetime NULL");
-    case ColumnType::Text: break;
+    case ColumnType::GeneratedKey:
+        return QStringLiteral("int IDENTITY(1,1) NOT NULL");
+    case ColumnType::Key:
+        return QStringLiteral("int NOT NULL");
+    case ColumnType::Integer:
+        return QStringLiteral("int NULL");
+    case ColumnType::Number:
+        return QStringLiteral("money NULL"); // takes "1,000" as well as "1000"
+    case ColumnType::DateTime:
+        return QStringLiteral("datetime NULL");
+    case ColumnType::Text:
+        break;
     }
     return QStringLiteral("varchar(%1) COLLATE Korean_Wansung_CI_AS %2")
-        .arg(QString::number(column.width), column.required ? QStringLiteral("NOT NULL") : QStringLiteral("NULL"));
+        .arg(QString::number(column.width),
+             column.required ? QStringLiteral("NOT NULL") : QStringLiteral("NULL"));
 }
 
 QString ServerTable(const TableDescription& table)
@@ -90,8 +99,10 @@ QString ServerTable(const TableDescription& table)
         lines += QStringLiteral("    %1 %2").arg(column.name, ServerType(column));
     for (const ColumnDescription& column : table.columns)
         if (column.type == ColumnType::GeneratedKey || column.type == ColumnType::Key)
-            lines += QStringLiteral("    CONSTRAINT PK_%1 PRIMARY KEY CLUSTERED (%2)").arg(table.name, column.name);
-    QString text = QStringLiteral("CREATE TABLE dbo.%1 (\n%2\n);\nGO\n").arg(table.name, lines.join(QStringLiteral(",\n")));
+            lines += QStringLiteral("    CONSTRAINT PK_%1 PRIMARY KEY CLUSTERED (%2)")
+                         .arg(table.name, column.name);
+    QString text = QStringLiteral("CREATE TABLE dbo.%1 (\n%2\n);\nGO\n")
+                       .arg(table.name, lines.join(QStringLiteral(",\n")));
     for (qsizetype at = 0; at < table.indexes.size(); ++at)
         text += QStringLiteral("CREATE INDEX IX_%1_%2 ON dbo.%1 (%3);\nGO\n")
                     .arg(table.name, QString::number(at + 1), table.indexes[at]);
@@ -153,8 +164,9 @@ bool ReadYearRange(QStringView text, YearRange& into)
 
 QString AccountRow()
 {
-    return QStringLiteral("INSERT INTO SMSSetup (SMSID, SMSPWD, SMSDNS, SMSTelNo, SMSOrgNm, SMSAuto1, SMSAuto2, "
-                          "SMSRemainCnt, SMSWeb1, SMSWeb2) VALUES ('', '', '', '', '', '0', '0', 0, '', '')");
+    return QStringLiteral(
+        "INSERT INTO SMSSetup (SMSID, SMSPWD, SMSDNS, SMSTelNo, SMSOrgNm, SMSAuto1, SMSAuto2, "
+        "SMSRemainCnt, SMSWeb1, SMSWeb2) VALUES ('', '', '', '', '', '0', '0', 0, '', '')");
 }
 
 QString ServerScript(YearRange years)

@@ -3,7 +3,9 @@
 #include "runtime/RuntimeError.h"
 #include "toolkit/Guarded.h"
 #include "toolkit/Naming.h"
+#include "toolkit/Theme.h"
 
+#include <QPainter>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -82,6 +84,15 @@ void ComboBox::SetBackColor(const QColor& color)
     QPalette colors = palette();
     colors.setColor(QPalette::Button, color);
     setPalette(colors);
+}
+
+void ComboBox::paintEvent(QPaintEvent* event)
+{
+    QComboBox::paintEvent(event);
+    if (!hasFocus())
+        return;
+    QPainter painter(this);
+    theme::DrawFocusRing(painter, rect(), 3);
 }
 
 void ComboBox::wheelEvent(QWheelEvent* event)

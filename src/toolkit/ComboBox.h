@@ -48,6 +48,7 @@ public:
     QString Tag;
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 };
 

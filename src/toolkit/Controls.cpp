@@ -10,6 +10,8 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -32,6 +34,20 @@ QString Shown(const QString& caption)
 void NameByWords(QWidget& widget, const QString& words)
 {
     widget.setAccessibleName(words.isEmpty() ? widget.objectName() : words);
+}
+
+/// Room of a mark and its words for the ring of the focus.
+constexpr QMargins RingRoom(4, 3, 4, 3);
+
+/// Draws a mark with its words, and the ring around both.
+template <class Mark> void PaintMark(Mark& mark, QStyle::ControlElement element, QStyleOptionButton option)
+{
+    option.rect = option.rect.marginsRemoved(RingRoom);
+    option.state &= ~QStyle::State_HasFocus; // the style shows it only behind a key
+    QStylePainter painter(&mark);
+    painter.drawControl(element, option);
+    if (mark.hasFocus())
+        theme::DrawFocusRing(painter, mark.rect(), Radius);
 }
 
 QRectF HalfPixelInside(const QRect& rect)
@@ -408,6 +424,18 @@ RadioButton::RadioButton(QWidget* parent, const QString& name, const QString& ca
     });
 }
 
+QSize RadioButton::sizeHint() const
+{
+    return QRadioButton::sizeHint().grownBy(RingRoom);
+}
+
+void RadioButton::paintEvent(QPaintEvent*)
+{
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    PaintMark(*this, QStyle::CE_RadioButton, option);
+}
+
 CheckBox::CheckBox(QWidget* parent, const QString& name, const QString& caption)
     : QCheckBox(parent),
       caption_(caption)
@@ -415,6 +443,18 @@ CheckBox::CheckBox(QWidget* parent, const QString& name, const QString& caption)
     setText(Shown(caption));
     SetName(*this, name);
     connect(this, &QCheckBox::toggled, this, [this] { RaiseEvent(*this, OnClick); });
+}
+
+QSize CheckBox::sizeHint() const
+{
+    return QCheckBox::sizeHint().grownBy(RingRoom);
+}
+
+void CheckBox::paintEvent(QPaintEvent*)
+{
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    PaintMark(*this, QStyle::CE_CheckBox, option);
 }
 
 } // namespace tsms

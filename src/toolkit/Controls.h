@@ -205,8 +205,14 @@ public:
     bool Value() const { return isChecked(); }
     void SetValue(bool chosen) { setChecked(chosen); }
 
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
     std::function<void()> OnClick;
     QString Tag;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     QString caption_;
@@ -224,8 +230,14 @@ public:
     bool Value() const { return isChecked(); }
     void SetValue(bool ticked) { setChecked(ticked); }
 
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
     std::function<void()> OnClick;
     QString Tag;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     QString caption_;

@@ -2,13 +2,16 @@
 
 #include "toolkit/Guarded.h"
 #include "toolkit/Naming.h"
+#include "toolkit/Pictures.h"
+#include "toolkit/Theme.h"
 
 #include <QCalendarWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QStyle>
 #include <QStyleOptionSpinBox>
-#include <QTextCharFormat>
+#include <QToolButton>
 
 namespace tsms {
 
@@ -32,6 +35,25 @@ void DatePicker::SetValue(QDate date)
     setDate(date);
 }
 
+void DatePicker::DressCalendar()
+{
+    QCalendarWidget* calendar = calendarWidget();
+    calendar->setLocale(QLocale(QLocale::Korean, QLocale::SouthKorea));
+    calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    const auto setPicture = [&](const QString& name, const QString& picture) {
+        if (auto* button = calendar->findChild<QToolButton*>(name))
+            button->setIcon(PictureIcon(picture));
+    };
+    setPicture(QStringLiteral("qt_calendar_prevmonth"), QStringLiteral("arrow-left"));
+    setPicture(QStringLiteral("qt_calendar_nextmonth"), QStringLiteral("arrow-right"));
+}
+
+void DatePicker::mousePressEvent(QMouseEvent* event)
+{
+    DressCalendar();
+    QDateEdit::mousePressEvent(event);
+}
+
 bool DatePicker::IsCalendarOpen() const
 {
     const QWidget* calendar = findChild<QCalendarWidget*>();
@@ -40,10 +62,7 @@ bool DatePicker::IsCalendarOpen() const
 
 void DatePicker::OpenCalendar()
 {
-    auto* calendar = calendarWidget();
-    calendar->setLocale(QLocale(QLocale::Korean, QLocale::SouthKorea));
-    calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-
+    DressCalendar();
     // The control has no other way to open its calendar than a press on its arrow.
     QStyleOptionComboBox arrow;
     arrow.initFrom(this);
@@ -60,6 +79,15 @@ void DatePicker::keyPressEvent(QKeyEvent* event)
         OpenCalendar();
     else
         QDateEdit::keyPressEvent(event);
+}
+
+void DatePicker::paintEvent(QPaintEvent* event)
+{
+    QDateEdit::paintEvent(event);
+    if (!hasFocus())
+        return;
+    QPainter painter(this);
+    theme::DrawFocusRing(painter, rect(), 3);
 }
 
 void DatePicker::wheelEvent(QWheelEvent* event)

@@ -148,20 +148,22 @@ bool DialogForm::WalkByArrow(int key)
 
 void DialogForm::showEvent(QShowEvent* event)
 {
-    QWidget* last = nullptr;
-    for (QWidget* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain())
-        if (body_->isAncestorOf(widget) && (widget->focusPolicy() & Qt::TabFocus))
-            last = widget;
-    for (PushButton* button : buttons_) {
-        if (!button)
-            continue;
-        if (last)
-            setTabOrder(last, button);
-        last = button;
-    }
     if (!focusWidget())
-        focusNextChild();
-    Form::showEvent(event);
+        FocusFirst();
+    QWidget::showEvent(event);
+}
+
+void DialogForm::FocusFirst()
+{
+    // The foot was made before the body was filled; a person begins in the body.
+    for (QWidget* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain()) {
+        const bool stop = (widget->focusPolicy() & Qt::TabFocus) && widget->isEnabled() && !widget->isHidden();
+        if (stop && body_->isAncestorOf(widget)) {
+            widget->setFocus(Qt::OtherFocusReason);
+            return;
+        }
+    }
+    focusNextChild();
 }
 
 } // namespace tsms

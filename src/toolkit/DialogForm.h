@@ -58,13 +58,14 @@ protected:
     /// After F12, Esc and the arrow keys, while Busy is not set. True when the key is used up.
     bool KeyDown(int key, Qt::KeyboardModifiers shift) override;
 
-    /// Puts the foot behind the dialog's own controls in the tab order.
+    /// Gives the first control of the body the focus where nothing has it yet.
     void showEvent(QShowEvent* event) override;
 
 private:
     void MakeTitleStrip(const DialogFrame& frame);
     void MakeFoot(const DialogFrame& frame);
     bool WalkByArrow(int key);
+    void FocusFirst();
 
     bool f12RunsButton0_;
     bool arrowsWalk_;

@@ -10,6 +10,7 @@
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
@@ -166,17 +167,29 @@ bool Form::PreviewKey(const QWidget& receiver, QKeyEvent& event)
     return usedUp;
 }
 
-void Form::showEvent(QShowEvent* event)
+void Form::setVisible(bool visible)
 {
-    QWidget::showEvent(event);
-    if (placed_)
-        return;
-    placed_ = true;
+    if (visible && !placed_) {
+        placed_ = true;
+        Place();
+    }
+    QWidget::setVisible(visible);
+}
+
+void Form::Place()
+{
+    ensurePolished();
+    if (layout())
+        layout()->activate();
+    if (!testAttribute(Qt::WA_Resized))
+        adjustSize();
     const QWidget* over = owner_ ? owner_->window() : QApplication::activeWindow();
     if (over == this)
         over = nullptr;
-    if (over && kind_ == Kind::Dialog && windowHandle())
+    if (over && kind_ == Kind::Dialog) {
+        winId(); // makes the window's handle
         windowHandle()->setTransientParent(over->windowHandle());
+    }
     const QRect around = over ? over->frameGeometry() : screen()->availableGeometry();
     QRect place(QPoint(), size());
     place.moveCenter(around.center());

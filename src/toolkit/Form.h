@@ -42,6 +42,8 @@ public:
     /// Shows the form and returns when it has been unloaded.
     void ShowModal();
 
+    void setVisible(bool visible) override;
+
     /// Asks QueryUnload and, when it agrees, closes the form. True when the form is unloaded.
     bool Unload();
 
@@ -66,7 +68,6 @@ protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    void showEvent(QShowEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -74,6 +75,7 @@ protected:
 private:
     bool PreviewKey(const QWidget& receiver, QKeyEvent& event);
     void LeaveLoaded();
+    void Place();
 
     Session& session_;
     Desktop& desktop_;

@@ -29,7 +29,8 @@ void GridHelper::NumberColumn(fpSpread& grid, int col) const
     grid.SetColNumber(col, true);
 }
 
-void GridHelper::SetRangeColors(fpSpread& grid, int col, int row, const QColor& back, const QColor& text) const
+void GridHelper::SetRangeColors(fpSpread& grid, int col, int row, const QColor& back,
+                                const QColor& text) const
 {
     grid.SetRangeColors(col, row, back, text);
 }

@@ -15,6 +15,34 @@
 
 namespace tsms {
 
+namespace {
+
+/// Makes one step of undo of an edit, which a correction can then join.
+class EditStep
+{
+public:
+    EditStep(const QPlainTextEdit& box, bool edits) : cursor_(edits ? box.textCursor() : QTextCursor())
+    {
+        if (!cursor_.isNull())
+            cursor_.beginEditBlock();
+    }
+    EditStep(const QPlainTextEdit& box, const QKeyEvent& key)
+        : EditStep(box, !key.text().isEmpty() && !key.modifiers().testFlag(Qt::ControlModifier))
+    {}
+    ~EditStep()
+    {
+        if (!cursor_.isNull())
+            cursor_.endEditBlock();
+    }
+    EditStep(const EditStep&) = delete;
+    EditStep& operator=(const EditStep&) = delete;
+
+private:
+    QTextCursor cursor_;
+};
+
+} // namespace
+
 MemoBox::MemoBox(QWidget* parent) : QPlainTextEdit(parent)
 {
     setTabChangesFocus(true);
@@ -121,6 +149,7 @@ void MemoBox::keyPressEvent(QKeyEvent* event)
     SendFilteredKey(
         *event, [this](QStringView keys) { return PassKeys(keys); },
         [this](QKeyEvent* key) {
+            const EditStep step(*this, *key);
             if (key->key() == Qt::Key_Return && key->modifiers() == Qt::ShiftModifier) {
                 // Otherwise the control would put in a break of its own kind, which no text of ours knows.
                 QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
@@ -142,7 +171,10 @@ void MemoBox::inputMethodEvent(QInputMethodEvent* event)
 {
     SendFilteredCommit(
         *event, [this](QStringView keys) { return PassKeys(keys); },
-        [this](QInputMethodEvent* commit) { QPlainTextEdit::inputMethodEvent(commit); });
+        [this](QInputMethodEvent* commit) {
+            const EditStep step(*this, !commit->commitString().isEmpty());
+            QPlainTextEdit::inputMethodEvent(commit);
+        });
 }
 
 void MemoBox::focusInEvent(QFocusEvent* event)
@@ -161,6 +193,7 @@ void MemoBox::insertFromMimeData(const QMimeData* source)
 {
     if (!source->hasText())
         return;
+    const EditStep step(*this, true);
     insertPlainText(source->text().replace(QChar::LineSeparator, QChar(u'\n')));
     ensureCursorVisible();
 }

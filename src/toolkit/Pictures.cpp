@@ -10,6 +10,12 @@
 #include <cmath>
 #include <memory>
 
+/// A resource in a static library is linked only when somebody asks for it, from outside of any namespace.
+static void LoadPictureResource()
+{
+    Q_INIT_RESOURCE(pictures);
+}
+
 namespace tsms {
 
 namespace {
@@ -18,8 +24,10 @@ QSvgRenderer& RendererOf(const QString& name)
 {
     static QHash<QString, std::shared_ptr<QSvgRenderer>> renderers;
     std::shared_ptr<QSvgRenderer>& renderer = renderers[name];
-    if (!renderer)
+    if (!renderer) {
+        LoadPictureResource();
         renderer = std::make_shared<QSvgRenderer>(QStringLiteral(":/toolkit/%1.svg").arg(name));
+    }
     return *renderer;
 }
 

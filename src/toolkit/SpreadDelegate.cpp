@@ -38,7 +38,8 @@ QColor Tinted(const QColor& ground, const QColor& over)
                   (ground.blue() + over.blue()) / 2);
 }
 
-/// Where text may stand: with air at its sides, or without where it would not fit. The lines take the last pixel.
+/// Where text may stand: with air at its sides, or without where it would not fit. The lines take the last
+/// pixel.
 QRect TextRoom(const QRect& cell, int width)
 {
     const QRect room = cell.adjusted(Padding, 0, -Padding - 1, -1);
@@ -55,14 +56,16 @@ bool Fits(const QRect& cell, const QString& text, int width)
 
 QRect Centred(const QRect& room, int size)
 {
-    return QRect(room.left() + (room.width() - size) / 2, room.top() + (room.height() - size) / 2, size, size);
+    return QRect(room.left() + (room.width() - size) / 2, room.top() + (room.height() - size) / 2, size,
+                 size);
 }
 
 } // namespace
 
 SpreadDelegate::SpreadDelegate(fpSpread& grid) : QStyledItemDelegate(&grid), grid_(grid) {}
 
-void SpreadDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+void SpreadDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                           const QModelIndex& index) const
 {
     const SpreadModel& cells = Cells(index);
     const bool active = index == grid_.currentIndex();
@@ -104,7 +107,8 @@ QSize SpreadDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelI
     return QSize(width, option.fontMetrics.height() + 1);
 }
 
-QWidget* SpreadDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const
+QWidget* SpreadDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                                      const QModelIndex& index) const
 {
     const SpreadModel& cells = Cells(index);
     auto* line = new QLineEdit(parent);
@@ -213,8 +217,8 @@ void SpreadDelegate::PaintButton(QPainter& painter, const QStyleOptionViewItem& 
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setPen(cells.ButtonText(Col(index)));
     painter.setFont(option.font);
-    painter.drawText(option.rect.adjusted(0, 0, -1, -1), Qt::AlignCenter | Qt::TextSingleLine | Qt::TextDontClip,
-                     ShownText(index));
+    painter.drawText(option.rect.adjusted(0, 0, -1, -1),
+                     Qt::AlignCenter | Qt::TextSingleLine | Qt::TextDontClip, ShownText(index));
 }
 
 void SpreadDelegate::PaintText(QPainter& painter, const QStyleOptionViewItem& option,
@@ -236,7 +240,8 @@ void SpreadDelegate::PaintText(QPainter& painter, const QStyleOptionViewItem& op
         width = option.fontMetrics.horizontalAdvance(text);
     }
     QRectF room = TextRoom(option.rect, width);
-    const auto flags = static_cast<int>(Cells(index).Alignment(Col(index))) | Qt::TextSingleLine | Qt::TextDontClip;
+    const auto flags =
+        static_cast<int>(Cells(index).Alignment(Col(index))) | Qt::TextSingleLine | Qt::TextDontClip;
     if (width > room.width()) {
         const double narrow = room.width() / width;
         painter.translate(room.left(), 0);

@@ -15,7 +15,8 @@ namespace tsms {
 namespace {
 
 /// Makes room in a list that is kept only as far down as something was set.
-template <class Value> void OpenIn(std::vector<Value>& values, int row, int count, int rows, const Value& empty)
+template <class Value>
+void OpenIn(std::vector<Value>& values, int row, int count, int rows, const Value& empty)
 {
     if (static_cast<int>(values.size()) <= row)
         return;
@@ -495,7 +496,8 @@ QString SpreadModel::SourceText(int col, int row) const
 QString SpreadModel::Sum(const QString& formula) const
 {
     static const QRegularExpression Pattern(
-        QStringLiteral("^\\s*=?\\s*SUM\\(\\s*([A-Z]{1,3})([0-9]{1,6})\\s*:\\s*([A-Z]{1,3})([0-9]{1,6})\\s*\\)\\s*$"),
+        QStringLiteral(
+            "^\\s*=?\\s*SUM\\(\\s*([A-Z]{1,3})([0-9]{1,6})\\s*:\\s*([A-Z]{1,3})([0-9]{1,6})\\s*\\)\\s*$"),
         QRegularExpression::CaseInsensitiveOption);
     const QRegularExpressionMatch match = Pattern.match(formula);
     if (!match.hasMatch())

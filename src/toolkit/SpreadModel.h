@@ -11,8 +11,8 @@
 
 namespace tsms {
 
-/// The cells of a grid. Texts are kept by column and only as far down as one was set; cells of a data source are
-/// read through. Numbers of columns and rows are the grid's: from 1, with 0 for the titles.
+/// The cells of a grid. Texts are kept by column and only as far down as one was set; cells of a data source
+/// are read through. Numbers of columns and rows are the grid's: from 1, with 0 for the titles.
 class SpreadModel final : public QAbstractTableModel
 {
 public:
@@ -67,8 +67,8 @@ private:
     };
     struct Column
     {
-        std::vector<QString> texts;   // by row, 0 the title; a null text was never set
-        std::vector<qint8> pictures;  // by row; Unset where the column's own counts
+        std::vector<QString> texts;  // by row, 0 the title; a null text was never set
+        std::vector<qint8> pictures; // by row; Unset where the column's own counts
         fpSpread::CellType type = fpSpread::CellType::StaticText;
         Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter;
         int maxLength = 0;

@@ -14,6 +14,7 @@ TextBox::TextBox(QWidget* parent) : QLineEdit(parent)
 {
     // Its own limit works on what was put in; the control's would cut without telling where.
     QLineEdit::setMaxLength(16'777'216);
+    setTextMargins(2, 1, 2, 1);
     connect(this, &QLineEdit::textChanged, this, [this] { TellChange(); });
 }
 
@@ -89,7 +90,11 @@ void TextBox::inputMethodEvent(QInputMethodEvent* event)
 
 void TextBox::focusInEvent(QFocusEvent* event)
 {
+    const int caret = cursorPosition();
     QLineEdit::focusInEvent(event);
+    // The control marks its text when Tab comes to it; here the caret stays where it was left.
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
+        SetSelStart(caret);
     TellFocus(true, event->reason());
 }
 

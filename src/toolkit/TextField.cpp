@@ -23,7 +23,9 @@ qsizetype FirstLineLength(QStringView text)
 
 QPalette WithBase(QPalette palette, const QColor& color)
 {
-    palette.setColor(QPalette::Base, color);
+    // A box that is disabled keeps the look of that.
+    palette.setColor(QPalette::Active, QPalette::Base, color);
+    palette.setColor(QPalette::Inactive, QPalette::Base, color);
     return palette;
 }
 
@@ -154,6 +156,8 @@ void TextField::TellFocus(bool gained, Qt::FocusReason reason)
         SetBackColor(color);
         backing_->setPalette(WithWindow(backing_->palette(), color));
     }
+    if (backing_)
+        backing_->update();
     if (const auto& handler = gained ? OnGotFocus : OnLostFocus)
         RaiseEvent(Widget(), handler);
 }

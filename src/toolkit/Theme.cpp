@@ -62,10 +62,10 @@ void DrawFocusRing(QPainter& painter, const QRectF& place, double radius)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
     // Light inside dark: one of the two stands out from any face.
-    painter.setPen(QPen(StripText, 1));
-    painter.drawRoundedRect(place.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    painter.setPen(QPen(Accent, 2));
+    painter.drawRoundedRect(place.adjusted(1, 1, -1, -1), radius, radius);
     painter.setPen(QPen(White, 1));
-    painter.drawRoundedRect(place.adjusted(1.5, 1.5, -1.5, -1.5), radius - 1, radius - 1);
+    painter.drawRoundedRect(place.adjusted(2.5, 2.5, -2.5, -2.5), radius - 2, radius - 2);
     painter.restore();
 }
 

@@ -94,7 +94,8 @@ public:
 
 } // namespace
 
-fpSpread::fpSpread(QWidget* parent) : QTableView(parent), model_(new SpreadModel(this)), gridColor_(theme::Line)
+fpSpread::fpSpread(QWidget* parent)
+    : QTableView(parent), model_(new SpreadModel(this)), gridColor_(theme::Line)
 {
     setHorizontalHeader(new SpreadHeader(Qt::Horizontal, this));
     setVerticalHeader(new SpreadHeader(Qt::Vertical, this));
@@ -143,6 +144,7 @@ void fpSpread::SetMaxCols(int count)
 {
     model_->SetMaxCols(count);
     colWidths_.erase(colWidths_.upper_bound(model_->MaxCols()), colWidths_.end());
+    ApplyWidths();
 }
 
 void fpSpread::InsertRows(int row, int count)
@@ -273,6 +275,7 @@ void fpSpread::SetColHidden(int col, bool hidden)
     if (col < 1 || col > MaxCols())
         return;
     setColumnHidden(col - 1, hidden);
+    ApplyWidths();
     KeepActiveCell();
 }
 
@@ -293,6 +296,12 @@ void fpSpread::SetBackgroundColor(const QColor& color)
     QPalette colors = palette();
     colors.setColor(QPalette::Base, color);
     setPalette(colors);
+}
+
+void fpSpread::SetFillWidth(bool on)
+{
+    fillWidth_ = on;
+    ApplyWidths();
 }
 
 void fpSpread::SetRowCursor(bool on)
@@ -487,6 +496,13 @@ void fpSpread::currentChanged(const QModelIndex& current, const QModelIndex& pre
     UpdateRow(current);
 }
 
+void fpSpread::resizeEvent(QResizeEvent* event)
+{
+    QTableView::resizeEvent(event);
+    if (fillWidth_)
+        ApplyWidths();
+}
+
 void fpSpread::focusInEvent(QFocusEvent* event)
 {
     QTableView::focusInEvent(event);
@@ -597,22 +613,42 @@ void fpSpread::ApplyWidths()
 {
     const int unit = UnitWidth();
     horizontalHeader()->setDefaultSectionSize(qRound(DefaultColWidth * unit));
+    verticalHeader()->setFixedWidth(qRound(ColWidth(0) * unit));
+    const int content = ContentWidth();
+    const int room = viewport()->width();
+    const double factor = fillWidth_ && content > 0 && content < room ? double(room) / content : 1.0;
+    double end = 0;
+    int begin = 0;
     for (const auto& [col, width] : colWidths_) {
-        const int pixels = std::max(qRound(width * unit), 4);
-        if (col == 0) {
-            verticalHeader()->setFixedWidth(pixels);
-        } else if (!isColumnHidden(col - 1)) {
-            setColumnWidth(col - 1, pixels);
-        }
+        if (col == 0 || isColumnHidden(col - 1))
+            continue;
+        end += qRound(width * unit) * factor;
+        setColumnWidth(col - 1,
+                       std::max(qRound(end) - begin, 4)); // from rounded end to rounded end: no pixel is lost
+        begin = qRound(end);
     }
-    if (!colWidths_.contains(0))
-        verticalHeader()->setFixedWidth(qRound(DefaultColWidth * unit));
+}
+
+/// The width of the columns on view as they were set; 0 while some of them were not.
+int fpSpread::ContentWidth() const
+{
+    const int unit = UnitWidth();
+    int width = 0;
+    for (int col = 1; col <= MaxCols(); ++col) {
+        if (isColumnHidden(col - 1))
+            continue;
+        if (!colWidths_.contains(col))
+            return 0;
+        width += qRound(ColWidth(col) * unit);
+    }
+    return width;
 }
 
 void fpSpread::ShowFocus()
 {
     QPalette colors = palette();
-    colors.setColor(QPalette::WindowText, hasFocus() ? theme::Accent : theme::Line); // the colour of the frame
+    colors.setColor(QPalette::WindowText,
+                    hasFocus() ? theme::Accent : theme::Line); // the colour of the frame
     setPalette(colors);
     viewport()->update();
 }

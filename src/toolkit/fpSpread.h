@@ -22,9 +22,9 @@ class SpreadModel;
 ///
 /// Widths are in units of a little more than a digit of the grid's font, heights in points.
 ///
-/// Behaviour: a click or an arrow key makes a cell the active one. Typing (also by an input method) in an edit
-/// cell replaces its text, F2 and a double click edit it in place, Delete clears it, Ctrl+C, Ctrl+X and Ctrl+V
-/// work on it. The space bar in any other cell counts as a click on it. Tab leaves the grid.
+/// Behaviour: a click or an arrow key makes a cell the active one. Typing (also by an input method) in an
+/// edit cell replaces its text, F2 and a double click edit it in place, Delete clears it, Ctrl+C, Ctrl+X and
+/// Ctrl+V work on it. The space bar in any other cell counts as a click on it. Tab leaves the grid.
 class fpSpread : public QTableView
 {
     Q_OBJECT
@@ -45,12 +45,13 @@ public:
     int MaxCols() const;
     void SetMaxCols(int count);
 
-    /// Makes room at `row`, or closes it. MaxRows stays: rows pushed beyond it are lost, and empty ones follow up.
+    /// Makes room at `row`, or closes it. MaxRows stays: rows pushed beyond it are lost, and empty ones
+    /// follow up.
     void InsertRows(int row, int count);
     void DeleteRows(int row, int count);
 
-    /// Back to the defaults: no content, no source, no hidden rows or columns, no formats, default sizes, active
-    /// cell (1, 1). Pictures and the state of ReDraw stay.
+    /// Back to the defaults: no content, no source, no hidden rows or columns, no formats, default sizes,
+    /// active cell (1, 1). Pictures, FillWidth and the state of ReDraw stay.
     void Reset();
 
     /// While off, nothing is drawn and cells are filled at no cost for the screen.
@@ -61,19 +62,20 @@ public:
     QString GetText(int col, int row) const;
     void SetText(int col, int row, const QString& text);
 
-    /// Understands "SUM(<cell>:<cell>)", cells in the manner A1: the sum of the texts that are numbers, formulas
-    /// left out. Any other formula shows nothing. SetText puts the formula away again.
+    /// Understands "SUM(<cell>:<cell>)", cells in the manner A1: the sum of the texts that are numbers,
+    /// formulas left out. Any other formula shows nothing. SetText puts the formula away again.
     void SetFormula(int col, int row, const QString& formula);
 
-    /// Shows the source's rows by position, from row 1 and column 1. Neither size changes. Texts set before in
-    /// its columns are gone; SetText overrides a cell afterwards. Null: none.
+    /// Shows the source's rows by position, from row 1 and column 1. Neither size changes. Texts set before
+    /// in its columns are gone; SetText overrides a cell afterwards. Null: none.
     void SetDataSource(std::shared_ptr<const CellSource> source);
 
     // The active cell. It is (1, 1) until something else makes another one active.
     int ActiveRow() const;
     int ActiveCol() const;
 
-    /// Outside the grid or in a hidden column: stays where it is. In a hidden row: the next one on view below.
+    /// Outside the grid or in a hidden column: stays where it is. In a hidden row: the next one on view
+    /// below.
     void SetActiveCell(int col, int row);
 
     // Sizes and what is on view.
@@ -87,7 +89,8 @@ public:
     void SetHeadersVisible(bool columns, bool rows);
     void SetGridColor(const QColor& color);
     void SetBackgroundColor(const QColor& color); ///< of the area beyond the cells
-    void SetRowCursor(bool on);                   ///< tints the whole active row, for lists whose buttons act on it
+    void SetFillWidth(bool on);                   ///< columns are widened in proportion to fill the grid
+    void SetRowCursor(bool on); ///< tints the whole active row, for lists whose buttons act on it
 
     // Formats of whole columns.
     void SetColType(int col, CellType type);
@@ -103,13 +106,15 @@ public:
     bool ColNumber(int col) const;
 
     /// Colours of a cell, a column (row All), a row with its title (column All) or everything. A cell's own
-    /// colours go before those of its row, and these before those of its column. Invalid colours mean the default.
+    /// colours go before those of its row, and these before those of its column. Invalid colours mean the
+    /// default.
     void SetRangeColors(int col, int row, const QColor& back, const QColor& text);
 
     // Mark cells. Any cell that holds a picture shows it in place of its text.
     void SetPictures(const QList<QIcon>& pictures);
-    void SetCellPicture(int col, int row, int pictureIndex); ///< row All: of every row, also of later ones; -1: none
-    int CellPicture(int col, int row) const;                 ///< -1: none
+    void SetCellPicture(int col, int row,
+                        int pictureIndex);   ///< row All: of every row, also of later ones; -1: none
+    int CellPicture(int col, int row) const; ///< -1: none
 
     /// Typing in a cell that is no edit cell does not jump about in the grid.
     void keyboardSearch(const QString&) override {}
@@ -117,13 +122,13 @@ public:
     /// Ends an edit that is under way; the text that stands in the editor goes into the cell.
     void CommitEdit();
 
-    /// Each key that makes a character, before the grid acts, by its character code; Enter is 13, also while a
-    /// cell is edited (the edit is committed first). Set it to 0 to swallow the key.
+    /// Each key that makes a character, before the grid acts, by its character code; Enter is 13, also while
+    /// a cell is edited (the edit is committed first). Set it to 0 to swallow the key.
     std::function<void(int& key)> OnKeyPress;
 
 Q_SIGNALS:
-    /// A click, or the space bar, on a cell. The cell is the active one by then. A double click is one Click and
-    /// one DblClick, but two Clicks on a button.
+    /// A click, or the space bar, on a cell. The cell is the active one by then. A double click is one Click
+    /// and one DblClick, but two Clicks on a button.
     void Click(int col, int row);
     void DblClick(int col, int row);
 
@@ -137,6 +142,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void resizeEvent(QResizeEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -157,17 +163,19 @@ private:
     void CancelEdit();
     void KeepActiveCell();
     void ApplyWidths();
+    int ContentWidth() const;
     void ShowFocus();
     void UpdateRow(const QModelIndex& index);
     int UnitWidth() const;
 
     SpreadModel* model_;
     std::map<int, double> colWidths_; // in units, as they were set; column 0 is that of the row titles
-    QPersistentModelIndex pressed_; // the cell of the last press
-    bool down_ = false;             // the button is held since then
+    QPersistentModelIndex pressed_;   // the cell of the last press
+    bool down_ = false;               // the button is held since then
     QColor gridColor_;
     bool reDraw_ = true;
     bool rowCursor_ = false;
+    bool fillWidth_ = false;
 };
 
 } // namespace tsms

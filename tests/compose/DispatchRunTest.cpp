@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
+#include <QEvent>
 
 using namespace tsms;
 using namespace tsms::test;

@@ -35,11 +35,12 @@ Reply AnyReply()
 
 TEST(LogStatement, AnInsertStandsToTheLetter)
 {
-    EXPECT_EQ(LogInsert(AnySession(), AnyEntry(), AnyReply()).Text(),
-              u"Insert INTO SMSLog_2012 (SMSStatus, SMSNo, SMSID,SendNm,SendTelNo,ReceiveTelNo,SMSContent,"
-              u"SendTime,UserData1,UserData2,UserData3,ErrCd,ErrMsg,RegDt )  VALUES ('1','123','demo','홍길동',"
-              u"'01012345678','02-1234-5678','안녕하세요','2012-05-30 14-07','7','지점',Null,Null,Null,"
-              u"getdate())"_q);
+    EXPECT_EQ(
+        LogInsert(AnySession(), AnyEntry(), AnyReply()).Text(),
+        u"Insert INTO SMSLog_2012 (SMSStatus, SMSNo, SMSID,SendNm,SendTelNo,ReceiveTelNo,SMSContent,"
+        u"SendTime,UserData1,UserData2,UserData3,ErrCd,ErrMsg,RegDt )  VALUES ('1','123','demo','홍길동',"
+        u"'01012345678','02-1234-5678','안녕하세요','2012-05-30 14-07','7','지점',Null,Null,Null,"
+        u"getdate())"_q);
 }
 
 TEST(LogStatement, ARefusedMessageHasStatusTwoAndTheFailureTexts)
@@ -47,11 +48,12 @@ TEST(LogStatement, ARefusedMessageHasStatusTwoAndTheFailureTexts)
     Reply reply;
     reply.ErrorCode = u"E1"_q;
     reply.ErrorMsg = u"거부"_q;
-    EXPECT_EQ(LogInsert(AnySession(), AnyEntry(), reply).Text(),
-              u"Insert INTO SMSLog_2012 (SMSStatus, SMSNo, SMSID,SendNm,SendTelNo,ReceiveTelNo,SMSContent,"
-              u"SendTime,UserData1,UserData2,UserData3,ErrCd,ErrMsg,RegDt )  VALUES ('2',Null,'demo','홍길동',"
-              u"'01012345678','02-1234-5678','안녕하세요','2012-05-30 14-07','7','지점',Null,'E1','거부',"
-              u"getdate())"_q);
+    EXPECT_EQ(
+        LogInsert(AnySession(), AnyEntry(), reply).Text(),
+        u"Insert INTO SMSLog_2012 (SMSStatus, SMSNo, SMSID,SendNm,SendTelNo,ReceiveTelNo,SMSContent,"
+        u"SendTime,UserData1,UserData2,UserData3,ErrCd,ErrMsg,RegDt )  VALUES ('2',Null,'demo','홍길동',"
+        u"'01012345678','02-1234-5678','안녕하세요','2012-05-30 14-07','7','지점',Null,'E1','거부',"
+        u"getdate())"_q);
 }
 
 TEST(LogStatement, EmptyAndBlankValuesAreNullAndOthersTrimmed)
@@ -118,7 +120,8 @@ TEST(LogTime, ABlankTimeIsThePresentMinute)
 
 TEST(LogTime, AReservationStandsAsItIs)
 {
-    EXPECT_EQ(LogTime(u"2013:01:02:03:05"_q, QDateTime(QDate(2012, 5, 3), QTime(4, 7))), u"2013:01:02:03:05"_q);
+    EXPECT_EQ(LogTime(u"2013:01:02:03:05"_q, QDateTime(QDate(2012, 5, 3), QTime(4, 7))),
+              u"2013:01:02:03:05"_q);
 }
 
 } // namespace tsms::test

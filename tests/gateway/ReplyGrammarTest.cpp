@@ -90,19 +90,20 @@ TEST_P(ReplyGrammarTruth, IsReadByTheOrdinaryRule)
 
 INSTANTIATE_TEST_SUITE_P(
     Items, ReplyGrammarTruth,
-    ::testing::Values(TruthRow{u"return_value:true", true}, TruthRow{u"return_value:TRUE", true},
-                      TruthRow{u"return_value:True", true}, TruthRow{u"return_value: true ", true},
-                      TruthRow{u"  return_value:true  ", true}, TruthRow{u"return_value:false", false},
-                      TruthRow{u"return_value:FALSE", false}, TruthRow{u"return_value:0", false},
-                      TruthRow{u"return_value:1", true}, TruthRow{u"return_value:-1", true},
-                      TruthRow{u"return_value:0.5", true}, TruthRow{u"return_value:0.0", false},
-                      // Without the prefix, or with it in another case, the value stays false and is no error.
-                      TruthRow{u"", false}, TruthRow{u"true", false}, TruthRow{u"Return_value:true", false},
-                      TruthRow{u"return_value=true", false}, TruthRow{u"\treturn_value:true", false},
-                      TruthRow{u"return_value", false},
-                      // Every occurrence of the prefix goes.
-                      TruthRow{u"return_value:return_value:true", true},
-                      TruthRow{u"return_value:trreturn_value:ue", true}));
+    ::testing::Values(
+        TruthRow{u"return_value:true", true}, TruthRow{u"return_value:TRUE", true},
+        TruthRow{u"return_value:True", true}, TruthRow{u"return_value: true ", true},
+        TruthRow{u"  return_value:true  ", true}, TruthRow{u"return_value:false", false},
+        TruthRow{u"return_value:FALSE", false}, TruthRow{u"return_value:0", false},
+        TruthRow{u"return_value:1", true}, TruthRow{u"return_value:-1", true},
+        TruthRow{u"return_value:0.5", true}, TruthRow{u"return_value:0.0", false},
+        // Without the prefix, or with it in another case, the value stays false and is no error.
+        TruthRow{u"", false}, TruthRow{u"true", false}, TruthRow{u"Return_value:true", false},
+        TruthRow{u"return_value=true", false}, TruthRow{u"\treturn_value:true", false},
+        TruthRow{u"return_value", false},
+        // Every occurrence of the prefix goes.
+        TruthRow{u"return_value:return_value:true", true},
+        TruthRow{u"return_value:trreturn_value:ue", true}));
 
 class ReplyGrammarBadTruth : public ::testing::TestWithParam<const char16_t*>
 {

@@ -110,8 +110,9 @@ TEST(ReadAnswer, ARightPrefixOfAWrongNamespaceIsNoEnvelope)
 
 TEST(ReadAnswer, AnEncodedValueMayStandApart)
 {
-    EXPECT_EQ(Answer("<r><OpReturn href='#i0'/></r><multiRef id='i9'>no</multiRef><multiRef id='i0'>답</multiRef>"),
-              u"답"_q);
+    EXPECT_EQ(
+        Answer("<r><OpReturn href='#i0'/></r><multiRef id='i9'>no</multiRef><multiRef id='i0'>답</multiRef>"),
+        u"답"_q);
     EXPECT_FALSE(FaultOfReading(Enveloped("<r><OpReturn href='#i0'/></r>")).IsOfGateway());
 }
 
@@ -122,9 +123,9 @@ TEST(ReadAnswer, AnEmptyResultIsAnEmptyText)
 
 TEST(ReadAnswer, AKoreanReplyInItsOwnEncodingIsRead)
 {
-    const QByteArray bytes = "<?xml version='1.0' encoding='EUC-KR'?>" +
-                             Enveloped("<r><OpReturn>" + ToCodePage949(u"error_msg:잔액 부족") +
-                                       "</OpReturn></r>");
+    const QByteArray bytes =
+        "<?xml version='1.0' encoding='EUC-KR'?>" +
+        Enveloped("<r><OpReturn>" + ToCodePage949(u"error_msg:잔액 부족") + "</OpReturn></r>");
     EXPECT_EQ(ReadAnswer(Encoded(), bytes, "text/xml"), u"error_msg:잔액 부족"_q);
 }
 
@@ -159,14 +160,16 @@ TEST(ReadAnswer, DepthIsNoDanger)
 {
     const QByteArray open = QByteArray("<d>").repeated(60000);
     const QByteArray close = QByteArray("</d>").repeated(60000);
-    EXPECT_EQ(FaultOfReading(Enveloped("<s:Fault><detail>" + open + "깊이" + close + "</detail></s:Fault>")).Detail,
-              u"깊이"_q);
+    EXPECT_EQ(
+        FaultOfReading(Enveloped("<s:Fault><detail>" + open + "깊이" + close + "</detail></s:Fault>")).Detail,
+        u"깊이"_q);
     EXPECT_EQ(Answer("<r><OpReturn>" + open + close + "</OpReturn></r>"), QString());
 }
 
 TEST(ReadAnswer, ATruncatedEnvelopeIsAFaultAtEveryByte)
 {
-    const QByteArray whole = "<?xml version='1.0'?>" + Enveloped("<r><OpReturn>return_value:true;답</OpReturn></r>");
+    const QByteArray whole =
+        "<?xml version='1.0'?>" + Enveloped("<r><OpReturn>return_value:true;답</OpReturn></r>");
     EXPECT_EQ(ReadAnswer(Encoded(), whole, {}), u"return_value:true;답"_q);
     for (qsizetype length = 0; length < whole.size(); ++length)
         EXPECT_FALSE(FaultOfReading(whole.first(length)).IsOfGateway()) << length;

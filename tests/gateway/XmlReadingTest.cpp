@@ -77,7 +77,8 @@ TEST(ParseXml, Utf8IsTheDefault)
 TEST(ParseXml, Utf16IsRead)
 {
     const QString text = u"\uFEFF<?xml version=\"1.0\" encoding=\"UTF-16\"?><a>가나다</a>"_q;
-    EXPECT_EQ(RootText(QByteArray(reinterpret_cast<const char*>(text.utf16()), text.size() * 2)), u"가나다"_q);
+    EXPECT_EQ(RootText(QByteArray(reinterpret_cast<const char*>(text.utf16()), text.size() * 2)),
+              u"가나다"_q);
 }
 
 TEST(ParseXml, PlainTextIsNoXml)

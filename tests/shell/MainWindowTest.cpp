@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QCloseEvent>
+#include <QTimer>
 
 using namespace tsms;
 using namespace tsms::test;

@@ -17,8 +17,9 @@ TEST(ConnectionText, IsAssembledInItsExactOrder)
     session.DBPort = u"1433"_q;
     session.DBUser = u"sa"_q;
     session.DBPassword = u" p w"_q;
-    EXPECT_EQ(AssembleConnectionText(session),
-              u"Provider=SQLOLEDB.1;Password= p w;Persist Security Info=True;User ID=sa;Initial Catalog=SmsDb;Data Source=10.0.0.5,1433"_q);
+    EXPECT_EQ(
+        AssembleConnectionText(session),
+        u"Provider=SQLOLEDB.1;Password= p w;Persist Security Info=True;User ID=sa;Initial Catalog=SmsDb;Data Source=10.0.0.5,1433"_q);
 }
 
 TEST(ConnectionText, AssembledTextsAreTakenApartAgain)

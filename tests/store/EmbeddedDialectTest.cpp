@@ -80,8 +80,10 @@ TEST(EmbeddedDialect, ARoutinesNameWithoutAParenthesisIsAPlainWord)
 
 TEST(EmbeddedDialect, AnUnclosedQuoteIsRefusedInTheServersWords)
 {
-    EXPECT_EQ(RefusalOf(u"SELECT 'Brien"_q), u"Unclosed quotation mark after the character string 'Brien'."_q);
-    EXPECT_EQ(RefusalOf(u"WHERE a ='O'Brien'"_q), u"Unclosed quotation mark after the character string ''."_q);
+    EXPECT_EQ(RefusalOf(u"SELECT 'Brien"_q),
+              u"Unclosed quotation mark after the character string 'Brien'."_q);
+    EXPECT_EQ(RefusalOf(u"WHERE a ='O'Brien'"_q),
+              u"Unclosed quotation mark after the character string ''."_q);
 }
 
 TEST(EmbeddedDialect, TextsThatBreakOffAreRefused)
@@ -93,7 +95,8 @@ TEST(EmbeddedDialect, TextsThatBreakOffAreRefused)
 
 TEST(EmbeddedDialect, EveryBeginningOfAStatementIsTakenOrRefused)
 {
-    const QString whole = u" AND (SMSStatus='1' AND DATEADD(DAY, -1, LEFT(SendTime,10)) >= CONVERT(varchar(10),getdate(),111))"_q;
+    const QString whole =
+        u" AND (SMSStatus='1' AND DATEADD(DAY, -1, LEFT(SendTime,10)) >= CONVERT(varchar(10),getdate(),111))"_q;
     for (qsizetype size = 0; size <= whole.size(); ++size)
         try {
             ToEmbeddedDialect(whole.left(size));

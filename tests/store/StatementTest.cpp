@@ -68,8 +68,8 @@ TEST(Statement, TheProgramsOwnTextsAreNoFault)
 
 TEST(Statement, SignsInsideAQuotedValueAreNoFault)
 {
-    for (const QString& harmless :
-         {u"a;b"_q, u"a -- b"_q, u"/* a */"_q, u"\"a\""_q, u"[받는사람]"_q, u"drop table x"_q, u"’"_q, u"a\r\nGO\r\nb"_q}) {
+    for (const QString& harmless : {u"a;b"_q, u"a -- b"_q, u"/* a */"_q, u"\"a\""_q, u"[받는사람]"_q,
+                                    u"drop table x"_q, u"’"_q, u"a\r\nGO\r\nb"_q}) {
         EXPECT_EQ(MemberOfName(harmless).Fault(), QString()) << harmless.toStdString();
         EXPECT_EQ(Insert(harmless, harmless).Fault(), QString()) << harmless.toStdString();
     }
@@ -94,8 +94,9 @@ TEST(Statement, AValueThatHidesTheClosingQuoteIsRefused)
 {
     // Each of these has one or three apostrophes and would still be a whole text for a server that reads the
     // comment or the quoted name.
-    for (const QString& attack : {u"x' --"_q, u"x' OR 1=1 --"_q, u"x' OR 1=1 /*"_q, u"x'; DROP TABLE SMSSetup --"_q,
-                                  u"x' OR [']=''+'"_q, u"x' OR \"'\"=''+'"_q, u"x' /* /* */ '*/"_q})
+    for (const QString& attack :
+         {u"x' --"_q, u"x' OR 1=1 --"_q, u"x' OR 1=1 /*"_q, u"x'; DROP TABLE SMSSetup --"_q,
+          u"x' OR [']=''+'"_q, u"x' OR \"'\"=''+'"_q, u"x' /* /* */ '*/"_q})
         EXPECT_NE(MemberOfName(attack).Fault(), QString()) << attack.toStdString();
     EXPECT_NE(Insert(u"x' /*"_q, u"*/, 'y"_q).Fault(), QString());
 }
@@ -117,7 +118,8 @@ TEST(Statement, ACommentInOwnWordsIsRefused)
 
 TEST(Statement, ABareValueOfNumbersIsNoFault)
 {
-    for (const QString& number : {u"5"_q, u"-5"_q, u" 12 "_q, u"1.5"_q, u".5"_q, u"1-2"_q, u"3*4/2"_q, u"1e3"_q, u"1 + -2"_q})
+    for (const QString& number :
+         {u"5"_q, u"-5"_q, u" 12 "_q, u"1.5"_q, u".5"_q, u"1-2"_q, u"3*4/2"_q, u"1e3"_q, u"1 + -2"_q})
         EXPECT_EQ(BareFault(number), QString()) << number.toStdString();
 }
 

@@ -270,6 +270,38 @@ TEST(RadioButton, TellsWhenItIsChosen)
     EXPECT_FALSE(first.Value());
 }
 
+template <class Control> void ExpectVisibleFocus(Control& control)
+{
+    QWidget window;
+    QPushButton other(&window);
+    control.setParent(&window);
+    control.move(0, 40);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    other.setFocus(Qt::MouseFocusReason);
+    const QImage rest = control.grab().toImage();
+    control.setFocus(Qt::MouseFocusReason);
+    EXPECT_NE(control.grab().toImage(), rest);
+    control.setParent(nullptr);
+}
+
+TEST(KeyboardFocus, IsSeenOnEveryControlHoweverItCame)
+{
+    PushButton button(nullptr, u"a"_q, u"a"_q);
+    ExpectVisibleFocus(button);
+    PictureButton picture(nullptr, u"a"_q, u"toolbar-compose"_q, u"a"_q, PictureButton::Look::Idle);
+    ExpectVisibleFocus(picture);
+    CheckBox check(nullptr, u"a"_q, u"a"_q);
+    ExpectVisibleFocus(check);
+    RadioButton radio(nullptr, u"a"_q, u"a"_q);
+    ExpectVisibleFocus(radio);
+    ComboBox combo(nullptr, u"a"_q);
+    ExpectVisibleFocus(combo);
+    DatePicker picker(nullptr, u"a"_q);
+    ExpectVisibleFocus(picker);
+}
+
 class ComboBoxTest : public testing::Test
 {
 protected:

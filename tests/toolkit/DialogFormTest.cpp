@@ -245,9 +245,19 @@ TEST_F(DialogFormTest, RightWithASelectionLeavesAtOnceAndTheCaretStays)
     dialog->field[0]->Select(1, 2);
     Press(Qt::Key_Right);
     EXPECT_EQ(dialog->focusWidget(), dialog->field[1]);
-    EXPECT_EQ(dialog->field[0]->SelStart(), 1);
-    dialog->field[0]->setFocus();
     EXPECT_EQ(dialog->field[0]->cursorPosition(), 3);
+}
+
+TEST_F(DialogFormTest, ABoxReachedByAnArrowKeepsItsCaretAndMarksNothing)
+{
+    Open();
+    dialog->field[1]->SetText(u"abc"_q);
+    dialog->field[1]->SetSelStart(2);
+    dialog->field[0]->setFocus();
+    Press(Qt::Key_Right);
+    ASSERT_EQ(dialog->focusWidget(), dialog->field[1]);
+    EXPECT_EQ(dialog->field[1]->SelLength(), 0);
+    EXPECT_EQ(dialog->field[1]->SelStart(), 2);
 }
 
 TEST_F(DialogFormTest, LeftAtTheStartOfTheFirstBoxWrapsToTheLastControl)

@@ -1,6 +1,6 @@
+#include "toolkit/GridHelper.h"
 #include "support/Words.h"
 #include "toolkit/fpSpread.h"
-#include "toolkit/GridHelper.h"
 
 #include <QHeaderView>
 
@@ -21,7 +21,10 @@ public:
 class GridHelperTest : public ::testing::Test
 {
 protected:
-    QVariant Role(int col, int row, int role) const { return grid.model()->index(row - 1, col - 1).data(role); }
+    QVariant Role(int col, int row, int role) const
+    {
+        return grid.model()->index(row - 1, col - 1).data(role);
+    }
 
     fpSpread grid;
     GridHelper helper;

@@ -27,7 +27,10 @@ using CellType = fpSpread::CellType;
 class CountingSource final : public CellSource
 {
 public:
-    CountingSource(int cols, int rows, QString mark = QString()) : cols_(cols), rows_(rows), mark_(std::move(mark)) {}
+    CountingSource(int cols, int rows, QString mark = QString())
+        : cols_(cols), rows_(rows), mark_(std::move(mark))
+    {
+    }
     int Rows() const override { return rows_; }
     int Cols() const override { return cols_; }
     QString Text(int col, int row) const override
@@ -88,21 +91,25 @@ protected:
 
     QModelIndex Index(int col, int row) const { return grid.model()->index(row - 1, col - 1); }
     QPoint Place(int col, int row) const { return grid.visualRect(Index(col, row)).center(); }
-    void ClickOn(int col, int row) { QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, Place(col, row)); }
+    void ClickOn(int col, int row)
+    {
+        QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, Place(col, row));
+    }
     /// Press, release, double click, release: what a window gets of a double click.
     void DoubleClickOn(int col, int row)
     {
         const QPoint place = Place(col, row);
         ClickOn(col, row);
-        QMouseEvent second(QEvent::MouseButtonDblClick, place, grid.viewport()->mapToGlobal(place), Qt::LeftButton,
-                           Qt::LeftButton, Qt::NoModifier);
+        QMouseEvent second(QEvent::MouseButtonDblClick, place, grid.viewport()->mapToGlobal(place),
+                           Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(grid.viewport(), &second);
         QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, place);
     }
     bool IsEditing() const
     {
         const auto editors = grid.viewport()->findChildren<QLineEdit*>();
-        return std::any_of(editors.begin(), editors.end(), [](const QLineEdit* editor) { return editor->isVisible(); });
+        return std::any_of(editors.begin(), editors.end(),
+                           [](const QLineEdit* editor) { return editor->isVisible(); });
     }
 
     void Press(int key, Qt::KeyboardModifiers modifiers = {})
@@ -113,7 +120,8 @@ protected:
     void Type(const char* keys)
     {
         for (; *keys; ++keys)
-            QTest::keyClick(QApplication::focusWidget(), *keys); // the first key moves the focus to the editor
+            QTest::keyClick(QApplication::focusWidget(),
+                            *keys); // the first key moves the focus to the editor
     }
     void Commit(const QString& text)
     {
@@ -136,7 +144,8 @@ TEST_F(SpreadTest, ATextComesBackAsItWasSet)
 
 TEST_F(SpreadTest, CellsOutsideTheGridReadAsEmptyAndIgnoreTexts)
 {
-    for (const auto& [col, row] : {std::pair{6, 1}, {1, 21}, {-1, 1}, {1, -1}, {0, 21}, {6, 0}, {100000, 100000}}) {
+    for (const auto& [col, row] :
+         {std::pair{6, 1}, {1, 21}, {-1, 1}, {1, -1}, {0, 21}, {6, 0}, {100000, 100000}}) {
         grid.SetText(col, row, u"x"_q);
         EXPECT_EQ(grid.GetText(col, row), QString()) << col << "," << row;
     }
@@ -261,6 +270,21 @@ TEST_F(SpreadTest, WidthsFollowTheFont)
     larger.setPointSizeF(larger.pointSizeF() * 2);
     grid.setFont(larger);
     EXPECT_GT(grid.columnWidth(2), before * 3 / 2);
+    EXPECT_EQ(grid.ColWidth(3), 10.5);
+}
+
+TEST_F(SpreadTest, ColumnsThatFillTheGridAreWidenedInProportion)
+{
+    const int number = grid.columnWidth(0);
+    const int phone = grid.columnWidth(2);
+    Show();
+    grid.SetFillWidth(true);
+    EXPECT_EQ(grid.horizontalHeader()->length(), grid.viewport()->width());
+    EXPECT_NEAR(double(grid.columnWidth(2)) / grid.columnWidth(0), double(phone) / number, 0.5);
+    grid.resize(280, 300);
+    EXPECT_EQ(grid.horizontalHeader()->length(), grid.viewport()->width());
+    grid.resize(100, 300);
+    EXPECT_EQ(grid.columnWidth(2), phone);
     EXPECT_EQ(grid.ColWidth(3), 10.5);
 }
 
@@ -485,7 +509,9 @@ TEST_F(SpreadTest, PicturesStayOnTheirRowsWhileTextsChange)
 
 TEST_F(SpreadTest, ACellsColoursGoBeforeItsRowsAndTheseBeforeItsColumns)
 {
-    const auto back = [&](int col, int row) { return Index(col, row).data(Qt::BackgroundRole).value<QColor>(); };
+    const auto back = [&](int col, int row) {
+        return Index(col, row).data(Qt::BackgroundRole).value<QColor>();
+    };
     grid.SetRangeColors(2, fpSpread::All, Qt::red, Qt::white);
     grid.SetRangeColors(fpSpread::All, 3, Qt::green, QColor());
     grid.SetRangeColors(2, 4, Qt::blue, Qt::black);
@@ -499,7 +525,8 @@ TEST_F(SpreadTest, ACellsColoursGoBeforeItsRowsAndTheseBeforeItsColumns)
 TEST_F(SpreadTest, ARowsColoursTakeItsTitleAlong)
 {
     grid.SetRangeColors(fpSpread::All, 2, QColor(232, 236, 243), QColor(0, 0, 255));
-    EXPECT_EQ(grid.model()->headerData(1, Qt::Vertical, Qt::ForegroundRole).value<QColor>(), QColor(0, 0, 255));
+    EXPECT_EQ(grid.model()->headerData(1, Qt::Vertical, Qt::ForegroundRole).value<QColor>(),
+              QColor(0, 0, 255));
 }
 
 TEST_F(SpreadTest, ColoursForEverythingTakeAllOthersAway)
@@ -670,7 +697,8 @@ TEST_F(SpreadTest, AClickMayEndTheGrid)
     dying->show();
     const QPointer<fpSpread> alive(dying);
     QObject::connect(dying, &fpSpread::Click, dying, [dying] { delete dying; });
-    QTest::mouseClick(dying->viewport(), Qt::LeftButton, {}, dying->visualRect(dying->model()->index(1, 0)).center());
+    QTest::mouseClick(dying->viewport(), Qt::LeftButton, {},
+                      dying->visualRect(dying->model()->index(1, 0)).center());
     EXPECT_TRUE(alive.isNull());
 }
 

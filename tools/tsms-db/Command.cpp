@@ -15,19 +15,33 @@ namespace {
 
 enum ExitStatus : int { Done = 0, Failed = 1, NotUnderstood = 2 };
 
-const QString Usage = QStringLiteral("사용법:\n"
-                                     "  tsms-db create 파일 [--years 2010-2030] [--demo]\n"
-                                     "      새 데이터베이스 파일을 만듭니다. 이미 있는 파일은 건드리지 않습니다.\n"
-                                     "  tsms-db add-year 파일 연도\n"
-                                     "      데이터베이스 파일에 그 해의 발송내역 테이블을 추가합니다.\n"
-                                     "  tsms-db schema --server [--years 2010-2030]\n"
-                                     "      SQL Server용 테이블 생성문을 화면에 출력합니다.\n"
-                                     "\n"
-                                     "옵션:\n"
-                                     "  --years 처음-끝   발송내역 테이블을 만들 연도 (기본값 2010-2030)\n"
-                                     "  --demo            시연용 자료를 채웁니다.\n"
-                                     "  --server          SQL Server용으로 출력합니다.\n"
-                                     "  -h, --help        이 도움말을 봅니다.\n");
+const QString Usage =
+    QStringLiteral("사용법:\n"
+                   "  tsms-db create 파일 [--years 2010-2030] [--demo]\n"
+                   "      새 데이터베이스 파일을 만듭니다. 이미 있는 파일은 건드리지 않습니다.\n"
+                   "  tsms-db add-year 파일 연도\n"
+                   "      데이터베이스 파일에 그 해의 발송내역 테이블을 추가합니다.\n"
+                   "  tsms-db schema --server [--years 2010-2030]\n"
+                   "      SQL Server용 테이블 생성문을 화면에 출력합니다.\n"
+                   "\n"
+                   "옵션:\n"
+                   "  --years 처음-끝   발송내역 테이블을 만들 연도 (기본값 2010-2030)\n"
+                   "  --demo            시연용 자료를 채웁니다.\n"
+                   "  --server          SQL Server용으로 출력합니다.\n"
+                   "  -h, --help        이 도움말을 봅니다.\n");
+
+/// What went wrong, for a person at a terminal.
+QString Reason(const RuntimeError& error)
+{
+    switch (error.Number) {
+    case CommunicationFailure:
+        return QStringLiteral("이 위치의 파일을 쓸 수 없거나 데이터베이스 파일이 아닙니다.");
+    case CommandTimedOut:
+        return QStringLiteral("다른 프로그램이 파일을 쓰고 있습니다.");
+    default:
+        return error.Description;
+    }
+}
 
 /// The program's one run.
 class Tool
@@ -52,7 +66,8 @@ public:
         }
         YearRange range;
         if (!ReadYearRange(parser.value(years), range))
-            return Misunderstand(QStringLiteral("연도는 2010-2030 또는 2026처럼 적어 주십시오: ") + parser.value(years));
+            return Misunderstand(QStringLiteral("연도는 2010-2030 또는 2026처럼 적어 주십시오: ") +
+                                 parser.value(years));
         const QStringList words = parser.positionalArguments();
         const QString command = words.value(0);
         if (command == u"create" && words.size() == 2 && !parser.isSet(server))
@@ -87,7 +102,7 @@ private:
                     FillDemo(connection, clock_.Now(), years);
             });
         } catch (const RuntimeError& error) {
-            return Refuse(QStringLiteral("데이터베이스를 만들지 못했습니다. ") + error.Description);
+            return Refuse(QStringLiteral("데이터베이스를 만들지 못했습니다. ") + Reason(error));
         }
         out_ << QStringLiteral("데이터베이스를 만들었습니다: ") << path << u'\n';
         return Done;
@@ -103,7 +118,7 @@ private:
         try {
             AddEmbeddedLogYear(path, range.first, clock_);
         } catch (const RuntimeError& error) {
-            return Refuse(QStringLiteral("%1년 테이블을 추가하지 못했습니다. ").arg(year) + error.Description);
+            return Refuse(QStringLiteral("%1년 테이블을 추가하지 못했습니다. ").arg(year) + Reason(error));
         }
         out_ << QStringLiteral("%1년 발송내역 테이블을 추가했습니다: ").arg(year) << path << u'\n';
         return Done;

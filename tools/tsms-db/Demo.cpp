@@ -40,9 +40,12 @@ struct Refusal
 Refusal RefusalOf(int number)
 {
     switch (number % 3) {
-    case 0: return {QStringLiteral("E211"), QStringLiteral("결번이거나 사용이 정지된 번호입니다.")};
-    case 1: return {QStringLiteral("E305"), QStringLiteral("수신자의 휴대전화가 꺼져 있습니다.")};
-    default: return {QStringLiteral("E107"), QStringLiteral("통신사 사정으로 전송하지 못했습니다.")};
+    case 0:
+        return {QStringLiteral("E211"), QStringLiteral("결번이거나 사용이 정지된 번호입니다.")};
+    case 1:
+        return {QStringLiteral("E305"), QStringLiteral("수신자의 휴대전화가 꺼져 있습니다.")};
+    default:
+        return {QStringLiteral("E107"), QStringLiteral("통신사 사정으로 전송하지 못했습니다.")};
     }
 }
 
@@ -73,12 +76,15 @@ private:
         for (const DemoGroup& group : DemoGroups()) {
             if (!group.name.isEmpty()) {
                 ++groupCode;
-                Execute(Statement(u"INSERT INTO SMSGroupMst (GroupNm) VALUES (").Quoted(group.name).Own(u")"));
+                Execute(
+                    Statement(u"INSERT INTO SMSGroupMst (GroupNm) VALUES (").Quoted(group.name).Own(u")"));
             }
             for (const QString& name : group.members) {
-                const Person person{name, QStringLiteral("010-0000-%1").arg(++number, 4, 10, QLatin1Char('0'))};
+                const Person person{name,
+                                    QStringLiteral("010-0000-%1").arg(++number, 4, 10, QLatin1Char('0'))};
                 people_ += {group.name, person};
-                const QString code = group.name.isEmpty() ? QStringLiteral("Null") : QString::number(groupCode);
+                const QString code =
+                    group.name.isEmpty() ? QStringLiteral("Null") : QString::number(groupCode);
                 Execute(Statement(u"INSERT INTO SMSGroupSub (GroupCd, GSubNm, GSPhone) VALUES (")
                             .Own(code)
                             .Own(u",")
@@ -127,8 +133,8 @@ private:
         const QDateTime delivery(day, QTime::fromString(occasion.time, QStringLiteral("HH-mm")));
         for (const auto& [group, person] : std::as_const(people_))
             if (group == occasion.group)
-                Send({delivery > now_ ? now_.addSecs(-3600) : delivery, delivery, NextStatus(delivery), person,
-                      occasion.words});
+                Send({delivery > now_ ? now_.addSecs(-3600) : delivery, delivery, NextStatus(delivery),
+                      person, occasion.words});
     }
 
     QString NextStatus(const QDateTime& delivery)
@@ -156,18 +162,13 @@ private:
         insert.Bare(QString::number(year))
             .Own(u" (SMSStatus,SMSNo,SMSID,SendNm,SendTelNo,ReceiveTelNo,SMSContent,SendTime,UserData1,ErrCd,"
                  u"ErrMsg,RegDt) VALUES (");
-        const QStringList values{row.status,
-                                 refused ? QString() : QString::number(730000 + sent_),
-                                 AccountId,
-                                 row.to.name,
-                                 row.to.phone,
-                                 SenderNumber,
-                                 row.words,
-                                 time,
-                                 QStringLiteral("1"),
-                                 refusal.code,
-                                 refusal.words,
-                                 row.written.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"))};
+        const QStringList values{
+            row.status,          refused ? QString() : QString::number(730000 + sent_),
+            AccountId,           row.to.name,
+            row.to.phone,        SenderNumber,
+            row.words,           time,
+            QStringLiteral("1"), refusal.code,
+            refusal.words,       row.written.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"))};
         for (qsizetype at = 0; at < values.size(); ++at)
             insert.Own(at == 0 ? QStringView() : QStringView(u",")).Quoted(values[at]);
         Execute(insert.Own(u")"));
@@ -181,20 +182,24 @@ private:
         const int count = (charged_ / 6 + 200) / 100 * 100;
         for (int entry = 0; entry < 7; ++entry) {
             const QDate day = now_.date().addDays(-DaysBack + entry * 60);
-            const QString remark = entry == 0 ? QStringLiteral("첫 충전") : entry == 6 ? QStringLiteral("행사 안내용 추가 충전") : QString();
-            Execute(Statement(u"INSERT INTO SMSCharge (ChargeDt,ChargeCnt,ChargeAmt,ChargeUnit,Remark,RegDt) VALUES (")
-                        .Quoted(day.toString(QStringLiteral("yyyy-MM-dd")))
-                        .Own(u",")
-                        .Bare(QString::number(count))
-                        .Own(u",")
-                        .Bare(QString::number(count * UnitPrice))
-                        .Own(u",")
-                        .Quoted(QString::number(UnitPrice))
-                        .Own(u",")
-                        .Quoted(remark)
-                        .Own(u",")
-                        .Quoted(day.toString(QStringLiteral("yyyy-MM-dd")) + QStringLiteral(" 09:12:00"))
-                        .Own(u")"));
+            const QString remark = entry == 0   ? QStringLiteral("첫 충전")
+                                   : entry == 6 ? QStringLiteral("행사 안내용 추가 충전")
+                                                : QString();
+            Execute(
+                Statement(
+                    u"INSERT INTO SMSCharge (ChargeDt,ChargeCnt,ChargeAmt,ChargeUnit,Remark,RegDt) VALUES (")
+                    .Quoted(day.toString(QStringLiteral("yyyy-MM-dd")))
+                    .Own(u",")
+                    .Bare(QString::number(count))
+                    .Own(u",")
+                    .Bare(QString::number(count * UnitPrice))
+                    .Own(u",")
+                    .Quoted(QString::number(UnitPrice))
+                    .Own(u",")
+                    .Quoted(remark)
+                    .Own(u",")
+                    .Quoted(day.toString(QStringLiteral("yyyy-MM-dd")) + QStringLiteral(" 09:12:00"))
+                    .Own(u")"));
             bought_ += count;
         }
     }

@@ -27,10 +27,10 @@ struct DemoGroup
 /// A message that goes out again and again over the year.
 struct DemoOccasion
 {
-    int everyDays;  ///< it goes out on the days whose count from the first is a multiple, ...
-    int offset;     ///< ... shifted by so many
-    QString group;  ///< to whom
-    QString time;   ///< "HH-MM"
+    int everyDays; ///< it goes out on the days whose count from the first is a multiple, ...
+    int offset;    ///< ... shifted by so many
+    QString group; ///< to whom
+    QString time;  ///< "HH-MM"
     QString words;
 };
 

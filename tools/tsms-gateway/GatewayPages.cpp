@@ -68,8 +68,9 @@ QByteArray PhonesPage(const QList<GatewayMessage>& messages, const QDateTime& no
     if (phones.isEmpty())
         phones = QStringLiteral("<p class=\"none\">아직 도착한 문자메시지가 없습니다.</p>");
     const QString count = QString::number(messages.size());
-    const QString header = QStringLiteral("<header><h1>받은 문자메시지</h1><p>모두 ") + count +
-                           QStringLiteral("건. 시험용 문자메시지 서버이며, 실제로 발송되지 않습니다.</p></header>");
+    const QString header =
+        QStringLiteral("<header><h1>받은 문자메시지</h1><p>모두 ") + count +
+        QStringLiteral("건. 시험용 문자메시지 서버이며, 실제로 발송되지 않습니다.</p></header>");
     return PageFrame(QStringLiteral("받은 문자메시지"),
                      QStringLiteral("<meta http-equiv=\"refresh\" content=\"2\">"),
                      header + QStringLiteral("<main>") + phones + QStringLiteral("</main>"))

@@ -18,11 +18,16 @@ constexpr qsizetype MaxBodyBytes = 4 * 1024 * 1024;
 QByteArray Reason(int status)
 {
     switch (status) {
-    case 200: return "OK";
-    case 400: return "Bad Request";
-    case 404: return "Not Found";
-    case 405: return "Method Not Allowed";
-    default: return "Internal Server Error";
+    case 200:
+        return "OK";
+    case 400:
+        return "Bad Request";
+    case 404:
+        return "Not Found";
+    case 405:
+        return "Method Not Allowed";
+    default:
+        return "Internal Server Error";
     }
 }
 
@@ -135,7 +140,8 @@ private:
     void Send(QTcpSocket& socket, const HttpAnswer& answer)
     {
         if (answer.DelayMilliseconds > 0)
-            QTimer::singleShot(answer.DelayMilliseconds, &socket, [&socket, answer] { Write(socket, answer); });
+            QTimer::singleShot(answer.DelayMilliseconds, &socket,
+                               [&socket, answer] { Write(socket, answer); });
         else
             Write(socket, answer);
     }
@@ -147,9 +153,14 @@ private:
             socket.flush();
         }
         switch (answer.After) {
-        case HttpAnswer::Then::Keep: break;
-        case HttpAnswer::Then::Close: socket.disconnectFromHost(); break;
-        case HttpAnswer::Then::Reset: socket.abort(); break;
+        case HttpAnswer::Then::Keep:
+            break;
+        case HttpAnswer::Then::Close:
+            socket.disconnectFromHost();
+            break;
+        case HttpAnswer::Then::Reset:
+            socket.abort();
+            break;
         }
     }
 

@@ -17,8 +17,8 @@ QString ReplyText(bool accepted, const QString& number, const QString& kind, con
 {
     return QStringLiteral("return_value:%1;msg_type:SMS;charge_cnt:%2;unique_num:%3;send_type:%4;"
                           "carrier:;result_time:;error_code:%5;error_msg:%6")
-        .arg(accepted ? QStringLiteral("true") : QStringLiteral("false"), accepted ? u"1" : u"0", number, kind,
-             code, words);
+        .arg(accepted ? QStringLiteral("true") : QStringLiteral("false"), accepted ? u"1" : u"0", number,
+             kind, code, words);
 }
 
 } // namespace
@@ -35,7 +35,8 @@ QString MessageBook::Refusal(const QString& code, const QString& words)
 
 bool MessageBook::Knows(const QStringList& arguments) const
 {
-    return arguments[0] == account_.Id && arguments[1] == account_.Password && arguments[2] == account_.Domain;
+    return arguments[0] == account_.Id && arguments[1] == account_.Password &&
+           arguments[2] == account_.Domain;
 }
 
 QString MessageBook::SendSMS(const QStringList& arguments)
@@ -63,8 +64,8 @@ QString MessageBook::SendSMS(const QStringList& arguments)
     message.Number = FirstNumber + static_cast<int>(messages_.size());
     messages_.append(message);
     return ReplyText(true, QString::number(message.Number),
-                     message.Due > message.Arrived ? QStringLiteral("reserved") : QStringLiteral("immediate"), {},
-                     {});
+                     message.Due > message.Arrived ? QStringLiteral("reserved") : QStringLiteral("immediate"),
+                     {}, {});
 }
 
 QString MessageBook::DeleteSMS(const QStringList& arguments)

@@ -88,7 +88,8 @@ QString BodyWords(ServiceStyle style)
                               "encodingStyle=\"http://schemas.xmlsoap.org/soap/encoding/\"/>");
     case ServiceStyle::RpcLiteral:
         return QStringLiteral("<soap:body use=\"literal\" namespace=\"urn:xSMSWebService\"/>");
-    case ServiceStyle::DocumentLiteral: break;
+    case ServiceStyle::DocumentLiteral:
+        break;
     }
     return QStringLiteral("<soap:body use=\"literal\"/>");
 }
@@ -96,8 +97,9 @@ QString BodyWords(ServiceStyle style)
 QString Binding(const QStringList& operations, ServiceStyle style)
 {
     QString text =
-        QStringLiteral("  <wsdl:binding name=\"xSMSWebServiceBinding\" type=\"tns:xSMSWebServicePort\">\n"
-                       "    <soap:binding style=\"%1\" transport=\"http://schemas.xmlsoap.org/soap/http\"/>\n")
+        QStringLiteral(
+            "  <wsdl:binding name=\"xSMSWebServiceBinding\" type=\"tns:xSMSWebServicePort\">\n"
+            "    <soap:binding style=\"%1\" transport=\"http://schemas.xmlsoap.org/soap/http\"/>\n")
             .arg(style == ServiceStyle::DocumentLiteral ? u"document" : u"rpc");
     for (const QString& operation : operations)
         text += QStringLiteral("    <wsdl:operation name=\"%1\"><soap:operation soapAction=\"urn:%1\"/>"
@@ -141,10 +143,10 @@ QString EndpointPath()
 QStringList PartNames(const QString& operation)
 {
     if (operation == u"SendSMS")
-        return {QStringLiteral("id"),         QStringLiteral("pwd"),        QStringLiteral("domain"),
-                QStringLiteral("send_num"),   QStringLiteral("receive_num"), QStringLiteral("content"),
-                QStringLiteral("reserved"),   QStringLiteral("send_time"),  QStringLiteral("extra1"),
-                QStringLiteral("extra2"),     QStringLiteral("extra3")};
+        return {QStringLiteral("id"),       QStringLiteral("pwd"),         QStringLiteral("domain"),
+                QStringLiteral("send_num"), QStringLiteral("receive_num"), QStringLiteral("content"),
+                QStringLiteral("reserved"), QStringLiteral("send_time"),   QStringLiteral("extra1"),
+                QStringLiteral("extra2"),   QStringLiteral("extra3")};
     if (operation == u"DeleteSMS")
         return {QStringLiteral("id"),     QStringLiteral("pwd"),    QStringLiteral("domain"),
                 QStringLiteral("unique"), QStringLiteral("extra1"), QStringLiteral("extra2"),
@@ -213,28 +215,30 @@ QByteArray ServiceAnswer(const QString& operation, ServiceStyle style, const QSt
 {
     const bool isDocument = style == ServiceStyle::DocumentLiteral;
     const bool isEncoded = style == ServiceStyle::RpcEncoded;
-    return Filled(QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                                 "<soapenv:Envelope xmlns:soapenv=\"http://schemas.xmlsoap.org/soap/envelope/\" "
-                                 "xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\" "
-                                 "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\"><soapenv:Body>"
-                                 "<s:{operation}Response xmlns:s=\"{space}\">"
-                                 "<{prefix}{operation}Return{type}>{result}</{prefix}{operation}Return>"
-                                 "</s:{operation}Response></soapenv:Body></soapenv:Envelope>\n"),
-                  {{"space", QLatin1String(ServiceSpace).toString()},
-                   {"prefix", isDocument ? QStringLiteral("s:") : QString()},
-                   {"type", isEncoded ? QStringLiteral(" xsi:type=\"xsd:string\"") : QString()},
-                   {"operation", operation},
-                   {"result", Escaped(result)}});
+    return Filled(
+        QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                       "<soapenv:Envelope xmlns:soapenv=\"http://schemas.xmlsoap.org/soap/envelope/\" "
+                       "xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\" "
+                       "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\"><soapenv:Body>"
+                       "<s:{operation}Response xmlns:s=\"{space}\">"
+                       "<{prefix}{operation}Return{type}>{result}</{prefix}{operation}Return>"
+                       "</s:{operation}Response></soapenv:Body></soapenv:Envelope>\n"),
+        {{"space", QLatin1String(ServiceSpace).toString()},
+         {"prefix", isDocument ? QStringLiteral("s:") : QString()},
+         {"type", isEncoded ? QStringLiteral(" xsi:type=\"xsd:string\"") : QString()},
+         {"operation", operation},
+         {"result", Escaped(result)}});
 }
 
 QByteArray ServiceFault(const QString& code, const QString& string, const QString& detail)
 {
-    return Filled(QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                                 "<soapenv:Envelope xmlns:soapenv=\"http://schemas.xmlsoap.org/soap/envelope/\">"
-                                 "<soapenv:Body><soapenv:Fault><faultcode>soapenv:{code}</faultcode>"
-                                 "<faultstring>{string}</faultstring><detail><reason>{detail}</reason></detail>"
-                                 "</soapenv:Fault></soapenv:Body></soapenv:Envelope>\n"),
-                  {{"code", Escaped(code)}, {"string", Escaped(string)}, {"detail", Escaped(detail)}});
+    return Filled(
+        QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                       "<soapenv:Envelope xmlns:soapenv=\"http://schemas.xmlsoap.org/soap/envelope/\">"
+                       "<soapenv:Body><soapenv:Fault><faultcode>soapenv:{code}</faultcode>"
+                       "<faultstring>{string}</faultstring><detail><reason>{detail}</reason></detail>"
+                       "</soapenv:Fault></soapenv:Body></soapenv:Envelope>\n"),
+        {{"code", Escaped(code)}, {"string", Escaped(string)}, {"detail", Escaped(detail)}});
 }
 
 } // namespace tsms

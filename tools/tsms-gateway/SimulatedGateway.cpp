@@ -31,8 +31,12 @@ HttpAnswer Spoilt(const HttpAnswer& right, const GatewayFault& fault)
 {
     HttpAnswer answer = right;
     switch (fault.Kind) {
-    case FaultKind::Late: answer.DelayMilliseconds = fault.Milliseconds; break;
-    case FaultKind::Drop: answer = {{}, HttpAnswer::Then::Close}; break;
+    case FaultKind::Late:
+        answer.DelayMilliseconds = fault.Milliseconds;
+        break;
+    case FaultKind::Drop:
+        answer = {{}, HttpAnswer::Then::Close};
+        break;
     case FaultKind::Cut:
         answer.Bytes.chop(60); // inside the envelope
         answer.After = HttpAnswer::Then::Close;
@@ -44,8 +48,11 @@ HttpAnswer Spoilt(const HttpAnswer& right, const GatewayFault& fault)
     case FaultKind::Http500:
         answer = WholeAnswer(HttpServerError, Html, "<html><body><h1>500</h1></body></html>");
         break;
-    case FaultKind::Garbage: answer = WholeAnswer(HttpOk, Xml, "\x01\x02 this is no XML <<<"); break;
-    default: break; // of the reply's text, or of the description
+    case FaultKind::Garbage:
+        answer = WholeAnswer(HttpOk, Xml, "\x01\x02 this is no XML <<<");
+        break;
+    default:
+        break; // of the reply's text, or of the description
     }
     return answer;
 }
@@ -107,11 +114,14 @@ HttpAnswer SimulatedGateway::AnswerDescription()
     const QString endpoint = Url() + EndpointPath();
     for (const GatewayFault& fault : std::as_const(faults_))
         switch (fault.Kind) {
-        case FaultKind::WsdlMissing: return WholeAnswer(HttpNotFound, Html, "<html><body>404</body></html>");
-        case FaultKind::WsdlGarbage: return WholeAnswer(HttpOk, Xml, "this is no XML <<<");
+        case FaultKind::WsdlMissing:
+            return WholeAnswer(HttpNotFound, Html, "<html><body>404</body></html>");
+        case FaultKind::WsdlGarbage:
+            return WholeAnswer(HttpOk, Xml, "this is no XML <<<");
         case FaultKind::WsdlNoOperation:
             return WholeAnswer(HttpOk, Xml, DescriptionOf(settings_.Style, endpoint, false));
-        default: break;
+        default:
+            break;
         }
     return WholeAnswer(HttpOk, Xml, DescriptionOf(settings_.Style, endpoint));
 }
@@ -154,7 +164,8 @@ QString SimulatedGateway::Serve(const ServiceCall& call, const std::optional<Gat
                   fault->Kind == FaultKind::Garbage))
         return {};
     const qsizetype before = book_.Messages().size();
-    QString reply = call.Operation == u"SendSMS" ? book_.SendSMS(call.Arguments) : book_.DeleteSMS(call.Arguments);
+    QString reply =
+        call.Operation == u"SendSMS" ? book_.SendSMS(call.Arguments) : book_.DeleteSMS(call.Arguments);
     const QList<GatewayMessage> messages = book_.Messages();
     if (messages.size() > before && settings_.OnMessage)
         settings_.OnMessage(messages.last());
@@ -170,19 +181,23 @@ HttpAnswer SimulatedGateway::AnswerPage(const QByteArray& path) const
     if (path == "/")
         return WholeAnswer(HttpOk, Html, PhonesPage(book_.Messages(), book_.Now()));
     if (path == "/messages.json")
-        return WholeAnswer(HttpOk, "application/json; charset=utf-8", MessagesJson(book_.Messages(), book_.Now()));
+        return WholeAnswer(HttpOk, "application/json; charset=utf-8",
+                           MessagesJson(book_.Messages(), book_.Now()));
     if (path == "/join")
-        return WholeAnswer(HttpOk, Html,
-                           PlainPage(QStringLiteral("회원 가입"),
-                                     QStringLiteral("문자메시지 서비스에 가입하는 페이지입니다. 시험용 서버에서는 "
-                                                    "가입 없이 demo 계정을 씁니다.")));
+        return WholeAnswer(
+            HttpOk, Html,
+            PlainPage(QStringLiteral("회원 가입"),
+                      QStringLiteral("문자메시지 서비스에 가입하는 페이지입니다. 시험용 서버에서는 "
+                                     "가입 없이 demo 계정을 씁니다.")));
     if (path == "/charge")
-        return WholeAnswer(HttpOk, Html,
-                           PlainPage(QStringLiteral("문자메시지 충전"),
-                                     QStringLiteral("문자메시지 건수를 충전하는 페이지입니다. 시험용 서버에서는 "
-                                                    "결제되지 않습니다.")));
-    return WholeAnswer(HttpNotFound, Html,
-                       PlainPage(QStringLiteral("없는 페이지"), QStringLiteral("찾으시는 페이지가 없습니다.")));
+        return WholeAnswer(
+            HttpOk, Html,
+            PlainPage(QStringLiteral("문자메시지 충전"),
+                      QStringLiteral("문자메시지 건수를 충전하는 페이지입니다. 시험용 서버에서는 "
+                                     "결제되지 않습니다.")));
+    return WholeAnswer(
+        HttpNotFound, Html,
+        PlainPage(QStringLiteral("없는 페이지"), QStringLiteral("찾으시는 페이지가 없습니다.")));
 }
 
 } // namespace tsms

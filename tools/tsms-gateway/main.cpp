@@ -39,9 +39,10 @@ int main(int argc, char** argv)
                                   QStringLiteral("N"), QStringLiteral("8790"));
     const QCommandLineOption faults(
         QStringLiteral("fault"),
-        QStringLiteral("정해 둔 잘못. 여러 번 쓸 수 있습니다. 종류: refuse, short, bad-boolean, late=밀리초, drop, cut, "
-                       "soap-fault, http500, garbage, wsdl-missing, wsdl-garbage, wsdl-no-operation. 뒤에 @N을 붙이면 "
-                       "N번째 호출에만, 붙이지 않으면 모든 호출에 적용합니다."),
+        QStringLiteral(
+            "정해 둔 잘못. 여러 번 쓸 수 있습니다. 종류: refuse, short, bad-boolean, late=밀리초, drop, cut, "
+            "soap-fault, http500, garbage, wsdl-missing, wsdl-garbage, wsdl-no-operation. 뒤에 @N을 붙이면 "
+            "N번째 호출에만, 붙이지 않으면 모든 호출에 적용합니다."),
         QStringLiteral("종류[@N]"));
     parser.addOptions({port, faults});
     parser.process(application);
@@ -64,8 +65,9 @@ int main(int argc, char** argv)
         gateway.Script(*fault);
     }
     if (!gateway.Start())
-        return Fail(QStringLiteral("포트 %1을(를) 쓸 수 없습니다. 다른 프로그램이 쓰고 있는지 확인하여 주십시오.")
-                        .arg(settings.Port));
+        return Fail(
+            QStringLiteral("포트 %1을(를) 쓸 수 없습니다. 다른 프로그램이 쓰고 있는지 확인하여 주십시오.")
+                .arg(settings.Port));
     PrintLine(stdout, QStringLiteral("ready ") + gateway.Url());
     return QCoreApplication::exec();
 }

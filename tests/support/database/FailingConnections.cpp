@@ -8,7 +8,10 @@ namespace tsms::test {
 class FailingConnections::Wrapped final : public Connection
 {
 public:
-    Wrapped(FailingConnections& owner, std::unique_ptr<Connection> inner) : owner_(owner), inner_(std::move(inner)) {}
+    Wrapped(FailingConnections& owner, std::unique_ptr<Connection> inner)
+        : owner_(owner), inner_(std::move(inner))
+    {
+    }
     ~Wrapped() override { Wrapped::Close(); }
 
     bool IsOpen() const override { return inner_->IsOpen(); }
@@ -18,7 +21,8 @@ public:
         ++owner_.opens_;
         if (owner_.refuse_ != 0) {
             owner_.refuse_ -= owner_.refuse_ > 0 ? 1 : 0;
-            throw RuntimeError(CommunicationFailure, QStringLiteral("SQL Server does not exist or access denied."));
+            throw RuntimeError(CommunicationFailure,
+                               QStringLiteral("SQL Server does not exist or access denied."));
         }
         inner_->ConnectionString = ConnectionString;
         inner_->ConnectionTimeout = ConnectionTimeout;

@@ -62,15 +62,19 @@ public:
     /// The maker to hand out. This object outlives what it makes.
     ConnectionMaker Maker();
 
-    void RefuseOpens(int times);  ///< the next Opens fail as with a dead server; -1: all from now on
-    void FailStatement(int nth, long number, const QString& description); ///< the n-th from now, counted from 1
-    void Cut();                   ///< every statement of the connections open now fails; new ones work
+    void RefuseOpens(int times); ///< the next Opens fail as with a dead server; -1: all from now on
+    void FailStatement(int nth, long number,
+                       const QString& description); ///< the n-th from now, counted from 1
+    void Cut(); ///< every statement of the connections open now fails; new ones work
     void BeforeStatement(std::function<void(const QString&)> look) { look_ = std::move(look); }
 
-    int Opens() const { return opens_; }           ///< tried
-    int Connected() const { return connected_; }   ///< that succeeded
-    int OpenNow() const { return openNow_; }       ///< connections open at this moment
-    const QStringList& Statements() const { return statements_; } ///< that reached a connection, in their order
+    int Opens() const { return opens_; }         ///< tried
+    int Connected() const { return connected_; } ///< that succeeded
+    int OpenNow() const { return openNow_; }     ///< connections open at this moment
+    const QStringList& Statements() const
+    {
+        return statements_;
+    } ///< that reached a connection, in their order
 
 private:
     class Wrapped;

@@ -27,7 +27,10 @@ public:
 
     /// The `call`-th call of this gateway's life goes wrong, or every one for 0.
     void Fail(FaultKind kind, int call = 0) { gateway_.Script({kind, call, 0}); }
-    void AnswerLate(int milliseconds, int call = 0) { gateway_.Script({FaultKind::Late, call, milliseconds}); }
+    void AnswerLate(int milliseconds, int call = 0)
+    {
+        gateway_.Script({FaultKind::Late, call, milliseconds});
+    }
     void BehaveAgain() { gateway_.ClearFaults(); }
 
 private:

@@ -39,9 +39,9 @@ public:
     int exitStatus = 0;
 
     /// A control of the main window, or of another form of that name, by its name.
-    template <class W> W& On(QWidget& form, const QString& name)
+    template <class W> W& On(QWidget& window, const QString& name)
     {
-        W* found = dynamic_cast<W*>(form.findChild<QWidget*>(name));
+        W* found = dynamic_cast<W*>(window.findChild<QWidget*>(name));
         if (!found)
             throw std::runtime_error("no control " + name.toStdString());
         return *found;

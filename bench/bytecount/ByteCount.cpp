@@ -1,0 +1,214 @@
+#include "bench/Measure.h"
+
+#include "compose/MessageCounter.h"
+#include "runtime/CodePage949.h"
+#include "support/ScriptedDesktop.h"
+#include "toolkit/Application.h"
+#include "toolkit/MemoBox.h"
+#include "toolkit/TextHelper.h"
+#include "toolkit/Theme.h"
+
+#include <QKeyEvent>
+#include <QVBoxLayout>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace tsms::bench {
+
+namespace {
+
+constexpr int Limit = 80; // bytes
+constexpr int Rounds = 41;
+constexpr double DemandedRatio = 0.1;
+
+/// Keys that go into a field, each with press and release.
+struct Typing
+{
+    std::string what;
+    QString before; ///< what the field holds at first
+    QString keys;
+    bool eachAnew; ///< it holds `before` again ahead of each key
+};
+
+/// What one key costs, in nanoseconds.
+struct KeyCost
+{
+    double whole;    ///< from its press until all that follows is done, the painting too
+    double handlers; ///< of that, in the handlers that count and limit
+};
+
+/// Adds the time of its own life to a sum.
+class Stopwatch
+{
+public:
+    explicit Stopwatch(std::int64_t& sum) : sum_(sum), from_(Nanoseconds()) {}
+    ~Stopwatch() { sum_ += Nanoseconds() - from_; }
+    Stopwatch(const Stopwatch&) = delete;
+    Stopwatch& operator=(const Stopwatch&) = delete;
+
+private:
+    std::int64_t& sum_;
+    std::int64_t from_;
+};
+
+void PressKey(QWidget& field, QChar key)
+{
+    const int code = key.unicode() < 0x80 ? key.toUpper().unicode() : 0;
+    QKeyEvent press(QEvent::KeyPress, code, Qt::NoModifier, QString(key));
+    QApplication::sendEvent(&field, &press);
+    QKeyEvent release(QEvent::KeyRelease, code, Qt::NoModifier, QString(key));
+    QApplication::sendEvent(&field, &release);
+    QApplication::processEvents();
+}
+
+void Refill(QPlainTextEdit& field, const QString& text)
+{
+    field.setPlainText(text);
+    field.moveCursor(QTextCursor::End);
+    QApplication::processEvents();
+}
+
+/// A window as large as the message field's surroundings, with a field in it. `inHandlers` is the time that
+/// the field's handlers have taken so far.
+class FieldWindow
+{
+public:
+    QPlainTextEdit* field = nullptr;
+    std::int64_t inHandlers = 0;
+
+    KeyCost Type(const Typing& typing)
+    {
+        window_.activateWindow();
+        field->setFocus();
+        Refill(*field, typing.before);
+        std::int64_t whole = 0;
+        std::int64_t handlers = 0;
+        for (const QChar key : typing.keys) {
+            if (typing.eachAnew)
+                Refill(*field, typing.before);
+            const std::int64_t handlersBefore = inHandlers;
+            {
+                const Stopwatch watch(whole);
+                PressKey(*field, key);
+            }
+            handlers += inHandlers - handlersBefore;
+        }
+        const auto keys = static_cast<double>(typing.keys.size());
+        return {static_cast<double>(whole) / keys, static_cast<double>(handlers) / keys};
+    }
+
+protected:
+    void Show(QWidget* below)
+    {
+        auto* column = new QVBoxLayout(&window_);
+        column->addWidget(field);
+        if (below)
+            column->addWidget(below);
+        window_.resize(276, 190);
+        window_.show();
+    }
+
+    QWidget window_;
+};
+
+/// What the toolkit itself does with a key.
+class BareField : public FieldWindow
+{
+public:
+    BareField()
+    {
+        field = new QPlainTextEdit(&window_);
+        Show(nullptr);
+    }
+};
+
+/// The message field as it stands on its page, its two handlers under the stopwatch.
+class LimitedField : public FieldWindow
+{
+public:
+    LimitedField() : helper_(desktop_)
+    {
+        auto* memo = new MemoBox(&window_, QStringLiteral("TxtPerSendMsg"));
+        auto* counter = new MessageCounter(*memo, QStringLiteral("LblPerSendMsg"),
+                                           QStringLiteral("LblPerSendCnt"), &window_);
+        memo->OnChange = [this, memo] {
+            const Stopwatch watch(inHandlers);
+            helper_.LimitBytes(*memo, Limit);
+        };
+        memo->OnKeyUp = [this, counter](int key, int shift) {
+            const Stopwatch watch(inHandlers);
+            counter->KeyUp(key, shift);
+        };
+        field = memo;
+        Show(counter);
+    }
+
+private:
+    test::ScriptedDesktop desktop_;
+    TextHelper helper_;
+};
+
+QList<Typing> Typings()
+{
+    const QString latin = QStringLiteral("The choir meets on Sunday at 2 pm; ").repeated(3);
+    const QString korean = QStringLiteral("이번주일오후에모임이있으니꼭참석하여주십시오").repeated(3);
+    const QString fullLatin = latin.first(Limit);
+    const QString fullKorean = korean.first(Limit / 2);
+    return {{"80 Latin keys into an empty field", {}, fullLatin, false},
+            {"40 Korean keys into an empty field", {}, fullKorean, false},
+            {"Latin keys refused by a full field", fullLatin, fullLatin, true},
+            {"Korean keys refused by a full field", fullKorean, fullKorean, true}};
+}
+
+void DemandFull(const QPlainTextEdit& field)
+{
+    if (MessageBytes(field.toPlainText()) == Limit)
+        return;
+    std::fprintf(stderr, "bench_bytecount: the field does not hold its limit\n");
+    std::exit(1);
+}
+
+void Compare(const Typing& typing, BareField& bare, LimitedField& limited)
+{
+    std::vector<Cost> handlers;
+    std::vector<Cost> ours;
+    std::vector<Cost> baseline;
+    for (int round = 0; round <= Rounds; ++round) {
+        const KeyCost toolkit = bare.Type(typing);
+        const KeyCost program = limited.Type(typing);
+        DemandFull(*limited.field);
+        if (round == 0)
+            continue; // the first one fills caches of fonts and glyphs
+        handlers.push_back({program.handlers});
+        ours.push_back({program.whole});
+        baseline.push_back({toolkit.whole});
+    }
+    PrintRow("count and limit, per key", typing.what, MedianCost(handlers), MedianCost(baseline),
+             DemandedRatio);
+    PrintRow("whole key, for comparison", typing.what, MedianCost(ours), MedianCost(baseline), NoLimit);
+}
+
+int CompareAll()
+{
+    BareField bare;
+    LimitedField limited;
+    for (const Typing& typing : Typings())
+        Compare(typing, bare, limited);
+    PrintNote("byte count: medians of " + std::to_string(Rounds) +
+              " rounds in turn in one process, peak memory " + std::to_string(PeakMemory() / 1024) + " MiB");
+    return 0;
+}
+
+} // namespace
+
+} // namespace tsms::bench
+
+int main(int argc, char** argv)
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    tsms::Application application(argc, argv);
+    tsms::theme::ApplyTheme(application);
+    return tsms::bench::CompareAll();
+}

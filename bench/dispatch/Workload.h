@@ -1,0 +1,34 @@
+#pragma once
+
+#include "bench/Measure.h"
+
+#include <QString>
+
+namespace tsms::bench {
+
+inline constexpr int Rows = 2000;
+
+// What both sides send: to recipient `row`, counted from 1, the message with the name in its place.
+QString RecipientName(int row);
+QString RecipientNumber(int row);
+QString MessageTemplate();
+QString SenderNumber();
+
+// The rest of what stands in the log rows.
+inline constexpr int UserData1 = 7;
+QString UserData2();
+
+/// Where a run finds the world that was made for it.
+struct World
+{
+    QString database; ///< an embedded database whose account is the gateway's, and covers the run
+    QString wsdlUrl;
+};
+
+/// Sends all rows through the dialog, the gateway module and the database object.
+Cost RunThroughDialog(const World& world);
+
+/// Posts the same envelopes over one kept connection and inserts the same rows by a prepared statement.
+Cost RunBareLoop(const World& world);
+
+} // namespace tsms::bench

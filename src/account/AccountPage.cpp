@@ -1,0 +1,113 @@
+#include "account/AccountPage.h"
+
+#include "account/ModStep3.h"
+#include "runtime/Clock.h"
+#include "services/Services.h"
+#include "toolkit/ComboBox.h"
+#include "toolkit/fpSpread.h"
+#include "toolkit/Naming.h"
+#include "toolkit/Theme.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace tsms {
+
+namespace {
+
+constexpr int FirstYear = 2010;
+constexpr int LastYear = 2020; // the list is not extended
+
+void FillHead(QHBoxLayout& row, QWidget& parent, const QString& name, const QString& title,
+              const QString& note)
+{
+    auto* heading = new Label(&parent, name + QStringLiteral("Title"), title);
+    heading->SetBold(true);
+    auto* words = new Label(&parent, name + QStringLiteral("Note"), note);
+    words->SetTextColor(theme::Faint);
+    row.setSpacing(6);
+    row.addWidget(heading);
+    row.addSpacing(2);
+    row.addWidget(words);
+    row.addStretch(1);
+}
+
+} // namespace
+
+AccountPage::AccountPage(Services& services, QWidget* parent)
+    : Panel(parent, IndexedName(u"PlToolBg", 2)), services_(services)
+{
+    SetBackColor(theme::Page);
+    auto* page = new QVBoxLayout(this);
+    page->setContentsMargins(12, 12, 12, 12);
+    page->setSpacing(8);
+    BuildLedger(*page);
+    page->addSpacing(6);
+    BuildMonths(*page);
+    SetUpGrids();
+}
+
+PushButton* AccountPage::BuildButton(int index, const QString& caption)
+{
+    auto* button = new PushButton(this, IndexedName(u"BtnChargeFunc", index), caption);
+    button->setEnabled(false);
+    buttons_[static_cast<std::size_t>(index)] = button;
+    return button;
+}
+
+void AccountPage::BuildLedger(QVBoxLayout& page)
+{
+    auto* head = new QHBoxLayout;
+    FillHead(*head, *this, QStringLiteral("LblCharge"), QStringLiteral("요금충전현황"),
+             QStringLiteral("(문자메시지 충전내역을 등록하시면 잔여발송건수를 계산하여 드립니다.)"));
+    const QStringList captions{QStringLiteral("등록"), QStringLiteral("삭제"), QStringLiteral("엑셀변환")};
+    for (int i = 0; i < captions.size(); ++i)
+        head->addWidget(BuildButton(i, captions[i]));
+    ledger_ = Named(new fpSpread(this), QStringLiteral("fpSpreadCharge"));
+    ledger_->SetFillWidth(true);
+    page.addLayout(head);
+    page.addWidget(ledger_, 1);
+}
+
+void AccountPage::BuildMonths(QVBoxLayout& page)
+{
+    auto* head = new QHBoxLayout;
+    FillHead(*head, *this, QStringLiteral("LblMonth"), QStringLiteral("월별발송현황"),
+             QStringLiteral("(검색하실 연도를 선택하여 주십시오.)"));
+    year_ = new ComboBox(this, QStringLiteral("CbMonthYear"));
+    head->addWidget(year_);
+    head->addWidget(BuildButton(3, QStringLiteral("엑셀변환")));
+    months_ = Named(new fpSpread(this), QStringLiteral("fpSpreadMonth"));
+    months_->SetFillWidth(true);
+    months_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    months_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    page.addLayout(head);
+    page.addWidget(months_);
+}
+
+void AccountPage::Load()
+{
+    year_->Clear();
+    for (int year = FirstYear; year <= LastYear; ++year)
+        year_->AddItem(QString::number(year) + QStringLiteral("년"));
+    // A year off the list takes its nearest entry.
+    year_->SetListIndex(std::max(services_.clock.Date().year() - FirstYear, 0));
+}
+
+void AccountPage::SetUpGrids()
+{
+    ledger_->SetReDraw(false);
+    InitChargeGrid(*ledger_);
+    ledger_->SetReDraw(true);
+    months_->SetReDraw(false);
+    InitMonthGrid(*months_);
+    months_->SetReDraw(true);
+    // The four rows are all there is: the grid is as high as they are.
+    months_->setFixedHeight(months_->horizontalHeader()->height() + months_->verticalHeader()->length() +
+                            2 * months_->frameWidth());
+}
+
+} // namespace tsms

@@ -1,0 +1,29 @@
+#pragma once
+
+namespace tsms {
+
+class fpSpread;
+
+/// The columns of the charge ledger, which are those of its query by position.
+enum ChargeColumn : int {
+    ChargeKey = 1, ///< hidden
+    ChargeDate = 2,
+    ChargeCount = 3,
+    ChargeAmount = 4,
+    ChargeUnitPrice = 5,
+    ChargeRemark = 6,
+    ChargeRegistered = 7,
+};
+
+/// The rows of the month grid. Its columns 1 to 12 are the months.
+enum MonthRow : int { MonthSent = 1, MonthDone = 2, MonthFailed = 3, MonthRate = 4 };
+inline constexpr int Months = 12;
+inline constexpr int MonthTotalColumn = 13;
+
+/// Lays the ledger out anew, without rows.
+void InitChargeGrid(fpSpread& grid);
+
+/// Lays the month grid out anew, without figures.
+void InitMonthGrid(fpSpread& grid);
+
+} // namespace tsms

@@ -1,0 +1,76 @@
+// Prints where each named control stands, for a driver that works the real program with a real mouse:
+//   control-map "<launch line>"
+// A line is "<window>\t<control>\t<x>\t<y>", the middle of the control counted from its window's corner. Cells
+// of the recipient list are "fpSpread[column,row]". The windows are those of the program, laid out on the same
+// screen with the same fonts, and never shown.
+#include "compose/GridRecipients.h"
+#include "compose/MakeSMSTransport.h"
+#include "gateway/ModSMS.h"
+#include "runtime/Clock.h"
+#include "services/Services.h"
+#include "session/Session.h"
+#include "shell/frmSMSMain.h"
+#include "shell/LaunchLine.h"
+#include "store/DBConnect.h"
+#include "store/LoadSMSSetup.h"
+#include "toolkit/Application.h"
+#include "toolkit/fpSpread.h"
+#include "toolkit/QtDesktop.h"
+#include "toolkit/Theme.h"
+
+#include <QTextStream>
+
+using namespace tsms;
+
+namespace {
+
+void Print(const QWidget& window, const QString& name, QPoint middle)
+{
+    QTextStream(stdout) << window.objectName() << '\t' << name << '\t' << middle.x() << '\t' << middle.y() << '\n';
+}
+
+void PrintControls(QWidget& window)
+{
+    window.grab(); // lays the window out without showing it
+    for (QWidget* control : window.findChildren<QWidget*>())
+        if (!control->objectName().isEmpty())
+            Print(window, control->objectName(), control->mapTo(&window, control->rect().center()));
+}
+
+void PrintCells(QWidget& window, fpSpread& grid)
+{
+    for (int row = 1; row <= 5; ++row)
+        for (int column = 1; column <= 4; ++column) {
+            const QRect cell = grid.visualRect(grid.model()->index(row - 1, column - 1));
+            Print(window, QStringLiteral("fpSpread[%1,%2]").arg(column).arg(row),
+                  grid.viewport()->mapTo(&window, cell.center()));
+        }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QString line = QString::fromLocal8Bit(argc > 1 ? argv[1] : "");
+    Application application(argc, argv);
+    theme::ApplyTheme(application);
+    QtDesktop desktop;
+    const SystemClock clock;
+    Session session;
+    DBConnect db(session, desktop, MakeConnections(clock));
+    ModSMS sms(session, db, desktop, clock, QString());
+    Services services{session, desktop, clock, db, sms};
+
+    StoreLaunchLine(line, session);
+    LoadSMSSetup(session, db);
+    frmSMSMain window(services);
+    window.Load();
+    PrintControls(window);
+    auto* grid = window.findChild<fpSpread*>(QStringLiteral("fpSpread"));
+    PrintCells(window, *grid);
+    const GridRecipients rows(*grid);
+    MakeSMSTransport dialog(services, {rows, [] { return QString(); }, [] { return QString(); }});
+    dialog.adjustSize();
+    PrintControls(dialog);
+    return 0;
+}

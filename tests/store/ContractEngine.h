@@ -1,0 +1,28 @@
+#pragma once
+
+#include "store/Connection.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace tsms::test {
+
+/// A database that an engine reaches: all tables for 2010 to 2030, the account row, nothing else.
+class ContractDatabase
+{
+public:
+    virtual ~ContractDatabase() = default;
+
+    /// A connection that is not open yet.
+    virtual std::unique_ptr<Connection> NewConnection() = 0;
+};
+
+/// One engine of the contract suite.
+struct ContractEngine
+{
+    std::string name;
+    std::function<std::unique_ptr<ContractDatabase>()> makeDatabase;
+};
+
+} // namespace tsms::test
