@@ -24,8 +24,8 @@ public:
 
     /// -1 when nothing is selected.
     int ListIndex() const { return currentIndex(); }
-    /// Selects an entry; past the end the last one, -1 (and below) none. On an empty list nothing is selected.
-    /// Raises OnClick when the selection changes to another entry.
+    /// Selects an entry; past the end the last one, -1 (and below) none. On an empty list nothing is
+    /// selected. Raises OnClick when the selection changes to another entry.
     void SetListIndex(int index);
 
     /// The text of the selected entry, or nothing.

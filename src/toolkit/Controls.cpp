@@ -58,8 +58,7 @@ QRectF HalfPixelInside(const QRect& rect)
 } // namespace
 
 PushButton::PushButton(QWidget* parent, const QString& name, const QString& caption, Look look)
-    : QPushButton(parent),
-      look_(look)
+    : QPushButton(parent), look_(look)
 {
     setAutoDefault(true); // Enter clicks it while it has the focus
     setAttribute(Qt::WA_Hover);
@@ -123,12 +122,9 @@ void PushButton::paintEvent(QPaintEvent*)
         theme::DrawFocusRing(painter, rect(), Radius);
 }
 
-PictureButton::PictureButton(QWidget* parent, const QString& name, const QString& picture, const QString& words,
-                             Look look)
-    : QAbstractButton(parent),
-      picture_(picture),
-      words_(words),
-      look_(look)
+PictureButton::PictureButton(QWidget* parent, const QString& name, const QString& picture,
+                             const QString& words, Look look)
+    : QAbstractButton(parent), picture_(picture), words_(words), look_(look)
 {
     const bool onBar = look == Look::Idle || look == Look::Selected;
     setFocusPolicy(onBar ? Qt::StrongFocus : Qt::NoFocus);
@@ -413,8 +409,7 @@ void ProgressBar::paintEvent(QPaintEvent*)
 }
 
 RadioButton::RadioButton(QWidget* parent, const QString& name, const QString& caption)
-    : QRadioButton(parent),
-      caption_(caption)
+    : QRadioButton(parent), caption_(caption)
 {
     setText(Shown(caption));
     SetName(*this, name);
@@ -437,8 +432,7 @@ void RadioButton::paintEvent(QPaintEvent*)
 }
 
 CheckBox::CheckBox(QWidget* parent, const QString& name, const QString& caption)
-    : QCheckBox(parent),
-      caption_(caption)
+    : QCheckBox(parent), caption_(caption)
 {
     setText(Shown(caption));
     SetName(*this, name);

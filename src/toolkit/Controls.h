@@ -63,7 +63,8 @@ public:
     };
 
     /// `picture` is the name of a resource below ":/toolkit/", without ".svg".
-    PictureButton(QWidget* parent, const QString& name, const QString& picture, const QString& words, Look look);
+    PictureButton(QWidget* parent, const QString& name, const QString& picture, const QString& words,
+                  Look look);
 
     QSize sizeHint() const override;
 
@@ -160,7 +161,8 @@ class PopupPanel : public Panel
 public:
     PopupPanel(QWidget* parent, const QString& name);
 
-    /// Visible, before all else, with its corner at `corner` of its parent (moved in where it would be cut off).
+    /// Visible, before all else, with its corner at `corner` of its parent (moved in where it would be cut
+    /// off).
     void Open(QPoint corner);
 
 protected:

@@ -68,9 +68,10 @@ void DialogForm::MakeTitleStrip(const DialogFrame& frame)
     row->setContentsMargins(8, 0, 4, 0);
     row->setSpacing(6);
 
-    // The first one is the sign of the program at the head of the strip; a click on it does nothing, as is meant.
-    topFunc_[0] = new PictureButton(strip_, IndexedName(u"BtnTopFunc", 0), QStringLiteral("program"), QString(),
-                                    PictureButton::Look::Sign);
+    // The first one is the sign of the program at the head of the strip; a click on it does nothing, as is
+    // meant.
+    topFunc_[0] = new PictureButton(strip_, IndexedName(u"BtnTopFunc", 0), QStringLiteral("program"),
+                                    QString(), PictureButton::Look::Sign);
     topFunc_[1] = new PictureButton(strip_, IndexedName(u"BtnTopFunc", 1), QStringLiteral("window-close"),
                                     QString(), PictureButton::Look::Closing);
     topFunc_[1]->OnClick = [this] {
@@ -157,7 +158,8 @@ void DialogForm::FocusFirst()
 {
     // The foot was made before the body was filled; a person begins in the body.
     for (QWidget* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain()) {
-        const bool stop = (widget->focusPolicy() & Qt::TabFocus) && widget->isEnabled() && !widget->isHidden();
+        const bool stop =
+            (widget->focusPolicy() & Qt::TabFocus) && widget->isEnabled() && !widget->isHidden();
         if (stop && body_->isAncestorOf(widget)) {
             widget->setFocus(Qt::OtherFocusReason);
             return;

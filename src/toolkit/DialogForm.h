@@ -29,8 +29,9 @@ struct DialogFrame
     bool arrowsWalk = false; ///< arrow keys leave a text box at its ends
 };
 
-/// The frame of a dialog: title strip Picture1 with BtnTopFunc(0) and (1), note line, body, buttons at the foot,
-/// and the keys and clicks that all dialogs share. While Busy is set all of them are dead but moving the window.
+/// The frame of a dialog: title strip Picture1 with BtnTopFunc(0) and (1), note line, body, buttons at the
+/// foot, and the keys and clicks that all dialogs share. While Busy is set all of them are dead but moving
+/// the window.
 class DialogForm : public Form
 {
     Q_OBJECT

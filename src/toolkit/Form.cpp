@@ -47,11 +47,7 @@ void SetBusy(Boolean flag, Session& session, QWidget& form)
 }
 
 Form::Form(Session& session, Desktop& desktop, const QString& name, Kind kind, QWidget* owner)
-    : QWidget(nullptr, FlagsOf(kind)),
-      session_(session),
-      desktop_(desktop),
-      kind_(kind),
-      owner_(owner)
+    : QWidget(nullptr, FlagsOf(kind)), session_(session), desktop_(desktop), kind_(kind), owner_(owner)
 {
     SetName(*this, name);
     if (kind_ == Kind::Dialog)
@@ -73,7 +69,8 @@ const QList<Form*>& Form::Loaded()
 Form* Form::Find(const QString& name)
 {
     const QList<Form*>& forms = LoadedForms();
-    const auto found = std::find_if(forms.begin(), forms.end(), [&](Form* form) { return form->Name() == name; });
+    const auto found =
+        std::find_if(forms.begin(), forms.end(), [&](Form* form) { return form->Name() == name; });
     return found == forms.end() ? nullptr : *found;
 }
 

@@ -64,7 +64,8 @@ Insertion FindInsertion(QStringView before, QStringView after, qsizetype caret)
     return {start, end - start};
 }
 
-CaretText LimitChange(QStringView before, QStringView after, qsizetype caret, const Measure& measure, int limit)
+CaretText LimitChange(QStringView before, QStringView after, qsizetype caret, const Measure& measure,
+                      int limit)
 {
     if (measure.length(after) <= limit)
         return {after.toString(), caret};

@@ -41,7 +41,8 @@ extern const Measure CharactersMeasure;
 
 /// The text that stays of a change by a person: of what was put in, the longest beginning that fits goes in,
 /// and the caret stands behind it; the rest of the text stays as it was.
-CaretText LimitChange(QStringView before, QStringView after, qsizetype caret, const Measure& measure, int limit);
+CaretText LimitChange(QStringView before, QStringView after, qsizetype caret, const Measure& measure,
+                      int limit);
 
 /// The text that stays of one set by the program: the longest beginning that fits.
 QString LimitText(QStringView text, const Measure& measure, int limit);

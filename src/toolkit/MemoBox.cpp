@@ -21,23 +21,27 @@ namespace {
 class EditStep
 {
 public:
-    EditStep(const QPlainTextEdit& box, bool edits) : cursor_(edits ? box.textCursor() : QTextCursor())
+    EditStep(QPlainTextEdit& box, bool edits) : box_(box), cursor_(edits ? box.textCursor() : QTextCursor())
     {
         if (!cursor_.isNull())
             cursor_.beginEditBlock();
     }
-    EditStep(const QPlainTextEdit& box, const QKeyEvent& key)
+    EditStep(QPlainTextEdit& box, const QKeyEvent& key)
         : EditStep(box, !key.text().isEmpty() && !key.modifiers().testFlag(Qt::ControlModifier))
-    {}
+    {
+    }
     ~EditStep()
     {
-        if (!cursor_.isNull())
-            cursor_.endEditBlock();
+        if (cursor_.isNull())
+            return;
+        cursor_.endEditBlock();
+        box_.ensureCursorVisible(); // the text was laid out only now
     }
     EditStep(const EditStep&) = delete;
     EditStep& operator=(const EditStep&) = delete;
 
 private:
+    QPlainTextEdit& box_;
     QTextCursor cursor_;
 };
 
@@ -195,7 +199,6 @@ void MemoBox::insertFromMimeData(const QMimeData* source)
         return;
     const EditStep step(*this, true);
     insertPlainText(source->text().replace(QChar::LineSeparator, QChar(u'\n')));
-    ensureCursorVisible();
 }
 
 } // namespace tsms

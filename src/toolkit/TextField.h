@@ -20,7 +20,8 @@ public:
     virtual ~TextField() = default;
 
     virtual QString Text() const = 0;
-    /// By the program: told through OnChange when it differs from what stands there. The caret goes to the start.
+    /// By the program: told through OnChange when it differs from what stands there. The caret goes to the
+    /// start.
     virtual void SetText(const QString& text) = 0;
 
     virtual int SelStart() const = 0; ///< start of the selection, or the caret
@@ -30,7 +31,8 @@ public:
     void SelectAll();
     QString SelText() const;
 
-    /// Longest text in characters, 0 for none; a line break counts 2. Cuts what was put in, like the byte limit.
+    /// Longest text in characters, 0 for none; a line break counts 2. Cuts what was put in, like the byte
+    /// limit.
     void SetMaxLength(int characters) { maxLength_ = characters; }
     int MaxLength() const { return maxLength_; }
 
@@ -39,8 +41,8 @@ public:
 
     void SetImeMode(ImeMode mode);
 
-    /// The field takes the focus colour with the focus, and `backing` with it: when its back colour is exactly
-    /// white. Without the focus both are white again, unless the field is white.
+    /// The field takes the focus colour with the focus, and `backing` with it: when its back colour is
+    /// exactly white. Without the focus both are white again, unless the field is white.
     void SetFocusBacking(QWidget& backing) { backing_ = &backing; }
 
     void SetFocus() { Widget().setFocus(Qt::OtherFocusReason); }
@@ -68,8 +70,8 @@ public:
     };
     const Change* PresentChange() const { return change_; }
 
-    /// Replaces the text as part of the change that is being told. What differs is told in its turn, as part of
-    /// the same change. The multi-line box undoes a change and its correction in one step.
+    /// Replaces the text as part of the change that is being told. What differs is told in its turn, as part
+    /// of the same change. The multi-line box undoes a change and its correction in one step.
     void Correct(const QString& text, int caret);
 
 protected:

@@ -73,8 +73,8 @@ bool TextHelper::RequireText(TextField& field, const QString& name)
 {
     if (!IsBlank(field.Text()))
         return true;
-    desktop_.MsgBox(QStringLiteral("'") + name + QStringLiteral("' 항목을 입력하여 주십시오."), MsgBoxExclamation,
-                    name);
+    desktop_.MsgBox(QStringLiteral("'") + name + QStringLiteral("' 항목을 입력하여 주십시오."),
+                    MsgBoxExclamation, name);
     field.SetFocus();
     return false;
 }

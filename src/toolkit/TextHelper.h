@@ -7,8 +7,8 @@ namespace tsms {
 class Desktop;
 class TextField;
 
-/// The helper that serves text boxes. LimitBytes, GuardPhoneField and FormatThousands are called from a field's
-/// OnChange and may follow each other there: each acts on what the change put in and keeps the caret.
+/// The helper that serves text boxes. LimitBytes, GuardPhoneField and FormatThousands are called from a
+/// field's OnChange and may follow each other there: each acts on what the change put in and keeps the caret.
 class TextHelper
 {
 public:
@@ -27,8 +27,8 @@ public:
     /// On Enter: the key is used up, the focus stays.
     void LastFieldOnEnter(char16_t& key, TextField& field);
 
-    /// True when the field holds more than blanks; otherwise tells the operator, gives the field the focus and
-    /// answers false.
+    /// True when the field holds more than blanks; otherwise tells the operator, gives the field the focus
+    /// and answers false.
     bool RequireText(TextField& field, const QString& name);
 
     /// Removes whatever is no digit, "-", "." or "/".

@@ -107,8 +107,7 @@ TEST_F(TemplateCardsTest, OnlyTheBodyOfACardTakesTheClick)
     Serve(compose);
     ClickOn(compose, u"LblTmpSubject(2)"_q);
     ClickOn(compose, u"PicTmpContent(1)"_q);
-    EXPECT_EQ(taken, QList<int>{2}) << "the middle of the card is its body";
-    taken.clear();
+    EXPECT_TRUE(taken.isEmpty());
     ClickOn(compose, u"LblTmpContent(8)"_q);
     EXPECT_EQ(taken, QList<int>{8});
 }

@@ -220,7 +220,8 @@ struct ProgressRow
 };
 
 class ProgressTable : public testing::TestWithParam<ProgressRow>
-{};
+{
+};
 
 TEST_P(ProgressTable, TheBarIsFilledByItsShare)
 {

@@ -35,7 +35,8 @@ DialogFrame SampleFrame()
 class SampleDialog : public DialogForm
 {
 public:
-    SampleDialog(Session& session, Desktop& desktop, const DialogFrame& frame) : DialogForm(session, desktop, frame)
+    SampleDialog(Session& session, Desktop& desktop, const DialogFrame& frame)
+        : DialogForm(session, desktop, frame)
     {
         for (int i = 0; i < 2; ++i) {
             backing[i] = new FieldPanel(&Body(), QStringLiteral("PLtxtBack(%1)").arg(i));
@@ -199,8 +200,8 @@ TEST_F(DialogFormTest, TheTitleStripMovesTheWindowAlsoWhileBusy)
     const QPoint inTitle(3, 3);
     const QPoint grip = title->mapToGlobal(inTitle);
     QTest::mousePress(dialog->windowHandle(), Qt::MiddleButton, {}, title->mapTo(dialog.get(), inTitle));
-    QMouseEvent move(QEvent::MouseMove, QPointF(inTitle), grip + QPoint(15, 10), Qt::NoButton, Qt::MiddleButton,
-                     {});
+    QMouseEvent move(QEvent::MouseMove, QPointF(inTitle), grip + QPoint(15, 10), Qt::NoButton,
+                     Qt::MiddleButton, {});
     QApplication::sendEvent(dialog.get(), &move);
     EXPECT_EQ(dialog->pos(), before + QPoint(15, 10));
     session.Busy = Boolean::False;

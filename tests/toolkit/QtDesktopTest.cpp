@@ -40,7 +40,8 @@ struct StyleRow
 };
 
 class MessageBoxStyles : public testing::TestWithParam<StyleRow>
-{};
+{
+};
 
 TEST_P(MessageBoxStyles, ShowTheirSignAndButtons)
 {

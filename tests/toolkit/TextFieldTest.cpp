@@ -280,7 +280,8 @@ struct PositionRow
 };
 
 class MemoPositions : public testing::TestWithParam<PositionRow>
-{};
+{
+};
 
 TEST_P(MemoPositions, CountALineBreakAsTwo)
 {
@@ -317,6 +318,19 @@ TEST(MemoBox, TabLeavesIt)
     QTest::keyClick(first, Qt::Key_Tab);
     EXPECT_TRUE(second->hasFocus());
     EXPECT_EQ(first->Text(), QString());
+}
+
+TEST(MemoBox, TheCaretStaysInViewWhileLinesAreAdded)
+{
+    MemoBox field;
+    field.resize(120, 60);
+    field.show();
+    for (int i = 0; i < 20; ++i) {
+        QTest::keyClick(&field, Qt::Key_Return);
+        ASSERT_TRUE(field.viewport()->rect().contains(field.cursorRect().center())) << i;
+    }
+    Paste(field, u"a\nb\nc\nd\ne"_q);
+    EXPECT_TRUE(field.viewport()->rect().contains(field.cursorRect().center()));
 }
 
 TEST(MemoBox, UndoTakesAChangeAndItsCorrectionInOneStep)

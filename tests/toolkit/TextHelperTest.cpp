@@ -250,7 +250,8 @@ struct ThousandsRow
 };
 
 class ThousandsTable : public TextHelperTest, public testing::WithParamInterface<ThousandsRow>
-{};
+{
+};
 
 TEST_P(ThousandsTable, TheCaretKeepsItsDistanceFromTheEnd)
 {
