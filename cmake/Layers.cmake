@@ -2,6 +2,9 @@
 # One static library of src/<folder>. It may link only what the layer table grants its folder.
 include("${CMAKE_CURRENT_LIST_DIR}/LayerTable.cmake")
 
+# All that the compiler writes before a source can be read: what the linter needs and no more.
+add_custom_target(tsms_generated)
+
 function(tsms_library name)
   cmake_parse_arguments(ARG "" "FOLDER" "SOURCES;QT;LINK;PRIVATE_LINK" ${ARGN})
   set(granted "")
@@ -24,6 +27,7 @@ function(tsms_library name)
   set(qt ${ARG_QT})
   list(TRANSFORM qt PREPEND Qt6::)
   target_link_libraries(${name} PUBLIC ${qt} ${ARG_LINK} PRIVATE tsms_options ${ARG_PRIVATE_LINK})
+  add_dependencies(tsms_generated ${name}_autogen)
 endfunction()
 
 # Fails the build when an include climbs.

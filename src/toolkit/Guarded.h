@@ -15,22 +15,36 @@ class Desktop;
 /// The box for an error that no handler took: its number and its words. The program goes on behind it.
 void ReportUnhandled(Desktop& desktop, const RuntimeError& error);
 
-/// A callable for connect(), with the parameters of `body`, that ends an unhandled RuntimeError in ReportUnhandled, so that none crosses Qt.
-template <class F> auto Guarded(Desktop& desktop, F body)
+/// A callable for connect(), with the parameters of the one that it holds. An unhandled RuntimeError ends in
+/// ReportUnhandled, so that none crosses Qt.
+template <class F> class GuardedCall
 {
-    return [&desktop, body = std::move(body)](auto&&... values) mutable
-               requires std::invocable<F&, decltype(values)...>
+public:
+    GuardedCall(Desktop& desktop, F body) : desktop_(&desktop), body_(std::move(body)) {}
+
+    template <class... Values>
+    requires std::invocable<F&, Values...>
+    void operator()(Values&&... values)
     {
         try {
-            body(std::forward<decltype(values)>(values)...);
+            body_(std::forward<Values>(values)...);
         } catch (const RuntimeError& error) {
-            ReportUnhandled(desktop, error);
+            ReportUnhandled(*desktop_, error);
         }
-    };
+    }
+
+private:
+    Desktop* desktop_;
+    F body_;
+};
+
+template <class F> GuardedCall<F> Guarded(Desktop& desktop, F body)
+{
+    return {desktop, std::move(body)};
 }
 
-/// Runs an event handler of a control. On a Form, an error that it lets out ends in that form's box; elsewhere
-/// it goes to the caller.
+/// Runs an event handler of a control. On a Form, an error that it lets out ends in that form's box;
+/// elsewhere it goes to the caller.
 void RaiseEvent(const QWidget& control, const std::function<void()>& handler);
 
 } // namespace tsms

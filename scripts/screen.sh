@@ -1,0 +1,104 @@
+# Sourced by what works the real program on a virtual display: the display with its window manager, windows,
+# keys, clicks and pictures. Needs $out, a folder of the caller's own; everything started ends with the caller.
+# shellcheck shell=bash
+
+jobs_started=()
+finish() {
+  local job
+  for job in "${jobs_started[@]}"; do kill "$job" 2>/dev/null || true; done
+  wait 2>/dev/null || true
+}
+trap finish EXIT
+fail() {
+  echo "$(basename "$0"): $*" >&2
+  exit 1
+}
+# until_true SECONDS COMMAND...: tries until it succeeds or time is up.
+until_true() {
+  local patience=$(($1 * 10))
+  shift
+  while ! "$@" >/dev/null 2>&1; do
+    ((patience-- > 0)) || return 1
+    sleep 0.1
+  done
+}
+# in_background LOG COMMAND...: starts it, to end with the caller; its process number is in $started.
+in_background() {
+  local log=$1
+  shift
+  "$@" >"$log" 2>&1 &
+  started=$!
+  jobs_started+=("$started")
+}
+
+# A display of its own. Without mouse bindings the window manager holds no click back, so that clicks and keys
+# keep their order on a busy machine too.
+open_screen() {
+  local number
+  export DISPLAY=
+  for number in $(seq 90 120); do
+    [ -e "/tmp/.X$number-lock" ] && continue
+    in_background "$out/xvfb.log" Xvfb ":$number" -screen 0 1280x900x24 -nolisten tcp
+    until_true 10 xdpyinfo -display ":$number" && { DISPLAY=":$number"; break; }
+  done
+  [ -n "$DISPLAY" ] || fail "no virtual display could be started"
+  export QT_QPA_PLATFORM=xcb LANG=C.UTF-8 XDG_RUNTIME_DIR=$out/runtime
+  mkdir -m 700 "$XDG_RUNTIME_DIR"
+  cat >"$out/openbox.xml" <<'XML'
+<openbox_config xmlns="http://openbox.org/3.4/rc"><focus><focusNew>yes</focusNew></focus>
+<mouse></mouse><keyboard></keyboard></openbox_config>
+XML
+  in_background "$out/openbox.log" openbox --config-file "$out/openbox.xml"
+}
+
+# Puts the Hangul of the texts on keys of their own. xdotool would otherwise change the keyboard between two
+# syllables, which a busy program notices too late.
+lay_out_keyboard() { # TEXT...
+  local syllable code=150
+  for syllable in $(grep -oP '\p{Hangul}' <<<"$*" | sort -u); do
+    printf 'keycode %d = U%04X\n' "$code" "'$syllable"
+    code=$((code + 1))
+  done >"$out/keyboard.txt"
+  [ "$code" -le 250 ] || fail "more syllables than keys"
+  xmodmap "$out/keyboard.txt"
+}
+
+pictures_taken=0
+picture() { # NAME
+  sleep 0.4
+  pictures_taken=$((pictures_taken + 1))
+  import -window root "$out/$(printf %02d "$pictures_taken")-$1.png"
+}
+
+# Windows go by the words in their title.
+window_id() { xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | head -n 1 | grep .; }
+no_window() { ! window_id "$1"; }
+wait_for() { # TITLE
+  until_true 15 window_id "$1" || { picture missing; fail "no window: $1"; }
+  sleep 0.3
+}
+wait_gone() { until_true 10 no_window "$1" || fail "still there: $1"; }
+
+# Where controls stand, as control-map printed it, by the name of their form.
+title_of() {
+  case $1 in
+    frmSMSMain) echo 'TSMS문자메시지' ;;
+    MakeSMSTransport) echo '문자메시지 발송하기' ;;
+  esac
+}
+click() { # FORM CONTROL [SIDESTEP]
+  local where x y
+  where=$(awk -F'\t' -v w="$1" -v c="$2" '$1==w && $2==c {print $3, $4; exit}' "$out/controls.tsv")
+  [ -n "$where" ] || fail "no control $2 in $1"
+  read -r x y <<<"$where"
+  xdotool mousemove --window "$(window_id "$(title_of "$1")")" $((x + ${3:-0})) "$y" click 1
+  sleep 0.2
+}
+write() {
+  xdotool type --delay 40 -- "$1"
+  sleep 0.2
+}
+key() {
+  xdotool key --delay 60 "$@"
+  sleep 0.2
+}

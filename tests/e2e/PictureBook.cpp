@@ -1,0 +1,439 @@
+// Takes a picture of every window and every message box of the program, in the states that a person sees:
+//   picture-book <folder>
+// The windows are the real ones, worked through their controls; the boxes come from the real operations. The
+// clock stands still and the database is the one for demonstrations, so the same program gives the same
+// pictures. Ends with 1 when something did not come up as it should.
+#include "e2e/PictureDesk.h"
+#include "gateway/ModSMS.h"
+#include "services/Services.h"
+#include "session/Session.h"
+#include "shell/frmSMSMain.h"
+#include "shell/Main.h"
+#include "store/ConnectionText.h"
+#include "store/DatabaseError.h"
+#include "store/DBConnect.h"
+#include "support/database/TestDatabase.h"
+#include "support/FixedClock.h"
+#include "support/gateway/TestGateway.h"
+#include "support/program/Hands.h"
+#include "support/Words.h"
+#include "toolkit/Application.h"
+#include "toolkit/ComboBox.h"
+#include "toolkit/Controls.h"
+#include "toolkit/DatePicker.h"
+#include "toolkit/fpSpread.h"
+#include "toolkit/TextField.h"
+#include "toolkit/Theme.h"
+#include "tsms-db/Demo.h"
+
+#include <gtest/gtest.h>
+
+#include <QCursor>
+#include <QDir>
+#include <QtTest/QTest>
+
+using namespace tsms;
+using namespace tsms::test;
+
+namespace {
+
+const QList<QStringList> Recipients{{u"김하늘"_q, u"010-0000-0001"_q}, {u"이바다"_q, u"010-0000-0002"_q},
+                                    {u"박나무"_q, u"011-000-0003"_q},  {u"최구름"_q, u"016-000-0004"_q},
+                                    {u"정노을"_q, u"010-0000-0005"_q}, {u"한별"_q, u"02-000-0006"_q}};
+constexpr int MobileRecipients = 5;
+const QString Message = u"[받는사람]님, 내일 모임은 저녁 7시입니다.\n[보내는사람]"_q;
+
+class PictureBook
+{
+public:
+    explicit PictureBook(const QString& folder);
+    ~PictureBook();
+
+    void FailedStarts();
+    void Pages();
+    void Frames();
+    void PreflightBoxes();
+    void AccountBoxes();
+    void Dispatch();
+    void DispatchFailures();
+    void DatabaseBoxes();
+    void WindowBoxes();
+
+private:
+    QString LaunchLine() const { return database_.Path() + u"■(embedded)■0■sa■secret■7■본사"_q; }
+    void FillDatabase();
+    void Start(const QString& command);
+    void End();
+
+    /// A picture of a window when it has the keyboard and has painted itself.
+    void Take(QWidget& window, const QString& name);
+    void Save(QWidget& window, const QString& name);
+
+    template <class W> W& On(QWidget& window, const QString& name)
+    {
+        W* found = dynamic_cast<W*>(window.findChild<QWidget*>(name));
+        if (!found)
+            qFatal("no control %s", qPrintable(name));
+        return *found;
+    }
+    template <class W> W& The(const QString& name) { return On<W>(*form_, name); }
+    void Click(const QString& name) { ClickOn(The<QWidget>(name)); }
+    fpSpread& Grid() { return The<fpSpread>(u"fpSpread"_q); }
+    void Write(const QString& message);
+    void List(const QList<QStringList>& recipients);
+    void SetSenderNumber(const QString& number);
+    void FillComposePage();
+    void EmptyComposePage();
+    void Refuse(const QString& box);
+    void Send(std::function<void(QWidget& dialog)> act = {});
+    void RefuseReservation(QWidget& dialog, const QString& box);
+    void AwaitFailures(int count);
+    void SetAccount(const QString& assignment) { database_.Execute(u"UPDATE SMSSetup SET "_q + assignment); }
+
+    QDir folder_;
+    FixedClock clock_;
+    TestDatabase database_;
+    FailingConnections connections_;
+    TestGateway gateway_;
+    PictureDesk desk_;
+    Session session_;
+    DBConnect db_;
+    ModSMS sms_;
+    Services services_;
+    std::unique_ptr<frmSMSMain> form_;
+};
+
+PictureBook::PictureBook(const QString& folder)
+    : folder_(folder), database_(clock_), connections_(database_.Connections()), gateway_(clock_),
+      desk_([this](QWidget& of, const QString& name) { Take(of, name); }),
+      db_(session_, desk_, connections_.Maker()), sms_(session_, db_, desk_, clock_, gateway_.WsdlUrl()),
+      services_{session_, desk_, clock_, db_, sms_}
+{
+    FillDatabase();
+}
+
+PictureBook::~PictureBook()
+{
+    End();
+}
+
+void PictureBook::FillDatabase()
+{
+    Session session;
+    database_.Describe(session);
+    const std::unique_ptr<Connection> connection = database_.Connections()();
+    connection->ConnectionString = AssembleConnectionText(session);
+    connection->Open();
+    FillDemo(*connection, clock_.Now(), {2010, 2030});
+}
+
+void PictureBook::Start(const QString& command)
+{
+    form_ = Main(command, services_).form;
+    desk_.ExpectNoneLeft();
+    if (form_) {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(form_.get()));
+    }
+}
+
+void PictureBook::End()
+{
+    desk_.ExpectNoneLeft();
+    form_.reset();
+    Settle();
+}
+
+void PictureBook::Take(QWidget& window, const QString& name)
+{
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window)) << name.toStdString();
+    Settle();
+    Save(window, name);
+}
+
+void PictureBook::Save(QWidget& window, const QString& name)
+{
+    const QImage picture = window.grab().toImage().convertToFormat(QImage::Format_RGB888);
+    constexpr int PackWell = 0; // the quality of a PNG is how little it is packed
+    EXPECT_TRUE(picture.save(folder_.filePath(name + u".png"_q), "PNG", PackWell)) << name.toStdString();
+}
+
+void PictureBook::Write(const QString& message)
+{
+    QWidget& field = The<QWidget>(u"TxtPerSendMsg"_q);
+    dynamic_cast<TextField&>(field).SetText(QString());
+    field.setFocus();
+    TypeText(field, message);
+}
+
+void PictureBook::List(const QList<QStringList>& recipients)
+{
+    Click(u"BtnFuncMain(2)"_q);
+    int row = 0;
+    for (const QStringList& recipient : recipients) {
+        ++row;
+        TypeIntoCell(Grid(), 2, row, recipient[0]);
+        TypeIntoCell(Grid(), 3, row, recipient[1]);
+    }
+}
+
+void PictureBook::SetSenderNumber(const QString& number)
+{
+    The<TextField>(u"txtSendNo"_q).SetText(number);
+}
+
+void PictureBook::FillComposePage()
+{
+    List(Recipients);
+    Write(Message);
+    SetSenderNumber(session_.SMSTelNo);
+}
+
+void PictureBook::EmptyComposePage()
+{
+    List({});
+    Write(QString());
+    SetSenderNumber(session_.SMSTelNo);
+}
+
+/// A click on "send" that ends in one box.
+void PictureBook::Refuse(const QString& box)
+{
+    desk_.Await(box);
+    Click(u"BtnSend(0)"_q);
+    desk_.ExpectNoneLeft();
+}
+
+/// Opens the dispatch dialog, acts in it, and clicks its send button unless it is gone by then.
+void PictureBook::Send(std::function<void(QWidget& dialog)> act)
+{
+    WhenShown(u"MakeSMSTransport"_q, [this, act](QWidget& dialog) {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        if (act)
+            act(dialog);
+        ClickOn(On<QWidget>(dialog, u"BtnSendS(0)"_q));
+    });
+    Click(u"BtnSend(0)"_q);
+    desk_.ExpectNoneLeft();
+}
+
+void PictureBook::FailedStarts()
+{
+    desk_.Await(u"box-launch-refused"_q);
+    Start(QString());
+    desk_.Await(u"box-launch-failed"_q);
+    Start(u"tsms■(embedded)■0■sa■secret■7"_q);
+
+    connections_.RefuseOpens(2);
+    desk_.Await(u"box-server-down-at-launch"_q);
+    desk_.Await(QString());
+    Start(LaunchLine());
+
+    SetAccount(u"SMSID=''"_q);
+    desk_.Await(u"box-sign-up-at-launch"_q);
+    Start(LaunchLine());
+    SetAccount(u"SMSID='demo'"_q);
+    End();
+}
+
+void PictureBook::Pages()
+{
+    Start(LaunchLine());
+    Take(*form_, u"compose"_q);
+    FillComposePage();
+    Take(*form_, u"compose-filled"_q);
+    Click(u"BtnToolbarDis(1)"_q);
+    Take(*form_, u"history"_q);
+    Click(u"BtnToolbarDis(2)"_q);
+    Take(*form_, u"charges"_q);
+    Click(u"BtnToolbarDis(3)"_q);
+    TypeText(The<QWidget>(u"txtEditBox"_q), u"[받는사람]님 안녕하세요."_q);
+    Take(*form_, u"templates"_q);
+    Click(u"BtnFuncDocEdit(0)"_q);
+    Take(*form_, u"templates-symbols"_q);
+    Click(u"BtnFuncDocEdit(1)"_q);
+    Take(*form_, u"templates-placeholders"_q);
+    Click(u"BtnDocEdit(1)"_q);
+    Click(u"BtnToolbarDis(0)"_q);
+}
+
+void PictureBook::Frames()
+{
+    const auto see = [this](const QString& form, const QString& button, const QString& name) {
+        WhenShown(form, [this, name](QWidget& dialog) {
+            Take(dialog, name);
+            PressKey(dialog, Qt::Key_Escape);
+        });
+        Click(button);
+    };
+    see(u"dlgSMSGroupSelect"_q, u"BtnFuncMain(0)"_q, u"address-book"_q);
+    see(u"MakeSMSExcel"_q, u"BtnFuncMain(1)"_q, u"import"_q);
+    see(u"dlgSMSSetup"_q, u"BtnToolbarDis(4)"_q, u"settings"_q);
+    Click(u"BtnToolbarDis(1)"_q);
+    Click(u"BtnToolbarDis(0)"_q);
+}
+
+void PictureBook::PreflightBoxes()
+{
+    EmptyComposePage();
+    Refuse(u"box-no-message"_q);
+    Write(Message);
+    Refuse(u"box-no-recipients"_q);
+    List(Recipients);
+    SetSenderNumber(QString());
+    Refuse(u"box-no-sender-number"_q);
+    desk_.Await(u"box-no-sender-number-on-enter"_q);
+    PressKey(The<QWidget>(u"txtSendNo"_q), Qt::Key_Return);
+    desk_.ExpectNoneLeft();
+    SetSenderNumber(u"1234"_q);
+    Refuse(u"box-sender-number-too-short"_q);
+}
+
+void PictureBook::AccountBoxes()
+{
+    FillComposePage();
+    SetAccount(u"SMSPWD=NULL"_q);
+    Refuse(u"box-sign-up"_q);
+    SetAccount(u"SMSPWD='demo', SMSRemainCnt=0"_q);
+    desk_.Await(u"box-charge"_q);
+    desk_.Await(u"box-shortage"_q);
+    Click(u"BtnSend(0)"_q);
+    desk_.ExpectNoneLeft();
+    SetAccount(u"SMSRemainCnt=340"_q);
+}
+
+void PictureBook::RefuseReservation(QWidget& dialog, const QString& box)
+{
+    desk_.Await(box);
+    ClickOn(On<QWidget>(dialog, u"BtnSendS(0)"_q));
+    desk_.ExpectNoneLeft();
+}
+
+void PictureBook::Dispatch()
+{
+    FillComposePage();
+    int logRows = 0;
+    Send([&](QWidget& dialog) {
+        Take(dialog, u"dispatch"_q);
+        ClickOn(On<QWidget>(dialog, u"ChkTime"_q));
+        Take(dialog, u"dispatch-reservation"_q);
+        auto& day = On<DatePicker>(dialog, u"DTPicker1"_q);
+        day.SetValue(clock_.Date().addDays(-1));
+        RefuseReservation(dialog, u"box-reservation-on-a-past-day"_q);
+        day.SetValue(clock_.Date());
+        On<ComboBox>(dialog, u"CbTime"_q).SetListIndex(9);
+        RefuseReservation(dialog, u"box-reservation-at-a-past-time"_q);
+        ClickOn(On<QWidget>(dialog, u"ChkTime"_q));
+        connections_.BeforeStatement([&](const QString& sql) {
+            // Nothing paints itself by events during a run; a grab shows what its refreshed labels hold.
+            if (sql.startsWith(u"INSERT"_q) && ++logRows == 4)
+                Save(dialog, u"dispatch-running"_q);
+        });
+        desk_.Await(u"box-sent"_q);
+    });
+    connections_.BeforeStatement({});
+    EXPECT_EQ(logRows, MobileRecipients);
+
+    List({{u"한별"_q, u"02-000-0006"_q}});
+    Send([&](QWidget&) { desk_.Await(u"box-nothing-sent"_q); });
+}
+
+/// One failure box after the other; only the first has a code, and only the last is looked behind.
+void PictureBook::AwaitFailures(int count)
+{
+    desk_.Await(u"box-send-failed"_q);
+    for (int i = 2; i < count; ++i)
+        desk_.Await(i == 2 ? u"box-send-failed-without-a-code"_q : QString());
+    desk_.Await(QString(), AnswerOK,
+                [this] { Take(*Form::Find(u"MakeSMSTransport"_q), u"dispatch-after-failures"_q); });
+}
+
+void PictureBook::DispatchFailures()
+{
+    FillComposePage();
+    gateway_.Fail(FaultKind::Refuse, gateway_.CallCount() + 2);
+    Send([&](QWidget&) {
+        AwaitFailures(MobileRecipients - 1);
+        desk_.Await(QString());
+    });
+
+    gateway_.Fail(FaultKind::WsdlMissing);
+    List({Recipients[0]});
+    Send([&](QWidget&) {
+        desk_.Await(u"box-gateway-not-reached"_q);
+        desk_.Await(QString());
+        desk_.Await(QString());
+        desk_.Await(QString());
+    });
+    gateway_.BehaveAgain();
+}
+
+void PictureBook::DatabaseBoxes()
+{
+    List({{u"김'하늘"_q, u"010-0000-0001"_q}});
+    Send([&](QWidget&) {
+        desk_.Await(u"box-statement-refused"_q);
+        desk_.Await(QString());
+    });
+
+    EmptyComposePage();
+    const auto fail = [this](long number, const QString& words, const QString& box) {
+        connections_.FailStatement(1, number, words);
+        desk_.Await(box);
+        desk_.Await(QString()); // the message is missing, too
+        Click(u"BtnSend(0)"_q);
+        desk_.ExpectNoneLeft();
+    };
+    fail(UserNotice, u"오늘 밤 11시부터 데이터베이스를 점검합니다."_q, u"box-notice"_q);
+    fail(IntegrityViolation, u"Cannot insert the value NULL into column 'SMSRemainCnt', table 'SMS.dbo.SMSSetup'; "
+                             u"column does not allow nulls. UPDATE fails."_q,
+         u"box-constraint"_q);
+
+    connections_.RefuseOpens(2);
+    desk_.Await(u"box-server-down"_q);
+    desk_.Await(QString());
+    desk_.Await(QString());
+    Click(u"BtnSend(0)"_q);
+    desk_.ExpectNoneLeft();
+}
+
+void PictureBook::WindowBoxes()
+{
+    desk_.Await(u"box-maximise"_q);
+    Click(u"BtnWindows(1)"_q);
+    desk_.Await(u"box-closing-question"_q, AnswerNo);
+    Click(u"BtnWindows(2)"_q);
+    End();
+}
+
+/// A typed text always shows its caret, and no control lies under the mouse.
+void HoldStill()
+{
+    QApplication::setCursorFlashTime(0);
+    QCursor::setPos(0, 0);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    ::testing::InitGoogleTest(&argc, argv);
+    Application application(argc, argv);
+    Application::setQuitOnLastWindowClosed(false);
+    theme::ApplyTheme(application);
+    if (argc != 2) {
+        qWarning("usage: picture-book <folder>");
+        return 2;
+    }
+    HoldStill();
+    PictureBook book(QString::fromLocal8Bit(argv[1]));
+    book.FailedStarts();
+    book.Pages();
+    book.Frames();
+    book.PreflightBoxes();
+    book.AccountBoxes();
+    book.Dispatch();
+    book.DispatchFailures();
+    book.DatabaseBoxes();
+    book.WindowBoxes();
+    return ::testing::UnitTest::GetInstance()->Failed() ? 1 : 0;
+}

@@ -1,0 +1,88 @@
+#include "e2e/PictureDesk.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScreen>
+#include <QtTest/QTest>
+#include <QTimer>
+
+namespace tsms::test {
+
+namespace {
+
+QMessageBox::StandardButton ButtonOf(MsgBoxAnswer answer)
+{
+    switch (answer) {
+    case AnswerYes: return QMessageBox::Yes;
+    case AnswerNo: return QMessageBox::No;
+    case AnswerOK: break;
+    }
+    return QMessageBox::Ok;
+}
+
+/// A box stands in the middle of the window that it belongs to, or of the screen.
+void ExpectCentred(const QMessageBox& box, const QString& name)
+{
+    const QRect around = box.parentWidget() ? box.parentWidget()->window()->frameGeometry()
+                                            : box.screen()->availableGeometry();
+    const QPoint off = box.frameGeometry().center() - around.center();
+    constexpr int Tolerance = 30; // a window manager's frame
+    EXPECT_TRUE(qAbs(off.x()) <= Tolerance && qAbs(off.y()) <= Tolerance)
+        << name.toStdString() << " stands off its middle by " << off.x() << ", " << off.y();
+}
+
+} // namespace
+
+void PictureDesk::Await(const QString& name, MsgBoxAnswer answer, std::function<void()> meanwhile)
+{
+    awaited_.push_back({name, answer, std::move(meanwhile)});
+}
+
+void PictureDesk::ExpectNoneLeft()
+{
+    for (const Awaited& left : awaited_)
+        ADD_FAILURE() << "this box did not come: " << left.name.toStdString();
+    awaited_.clear();
+}
+
+MsgBoxAnswer PictureDesk::MsgBox(const QString& text, MsgBoxStyle style, const QString& title)
+{
+    if (awaited_.empty()) {
+        ADD_FAILURE() << "nobody awaits this box: " << title.toStdString() << " | " << text.toStdString();
+        return AnswerOK;
+    }
+    const Awaited awaited = std::move(awaited_.front());
+    awaited_.pop_front();
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &look, [this, &look, &awaited] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!box || !box->isVisible())
+            return;
+        look.stop();
+        Attend(*box, awaited);
+    });
+    look.start(10);
+    return desk_.MsgBox(text, style, title);
+}
+
+void PictureDesk::Attend(QMessageBox& box, const Awaited& awaited)
+{
+    if (!awaited.name.isEmpty()) {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&box)) << awaited.name.toStdString();
+        ExpectCentred(box, awaited.name);
+        take_(box, awaited.name);
+    }
+    if (awaited.meanwhile)
+        awaited.meanwhile();
+    QAbstractButton* button = box.button(ButtonOf(awaited.answer));
+    EXPECT_TRUE(button) << awaited.name.toStdString() << " has no such button";
+    if (button)
+        button->click();
+    else
+        box.close();
+}
+
+} // namespace tsms::test
