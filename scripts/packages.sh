@@ -4,7 +4,7 @@
 build_packages=(
   g++ cmake ninja-build ccache pkg-config
   qt6-base-dev libgl-dev qt6-svg-dev libsqlite3-dev libcurl4-openssl-dev libpugixml-dev libcpp-httplib-dev)
-run_packages=(qt6-qpa-plugins fonts-nanum)
+run_packages=(qt6-qpa-plugins qt6-translations-l10n fonts-nanum)
 screen_packages=(xvfb xauth openbox xdotool x11-utils x11-xserver-utils imagemagick curl sqlite3)
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev)
 check_packages=(clang clang-format-14 clang-tidy-14 git)

@@ -18,20 +18,20 @@ void ShowSignUpBox(Desktop& desktop, const Session& session)
 
 void ShowChargeBox(Desktop& desktop, const Session& session)
 {
-    desktop.MsgBox(
-        QStringLiteral("문자메시지 발송가능 건수가 없습니다. 충전하여 주십시오.!!!\r\n\r\n"
-                       "만약 충전을 하셨다면 요금현황에서 충전내역을 등록하시길 바랍니다.\r\n\r\n"
-                       "확인을 누르시면 충전 페이지가 오픈이 됩니다.!!"),
-        MsgBoxCritical, QStringLiteral("문자메시지 충전"));
+    desktop.MsgBox(QStringLiteral("문자메시지 발송가능 건수가 없습니다. 충전하여 주십시오.!!!\r\n\r\n"
+                                  "만약 충전을 하셨다면 요금현황에서 충전내역을 등록하시길 바랍니다.\r\n\r\n"
+                                  "확인을 누르시면 충전 페이지가 오픈이 됩니다.!!"),
+                   MsgBoxCritical, QStringLiteral("문자메시지 충전"));
     desktop.OpenPage(session.SMSWeb2);
 }
 
 void ShowShortageBox(Desktop& desktop, const Session& session)
 {
     desktop.MsgBox(
-        QStringLiteral("문자메시지 발송을 위한 발송잔여건수가 부족합니다. 추가 충전 후 사용하여 주십시오.\r\n\r\n"
-                       "추가 충전 후 정상적인 문자메시지 발송을 위해 재실행하여 사용해 주시기 바랍니다.\r\n\r\n"
-                       "확인을 누르시면 충전 페이지가 오픈이 됩니다.!!"),
+        QStringLiteral(
+            "문자메시지 발송을 위한 발송잔여건수가 부족합니다. 추가 충전 후 사용하여 주십시오.\r\n\r\n"
+            "추가 충전 후 정상적인 문자메시지 발송을 위해 재실행하여 사용해 주시기 바랍니다.\r\n\r\n"
+            "확인을 누르시면 충전 페이지가 오픈이 됩니다.!!"),
         MsgBoxExclamation, QStringLiteral("경고 - 문자메세지 잔여건수 부족"));
     desktop.OpenPage(session.SMSWeb2);
 }

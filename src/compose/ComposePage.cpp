@@ -21,14 +21,16 @@ namespace tsms {
 
 namespace {
 
-constexpr int PhoneWidth = 330; // room for six syllables in the name column
-constexpr int MessageLimit = 80;    // bytes
+constexpr int PhoneWidth = 330;       // room for six syllables in the name column
+constexpr int MessageLimit = 80;      // bytes
 constexpr int SenderNumberLimit = 13; // bytes
 
 } // namespace
 
 ComposePage::ComposePage(Services& services, Window window, QWidget* cards, QWidget* parent)
-    : Panel(parent, IndexedName(u"PlToolBg", 0)), services_(services), textHelper_(services.desktop),
+    : Panel(parent, IndexedName(u"PlToolBg", 0)),
+      services_(services),
+      textHelper_(services.desktop),
       window_(std::move(window))
 {
     SetBackColor(theme::Page);
@@ -68,13 +70,14 @@ void ComposePage::BuildMessage(QVBoxLayout& phone, QWidget& parent)
     message_->setMinimumHeight(130);
     phone.addWidget(heading);
     phone.addWidget(message_, 2);
-    phone.addWidget(new MessageCounter(*message_, QStringLiteral("LblPerSendMsg"), QStringLiteral("LblPerSendCnt"),
-                                       &parent));
+    phone.addWidget(new MessageCounter(*message_, QStringLiteral("LblPerSendMsg"),
+                                       QStringLiteral("LblPerSendCnt"), &parent));
 }
 
 void ComposePage::BuildRecipients(QVBoxLayout& phone, QWidget& parent)
 {
-    const QStringList captions{QStringLiteral("주소록"), QStringLiteral("엑셀파일"), QStringLiteral("비우기")};
+    const QStringList captions{QStringLiteral("주소록"), QStringLiteral("엑셀파일"),
+                               QStringLiteral("비우기")};
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(6);
     for (int i = 0; i < captions.size(); ++i) {
@@ -107,7 +110,8 @@ void ComposePage::BuildSender(QVBoxLayout& phone, QWidget& parent)
     number->addWidget(new Label(&parent, QStringLiteral("Label1"), QStringLiteral("보내는사람")));
     number->addWidget(senderNumber_, 1);
 
-    auto* send = new PushButton(&parent, IndexedName(u"BtnSend", 0), QStringLiteral("발송"), PushButton::Look::Primary);
+    auto* send = new PushButton(&parent, IndexedName(u"BtnSend", 0), QStringLiteral("발송"),
+                                PushButton::Look::Primary);
     auto* close = new PushButton(&parent, IndexedName(u"BtnSend", 1), QStringLiteral("닫기"));
     send->OnClick = [this] { BtnSendClick(0); };
     close->OnClick = [this] { BtnSendClick(1); };
@@ -162,9 +166,15 @@ void ComposePage::BtnFuncMainClick(int index)
     if (services_.session.IsBusy())
         return;
     switch (index) {
-    case 0: window_.openAddressBook(); break;
-    case 1: window_.openImport(); break;
-    default: InitRecipientGrid(*recipients_); break;
+    case 0:
+        window_.openAddressBook();
+        break;
+    case 1:
+        window_.openImport();
+        break;
+    default:
+        InitRecipientGrid(*recipients_);
+        break;
     }
 }
 

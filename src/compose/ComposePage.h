@@ -29,8 +29,10 @@ public:
         std::function<void()> openImport;      ///< modal
     };
 
-    /// `cards` is the template picker; it takes its place on the page.
-    ComposePage(Services& services, Window window, QWidget* cards, QWidget* parent);
+    /// Makes the template picker, which takes its place on the page.
+    using MakeCards = std::function<QWidget*(QWidget* page)>;
+
+    ComposePage(Services& services, Window window, const MakeCards& makeCards, QWidget* parent);
 
     /// First state of the list and the sender number, at the load of the window.
     void Load();

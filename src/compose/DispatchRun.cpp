@@ -60,8 +60,8 @@ void DispatchRun::SendRow(int row, const DispatchOrder& order)
     const QString text = WithRecipient(WithSender(order.message, session_.SMSOrgNm), name);
     if (phone.size() < MobileNumberLength)
         return;
-    const Boolean accepted = sms_.SubmitSMS(name, phone, order.senderNumber, text, order.reservation, QString(),
-                                            QString(), QString());
+    const Boolean accepted = sms_.SubmitSMS(name, phone, order.senderNumber, text, order.reservation,
+                                            QString(), QString(), QString());
     if (accepted == Boolean::True)
         ++CountOK;
     else
@@ -78,8 +78,8 @@ void DispatchRun::ShowDone()
 void DispatchRun::DebitBalance()
 {
     if (CountOK > 0)
-        db_.ExecuteSQL(Statement(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt - ")
-                           .Own(QString::number(CountOK)));
+        db_.ExecuteSQL(
+            Statement(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt - ").Own(QString::number(CountOK)));
 }
 
 QString DispatchStatus(const QString& total, const QString& done)

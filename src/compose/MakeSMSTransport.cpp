@@ -46,7 +46,8 @@ QColor FromBlueGreenRed(unsigned value)
 } // namespace
 
 MakeSMSTransport::MakeSMSTransport(Services& services, Source source, QWidget* parent)
-    : DialogForm(services.session, services.desktop, Frame(), parent), services_(services),
+    : DialogForm(services.session, services.desktop, Frame(), parent),
+      services_(services),
       source_(std::move(source))
 {
     SetBusy(Boolean::True);
@@ -66,8 +67,8 @@ MakeSMSTransport::MakeSMSTransport(Services& services, Source source, QWidget* p
 
 void MakeSMSTransport::BuildCounts(QVBoxLayout& body)
 {
-    const QStringList captions{QStringLiteral("발송 건수"), QStringLiteral("성공 건수"), QStringLiteral("실패 건수"),
-                               QStringLiteral("잔여 건수")};
+    const QStringList captions{QStringLiteral("발송 건수"), QStringLiteral("성공 건수"),
+                               QStringLiteral("실패 건수"), QStringLiteral("잔여 건수")};
     const std::array<QColor, 4> colors{theme::Text, FromBlueGreenRed(0xC00000), FromBlueGreenRed(0x0000FF),
                                        FromBlueGreenRed(0x363636)};
     auto* grid = new QGridLayout;
@@ -84,7 +85,8 @@ void MakeSMSTransport::BuildCounts(QVBoxLayout& body)
         grid->addWidget(new Label(&Body(), IndexedName(u"Label1", i + 4), QStringLiteral("건")), i, 2);
     }
     body.addLayout(grid);
-    status_ = new Label(&Body(), QStringLiteral("lblStatus"), QStringLiteral("총 발송건수 : 0건 / 현 발송 건수 0건"));
+    status_ = new Label(&Body(), QStringLiteral("lblStatus"),
+                        QStringLiteral("총 발송건수 : 0건 / 현 발송 건수 0건"));
     bar_ = new ProgressBar(&Body(), QStringLiteral("PB"));
     body.addWidget(status_);
     body.addWidget(bar_);
@@ -176,15 +178,18 @@ bool MakeSMSTransport::ReservationPasses()
     const QString title = QStringLiteral("문자메세지 발송시간");
     switch (CheckReservation(services_.clock.Now(), Chosen())) {
     case ReservationVerdict::DayInThePast:
-        services_.desktop.MsgBox(QStringLiteral("잘못된 일시선택입니다. 다시 선택하여 주십시오."), MsgBoxCritical, title);
+        services_.desktop.MsgBox(QStringLiteral("잘못된 일시선택입니다. 다시 선택하여 주십시오."),
+                                 MsgBoxCritical, title);
         date_->setFocus();
         return false;
     case ReservationVerdict::TimeInThePast:
         services_.desktop.MsgBox(
-            QStringLiteral("보낼 시간을 현재시간으로 부터 3분 이후로 설정하여 주십시오. "), MsgBoxCritical, title);
+            QStringLiteral("보낼 시간을 현재시간으로 부터 3분 이후로 설정하여 주십시오. "), MsgBoxCritical,
+            title);
         minute_->setFocus();
         return false;
-    case ReservationVerdict::Good: break;
+    case ReservationVerdict::Good:
+        break;
     }
     return true;
 }
@@ -201,12 +206,12 @@ void MakeSMSTransport::TellOutcome(std::int32_t countOK)
 {
     if (countOK > 0) {
         RefreshBalanceLabel(services_.session, services_.db);
-        services_.desktop.MsgBox(QStringLiteral("정상적으로 문자 메시지가 전송 되었습니다."), MsgBoxInformation,
-                                 QStringLiteral("문자메세지 전송 완료!!!"));
+        services_.desktop.MsgBox(QStringLiteral("정상적으로 문자 메시지가 전송 되었습니다."),
+                                 MsgBoxInformation, QStringLiteral("문자메세지 전송 완료!!!"));
     } else {
         services_.desktop.MsgBox(
-            QStringLiteral("전송된 문자메시지가 없습니다. 핸드폰번호가 없거나 잘못된 형식입니다."), MsgBoxCritical,
-            QStringLiteral("문자메세지 전송 실패!!!"));
+            QStringLiteral("전송된 문자메시지가 없습니다. 핸드폰번호가 없거나 잘못된 형식입니다."),
+            MsgBoxCritical, QStringLiteral("문자메세지 전송 실패!!!"));
     }
 }
 

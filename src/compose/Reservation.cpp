@@ -6,6 +6,8 @@ namespace tsms {
 
 namespace {
 
+constexpr qint64 FiveMinutes = 300; // seconds
+
 QString HourItem(int hour)
 {
     return TwoDigits(hour) + QStringLiteral("시");
@@ -46,12 +48,12 @@ QStringList MinuteItems()
 
 int SuggestedHourIndex(const QDateTime& now)
 {
-    return now.addSecs(5 * 60).time().hour();
+    return now.addSecs(FiveMinutes).time().hour();
 }
 
 int SuggestedMinuteIndex(const QDateTime& now)
 {
-    return now.addSecs(10 * 60).time().minute() / 5 + 1; // behind the first of the two "00분"
+    return now.addSecs(2 * FiveMinutes).time().minute() / 5 + 1; // behind the first of the two "00분"
 }
 
 ReservationVerdict CheckReservation(const QDateTime& now, const ChosenTime& chosen)

@@ -20,14 +20,16 @@ constexpr int SenderNumberLength = 9;
 
 } // namespace
 
-SendPreflight::SendPreflight(Services& services, MemoBox& message, fpSpread& recipients, TextBox& senderNumber)
+SendPreflight::SendPreflight(Services& services, MemoBox& message, fpSpread& recipients,
+                             TextBox& senderNumber)
     : services_(services), message_(message), recipients_(recipients), senderNumber_(senderNumber)
 {
 }
 
 void SendPreflight::Run()
 {
-    LoadSMSSetup(services_.session, services_.db); // whatever it answers: the checks see what the session holds
+    LoadSMSSetup(services_.session,
+                 services_.db); // whatever it answers: the checks see what the session holds
     if (!AccountIsOpen())
         return;
     OfferChargeWhenEmpty();

@@ -8,8 +8,7 @@ namespace tsms {
 
 namespace {
 
-constexpr QStringView Symbols =
-    u"☆☎☏☜＠♪℡※★○●◎◇◆□■△▲▽▼→←↑↓↔〓◁◀▷▶♤♠♡♥♧♣⊙◈▣◐◑▒▤▥▨▧§÷≠";
+constexpr QStringView Symbols = u"☆☎☏☜＠♪℡※★○●◎◇◆□■△▲▽▼→←↑↓↔〓◁◀▷▶♤♠♡♥♧♣⊙◈▣◐◑▒▤▥▨▧§÷≠";
 static_assert(Symbols.size() == 49);
 
 } // namespace

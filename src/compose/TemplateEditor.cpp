@@ -76,7 +76,8 @@ void TemplateEditor::BuildFields()
     body_->SetImeMode(ImeMode::Hangul);
     counter_ = new MessageCounter(*body_, QStringLiteral("LblEditLength"), QStringLiteral("Label13"), this);
 
-    const QStringList captions{QStringLiteral("특수문자"), QStringLiteral("변환문구"), QStringLiteral("다시쓰기")};
+    const QStringList captions{QStringLiteral("특수문자"), QStringLiteral("변환문구"),
+                               QStringLiteral("다시쓰기")};
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(6);
     for (int i = 0; i < captions.size(); ++i) {
@@ -134,7 +135,8 @@ void TemplateEditor::BuildPlaceholderPopup(QWidget& parent)
     auto* popup = new PopupPanel(&parent, IndexedName(u"PlDocEdit", Placeholders));
     popups_[Placeholders] = popup;
     const QStringList captions{RecipientPlaceholder.toString(), SenderPlaceholder.toString()};
-    const QStringList notes{QStringLiteral("(발송시 수신성명으로 변환)"), QStringLiteral("(발송시 회신명칭으로 변환)")};
+    const QStringList notes{QStringLiteral("(발송시 수신성명으로 변환)"),
+                            QStringLiteral("(발송시 회신명칭으로 변환)")};
     auto* grid = new QGridLayout(popup);
     grid->setContentsMargins(8, 8, 8, 8);
     grid->setSpacing(6);

@@ -51,7 +51,7 @@ struct Incoming
 std::size_t SendBody(char* buffer, std::size_t size, std::size_t count, void* user)
 {
     auto& out = *static_cast<Outgoing*>(user);
-    const auto room = static_cast<qsizetype>(size * count);
+    const auto room = static_cast<qsizetype>(size) * static_cast<qsizetype>(count);
     const qsizetype chunk = std::min(room, out.bytes->size() - out.sent);
     std::memcpy(buffer, out.bytes->constData() + out.sent, static_cast<std::size_t>(chunk));
     out.sent += chunk;
@@ -75,7 +75,7 @@ std::size_t ReceiveBody(char* bytes, std::size_t size, std::size_t count, void* 
     auto& in = *static_cast<Incoming*>(user);
     if (!in.Take(size * count))
         return 0;
-    in.reply.Body.append(bytes, static_cast<qsizetype>(size * count));
+    in.reply.Body.append(bytes, static_cast<qsizetype>(size) * static_cast<qsizetype>(count));
     return size * count;
 }
 

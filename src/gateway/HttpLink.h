@@ -22,7 +22,7 @@ struct HttpReply
 class HttpLink
 {
 public:
-    static constexpr qsizetype MaxReplyBytes = 1024 * 1024; ///< heads and body together
+    static constexpr qsizetype MaxReplyBytes = 1 << 20; ///< heads and body together
 
     HttpLink();
     ~HttpLink();

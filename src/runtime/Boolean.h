@@ -9,6 +9,9 @@ namespace tsms {
 enum class Boolean : std::int16_t { False = 0, True = -1 };
 
 /// The truth value of a plain condition.
-constexpr Boolean ToBooleanValue(bool condition) { return condition ? Boolean::True : Boolean::False; }
+constexpr Boolean ToBooleanValue(bool condition)
+{
+    return condition ? Boolean::True : Boolean::False;
+}
 
 } // namespace tsms

@@ -24,7 +24,11 @@ public:
     Converter(const Converter&) = delete;
     Converter& operator=(const Converter&) = delete;
 
-    bool IsOpen() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
+    bool IsOpen() const
+    {
+        return handle_ !=
+               reinterpret_cast<iconv_t>(-1); // NOLINT(performance-no-int-to-ptr): iconv's own sign
+    }
 
     /// Converts as much as it can. On return `in` stands behind what was taken; true when all of it was.
     bool Convert(const char*& in, std::size_t& inLeft, char*& out, std::size_t& outLeft)

@@ -21,7 +21,8 @@ bool IsNumeric(QStringView text);
 /// The pattern "#,###,###": digits in groups of three, and nothing at all for 0.
 QString FormatCount(std::int64_t n);
 
-/// Groups the digits of a plain number in threes; a sign and decimals stay. Any other text comes back as it is.
+/// Groups the digits of a plain number in threes; a sign and decimals stay. Any other text comes back as it
+/// is.
 QString GroupDigits(QStringView text);
 
 /// The same number without its separators.

@@ -7,14 +7,22 @@ namespace {
 QString StandardWords(long number)
 {
     switch (number) {
-    case InvalidProcedureCall: return QStringLiteral("프로시저 호출 또는 인수가 잘못되었습니다.");
-    case Overflow: return QStringLiteral("오버플로");
-    case SubscriptOutOfRange: return QStringLiteral("아래 첨자 사용이 잘못되었습니다.");
-    case TypeMismatch: return QStringLiteral("형식이 일치하지 않습니다.");
-    case ObjectNotSet: return QStringLiteral("개체 변수가 설정되지 않았습니다.");
-    case InvalidPropertyValue: return QStringLiteral("속성 값이 잘못되었습니다.");
-    case InvalidPropertyArrayIndex: return QStringLiteral("속성 배열 인덱스가 잘못되었습니다.");
-    default: return QStringLiteral("실행 중에 오류가 발생하였습니다.");
+    case InvalidProcedureCall:
+        return QStringLiteral("프로시저 호출 또는 인수가 잘못되었습니다.");
+    case Overflow:
+        return QStringLiteral("오버플로");
+    case SubscriptOutOfRange:
+        return QStringLiteral("아래 첨자 사용이 잘못되었습니다.");
+    case TypeMismatch:
+        return QStringLiteral("형식이 일치하지 않습니다.");
+    case ObjectNotSet:
+        return QStringLiteral("개체 변수가 설정되지 않았습니다.");
+    case InvalidPropertyValue:
+        return QStringLiteral("속성 값이 잘못되었습니다.");
+    case InvalidPropertyArrayIndex:
+        return QStringLiteral("속성 배열 인덱스가 잘못되었습니다.");
+    default:
+        return QStringLiteral("실행 중에 오류가 발생하였습니다.");
     }
 }
 

@@ -49,8 +49,7 @@ CurrentError& Err();
 /// Runs an operation that has an error handler of its own. The current error is cleared on entry; an error
 /// raised by `body` becomes the current one and `handler` decides the result. An error raised by `handler`
 /// goes to the caller.
-template <class Body, class Handler>
-auto WithHandler(Body&& body, Handler&& handler) -> decltype(body())
+template <class Body, class Handler> auto WithHandler(Body&& body, Handler&& handler) -> decltype(body())
 {
     Err().Clear();
     try {

@@ -44,8 +44,8 @@ public:
     Coming(Services& services, ComingDialog which, QWidget* owner)
         : DialogForm(services.session, services.desktop, FrameOf(which), owner)
     {
-        BodyLayout().addWidget(new Label(&Body(), QStringLiteral("lblComing"),
-                                         QStringLiteral("이 기능은 아직 준비 중입니다.")));
+        BodyLayout().addWidget(
+            new Label(&Body(), QStringLiteral("lblComing"), QStringLiteral("이 기능은 아직 준비 중입니다.")));
     }
 };
 

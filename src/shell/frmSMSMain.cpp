@@ -63,12 +63,12 @@ void frmSMSMain::BuildHead()
     title->setAttribute(Qt::WA_TransparentForMouseEvents);
     title->setGeometry(15, 8, 300, 24);
 
-    const std::array<QString, 3> pictures{QStringLiteral("window-minimise"), QStringLiteral("window-maximise"),
-                                          QStringLiteral("window-close")};
+    const std::array<QString, 3> pictures{QStringLiteral("window-minimise"),
+                                          QStringLiteral("window-maximise"), QStringLiteral("window-close")};
     for (int i = 0; i < 3; ++i) {
-        auto* button = new PictureButton(this, IndexedName(u"BtnWindows", i), pictures[static_cast<std::size_t>(i)],
-                                         QString(),
-                                         i == 2 ? PictureButton::Look::Closing : PictureButton::Look::Window);
+        auto* button =
+            new PictureButton(this, IndexedName(u"BtnWindows", i), pictures[static_cast<std::size_t>(i)],
+                              QString(), i == 2 ? PictureButton::Look::Closing : PictureButton::Look::Window);
         button->setGeometry(WindowSize.width() - 3 * 36 - 8 + i * 36, 6, 34, 26);
         button->OnClick = [this, i] { BtnWindowsClick(i); };
     }
@@ -82,11 +82,12 @@ void frmSMSMain::BuildToolbar()
         QString picture;
         QString words;
     };
-    const std::array<Position, Positions> positions{{{120, QStringLiteral("toolbar-compose"), QStringLiteral("문자발송")},
-                                                     {1860, QStringLiteral("toolbar-history"), QStringLiteral("발송내역")},
-                                                     {3600, QStringLiteral("toolbar-charge"), QStringLiteral("요금현황")},
-                                                     {5340, QStringLiteral("toolbar-template"), QStringLiteral("문자서식")},
-                                                     {7080, QStringLiteral("toolbar-settings"), QStringLiteral("환경설정")}}};
+    const std::array<Position, Positions> positions{
+        {{120, QStringLiteral("toolbar-compose"), QStringLiteral("문자발송")},
+         {1860, QStringLiteral("toolbar-history"), QStringLiteral("발송내역")},
+         {3600, QStringLiteral("toolbar-charge"), QStringLiteral("요금현황")},
+         {5340, QStringLiteral("toolbar-template"), QStringLiteral("문자서식")},
+         {7080, QStringLiteral("toolbar-settings"), QStringLiteral("환경설정")}}};
     for (int i = 0; i < Positions; ++i) {
         const auto slot = static_cast<std::size_t>(i);
         const Position& at = positions[slot];
@@ -140,7 +141,8 @@ void frmSMSMain::BuildBalance()
     row->addWidget(balance_, 1);
     panel->setGeometry(600, 48, 215, 30);
     for (int i = 0; i < 2; ++i) {
-        auto* button = new PushButton(this, IndexedName(u"BtnWebPage", i), captions[static_cast<std::size_t>(i)]);
+        auto* button =
+            new PushButton(this, IndexedName(u"BtnWebPage", i), captions[static_cast<std::size_t>(i)]);
         button->setGeometry(821 + i * 84, 48, 80, 30);
         button->OnClick = [this, i] { BtnWebPageClick(i); };
     }
@@ -211,13 +213,19 @@ void frmSMSMain::EnterPage(int index)
         compose_->FocusMessage();
         compose_->ResetSenderNumber();
         break;
-    case 1: history_->FocusSearch(); break;
-    case 2: account_->SetUpGrids(); break;
+    case 1:
+        history_->FocusSearch();
+        break;
+    case 2:
+        account_->SetUpGrids();
+        break;
     case 3:
         editor_->RefreshSymbols();
         editor_->Body().SetFocus();
         break;
-    default: ShowSettings(); break; // the button keeps its selected look when the dialog has closed
+    default:
+        ShowSettings();
+        break; // the button keeps its selected look when the dialog has closed
     }
 }
 
@@ -237,12 +245,16 @@ void frmSMSMain::BtnWindowsClick(int index)
     if (IsBusy())
         return;
     switch (index) {
-    case 0: showMinimized(); break;
+    case 0:
+        showMinimized();
+        break;
     case 1:
         services_.desktop.MsgBox(QStringLiteral("창 최대화를 지원하지 않습니다.!!!"), MsgBoxCritical,
                                  QStringLiteral("창 최대화"));
         break;
-    default: Unload(); break;
+    default:
+        Unload();
+        break;
     }
 }
 

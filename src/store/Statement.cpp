@@ -164,6 +164,15 @@ private:
 
     void TakeWord(QStringView word)
     {
+        if (firstWord_.isEmpty())
+            firstWord_ = word;
+        else if (BeginsAnother(word))
+            Note(secondStatement, word);
+    }
+
+    /// True for a word behind the first that only a further statement can hold.
+    bool BeginsAnother(QStringView word)
+    {
         static constexpr std::array<QStringView, 22> beginnings = {
             u"INSERT",   u"UPDATE", u"DELETE",  u"DROP",   u"CREATE",   u"ALTER", u"EXEC",   u"EXECUTE",
             u"TRUNCATE", u"MERGE",  u"DECLARE", u"USE",    u"SHUTDOWN", u"BEGIN", u"COMMIT", u"ROLLBACK",
@@ -171,14 +180,11 @@ private:
         const auto is = [word](QStringView other) {
             return word.size() == other.size() && word.compare(other, Qt::CaseInsensitive) == 0;
         };
-        const bool first = firstWord_.isEmpty();
-        if (first)
-            firstWord_ = word;
-        else if (is(u"SELECT") ? depth_ <= 0 : std::any_of(beginnings.begin(), beginnings.end(), is))
-            Note(secondStatement, word);
-        else if (is(u"SET") &&
-                 (std::exchange(setSeen_, true) || firstWord_.compare(u"UPDATE", Qt::CaseInsensitive)))
-            Note(secondStatement, word);
+        if (is(u"SELECT"))
+            return depth_ <= 0;
+        if (is(u"SET"))
+            return std::exchange(setSeen_, true) || firstWord_.compare(u"UPDATE", Qt::CaseInsensitive) != 0;
+        return std::any_of(beginnings.begin(), beginnings.end(), is);
     }
 
     static void Note(QStringView& place, QStringView found)
@@ -244,7 +250,7 @@ QString Statement::Fault() const
         return SyntaxErrorNear(scan.hidingMark);
     if (scan.endsInsideLiteral)
         return {};
-    if (const QString fault = FaultOfValues(); !fault.isEmpty())
+    if (QString fault = FaultOfValues(); !fault.isEmpty())
         return fault;
     return scan.secondStatement.isEmpty() ? QString() : SyntaxErrorNear(scan.secondStatement);
 }

@@ -2,9 +2,18 @@
 
 #include "toolkit/Guarded.h"
 
+#include <QLibraryInfo>
+#include <QLocale>
+
 namespace tsms {
 
-Application::Application(int& argc, char** argv) : QApplication(argc, argv) {}
+Application::Application(int& argc, char** argv) : QApplication(argc, argv)
+{
+    const QLocale korean(QLocale::Korean, QLocale::SouthKorea);
+    if (words_.load(korean, QStringLiteral("qtbase"), QStringLiteral("_"),
+                    QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        installTranslator(&words_);
+}
 
 bool Application::notify(QObject* receiver, QEvent* event)
 {

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <QApplication>
+#include <QTranslator>
 
 namespace tsms {
 
 class Desktop;
 
-/// The application. It is the last place that catches a RuntimeError which left an event handler.
+/// The application. Menus and pickers that belong to the toolkit speak Korean, whatever the desk's language.
+/// It is the last place that catches a RuntimeError which left an event handler.
 class Application : public QApplication
 {
 public:
@@ -18,6 +20,7 @@ public:
     bool notify(QObject* receiver, QEvent* event) override;
 
 private:
+    QTranslator words_; // where the platform has none, those menus stay English
     Desktop* desktop_ = nullptr;
 };
 

@@ -187,7 +187,7 @@ void PictureButton::paintEvent(QPaintEvent*)
     const int size = onBar || look_ == Look::Sign ? PictureSize : SmallPictureSize;
     const int words = words_.isEmpty() ? 0 : PictureGap + metrics.horizontalAdvance(words_);
     const int left = (width() - size - words) / 2;
-    DrawPicture(painter, QRectF(left, (height() - size) / 2, size, size), picture_, ink);
+    DrawPicture(painter, QRectF(left, (height() - size) / 2.0, size, size), picture_, ink);
     painter.setFont(font);
     painter.setPen(ink);
     painter.drawText(QRect(left + size + PictureGap, 0, words, height()),

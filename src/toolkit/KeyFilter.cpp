@@ -30,7 +30,7 @@ QString CharactersOf(const QKeyEvent& event)
     default:
         break;
     }
-    const QString text = event.text();
+    QString text = event.text();
     if (text.isEmpty() || text.front().category() == QChar::Other_Control)
         return {};
     return text;

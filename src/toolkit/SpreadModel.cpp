@@ -208,7 +208,7 @@ QString SpreadModel::Text(int col, int row) const
         return {};
     if (const auto formula = formulas_.find({row, col}); formula != formulas_.end())
         return Sum(formula->second);
-    if (const QString text = SourceText(col, row); !text.isNull())
+    if (QString text = SourceText(col, row); !text.isNull())
         return text;
     return column ? column->caption : QString();
 }

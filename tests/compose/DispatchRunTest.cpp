@@ -162,8 +162,9 @@ TEST_F(Dispatch, TheGatewayGetsTheNumberAsItStandsAndTheMessageUntrimmed)
     Send();
     const auto calls = program.gateway.Calls();
     ASSERT_EQ(calls.size(), 1);
-    EXPECT_EQ(calls[0].Arguments, QStringList({u"demo"_q, u"demo"_q, u"sms.example.kr"_q, u"02-1234-5678"_q,
-                                               u"010-1234-567"_q, u" 앞뒤 "_q, u""_q, u""_q, u""_q, u""_q, u""_q}));
+    EXPECT_EQ(calls[0].Arguments,
+              QStringList({u"demo"_q, u"demo"_q, u"sms.example.kr"_q, u"02-1234-5678"_q, u"010-1234-567"_q,
+                           u" 앞뒤 "_q, u""_q, u""_q, u""_q, u""_q, u""_q}));
     EXPECT_EQ(program.database.Value(u"SELECT SMSContent FROM SMSLog_2012"_q), u"앞뒤"_q);
 }
 
@@ -174,11 +175,12 @@ TEST_F(Dispatch, TheLogRowTellsTheSendToTheLetter)
     program.desktop.Expect(SentBox());
     Send();
     const int number = program.gateway.Messages().first().Number;
-    EXPECT_EQ(program.database.Rows(u"SELECT SMSStatus, SMSNo, SMSID, SendNm, SendTelNo, ReceiveTelNo, SMSContent, "
-                                    u"SendTime, UserData1, UserData2, UserData3, ErrCd, ErrMsg FROM SMSLog_2012"_q),
-              QList<QStringList>({{u"1"_q, QString::number(number), u"demo"_q, u"홍길동"_q, u"01011111111"_q,
-                                   u"02-1234-5678"_q, u"안녕"_q, u"2012-05-30 14-07"_q, u"7"_q, u"본사"_q,
-                                   u"(null)"_q, u"(null)"_q, u"(null)"_q}}));
+    EXPECT_EQ(
+        program.database.Rows(u"SELECT SMSStatus, SMSNo, SMSID, SendNm, SendTelNo, ReceiveTelNo, SMSContent, "
+                              u"SendTime, UserData1, UserData2, UserData3, ErrCd, ErrMsg FROM SMSLog_2012"_q),
+        QList<QStringList>(
+            {{u"1"_q, QString::number(number), u"demo"_q, u"홍길동"_q, u"01011111111"_q, u"02-1234-5678"_q,
+              u"안녕"_q, u"2012-05-30 14-07"_q, u"7"_q, u"본사"_q, u"(null)"_q, u"(null)"_q, u"(null)"_q}}));
 }
 
 TEST_F(Dispatch, AReservationIsLoggedInTheTableOfItsOwnYear)
@@ -208,7 +210,8 @@ TEST_F(Dispatch, ThePresentMinuteIsLetThroughAsAReservation)
 TEST_F(Dispatch, APastTimeIsRefusedAndTheMinuteGetsTheFocus)
 {
     program.desktop.Expect({u"문자메세지 발송시간"_q,
-                            u"보낼 시간을 현재시간으로 부터 3분 이후로 설정하여 주십시오. "_q, MsgBoxCritical});
+                            u"보낼 시간을 현재시간으로 부터 3분 이후로 설정하여 주십시오. "_q,
+                            MsgBoxCritical});
     program.Write(u"안녕"_q);
     program.List(Good(1));
     program.Send([this](QWidget& dialog) {
@@ -274,7 +277,8 @@ TEST_F(Dispatch, ASuggestionNearTheFullHourLiesInThePastAndIsRefused)
 {
     program.clock.Set(QDateTime(QDate(2012, 5, 30), QTime(10, 52)));
     program.desktop.Expect({u"문자메세지 발송시간"_q,
-                            u"보낼 시간을 현재시간으로 부터 3분 이후로 설정하여 주십시오. "_q, MsgBoxCritical});
+                            u"보낼 시간을 현재시간으로 부터 3분 이후로 설정하여 주십시오. "_q,
+                            MsgBoxCritical});
     program.Write(u"안녕"_q);
     program.List(Good(1));
     WhenShown(u"MakeSMSTransport"_q, [this](QWidget& dialog) {
@@ -318,7 +322,8 @@ TEST_F(Dispatch, AnyOtherRunModeSendsNothing)
 {
     program.List(Good(1));
     const GridRecipients rows(program.Recipients());
-    MakeSMSTransport dialog(program.services, {rows, [] { return u"안녕"_q; }, [] { return u"02-123-4567"_q; }});
+    MakeSMSTransport dialog(program.services,
+                            {rows, [] { return u"안녕"_q; }, [] { return u"02-123-4567"_q; }});
     dialog.RunMode = u"X"_q;
     dialog.SetTotal(1);
     WhenShown(u"MakeSMSTransport"_q, [&](QWidget& form) {
@@ -425,8 +430,10 @@ TEST_P(DispatchToABrokenGateway, AsksOnceLogsNothingAndLosesTheDebitOfTheRowsBef
 
 INSTANTIATE_TEST_SUITE_P(Faults, DispatchToABrokenGateway,
                          ::testing::Values(BrokenReply{FaultKind::Short, 2}, BrokenReply{FaultKind::Drop, 2},
-                                           BrokenReply{FaultKind::Cut, 2}, BrokenReply{FaultKind::SoapFault, 1},
-                                           BrokenReply{FaultKind::Http500, 1}, BrokenReply{FaultKind::Garbage, 1},
+                                           BrokenReply{FaultKind::Cut, 2},
+                                           BrokenReply{FaultKind::SoapFault, 1},
+                                           BrokenReply{FaultKind::Http500, 1},
+                                           BrokenReply{FaultKind::Garbage, 1},
                                            BrokenReply{FaultKind::BadTruth, 2}));
 
 TEST_F(Dispatch, AfterAFailedRunTheNextOneWorks)

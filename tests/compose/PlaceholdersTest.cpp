@@ -19,7 +19,8 @@ TEST(Placeholders, AnEmptyNameLeavesNothingInItsPlace)
 
 TEST(Placeholders, OtherBracketsStay)
 {
-    EXPECT_EQ(WithRecipient(u"[받는 사람] 받는사람 [받는사람"_q, u"홍"_q), u"[받는 사람] 받는사람 [받는사람"_q);
+    EXPECT_EQ(WithRecipient(u"[받는 사람] 받는사람 [받는사람"_q, u"홍"_q),
+              u"[받는 사람] 받는사람 [받는사람"_q);
 }
 
 TEST(Placeholders, APieceGoesInAtTheCaret)

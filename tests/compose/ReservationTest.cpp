@@ -68,7 +68,8 @@ TEST(Reservation, TheSuggestionOfEightMinutesToTheHourLiesInThePast)
 
 TEST(Reservation, ThePresentMinutePassesAndTheOneBeforeDoesNot)
 {
-    EXPECT_EQ(CheckReservation(At(14, 5), Chosen(u"2012-05-30"_q, u"14"_q, u"05"_q)), ReservationVerdict::Good);
+    EXPECT_EQ(CheckReservation(At(14, 5), Chosen(u"2012-05-30"_q, u"14"_q, u"05"_q)),
+              ReservationVerdict::Good);
     EXPECT_EQ(CheckReservation(At(14, 5, 59), Chosen(u"2012-05-30"_q, u"14"_q, u"05"_q)),
               ReservationVerdict::Good);
     EXPECT_EQ(CheckReservation(At(14, 6), Chosen(u"2012-05-30"_q, u"14"_q, u"05"_q)),

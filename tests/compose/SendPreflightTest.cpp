@@ -192,8 +192,9 @@ TEST_F(SendPreflight, WhileBusyTheClickDoesNothing)
 
 TEST_F(SendPreflight, TheCloseButtonOfThePageAsksTheClosingQuestion)
 {
-    program.desktop.Expect({u"프로그램 종료"_q, u"프로그램 종료 : 타른리프 문자메시지을 종료하시겠습니까?"_q, MsgBoxQuestion},
-                           AnswerNo);
+    program.desktop.Expect(
+        {u"프로그램 종료"_q, u"프로그램 종료 : 타른리프 문자메시지을 종료하시겠습니까?"_q, MsgBoxQuestion},
+        AnswerNo);
     program.Click(u"BtnSend(1)"_q);
     EXPECT_TRUE(program.form->isVisible());
 }

@@ -12,8 +12,8 @@ using namespace tsms::test;
 
 TEST(SymbolGrid, ReadsAsTheProductOfColumnAndRow)
 {
-    const QStringList rows{u"☆☎☏☜＠♪℡※"_q, u"☎☜♪※○◎◆■"_q, u"☏♪★◎□▲→↓"_q,
-                           u"☜※◎■▼↓◀♠"_q, u"＠○□▼↔▶♧◐"_q, u"♪◎▲↓▶♣▒÷"_q};
+    const QStringList rows{u"☆☎☏☜＠♪℡※"_q, u"☎☜♪※○◎◆■"_q,  u"☏♪★◎□▲→↓"_q,
+                           u"☜※◎■▼↓◀♠"_q,  u"＠○□▼↔▶♧◐"_q, u"♪◎▲↓▶♣▒÷"_q};
     for (int row = 1; row <= SymbolRows; ++row)
         for (int column = 1; column <= SymbolColumns; ++column)
             EXPECT_EQ(SymbolAt(column, row), QString(rows[row - 1][column - 1])) << column << "," << row;

@@ -1,8 +1,8 @@
 // Prints where each named control stands, for a driver that works the real program with a real mouse:
 //   control-map "<launch line>"
-// A line is "<window>\t<control>\t<x>\t<y>", the middle of the control counted from its window's corner. Cells
-// of the recipient list are "fpSpread[column,row]". The windows are those of the program, laid out on the same
-// screen with the same fonts, and never shown.
+// A line is "<window>\t<control>\t<x>\t<y>", the middle of the control counted from its window's corner.
+// Cells of the recipient list are "fpSpread[column,row]". The windows are those of the program, laid out on
+// the same screen with the same fonts, and never shown.
 #include "compose/GridRecipients.h"
 #include "compose/MakeSMSTransport.h"
 #include "gateway/ModSMS.h"
@@ -26,7 +26,8 @@ namespace {
 
 void Print(const QWidget& window, const QString& name, QPoint middle)
 {
-    QTextStream(stdout) << window.objectName() << '\t' << name << '\t' << middle.x() << '\t' << middle.y() << '\n';
+    QTextStream(stdout) << window.objectName() << '\t' << name << '\t' << middle.x() << '\t' << middle.y()
+                        << '\n';
 }
 
 void PrintControls(QWidget& window)

@@ -104,9 +104,13 @@ private:
 };
 
 PictureBook::PictureBook(const QString& folder)
-    : folder_(folder), database_(clock_), connections_(database_.Connections()), gateway_(clock_),
+    : folder_(folder),
+      database_(clock_),
+      connections_(database_.Connections()),
+      gateway_(clock_),
       desk_([this](QWidget& of, const QString& name) { Take(of, name); }),
-      db_(session_, desk_, connections_.Maker()), sms_(session_, db_, desk_, clock_, gateway_.WsdlUrl()),
+      db_(session_, desk_, connections_.Maker()),
+      sms_(session_, db_, desk_, clock_, gateway_.WsdlUrl()),
       services_{session_, desk_, clock_, db_, sms_}
 {
     FillDatabase();
@@ -384,8 +388,9 @@ void PictureBook::DatabaseBoxes()
         desk_.ExpectNoneLeft();
     };
     fail(UserNotice, u"오늘 밤 11시부터 데이터베이스를 점검합니다."_q, u"box-notice"_q);
-    fail(IntegrityViolation, u"Cannot insert the value NULL into column 'SMSRemainCnt', table 'SMS.dbo.SMSSetup'; "
-                             u"column does not allow nulls. UPDATE fails."_q,
+    fail(IntegrityViolation,
+         u"Cannot insert the value NULL into column 'SMSRemainCnt', table 'SMS.dbo.SMSSetup'; "
+         u"column does not allow nulls. UPDATE fails."_q,
          u"box-constraint"_q);
 
     connections_.RefuseOpens(2);

@@ -6,8 +6,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
-#include <QtTest/QTest>
 #include <QTimer>
+#include <QtTest/QTest>
 
 namespace tsms::test {
 
@@ -16,9 +16,12 @@ namespace {
 QMessageBox::StandardButton ButtonOf(MsgBoxAnswer answer)
 {
     switch (answer) {
-    case AnswerYes: return QMessageBox::Yes;
-    case AnswerNo: return QMessageBox::No;
-    case AnswerOK: break;
+    case AnswerYes:
+        return QMessageBox::Yes;
+    case AnswerNo:
+        return QMessageBox::No;
+    case AnswerOK:
+        break;
     }
     return QMessageBox::Ok;
 }

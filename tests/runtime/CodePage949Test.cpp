@@ -29,15 +29,13 @@ INSTANTIATE_TEST_SUITE_P(Texts, ByteCountTable,
                                            CountRow{u"가나 a"_q, 6}, CountRow{u"a\r\nb"_q, 3},
                                            CountRow{u"\r\n"_q, 1}, CountRow{u"\r\n\r\n"_q, 2},
                                            CountRow{u" a "_q, 3}, CountRow{u"\t"_q, 1},
-                                           CountRow{u"뷁똠펲"_q, 6}, CountRow{u"é"_q, 1},
-                                           CountRow{u"😀"_q, 2}, CountRow{u"[받는사람]"_q, 10},
-                                           CountRow{u"[보내는사람]"_q, 12}, CountRow{u"\n"_q, 1},
-                                           CountRow{u"\r"_q, 1}));
+                                           CountRow{u"뷁똠펲"_q, 6}, CountRow{u"é"_q, 1}, CountRow{u"😀"_q, 2},
+                                           CountRow{u"[받는사람]"_q, 10}, CountRow{u"[보내는사람]"_q, 12},
+                                           CountRow{u"\n"_q, 1}, CountRow{u"\r"_q, 1}));
 
 TEST(CodePage949, EverySymbolOfTheSymbolTableTakesTwoBytes)
 {
-    const QString symbols =
-        u"☆☎☏☜＠♪℡※★○●◎◇◆□■△▲▽▼→←↑↓↔〓◁◀▷▶♤♠♡♥♧♣⊙◈▣◐◑▒▤▥▨▧§÷≠"_q;
+    const QString symbols = u"☆☎☏☜＠♪℡※★○●◎◇◆□■△▲▽▼→←↑↓↔〓◁◀▷▶♤♠♡♥♧♣⊙◈▣◐◑▒▤▥▨▧§÷≠"_q;
     ASSERT_EQ(symbols.size(), 49);
     for (const QChar symbol : symbols)
         EXPECT_EQ(ByteCount(QString(symbol)), 2) << QString(symbol).toStdString();
@@ -83,9 +81,9 @@ TEST_P(FittingTable, IsTheLongestBeginning)
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, FittingTable,
-                         ::testing::Values(FitRow{u"가나다"_q, 6, u"가나다"_q}, FitRow{u"가나다"_q, 5, u"가나"_q},
-                                           FitRow{u"가나다"_q, 1, u""_q}, FitRow{u"a가"_q, 2, u"a"_q},
-                                           FitRow{u"a\r\nb"_q, 2, u"a\r\n"_q},
+                         ::testing::Values(FitRow{u"가나다"_q, 6, u"가나다"_q},
+                                           FitRow{u"가나다"_q, 5, u"가나"_q}, FitRow{u"가나다"_q, 1, u""_q},
+                                           FitRow{u"a가"_q, 2, u"a"_q}, FitRow{u"a\r\nb"_q, 2, u"a\r\n"_q},
                                            FitRow{u"a\r\nb"_q, 1, u"a"_q}, FitRow{u"😀😀"_q, 3, u"😀"_q},
                                            FitRow{u"   "_q, 2, u"  "_q}, FitRow{u"abc"_q, 0, u""_q}));
 

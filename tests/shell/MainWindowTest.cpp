@@ -28,7 +28,8 @@ protected:
     {
         QString look;
         for (int i = 0; i < 5; ++i)
-            look += Shown(u"BtnToolbarEn(%1)"_q.arg(i)) && !Shown(u"BtnToolbarDis(%1)"_q.arg(i)) ? u'S' : u'-';
+            look +=
+                Shown(u"BtnToolbarEn(%1)"_q.arg(i)) && !Shown(u"BtnToolbarDis(%1)"_q.arg(i)) ? u'S' : u'-';
         return look;
     }
     QString Pages()
@@ -153,7 +154,8 @@ TEST_F(MainWindow, WebButtonsOpenTheAccountsPagesAsTheyStand)
 {
     program.Click(u"BtnWebPage(0)"_q);
     program.Click(u"BtnWebPage(1)"_q);
-    EXPECT_EQ(program.desktop.pages, QStringList({u"http://127.0.0.1:8790/join"_q, u"http://127.0.0.1:8790/charge"_q}));
+    EXPECT_EQ(program.desktop.pages,
+              QStringList({u"http://127.0.0.1:8790/join"_q, u"http://127.0.0.1:8790/charge"_q}));
     EXPECT_EQ(program.The<PushButton>(u"BtnWebPage(0)"_q).Caption(), u"가입하기"_q);
     EXPECT_EQ(program.The<PushButton>(u"BtnWebPage(1)"_q).Caption(), u"문자충전"_q);
 }
@@ -161,7 +163,8 @@ TEST_F(MainWindow, WebButtonsOpenTheAccountsPagesAsTheyStand)
 TEST_F(MainWindow, WhileBusyWindowAndWebButtonsAndEscAreDead)
 {
     program.session.Busy = Boolean::True;
-    for (const QString& name : {u"BtnWindows(0)"_q, u"BtnWindows(1)"_q, u"BtnWindows(2)"_q, u"BtnWebPage(0)"_q})
+    for (const QString& name :
+         {u"BtnWindows(0)"_q, u"BtnWindows(1)"_q, u"BtnWindows(2)"_q, u"BtnWebPage(0)"_q})
         program.Click(name);
     PressKey(*program.form, Qt::Key_Escape);
     program.session.Busy = Boolean::False;

@@ -12,8 +12,8 @@ namespace tsms {
 
 namespace {
 
-constexpr qsizetype MaxHeadBytes = 64 * 1024;
-constexpr qsizetype MaxBodyBytes = 4 * 1024 * 1024;
+constexpr qsizetype MaxHeadBytes = 64 << 10;
+constexpr qsizetype MaxBodyBytes = 4 << 20;
 
 QByteArray Reason(int status)
 {

@@ -10,8 +10,8 @@
 #include <QElapsedTimer>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
-#include <QtTest/QTest>
 #include <QTimer>
+#include <QtTest/QTest>
 
 namespace tsms::test {
 
@@ -94,7 +94,7 @@ void WhenShown(const QString& formName, std::function<void(QWidget& form)> act)
     waited->start();
     QObject::connect(timer, &QTimer::timeout, timer, [=] {
         Form* form = Form::Find(formName);
-        if (form && form->isVisible()) {
+        if (form && form->isVisible() && form->isActiveWindow()) {
             timer->stop();
             timer->deleteLater();
             act(*form);

@@ -3,13 +3,19 @@
 #include "shell/Main.h"
 #include "toolkit/Controls.h"
 
+#include <gtest/gtest.h>
+
 #include <QApplication>
+#include <QtTest/QTest>
 
 namespace tsms::test {
 
 Program::Program()
-    : database(clock), connections(database.Connections()), gateway(clock),
-      db(session, desktop, connections.Maker()), sms(session, db, desktop, clock, gateway.WsdlUrl()),
+    : database(clock),
+      connections(database.Connections()),
+      gateway(clock),
+      db(session, desktop, connections.Maker()),
+      sms(session, db, desktop, clock, gateway.WsdlUrl()),
       services{session, desktop, clock, db, sms}
 {
     database.SetAccount();
@@ -39,7 +45,7 @@ bool Program::Start(const QString& command)
     exitStatus = launch.exitStatus;
     if (form) {
         form->activateWindow();
-        Settle();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
     }
     return form != nullptr;
 }
@@ -97,15 +103,17 @@ Box SendFailureBox(const QString& code, const QString& reason)
 
 Box ServerDownBox()
 {
-    return {u" - 오류!!!"_q,
-            u"★ 데이터베이스서버 상태를 확인하여 주십시오.!\r\n\r\n★ 서버가 종료이거나 인터넷 연결이 안된 상태입니다."_q,
-            MsgBoxCritical};
+    return {
+        u" - 오류!!!"_q,
+        u"★ 데이터베이스서버 상태를 확인하여 주십시오.!\r\n\r\n★ 서버가 종료이거나 인터넷 연결이 안된 상태입니다."_q,
+        MsgBoxCritical};
 }
 
 Box SignUpBox()
 {
     return {u"문자메시지!!!"_q,
-            u"문자메시지 서비스 가입이 되질 않았거나 환경설정에 문자메시지 개통정보를 입력하지 않았습니다.!\r\n\r\n"
+            u"문자메시지 서비스 가입이 되질 않았거나 환경설정에 문자메시지 개통정보를 입력하지 "
+            u"않았습니다.!\r\n\r\n"
             u"문자메시지 가입 사이트로 이동합니다. 확인을 누르시면 해당 페이지가 오픈이 됩니다.!!"_q,
             MsgBoxCritical};
 }
