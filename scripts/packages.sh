@@ -3,7 +3,7 @@
 
 build_packages=(
   g++ cmake ninja-build ccache pkg-config
-  qt6-base-dev libgl-dev qt6-svg-dev libsqlite3-dev libcurl4-openssl-dev libpugixml-dev libcpp-httplib-dev)
+  qt6-base-dev libgl-dev qt6-svg-dev libsqlite3-dev libcurl4-openssl-dev libpugixml-dev)
 run_packages=(qt6-qpa-plugins qt6-translations-l10n fonts-nanum)
 screen_packages=(xvfb xauth openbox xdotool x11-utils x11-xserver-utils imagemagick curl sqlite3)
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev)

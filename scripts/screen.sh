@@ -33,12 +33,12 @@ in_background() {
 
 # A display of its own. Without mouse bindings the window manager holds no click back, so that clicks and keys
 # keep their order on a busy machine too.
-open_screen() {
-  local number
+open_screen() { # [WIDTHxHEIGHT]
+  local number size=${1:-1280x900}
   export DISPLAY=
   for number in $(seq 90 120); do
     [ -e "/tmp/.X$number-lock" ] && continue
-    in_background "$out/xvfb.log" Xvfb ":$number" -screen 0 1280x900x24 -nolisten tcp
+    in_background "$out/xvfb.log" Xvfb ":$number" -screen 0 "${size}x24" -nolisten tcp
     until_true 10 xdpyinfo -display ":$number" && { DISPLAY=":$number"; break; }
   done
   [ -n "$DISPLAY" ] || fail "no virtual display could be started"

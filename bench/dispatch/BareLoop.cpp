@@ -65,7 +65,7 @@ Prepared Prepare(const QString& wsdlUrl)
                                     {},
                                     {},
                                     {}};
-        prepared.messages.push_back({CallEnvelope(shape, arguments), RecipientName(row).toUtf8(),
+        prepared.messages.push_back({CallEnvelope(shape).With(arguments), RecipientName(row).toUtf8(),
                                      RecipientNumber(row).toUtf8(), content.toUtf8()});
     }
     return prepared;

@@ -155,6 +155,8 @@ int Compare()
 int main(int argc, char** argv)
 {
     using namespace tsms::bench;
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen"); // the processes of both sides inherit it
     if (argc == 4)
         return RunSide(QString::fromLocal8Bit(argv[1]),
                        {QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[3])});

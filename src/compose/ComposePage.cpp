@@ -22,26 +22,28 @@ namespace tsms {
 namespace {
 
 constexpr int PhoneWidth = 330;       // room for six syllables in the name column
+constexpr int HeadingHeight = 22;     // in line with the heading of the cards, which has a list beside it
+constexpr int RowsOnView = 13;        // of the list, none of them cut
 constexpr int MessageLimit = 80;      // bytes
 constexpr int SenderNumberLimit = 13; // bytes
 
 } // namespace
 
-ComposePage::ComposePage(Services& services, Window window, QWidget* cards, QWidget* parent)
+ComposePage::ComposePage(Services& services, Window window, const MakeCards& makeCards, QWidget* parent)
     : Panel(parent, IndexedName(u"PlToolBg", 0)),
       services_(services),
       textHelper_(services.desktop),
       window_(std::move(window))
 {
     SetBackColor(theme::Page);
-    auto* right = new QVBoxLayout;
-    right->setSpacing(10);
-    right->addWidget(cards, 1);
-    right->addWidget(BuildNotes());
     auto* page = new QHBoxLayout(this);
     page->setContentsMargins(12, 12, 12, 12);
     page->setSpacing(14);
     page->addWidget(BuildPhone());
+    auto* right = new QVBoxLayout;
+    right->setSpacing(10);
+    right->addWidget(makeCards(this), 1);
+    right->addWidget(BuildNotes());
     page->addLayout(right, 1);
 }
 
@@ -62,6 +64,7 @@ void ComposePage::BuildMessage(QVBoxLayout& phone, QWidget& parent)
 {
     auto* heading = new Label(&parent, IndexedName(u"Label2", 0), QStringLiteral("문자메시지 전송창"));
     heading->SetBold(true);
+    heading->setMinimumHeight(HeadingHeight);
     message_ = new MemoBox(&parent, QStringLiteral("TxtPerSendMsg"));
     message_->SetBorder(false);
     message_->SetBackColor(theme::Phone);
@@ -69,7 +72,7 @@ void ComposePage::BuildMessage(QVBoxLayout& phone, QWidget& parent)
     message_->OnChange = [this] { textHelper_.LimitBytes(*message_, MessageLimit); };
     message_->setMinimumHeight(130);
     phone.addWidget(heading);
-    phone.addWidget(message_, 2);
+    phone.addWidget(message_, 1);
     phone.addWidget(new MessageCounter(*message_, QStringLiteral("LblPerSendMsg"),
                                        QStringLiteral("LblPerSendCnt"), &parent));
 }
@@ -96,7 +99,7 @@ void ComposePage::BuildRecipients(QVBoxLayout& phone, QWidget& parent)
     connect(recipients_, &fpSpread::Click, this,
             Guarded(services_.desktop, [this](int column, int) { RecipientClick(column); }));
     phone.addLayout(buttons);
-    phone.addWidget(recipients_, 3);
+    phone.addWidget(recipients_);
 }
 
 void ComposePage::BuildSender(QVBoxLayout& phone, QWidget& parent)
@@ -148,6 +151,7 @@ QWidget* ComposePage::BuildNotes()
 void ComposePage::Load()
 {
     InitRecipientGrid(*recipients_);
+    recipients_->setFixedHeight(RowsOnView * recipients_->rowHeight(0) + 2 * recipients_->frameWidth());
     ResetSenderNumber();
 }
 
@@ -186,7 +190,7 @@ void ComposePage::BtnSendClick(int index)
         window_.close();
         return;
     }
-    recipients_->CommitEdit(); // a click does not take the focus from a cell that is being typed into
+    recipients_->CommitEdit(); // on desks where a click on a button does not take the focus
     SendPreflight(services_, *message_, *recipients_, *senderNumber_).Run();
 }
 

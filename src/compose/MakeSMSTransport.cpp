@@ -144,7 +144,7 @@ void MakeSMSTransport::FillTimeLists()
     minute_->SetListIndex(SuggestedMinuteIndex(now));
 }
 
-ChosenTime MakeSMSTransport::Chosen() const
+ChosenTime MakeSMSTransport::Chosen()
 {
     return {date_->Value(), hour_->Text(), minute_->Text()};
 }

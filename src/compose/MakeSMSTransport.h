@@ -44,7 +44,7 @@ private:
     void ChkTimeClick();
     void FillTimeLists();
     void EnableReservation(bool enabled);
-    struct ChosenTime Chosen() const;
+    struct ChosenTime Chosen();
 
     void Send();
     bool ReservationPasses();

@@ -36,6 +36,7 @@ void InitSymbolGrid(fpSpread& grid)
 {
     GridHelper().PrepareGrid(grid);
     grid.SetHeadersVisible(false, false);
+    grid.SetSpaceClicks(false);
     grid.SetGridColor(theme::Line);
     grid.SetRowHeight(fpSpread::All, 13);
     for (int column = 1; column <= SymbolColumns; ++column) {
@@ -60,7 +61,10 @@ TemplateEditor::TemplateEditor(Services& services, QWidget& popupParent, QWidget
 
 void TemplateEditor::BuildFields()
 {
-    subject_ = new TextBox(this, QStringLiteral("txtEditSubject"));
+    // The title has no border of its own; the panel that it stands on shows where it is.
+    auto* back = new FieldPanel(this, QStringLiteral("PlEditSubject"));
+    subject_ = new TextBox(back, QStringLiteral("txtEditSubject"));
+    subject_->setFrame(false);
     subject_->SetMaxLength(SubjectCharacters);
     subject_->SetImeMode(ImeMode::Hangul);
     subject_->OnChange = [this] { textHelper_.LimitBytes(*subject_, SubjectLimit); };
@@ -78,18 +82,24 @@ void TemplateEditor::BuildFields()
 
     const QStringList captions{QStringLiteral("특수문자"), QStringLiteral("변환문구"),
                                QStringLiteral("다시쓰기")};
-    auto* buttons = new QHBoxLayout;
+    auto* buttons = new QGridLayout;
     buttons->setSpacing(6);
     for (int i = 0; i < captions.size(); ++i) {
         auto* button = new PushButton(this, IndexedName(u"BtnFuncDocEdit", i), captions[i]);
         button->OnClick = [this, i] { BtnFuncDocEditClick(i); };
-        buttons->addWidget(button, 1);
+        buttons->addWidget(button, i / 2, i % 2, 1, i == Rewrite ? 2 : 1);
     }
+
+    auto* place = new QHBoxLayout(back);
+    place->setContentsMargins(3, 3, 3, 3);
+    place->addWidget(subject_);
+    subject_->OnGotFocus = [back] { back->update(); };
+    subject_->OnLostFocus = [back] { back->update(); };
 
     auto* title = new QHBoxLayout;
     title->setSpacing(8);
     title->addWidget(new Label(this, QStringLiteral("Label11"), QStringLiteral("제목")));
-    title->addWidget(subject_, 1);
+    title->addWidget(back, 1);
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -188,6 +198,9 @@ void TemplateEditor::BtnFuncDocEditClick(int index)
 
 void TemplateEditor::InsertAtCaret(const QString& piece)
 {
+    // A piece that no longer fits stays out: in its place the end of what was written would be lost.
+    if (body_->Text().size() + piece.size() > BodyCharacters)
+        return;
     // The selection is not replaced, and the caret goes to the end of the whole text: both are meant.
     body_->SetText(WithInsertion(body_->Text(), body_->SelStart(), piece));
     counter_->KeyUp(0, 0);

@@ -1,8 +1,7 @@
 #include "gateway/HttpLink.h"
 
+#include "gateway/CurlLibrary.h"
 #include "gateway/SoapFault.h"
-
-#include <curl/curl.h>
 
 #include <algorithm>
 #include <array>
@@ -11,6 +10,11 @@
 namespace tsms {
 
 namespace {
+
+const CurlLibrary& Curl()
+{
+    return CurlLibrary::Get();
+}
 
 /// A body that is read once, from its beginning to its end.
 struct Outgoing
@@ -23,11 +27,11 @@ class HeaderList
 {
 public:
     HeaderList() = default;
-    ~HeaderList() { curl_slist_free_all(first_); }
+    ~HeaderList() { Curl().FreeAll(first_); }
     HeaderList(const HeaderList&) = delete;
     HeaderList& operator=(const HeaderList&) = delete;
 
-    void Add(const char* line) { first_ = curl_slist_append(first_, line); }
+    void Add(const char* line) { first_ = Curl().Append(first_, line); }
     curl_slist* Get() const { return first_; }
 
 private:
@@ -79,17 +83,10 @@ std::size_t ReceiveBody(char* bytes, std::size_t size, std::size_t count, void* 
     return size * count;
 }
 
-void StartLibraryOnce()
-{
-    static const CURLcode started = curl_global_init(CURL_GLOBAL_DEFAULT);
-    if (started != CURLE_OK)
-        throw LocalFault(QStringLiteral("통신 기능을 시작하지 못하였습니다."));
-}
-
 /// Of the library's own texts about addresses and connections only: they hold nothing of a message.
 QString WordsOf(CURLcode code, const char* words)
 {
-    return QString::fromLocal8Bit(*words != '\0' ? words : curl_easy_strerror(code));
+    return QString::fromLocal8Bit(*words != '\0' ? words : Curl().Words(code));
 }
 
 SoapFault FaultOf(CURLcode code, const char* words, bool tooLong)
@@ -113,8 +110,8 @@ SoapFault FaultOf(CURLcode code, const char* words, bool tooLong)
 
 struct HttpLink::Handle
 {
-    Handle() : curl(curl_easy_init()) {}
-    ~Handle() { curl_easy_cleanup(curl); }
+    Handle() : curl(Curl().Init()) {}
+    ~Handle() { Curl().Cleanup(curl); }
     Handle(const Handle&) = delete;
     Handle& operator=(const Handle&) = delete;
 
@@ -123,7 +120,6 @@ struct HttpLink::Handle
 
 HttpLink::HttpLink()
 {
-    StartLibraryOnce();
     handle_ = std::make_unique<Handle>();
     if (handle_->curl == nullptr)
         throw LocalFault(QStringLiteral("통신 기능을 시작하지 못하였습니다."));
@@ -133,26 +129,26 @@ HttpLink::~HttpLink() = default;
 
 HttpReply HttpLink::Get(const QString& url)
 {
-    curl_easy_reset(handle_->curl); // forgets the options and keeps the connection
+    Curl().Reset(handle_->curl); // forgets the options and keeps the connection
     return Perform(url);
 }
 
 HttpReply HttpLink::Post(const QString& url, const QList<QByteArray>& headers, const QByteArray& body)
 {
     CURL* curl = handle_->curl;
-    curl_easy_reset(curl);
+    Curl().Reset(curl);
     Outgoing out{&body, 0};
-    curl_easy_setopt(curl, CURLOPT_POST, 1L);
-    curl_easy_setopt(curl, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(body.size()));
-    curl_easy_setopt(curl, CURLOPT_READFUNCTION, &SendBody);
-    curl_easy_setopt(curl, CURLOPT_READDATA, &out);
-    curl_easy_setopt(curl, CURLOPT_SEEKFUNCTION, &RefuseToRewind);
+    Curl().SetOption(curl, CURLOPT_POST, 1L);
+    Curl().SetOption(curl, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(body.size()));
+    Curl().SetOption(curl, CURLOPT_READFUNCTION, &SendBody);
+    Curl().SetOption(curl, CURLOPT_READDATA, &out);
+    Curl().SetOption(curl, CURLOPT_SEEKFUNCTION, &RefuseToRewind);
 
     HeaderList list;
     for (const QByteArray& header : headers)
         list.Add(header.constData());
     list.Add("Expect:"); // empty: no asking first, which costs a round trip for each message
-    curl_easy_setopt(curl, CURLOPT_HTTPHEADER, list.Get());
+    Curl().SetOption(curl, CURLOPT_HTTPHEADER, list.Get());
     return Perform(url);
 }
 
@@ -162,29 +158,29 @@ HttpReply HttpLink::Perform(const QString& url)
     Incoming in;
     std::array<char, CURL_ERROR_SIZE> words{};
     const QByteArray address = url.toUtf8();
-    curl_easy_setopt(curl, CURLOPT_URL, address.constData());
-    curl_easy_setopt(curl, CURLOPT_PROTOCOLS_STR, "http,https");
-    curl_easy_setopt(curl, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
-    curl_easy_setopt(curl, CURLOPT_PROXY, ""); // also none from the environment
-    curl_easy_setopt(curl, CURLOPT_FOLLOWLOCATION, 0L);
-    curl_easy_setopt(curl, CURLOPT_TCP_NODELAY, 1L);
-    curl_easy_setopt(curl, CURLOPT_TCP_KEEPALIVE, 1L); // notices a dead host, and leaves a slow one its time
-    curl_easy_setopt(curl, CURLOPT_NOSIGNAL, 1L);
-    curl_easy_setopt(curl, CURLOPT_USERAGENT, "tsms");
-    curl_easy_setopt(curl, CURLOPT_HEADERFUNCTION, &ReceiveHead);
-    curl_easy_setopt(curl, CURLOPT_HEADERDATA, &in);
-    curl_easy_setopt(curl, CURLOPT_WRITEFUNCTION, &ReceiveBody);
-    curl_easy_setopt(curl, CURLOPT_WRITEDATA, &in);
-    curl_easy_setopt(curl, CURLOPT_ERRORBUFFER, words.data());
+    Curl().SetOption(curl, CURLOPT_URL, address.constData());
+    Curl().SetOption(curl, CURLOPT_PROTOCOLS_STR, "http,https");
+    Curl().SetOption(curl, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
+    Curl().SetOption(curl, CURLOPT_PROXY, ""); // also none from the environment
+    Curl().SetOption(curl, CURLOPT_FOLLOWLOCATION, 0L);
+    Curl().SetOption(curl, CURLOPT_TCP_NODELAY, 1L);
+    Curl().SetOption(curl, CURLOPT_TCP_KEEPALIVE, 1L); // notices a dead host, and leaves a slow one its time
+    Curl().SetOption(curl, CURLOPT_NOSIGNAL, 1L);
+    Curl().SetOption(curl, CURLOPT_USERAGENT, "tsms");
+    Curl().SetOption(curl, CURLOPT_HEADERFUNCTION, &ReceiveHead);
+    Curl().SetOption(curl, CURLOPT_HEADERDATA, &in);
+    Curl().SetOption(curl, CURLOPT_WRITEFUNCTION, &ReceiveBody);
+    Curl().SetOption(curl, CURLOPT_WRITEDATA, &in);
+    Curl().SetOption(curl, CURLOPT_ERRORBUFFER, words.data());
 
-    const CURLcode code = curl_easy_perform(curl);
-    curl_easy_setopt(curl, CURLOPT_ERRORBUFFER, nullptr);
+    const CURLcode code = Curl().Perform(curl);
+    Curl().SetOption(curl, CURLOPT_ERRORBUFFER, nullptr);
     if (code != CURLE_OK)
         throw FaultOf(code, words.data(), in.tooLong);
 
-    curl_easy_getinfo(curl, CURLINFO_RESPONSE_CODE, &in.reply.Status);
+    Curl().GetInfo(curl, CURLINFO_RESPONSE_CODE, &in.reply.Status);
     const char* contentType = nullptr;
-    curl_easy_getinfo(curl, CURLINFO_CONTENT_TYPE, &contentType);
+    Curl().GetInfo(curl, CURLINFO_CONTENT_TYPE, &contentType);
     in.reply.ContentType = contentType;
     return std::move(in.reply);
 }

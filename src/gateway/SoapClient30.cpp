@@ -5,6 +5,8 @@
 #include "gateway/SoapFault.h"
 #include "gateway/SoapMessage.h"
 
+#include <map>
+
 namespace tsms {
 
 namespace {
@@ -42,12 +44,11 @@ void RaiseFaultOf(const CallShape& shape, const HttpReply& reply)
     }
 }
 
-QString Exchange(HttpLink& link, const QUrl& endpoint, const CallShape& shape, const QStringList& arguments)
+QString Exchange(HttpLink& link, const QString& endpoint, const CallShape& shape, const QByteArray& envelope)
 {
-    const HttpReply reply =
-        link.Post(endpoint.toString(QUrl::FullyEncoded),
-                  {QByteArrayLiteral("Content-Type: text/xml; charset=utf-8"), ActionHeader(shape.Action)},
-                  CallEnvelope(shape, arguments));
+    const HttpReply reply = link.Post(
+        endpoint, {QByteArrayLiteral("Content-Type: text/xml; charset=utf-8"), ActionHeader(shape.Action)},
+        envelope);
     if (reply.Status == HttpServerError)
         RaiseFaultOf(shape, reply);
     if (reply.Status != HttpOk)
@@ -61,6 +62,13 @@ struct SoapClient30::Service
 {
     HttpLink link;
     ServiceDescription description;
+    QString endpoint;
+    std::map<QString, CallEnvelope> envelopes; ///< of the operations called so far
+
+    const CallEnvelope& EnvelopeOf(const QString& operation, const CallShape& shape)
+    {
+        return envelopes.try_emplace(operation, shape).first->second;
+    }
 };
 
 SoapClient30::SoapClient30() = default;
@@ -91,6 +99,7 @@ void SoapClient30::mssoapinit(const QString& wsdlUrl, const QString& service, co
         auto reading = std::make_unique<Service>();
         reading->description = ReadServiceDescription(
             QUrl(wsdlUrl), service, port, [&](const QUrl& url) { return Fetch(reading->link, url); });
+        reading->endpoint = reading->description.Endpoint.toString(QUrl::FullyEncoded);
         service_ = std::move(reading);
     });
 }
@@ -107,7 +116,8 @@ QString SoapClient30::Call(const QString& operation, const QStringList& argument
         if (shape->Parts.size() != arguments.size())
             throw LocalFault(QStringLiteral("문자메시지 서비스의 인수 개수가 맞지 않습니다."), operation,
                              WrongArgumentCount);
-        return Exchange(service_->link, service_->description.Endpoint, *shape, arguments);
+        return Exchange(service_->link, service_->endpoint, *shape,
+                        service_->EnvelopeOf(operation, *shape).With(arguments));
     });
 }
 

@@ -40,11 +40,34 @@ QByteArray TypeAttribute(const CallPart& part)
            WrittenAttribute("xsi:type", QStringLiteral("t:") + part.Type);
 }
 
-QByteArray WrittenPart(CallStyle style, const CallPart& part, const QString& value)
+/// The tags around the value of a part.
+struct WrittenPart
+{
+    QByteArray open;
+    QByteArray close;
+};
+
+WrittenPart Write(CallStyle style, const CallPart& part)
 {
     const WrittenName name = Write("p", part.Namespace, part.Name);
     const QByteArray type = style == CallStyle::RpcEncoded ? TypeAttribute(part) : QByteArray();
-    return '<' + name.tag + name.declaration + type + '>' + EscapeXml(value) + "</" + name.tag + '>';
+    return {'<' + name.tag + name.declaration + type + '>', "</" + name.tag + '>'};
+}
+
+QByteArray WrittenHead(const CallShape& shape, const WrittenName& name)
+{
+    QByteArray head = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<soap:Envelope";
+    head += WrittenAttribute("xmlns:soap", QLatin1String(ns::SoapEnvelope).toString());
+    if (shape.Style == CallStyle::RpcEncoded) {
+        head += WrittenAttribute("xmlns:xsd", QLatin1String(ns::Schema).toString());
+        head += WrittenAttribute("xmlns:xsi", QLatin1String(ns::SchemaInstance).toString());
+    }
+    head += "><soap:Body><" + name.tag + name.declaration;
+    if (shape.Style == CallStyle::RpcEncoded)
+        head += WrittenAttribute("soap:encodingStyle", shape.EncodingStyle.isEmpty()
+                                                           ? QLatin1String(ns::SoapEncoding).toString()
+                                                           : shape.EncodingStyle);
+    return head + '>';
 }
 
 QString WithoutPrefix(const QString& name)
@@ -125,24 +148,25 @@ pugi::xml_node Dereferenced(const pugi::xml_node& result)
 
 } // namespace
 
-QByteArray CallEnvelope(const CallShape& shape, const QStringList& arguments)
+CallEnvelope::CallEnvelope(const CallShape& shape)
 {
     const WrittenName name = Write("m", shape.Namespace, shape.Element);
-    QByteArray envelope = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<soap:Envelope";
-    envelope += WrittenAttribute("xmlns:soap", QLatin1String(ns::SoapEnvelope).toString());
-    if (shape.Style == CallStyle::RpcEncoded) {
-        envelope += WrittenAttribute("xmlns:xsd", QLatin1String(ns::Schema).toString());
-        envelope += WrittenAttribute("xmlns:xsi", QLatin1String(ns::SchemaInstance).toString());
+    QByteArray written = WrittenHead(shape, name);
+    for (const CallPart& part : shape.Parts) {
+        const WrittenPart tags = Write(shape.Style, part);
+        ahead_ += written + tags.open;
+        written = tags.close;
     }
-    envelope += "><soap:Body><" + name.tag + name.declaration;
-    if (shape.Style == CallStyle::RpcEncoded)
-        envelope += WrittenAttribute("soap:encodingStyle", shape.EncodingStyle.isEmpty()
-                                                               ? QLatin1String(ns::SoapEncoding).toString()
-                                                               : shape.EncodingStyle);
-    envelope += '>';
-    for (qsizetype i = 0; i < shape.Parts.size(); ++i)
-        envelope += WrittenPart(shape.Style, shape.Parts[i], arguments[i]);
-    return envelope + "</" + name.tag + "></soap:Body></soap:Envelope>\n";
+    behind_ = written + "</" + name.tag + "></soap:Body></soap:Envelope>\n";
+}
+
+QByteArray CallEnvelope::With(const QStringList& arguments) const
+{
+    QByteArray envelope;
+    envelope.reserve(4096);
+    for (qsizetype i = 0; i < ahead_.size(); ++i)
+        envelope += ahead_[i] + EscapeXml(arguments[i]);
+    return envelope + behind_;
 }
 
 QString ReadAnswer(const CallShape& shape, const QByteArray& envelope, const QByteArray& contentType)

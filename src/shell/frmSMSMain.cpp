@@ -34,7 +34,25 @@ namespace {
 constexpr QSize WindowSize(1000, 700);
 constexpr QSize PageSize(970, 586);
 const QPoint PageCorner(FromTwips(225), FromTwips(1260));
-constexpr int SettingsPosition = 4; // the one toolbar position without a page
+constexpr int SettingsPosition = 4;         // the one toolbar position without a page
+constexpr int HeadHeight = FromTwips(1200); // title and toolbar, down to the pages
+
+/// The surface that holds all but the popups: the head in the colour of title strips, the rest as ground.
+class Background final : public Panel
+{
+public:
+    explicit Background(QWidget* parent) : Panel(parent, QStringLiteral("PictBg")) {}
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        painter.fillRect(rect(), theme::Ground);
+        painter.fillRect(QRect(0, 0, width(), HeadHeight - 1), theme::Strip);
+        painter.setPen(theme::Frame);
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+};
 
 } // namespace
 
@@ -43,10 +61,12 @@ frmSMSMain::frmSMSMain(Services& services)
 {
     SetCaption(QStringLiteral("TSMS문자메시지"));
     setFixedSize(WindowSize);
+    ground_ = new Background(this);
+    ground_->setGeometry(QRect(QPoint(), WindowSize));
     BuildHead();
     BuildToolbar();
-    BuildPages();
     BuildBalance();
+    BuildPages();
     services_.session.BalanceListener = [this] { ShowBalance(); };
 }
 
@@ -57,7 +77,7 @@ frmSMSMain::~frmSMSMain()
 
 void frmSMSMain::BuildHead()
 {
-    auto* title = new Label(this, QStringLiteral("lblCaption"), Caption());
+    auto* title = new Label(ground_, QStringLiteral("lblCaption"), Caption());
     title->SetTextColor(theme::StripText);
     title->SetBold(true);
     title->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -67,7 +87,7 @@ void frmSMSMain::BuildHead()
                                           QStringLiteral("window-maximise"), QStringLiteral("window-close")};
     for (int i = 0; i < 3; ++i) {
         auto* button =
-            new PictureButton(this, IndexedName(u"BtnWindows", i), pictures[static_cast<std::size_t>(i)],
+            new PictureButton(ground_, IndexedName(u"BtnWindows", i), pictures[static_cast<std::size_t>(i)],
                               QString(), i == 2 ? PictureButton::Look::Closing : PictureButton::Look::Window);
         button->setGeometry(WindowSize.width() - 3 * 36 - 8 + i * 36, 6, 34, 26);
         button->OnClick = [this, i] { BtnWindowsClick(i); };
@@ -91,11 +111,11 @@ void frmSMSMain::BuildToolbar()
     for (int i = 0; i < Positions; ++i) {
         const auto slot = static_cast<std::size_t>(i);
         const Position& at = positions[slot];
-        idle_[slot] = new PictureButton(this, IndexedName(u"BtnToolbarDis", i), at.picture, at.words,
+        idle_[slot] = new PictureButton(ground_, IndexedName(u"BtnToolbarDis", i), at.picture, at.words,
                                         PictureButton::Look::Idle);
         idle_[slot]->setGeometry(FromTwips(at.left), FromTwips(720), FromTwips(1725), FromTwips(480));
         idle_[slot]->OnClick = [this, i] { BtnToolbarDisClick(i); };
-        selected_[slot] = new PictureButton(this, IndexedName(u"BtnToolbarEn", i), at.picture, at.words,
+        selected_[slot] = new PictureButton(ground_, IndexedName(u"BtnToolbarEn", i), at.picture, at.words,
                                             PictureButton::Look::Selected);
         selected_[slot]->setGeometry(FromTwips(at.left), FromTwips(660), FromTwips(1725), FromTwips(540));
         selected_[slot]->OnClick = [this, i] { BtnToolbarEnClick(i); };
@@ -108,45 +128,47 @@ void frmSMSMain::BuildPages()
 {
     templateCache_ = Named(new fpSpread(this), QStringLiteral("fpSpreadHidden"));
     templateCache_->hide();
-    auto* cards = new TemplateCards(services_, TemplateCards::ComposeSide, this);
-    compose_ = new ComposePage(services_,
-                               {[this] { BtnWindowsClick(2); },
-                                [this] { ShowComingDialog(services_, ComingDialog::AddressBook, this); },
-                                [this] { ShowComingDialog(services_, ComingDialog::Import, this); }},
-                               cards, this);
-    history_ = new HistoryPage(services_, this);
-    account_ = new AccountPage(services_, this);
-    editor_ = new TemplateEditor(services_, *this, this);
-    templates_ = new TemplatePage(services_, editor_, this);
+    compose_ = new ComposePage(
+        services_,
+        {[this] { BtnWindowsClick(2); },
+         [this] { ShowComingDialog(services_, ComingDialog::AddressBook, this); },
+         [this] { ShowComingDialog(services_, ComingDialog::Import, this); }},
+        [this](QWidget* page) { return new TemplateCards(services_, TemplateCards::ComposeSide, page); },
+        ground_);
+    history_ = new HistoryPage(services_, ground_);
+    account_ = new AccountPage(services_, ground_);
+    editor_ = new TemplateEditor(services_, *this, ground_);
+    templates_ = new TemplatePage(services_, editor_, ground_);
     pages_ = {compose_, history_, account_, templates_};
     for (QWidget* page : pages_) {
         page->resize(PageSize);
         page->setVisible(page == compose_);
     }
+    compose_->FocusMessage();
 }
 
 void frmSMSMain::BuildBalance()
 {
     const std::array<QString, 2> captions{QStringLiteral("가입하기"), QStringLiteral("문자충전")};
-    auto* panel = new Panel(this, QStringLiteral("Picture1"));
+    auto* panel = new Panel(ground_, QStringLiteral("Picture1"));
     panel->SetBackColor(theme::Ground);
     auto* words = new Label(panel, QStringLiteral("Label7"), QStringLiteral("잔여건수  : "));
     balance_ = new Label(panel, QStringLiteral("lblSMSCnt"), QStringLiteral("0건 남았습니다."));
     balance_->SetBold(true);
     balance_->SetTextColor(theme::Accent);
     auto* row = new QHBoxLayout(panel);
-    row->setContentsMargins(8, 0, 8, 0);
+    row->setContentsMargins(6, 0, 6, 0);
     row->setSpacing(2);
     row->addWidget(words);
     row->addWidget(balance_, 1);
-    panel->setGeometry(600, 48, 215, 30);
+    panel->setGeometry(590, 48, 233, 30);
     for (int i = 0; i < 2; ++i) {
         auto* button =
-            new PushButton(this, IndexedName(u"BtnWebPage", i), captions[static_cast<std::size_t>(i)]);
-        button->setGeometry(821 + i * 84, 48, 80, 30);
+            new PushButton(ground_, IndexedName(u"BtnWebPage", i), captions[static_cast<std::size_t>(i)]);
+        button->setGeometry(829 + i * 80, 48, 76, 30);
         button->OnClick = [this, i] { BtnWebPageClick(i); };
     }
-    version_ = new Label(this, QStringLiteral("lblVersion"));
+    version_ = new Label(ground_, QStringLiteral("lblVersion"));
     version_->setAlignment(Qt::AlignCenter);
     version_->setGeometry(WindowSize.width() - 15 - 170, WindowSize.height() - 26, 170, 20);
 }
@@ -167,6 +189,7 @@ void frmSMSMain::Load()
 
 void frmSMSMain::Activate()
 {
+    // Whether it is the first is all that counts.
     if (!activated_) {
         activated_ = true;
         FirstActivation();
@@ -203,6 +226,8 @@ void frmSMSMain::BtnToolbarDisClick(int index)
         if (index != SettingsPosition && j != SettingsPosition)
             pages_[slot]->setVisible(j == index);
     }
+    // The clicked button is gone: its focus belongs to the one in its place, and not to the next tab.
+    selected_[static_cast<std::size_t>(index)]->setFocus();
     EnterPage(index);
 }
 
@@ -295,14 +320,6 @@ bool frmSMSMain::QueryUnload()
     DoEvents();
     QCoreApplication::quit();
     return true;
-}
-
-void frmSMSMain::paintEvent(QPaintEvent* event)
-{
-    Form::paintEvent(event);
-    QPainter painter(this);
-    painter.fillRect(rect().adjusted(1, 1, -1, -1), theme::Ground);
-    painter.fillRect(QRect(1, 1, width() - 2, FromTwips(1200) - 1), theme::Strip);
 }
 
 } // namespace tsms

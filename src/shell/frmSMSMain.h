@@ -1,6 +1,5 @@
 #pragma once
 
-#include "runtime/Numbers.h"
 #include "toolkit/Form.h"
 
 #include <array>
@@ -35,7 +34,6 @@ protected:
     bool QueryUnload() override;
     bool KeyDown(int key, Qt::KeyboardModifiers shift) override;
     void Activate() override;
-    void paintEvent(QPaintEvent* event) override;
 
 private:
     static constexpr int Positions = 5;
@@ -56,6 +54,7 @@ private:
     void ShowSettings();
 
     Services& services_;
+    Panel* ground_ = nullptr;                          // PictBg
     std::array<PictureButton*, Positions> idle_{};     // BtnToolbarDis
     std::array<PictureButton*, Positions> selected_{}; // BtnToolbarEn
     std::array<QWidget*, 4> pages_{};                  // PlToolBg

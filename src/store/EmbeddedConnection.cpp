@@ -29,9 +29,14 @@ QString FirstToken(const QString& text)
 class EmbeddedConnection::Prepared
 {
 public:
-    Prepared(EmbeddedConnection& connection, const QString& sql) : connection_(connection), sql_(sql)
+    Prepared(EmbeddedConnection& connection, const QString& sql)
+        : Prepared(connection, sql, ToEmbeddedDialect(sql))
     {
-        const QByteArray text = ToEmbeddedDialect(sql);
+    }
+    /// `text` is the statement in the engine's dialect, `sql` as it came.
+    Prepared(EmbeddedConnection& connection, const QString& sql, const QByteArray& text)
+        : connection_(connection), sql_(sql)
+    {
         const char* tail = nullptr;
         if (sqlite3_prepare_v2(connection.Handle(), text.constData(), static_cast<int>(text.size()),
                                &statement_, &tail) != SQLITE_OK)
@@ -142,6 +147,7 @@ void EmbeddedConnection::OpenFile(const QString& path, bool make)
 
 void EmbeddedConnection::Close()
 {
+    insert_.Forget();
     sqlite3_close_v2(handle_);
     handle_ = nullptr;
 }
@@ -164,7 +170,13 @@ std::unique_ptr<Recordset> EmbeddedConnection::Query(const QString& sql)
 
 void EmbeddedConnection::Execute(const QString& sql)
 {
-    Prepared statement(*this, sql);
+    const QByteArray text = ToEmbeddedDialect(sql);
+    if (const auto insert = LiftLiterals(text)) {
+        if (!insert_.Run(Handle(), *insert))
+            throw EmbeddedError(handle_, path_, sql);
+        return;
+    }
+    Prepared statement(*this, sql, text);
     while (statement.Step()) {
     }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/Connection.h"
+#include "store/EmbeddedInsert.h"
 
 struct sqlite3;
 
@@ -33,6 +34,7 @@ private:
 
     const Clock& clock_;
     sqlite3* handle_ = nullptr;
+    EmbeddedInsert insert_;
     QString path_;
 };
 

@@ -20,6 +20,7 @@ namespace {
 constexpr int CardsInRow = 4;
 constexpr int EarPiece = 14; // height of a card's top, with the slit to listen at
 constexpr int HomeKey = 12;  // height of its foot
+constexpr int PageButtonWidth = 40;
 constexpr QColor PhoneBody{112, 130, 138};
 
 /// The names of one card set.
@@ -154,6 +155,7 @@ void TemplateCards::BuildPageButtons()
     for (int page = 0; page < Pages; ++page) {
         auto* button = new PushButton(pageCount_, IndexedName(u"BtnPageCount", names.firstPage + page),
                                       QString::number(page + 1), PushButton::Look::Flat);
+        button->setMinimumWidth(PageButtonWidth); // the same for all, whatever their look asks for
         button->setEnabled(false);
         button->OnClick = [this, page] { BtnPageCountClick(page); };
         pages_[static_cast<std::size_t>(page)] = button;

@@ -13,7 +13,9 @@ namespace tsms {
 
 namespace {
 
-constexpr int PhoneWidth = 300;
+constexpr int PhoneWidth = 196;   // ends where the popups of the editor begin
+constexpr int HeadingHeight = 22; // in line with the heading of the cards, which has a list beside it
+constexpr int ButtonWidth = 52;   // three in a row
 
 /// The editor was made before the page: its fields take their place in the order of reading.
 QWidget* PlaceInTabOrder(QWidget* previous, const QWidget& editor)
@@ -51,6 +53,7 @@ QWidget* TemplatePage::BuildPhone(QWidget* editor)
     phone->setFixedWidth(PhoneWidth);
     auto* heading = new Label(phone, IndexedName(u"Label2", 4), QStringLiteral("문자메시지 서식편집"));
     heading->SetBold(true);
+    heading->setMinimumHeight(HeadingHeight);
 
     auto* row = new QHBoxLayout;
     row->setSpacing(8);
@@ -65,6 +68,7 @@ QWidget* TemplatePage::BuildPhone(QWidget* editor)
     for (int i = 0; i < captions.size(); ++i) {
         auto* button = new PushButton(phone, IndexedName(u"BtnFuncDoc", i), captions[i],
                                       i == 1 ? PushButton::Look::Primary : PushButton::Look::Plain);
+        button->setMinimumWidth(ButtonWidth);
         button->setEnabled(false);
         buttons_[static_cast<std::size_t>(i)] = button;
         buttons->addWidget(button, 1);

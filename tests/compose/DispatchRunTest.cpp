@@ -53,6 +53,8 @@ protected:
                 for (int i = 0; i < 4; ++i)
                     shown[i] = numbers_[i]->Caption();
                 status = status_->Caption();
+                if (atTheEnd)
+                    atTheEnd();
             };
             if (act)
                 act(dialog);
@@ -85,6 +87,7 @@ protected:
     Program program;
     QString shown[4];
     QString status;
+    std::function<void()> atTheEnd; ///< when the dialog is about to go
 
 private:
     Keeper keeper_;
@@ -108,6 +111,90 @@ TEST_F(Dispatch, AFilteredRowCountsAsDoneAndTheBalanceFallsByWhatLeft)
     EXPECT_EQ(shown[3], u"0"_q);
     EXPECT_EQ(program.Balance(), 97);
     EXPECT_EQ(program.LogRows(), 3);
+}
+
+TEST_F(Dispatch, TheBarRunsByRowsAndStandsFullPastItsMaximum)
+{
+    program.Write(u"안녕"_q);
+    program.List(Good(3));
+    ClickCell(program.Recipients(), 4, 2);
+    ProgressBar* bar = nullptr;
+    int maximum = 0;
+    int value = 0;
+    program.desktop.Expect(SentBox());
+    Send([&](QWidget& dialog) {
+        bar = &program.On<ProgressBar>(dialog, u"PB"_q);
+        EXPECT_EQ(bar->Max(), 100);
+        EXPECT_EQ(bar->Value(), 0);
+        atTheEnd = [&] {
+            maximum = bar->Max();
+            value = bar->Value();
+        };
+    });
+    EXPECT_EQ(maximum, 2);
+    EXPECT_EQ(value, 20);
+}
+
+TEST_F(Dispatch, TheSenderIsPutInFirstAndTheRecipientSecond)
+{
+    program.database.Execute(u"UPDATE SMSSetup SET SMSOrgNm = '[받는사람]회'"_q);
+    program.Write(u"[보내는사람]"_q);
+    program.Recipients().SetText(2, 1, u"[보내는사람]"_q);
+    program.Recipients().SetText(3, 1, u"01011111111"_q);
+    program.desktop.Expect(SentBox());
+    Send();
+    EXPECT_EQ(program.gateway.Messages().first().Content, u"[보내는사람]회"_q);
+}
+
+TEST_F(Dispatch, ARefusedTimeReadsNoAccountAndOpensNoPage)
+{
+    program.Write(u"안녕"_q);
+    program.List(Good(2));
+    program.desktop.Expect({u"문자메세지 발송시간"_q,
+                            u"보낼 시간을 현재시간으로 부터 3분 이후로 설정하여 주십시오. "_q,
+                            MsgBoxCritical});
+    WhenShown(u"MakeSMSTransport"_q, [this](QWidget& dialog) {
+        program.database.SetAccount(1);
+        Tick(dialog);
+        Choose(dialog, u"2012-05-30"_q, u"00"_q, u"00"_q);
+        const int opens = program.connections.Opens();
+        PressKey(dialog, Qt::Key_F12);
+        EXPECT_EQ(program.connections.Opens(), opens);
+        PressKey(dialog, Qt::Key_Escape);
+    });
+    program.Click(u"BtnSend(0)"_q);
+    EXPECT_TRUE(program.desktop.pages.isEmpty());
+}
+
+TEST_F(Dispatch, TheHourTwentyFourIsSentAndLoggedAsItStands)
+{
+    program.desktop.Expect(SentBox());
+    SendTo(Good(1), [this](QWidget& dialog) {
+        Tick(dialog);
+        Choose(dialog, u"2012-05-30"_q, u"24"_q, u"00"_q);
+    });
+    EXPECT_EQ(program.gateway.Messages().first().SendTime, u"2012:05:30:24:00"_q);
+    EXPECT_EQ(program.database.Value(u"SELECT SendTime FROM SMSLog_2012"_q), u"2012-05-30-24-00"_q);
+}
+
+TEST_F(Dispatch, ADayThatIsBeingTypedIsTheDayThatIsSent)
+{
+    program.desktop.Expect(
+        {u"문자메세지 발송시간"_q, u"잘못된 일시선택입니다. 다시 선택하여 주십시오."_q, MsgBoxCritical});
+    program.Write(u"안녕"_q);
+    program.List(Good(1));
+    WhenShown(u"MakeSMSTransport"_q, [this](QWidget& dialog) {
+        Tick(dialog);
+        auto& date = program.On<DatePicker>(dialog, u"DTPicker1"_q);
+        date.setFocus();
+        date.setSelectedSection(QDateTimeEdit::DaySection);
+        TypeText(date, u"3"_q);
+        EXPECT_EQ(date.text(), u"2012-05-3"_q);
+        PressKey(dialog, Qt::Key_F12);
+        PressKey(dialog, Qt::Key_Escape);
+    });
+    program.Click(u"BtnSend(0)"_q);
+    EXPECT_EQ(program.gateway.CallCount(), 0);
 }
 
 TEST_F(Dispatch, AnEmptyRowCountsAsDoneAndARemovedOneDoesNot)
@@ -324,6 +411,8 @@ TEST_F(Dispatch, AnyOtherRunModeSendsNothing)
     const GridRecipients rows(program.Recipients());
     MakeSMSTransport dialog(program.services,
                             {rows, [] { return u"안녕"_q; }, [] { return u"02-123-4567"_q; }});
+    EXPECT_EQ(program.On<Label>(dialog, u"LblSendSMS(0)"_q).Caption(), u"0"_q);
+    EXPECT_EQ(program.On<Label>(dialog, u"lblStatus"_q).Caption(), u"총 발송건수 : 0건 / 현 발송 건수 0건"_q);
     dialog.RunMode = u"X"_q;
     dialog.SetTotal(1);
     WhenShown(u"MakeSMSTransport"_q, [&](QWidget& form) {
@@ -347,6 +436,13 @@ TEST_F(Dispatch, TheDialogReadsAsItShould)
                                    u"건"_q,        u"건"_q,        u"건"_q,        u"건"_q};
         for (int i = 0; i < 8; ++i)
             EXPECT_EQ(program.On<Label>(dialog, u"Label1(%1)"_q.arg(i)).Caption(), captions[i]);
+        const QColor colors[] = {QColor(), QColor(0x00, 0x00, 0xC0), QColor(0xFF, 0x00, 0x00),
+                                 QColor(0x36, 0x36, 0x36)};
+        for (int i = 1; i < 4; ++i) {
+            const auto& number = program.On<Label>(dialog, u"LblSendSMS(%1)"_q.arg(i));
+            EXPECT_EQ(number.Caption(), u"0"_q);
+            EXPECT_EQ(number.palette().color(number.foregroundRole()), colors[i]);
+        }
         EXPECT_EQ(program.On<CheckBox>(dialog, u"ChkTime"_q).Caption(), u"예약발송"_q);
         EXPECT_EQ(program.On<PushButton>(dialog, u"BtnSendS(0)"_q).Caption(), u"발송(F12)"_q);
         EXPECT_EQ(program.On<PushButton>(dialog, u"BtnSendS(1)"_q).Caption(), u"취소(ESC)"_q);

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QHeaderView>
 
 using namespace tsms;
 using namespace tsms::test;
@@ -238,6 +239,17 @@ TEST_F(MessageEditor, WhileBusyPopupsAndInsertionsAreDead)
     EXPECT_TRUE(program.Control(u"PlDocEdit(0)"_q).isVisible());
     program.Click(u"BtnFuncDocEdit(1)"_q);
     EXPECT_FALSE(program.Control(u"PlDocEdit(1)"_q).isVisible());
+    Subject().SetText(u"제목"_q);
+    program.Click(u"BtnFuncDocEdit(2)"_q);
+    EXPECT_EQ(Subject().Text(), u"제목"_q);
+    PressKey(Symbols(), Qt::Key_Return);
+    EXPECT_EQ(Body().Text(), QString());
+    EXPECT_FALSE(program.Control(u"PlDocEdit(0)"_q).isVisible());
+    program.session.Busy = Boolean::False;
+    program.Click(u"BtnFuncDocEdit(1)"_q);
+    program.session.Busy = Boolean::True;
+    program.Click(u"BtnAutoChangeChr(0)"_q);
+    EXPECT_EQ(Body().Text(), QString());
     program.session.Busy = Boolean::False;
 }
 
@@ -247,10 +259,70 @@ TEST_F(MessageEditor, RewriteEmptiesTheEditorAndItsKeys)
     TypeText(Body(), u"abc"_q);
     Body().Tag = u"12"_q;
     Subject().SetText(u"제목"_q);
+    Subject().Tag = u"3"_q;
     program.Click(u"BtnFuncDocEdit(2)"_q);
-    EXPECT_EQ(Body().Text() + Subject().Text() + Body().Tag, QString());
+    EXPECT_EQ(Body().Text() + Subject().Text() + Body().Tag + Subject().Tag, QString());
+    EXPECT_EQ(program.The<Label>(u"LblEditLength"_q).Tag, u"3"_q);
     EXPECT_EQ(BodyCount(), u"0 /"_q);
     EXPECT_TRUE(Body().hasFocus());
+}
+
+TEST_F(MessageEditor, TheSymbolOfTheActiveCellGoesInWhateverCellTheClickReports)
+{
+    OpenTemplatePage();
+    Symbols().SetActiveCell(3, 1);
+    Q_EMIT Symbols().Click(8, 6);
+    EXPECT_EQ(Body().Text(), u"☏"_q);
+}
+
+TEST_F(MessageEditor, TheSpaceBarInTheSymbolGridInsertsNothing)
+{
+    OpenTemplatePage();
+    program.Click(u"BtnFuncDocEdit(0)"_q);
+    PressKey(Symbols(), Qt::Key_Space);
+    EXPECT_EQ(Body().Text(), QString());
+}
+
+TEST_F(MessageEditor, IntoAFullBodyNothingIsInsertedAndNothingLost)
+{
+    OpenTemplatePage();
+    const QString full = QString(u"a"_q).repeated(159);
+    Body().SetText(full);
+    Body().SetSelStart(0);
+    program.Click(u"BtnFuncDocEdit(1)"_q);
+    program.Click(u"BtnAutoChangeChr(0)"_q);
+    EXPECT_EQ(Body().Text(), full);
+    program.Click(u"BtnFuncDocEdit(0)"_q);
+    ClickCell(Symbols(), 1, 1);
+    EXPECT_EQ(Body().Text(), u"☆"_q + full);
+}
+
+TEST_F(MessageEditor, EnteringThePageBuildsTheSymbolGridAnew)
+{
+    Symbols().SetText(1, 1, u"x"_q);
+    OpenTemplatePage();
+    EXPECT_EQ(Symbols().GetText(1, 1), u"☆"_q);
+}
+
+TEST_F(MessageEditor, FieldsAndGridLookAsTheyShould)
+{
+    const QColor phone(144, 215, 250);
+    EXPECT_EQ(Message().BackColor(), phone);
+    EXPECT_EQ(Body().BackColor(), phone);
+    EXPECT_EQ(Message().frameShape(), QFrame::NoFrame);
+    EXPECT_EQ(Body().frameShape(), QFrame::NoFrame);
+    EXPECT_FALSE(Subject().hasFrame());
+    for (const QString& name : {u"LblPerSendMsg"_q, u"LblEditLength"_q})
+        EXPECT_TRUE(program.The<Label>(name).alignment().testFlag(Qt::AlignRight));
+    for (int column = 1; column <= 8; ++column)
+        EXPECT_EQ(Symbols().ColWidth(column), 3.0);
+    EXPECT_FALSE(Symbols().horizontalHeader()->isVisibleTo(&Symbols()));
+    EXPECT_FALSE(Symbols().verticalHeader()->isVisibleTo(&Symbols()));
+    EXPECT_EQ(program.The<PushButton>(u"BtnFuncDocEdit(0)"_q).Caption(), u"특수문자"_q);
+    EXPECT_EQ(program.The<PushButton>(u"BtnFuncDocEdit(1)"_q).Caption(), u"변환문구"_q);
+    EXPECT_EQ(program.The<PushButton>(u"BtnFuncDocEdit(2)"_q).Caption(), u"다시쓰기"_q);
+    EXPECT_EQ(program.Caption(u"Label15(0)"_q), u"(발송시 수신성명으로 변환)"_q);
+    EXPECT_EQ(program.Caption(u"Label15(1)"_q), u"(발송시 회신명칭으로 변환)"_q);
 }
 
 TEST_F(MessageEditor, TextAndCountSurviveAChangeOfPage)

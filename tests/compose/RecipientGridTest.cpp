@@ -1,9 +1,9 @@
 #include "support/program/Program.h"
+#include "toolkit/Controls.h"
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QClipboard>
+#include <QHeaderView>
 
 using namespace tsms;
 using namespace tsms::test;
@@ -41,6 +41,83 @@ TEST_F(RecipientGrid, StartsWithTwentyNumberedEmptyRows)
     EXPECT_TRUE(Grid().ColHidden(5));
     for (int column = 1; column <= 5; ++column)
         EXPECT_EQ(Grid().GetText(column, 0), QString());
+}
+
+TEST_F(RecipientGrid, IsLaidOutAsItShould)
+{
+    const double widths[] = {2.0, 5.0, 10.5, 1.5};
+    for (int column = 1; column <= 4; ++column)
+        EXPECT_EQ(Grid().ColWidth(column), widths[column - 1]);
+    EXPECT_EQ(Grid().ColType(1), fpSpread::CellType::StaticText);
+    EXPECT_EQ(Grid().ColType(2), fpSpread::CellType::Edit);
+    EXPECT_EQ(Grid().ColType(3), fpSpread::CellType::Edit);
+    EXPECT_EQ(Grid().ColType(4), fpSpread::CellType::Button);
+    EXPECT_EQ(Grid().ColType(5), fpSpread::CellType::StaticText);
+    EXPECT_EQ(Grid().GetText(4, 7), u"x"_q);
+    EXPECT_FALSE(Grid().horizontalHeader()->isVisibleTo(&Grid()));
+    EXPECT_FALSE(Grid().verticalHeader()->isVisibleTo(&Grid()));
+    EXPECT_EQ(Grid().rowHeight(0), 18); // 13.5 points
+    const auto cell = [&](int column, int role) {
+        return Grid().model()->index(2, column - 1).data(role).value<QBrush>().color();
+    };
+    EXPECT_EQ(cell(1, Qt::BackgroundRole), QColor(182, 204, 211));
+    EXPECT_EQ(cell(1, Qt::ForegroundRole), QColor(Qt::white));
+    EXPECT_EQ(cell(2, Qt::BackgroundRole), QColor(240, 240, 240));
+    EXPECT_EQ(cell(2, Qt::ForegroundRole), QColor(Qt::black));
+    for (int column : {1, 2, 3})
+        EXPECT_EQ(Grid().model()->index(2, column - 1).data(Qt::TextAlignmentRole).toInt(),
+                  int(Qt::AlignCenter));
+}
+
+TEST_F(RecipientGrid, TheButtonsAboveItReadAsTheyShould)
+{
+    const QStringList captions{u"주소록"_q, u"엑셀파일"_q, u"비우기"_q};
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(program.The<PushButton>(u"BtnFuncMain(%1)"_q.arg(i)).Caption(), captions[i]);
+}
+
+TEST_F(RecipientGrid, TheButtonsOpenTheirDialogsUnlessBusy)
+{
+    int opened = 0;
+    for (const auto& [button, dialog] : {std::pair(u"BtnFuncMain(0)"_q, u"dlgSMSGroupSelect"_q),
+                                         std::pair(u"BtnFuncMain(1)"_q, u"MakeSMSExcel"_q)}) {
+        WhenShown(dialog, [&](QWidget& form) {
+            ++opened;
+            PressKey(form, Qt::Key_F12);
+            EXPECT_TRUE(form.isVisible());
+            PressKey(form, Qt::Key_Escape);
+        });
+        program.Click(button);
+        program.session.Busy = Boolean::True;
+        program.Click(button);
+        program.session.Busy = Boolean::False;
+    }
+    EXPECT_EQ(opened, 2);
+}
+
+TEST_F(RecipientGrid, TheActiveRowIsRemovedWhateverRowTheClickReports)
+{
+    Grid().SetActiveCell(4, 5);
+    Q_EMIT Grid().Click(4, 9);
+    EXPECT_TRUE(Grid().RowHidden(5));
+    EXPECT_FALSE(Grid().RowHidden(9));
+}
+
+TEST_F(RecipientGrid, EnterInTheButtonColumnStays)
+{
+    Grid().SetActiveCell(4, 2);
+    PressKey(Grid(), Qt::Key_Return);
+    EXPECT_EQ(Grid().ActiveCol(), 4);
+    EXPECT_EQ(Grid().ActiveRow(), 2);
+}
+
+TEST_F(RecipientGrid, EnterWalksPastRemovedRows)
+{
+    Remove(2);
+    ClickCell(Grid(), 3, 1);
+    PressKey(Grid(), Qt::Key_Return);
+    EXPECT_EQ(Grid().ActiveRow(), 3);
+    EXPECT_EQ(Grid().ActiveCol(), 2);
 }
 
 TEST_F(RecipientGrid, ARemovedRowIsHiddenKeepsItsContentAndTheRestIsNumberedAnew)

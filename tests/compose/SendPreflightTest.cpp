@@ -104,6 +104,22 @@ TEST_F(SendPreflight, EachOfTheThreeAccountFieldsLeadsToTheSignUpPage)
     EXPECT_EQ(program.desktop.pages.size(), 3);
 }
 
+TEST_F(SendPreflight, TheAccountIsLookedAtBeforeTheBalance)
+{
+    program.database.SetAccount(0);
+    program.database.Execute(u"UPDATE SMSSetup SET SMSDNS = NULL"_q);
+    program.desktop.Expect(SignUpBox());
+    ClickSend();
+}
+
+TEST_F(SendPreflight, TheRecipientsAreLookedAtBeforeTheSenderNumber)
+{
+    program.Write(u"안녕"_q);
+    SendNo().SetText(QString());
+    program.desktop.Expect(Refusal(u"문자메시지를 받는사람 번호를 입력하여 주십시오."_q));
+    ClickSend();
+}
+
 TEST_F(SendPreflight, ABalanceOfZeroWithAFilledPageOpensTheChargePageTwice)
 {
     FillPage();
@@ -211,6 +227,10 @@ TEST_F(SendPreflight, TheSenderNumberTakesDigitsHyphenPointAndSlash)
     SendNo().SetText(QString());
     SendNo().setFocus();
     TypeText(SendNo(), u"0a2-한1.2/3,4+5"_q);
+    EXPECT_EQ(SendNo().Text(), u"02-1.2/345"_q);
+    // The keys are dropped before they act: a selection that they would replace stays.
+    SendNo().SelectAll();
+    TypeText(SendNo(), u"a"_q);
     EXPECT_EQ(SendNo().Text(), u"02-1.2/345"_q);
 }
 

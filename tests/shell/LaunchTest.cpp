@@ -80,6 +80,7 @@ protected:
         EXPECT_FALSE(program.Start(command));
         EXPECT_EQ(program.exitStatus, 1);
         ASSERT_EQ(program.desktop.boxes.size(), 1);
+        EXPECT_EQ(program.desktop.boxes[0].title, u"프로그램 오류"_q);
         EXPECT_EQ(program.desktop.boxes[0].style, MsgBoxCritical);
         EXPECT_TRUE(program.desktop.boxes[0].text.contains(QString::number(number)))
             << program.desktop.boxes[0].text.toStdString();
@@ -110,6 +111,20 @@ TEST_F(Launching, SixFieldsEndInAFatalErrorBeforeAnyWindow)
 TEST_F(Launching, ANumberThatIsNoneEndsInAFatalErrorBeforeAnyWindow)
 {
     ExpectFatal(u"a■b■c■d■e■열■g"_q, TypeMismatch);
+}
+
+TEST_F(Launching, ANumberBeyondThirtyTwoBitsEndsInAFatalErrorBeforeAnyWindow)
+{
+    ExpectFatal(u"a■b■c■d■e■2147483648■g"_q, Overflow);
+}
+
+TEST_F(Launching, TheAccountChecksComeWhenBusyHasGoneOff)
+{
+    program.database.SetAccount(0);
+    bool busy = true;
+    program.desktop.Expect(ChargeBox(), AnswerOK, [&] { busy = program.session.IsBusy(); });
+    ASSERT_TRUE(program.Start());
+    EXPECT_FALSE(busy);
 }
 
 TEST_F(Launching, EightFieldsLoadAsIfTheEighthWereNotThere)

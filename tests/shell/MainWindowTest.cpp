@@ -1,3 +1,5 @@
+#include "compose/MessageCounter.h"
+#include "compose/TemplateEditor.h"
 #include "support/program/Program.h"
 #include "toolkit/Controls.h"
 #include "toolkit/Form.h"
@@ -164,7 +166,7 @@ TEST_F(MainWindow, WhileBusyWindowAndWebButtonsAndEscAreDead)
 {
     program.session.Busy = Boolean::True;
     for (const QString& name :
-         {u"BtnWindows(0)"_q, u"BtnWindows(1)"_q, u"BtnWindows(2)"_q, u"BtnWebPage(0)"_q})
+         {u"BtnWindows(0)"_q, u"BtnWindows(1)"_q, u"BtnWindows(2)"_q, u"BtnWebPage(0)"_q, u"BtnWebPage(1)"_q})
         program.Click(name);
     PressKey(*program.form, Qt::Key_Escape);
     program.session.Busy = Boolean::False;
@@ -176,17 +178,23 @@ TEST_F(MainWindow, EscAsksAndNoLeavesEverythingAsItWas)
 {
     program.Write(u"쓰던 글"_q);
     Toolbar(2);
+    program.db.ConnectDB();
     program.desktop.Expect(ClosingQuestion(), AnswerNo);
     PressKey(*program.form, Qt::Key_Escape);
     EXPECT_TRUE(program.form->isVisible());
     EXPECT_EQ(Pages(), u"--P-"_q);
     EXPECT_EQ(program.The<QWidget>(u"TxtPerSendMsg"_q).property("plainText").toString(), u"쓰던 글"_q);
     EXPECT_NE(Form::Find(u"frmSMSMain"_q), nullptr);
+    EXPECT_EQ(program.connections.OpenNow(), 1);
 }
 
 TEST_F(MainWindow, YesEndsTheProgram)
 {
     bool quit = false;
+    program.db.ConnectDB();
+    ASSERT_EQ(program.sms.InitSOAP(), Boolean::True);
+    Form other(program.session, program.desktop, u"dlgOther"_q, Form::Kind::Dialog, program.form.get());
+    other.show();
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, program.form.get(), [&] { quit = true; });
     program.desktop.Expect(ClosingQuestion(), AnswerYes);
     QTimer::singleShot(0, program.form.get(), [this] { program.Click(u"BtnWindows(2)"_q); });
@@ -194,7 +202,41 @@ TEST_F(MainWindow, YesEndsTheProgram)
     EXPECT_EQ(QApplication::exec(), 0);
     EXPECT_TRUE(quit);
     EXPECT_EQ(Form::Find(u"frmSMSMain"_q), nullptr);
+    EXPECT_EQ(Form::Find(u"dlgOther"_q), nullptr);
     EXPECT_EQ(program.connections.OpenNow(), 0);
+    // Without a client each send fails at once, before any call.
+    program.desktop.AllowBoxes();
+    EXPECT_EQ(program.sms.SubmitSMS({}, u"01011111111"_q, {}, u"x"_q, {}, {}, {}, {}), Boolean::False);
+    EXPECT_EQ(program.gateway.CallCount(), 0);
+}
+
+TEST_F(MainWindow, EachEntryToTheAccountPageLaysItsGridsOutAnew)
+{
+    auto& months = program.The<fpSpread>(u"fpSpreadMonth"_q);
+    months.SetMaxRows(9);
+    Toolbar(2);
+    EXPECT_EQ(months.MaxRows(), 4);
+    EXPECT_EQ(program.The<fpSpread>(u"fpSpreadCharge"_q).MaxCols(), 7);
+}
+
+TEST_F(MainWindow, FramesOfDialogsToComeReadAsTheyShould)
+{
+    const QList<QStringList> frames{
+        {u"BtnFuncMain(0)"_q, u"dlgSMSGroupSelect"_q, u"주소록"_q, u"문자메시지 발송 주소록"_q},
+        {u"BtnFuncMain(1)"_q, u"MakeSMSExcel"_q, u"문자메시지 엑셀 가져오기"_q,
+         u"엑셀파일(*.xls)에 있는 데이터를 전송대상에 포함합니다."_q},
+        {u"BtnToolbarDis(4)"_q, u"dlgSMSSetup"_q, u"문자메시지 환경설정"_q,
+         u"문자메시지 사이트에 가입한 정보를 입력하십시오."_q}};
+    for (const QStringList& frame : frames) {
+        WhenShown(frame[1], [&](QWidget& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), frame[2]);
+            EXPECT_EQ(program.On<Label>(dialog, u"lblTitle1(1)"_q).Caption(), frame[2]);
+            EXPECT_EQ(program.On<Label>(dialog, u"lblTitle1(0)"_q).Caption(), frame[3]);
+            EXPECT_EQ(program.On<PushButton>(dialog, u"BtnFunc(1)"_q).Caption(), u"취소(ESC)"_q);
+            ClickOn(program.On<QWidget>(dialog, u"BtnFunc(1)"_q));
+        });
+        program.Click(frame[0]);
+    }
 }
 
 TEST_F(MainWindow, AClosingFromOutsideAsksTheSameQuestion)
@@ -207,8 +249,14 @@ TEST_F(MainWindow, AClosingFromOutsideAsksTheSameQuestion)
 TEST_F(MainWindow, TheFirstActivationShowsTheVersionAndASecondReloadsNothing)
 {
     EXPECT_TRUE(program.Caption(u"lblVersion"_q).startsWith(u"Version : "_q));
-    EXPECT_EQ(program.Caption(u"lblVersion"_q).mid(10).split(u'.').size(), 4);
-    EXPECT_EQ(program.Caption(u"lblVersion"_q).mid(10).split(u'.')[2], u"0"_q);
+    const QStringList parts = program.Caption(u"lblVersion"_q).mid(10).split(u'.');
+    ASSERT_EQ(parts.size(), 4);
+    EXPECT_EQ(parts[2], u"0"_q);
+    for (const QString& part : parts)
+        EXPECT_EQ(QString::number(part.toInt()), part);
+    const auto& version = program.The<Label>(u"lblVersion"_q);
+    EXPECT_EQ(version.palette().color(version.backgroundRole()), QColor(210, 210, 210));
+    EXPECT_EQ(version.palette().color(version.foregroundRole()), QColor(128, 128, 128));
     const int opens = program.connections.Opens();
     program.The<Label>(u"lblVersion"_q).SetCaption(u"x"_q);
     QWidget other;
@@ -229,9 +277,16 @@ TEST_F(MainWindow, TheBalanceStandsBesideItsCaption)
 TEST_F(MainWindow, EveryControlHasANameAndNoNameStandsTwice)
 {
     QStringList names;
-    for (const QWidget* widget : program.form->findChildren<QWidget*>())
+    for (const QWidget* widget : program.form->findChildren<QWidget*>()) {
+        const bool own = QByteArray(widget->metaObject()->className()).startsWith("tsms::");
+        const bool control = own && !dynamic_cast<const MessageCounter*>(widget) &&
+                             !dynamic_cast<const TemplateEditor*>(widget);
+        if (control) {
+            EXPECT_FALSE(widget->objectName().isEmpty()) << widget->metaObject()->className();
+        }
         if (!widget->objectName().isEmpty() && !widget->objectName().startsWith(u"qt_"_q))
             names += widget->objectName();
+    }
     QStringList unique = names;
     unique.removeDuplicates();
     EXPECT_EQ(names.size(), unique.size());

@@ -74,7 +74,8 @@ public:
             return Create(words[1], range, parser.isSet(demo));
         if (command == u"schema" && words.size() == 1 && parser.isSet(server) && !parser.isSet(demo))
             return PrintSchema(range);
-        if (command == u"add-year" && words.size() == 3 && !parser.isSet(years) && !parser.isSet(demo))
+        if (command == u"add-year" && words.size() == 3 && !parser.isSet(years) && !parser.isSet(demo) &&
+            !parser.isSet(server))
             return AddYear(words[1], words[2]);
         return Misunderstand(QStringLiteral("명령을 알 수 없거나 인수가 맞지 않습니다."));
     }

@@ -1,0 +1,140 @@
+#include "support/program/Program.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QtTest/QTest>
+
+using namespace tsms;
+using namespace tsms::test;
+
+namespace {
+
+QStringList Names(const QString& pattern, int first, int last)
+{
+    QStringList names;
+    for (int i = first; i <= last; ++i)
+        names += pattern.arg(i);
+    return names;
+}
+
+/// The controls that the Tab key visits, from one on until it comes back to that one.
+QStringList Walk(QWidget& start)
+{
+    constexpr int MostKeys = 100;
+    start.setFocus(Qt::TabFocusReason);
+    QStringList visited{start.objectName()};
+    for (int key = 0; key < MostKeys; ++key) {
+        QTest::keyClick(start.window()->focusWidget(), Qt::Key_Tab);
+        const QWidget* next = start.window()->focusWidget();
+        if (next == &start && visited.size() > 1)
+            return visited;
+        if (visited.last() != next->objectName()) // a date takes a key for each of its parts
+            visited += next->objectName();
+    }
+    return visited + QStringList{u"(never came back)"_q};
+}
+
+class TabOrder : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(program.Start());
+        // What cannot be used at the moment has its place in the order, too.
+        for (QWidget* control : program.form->findChildren<QWidget*>())
+            control->setEnabled(true);
+    }
+
+    Program program;
+};
+
+TEST_F(TabOrder, TheFirstKeysGoIntoTheMessage)
+{
+    EXPECT_TRUE(program.Control(u"TxtPerSendMsg"_q).hasFocus());
+}
+
+TEST_F(TabOrder, TheComposePageRunsFromTheMessageToTheCardsAndOnToTheToolbar)
+{
+    const QStringList order = QStringList{u"TxtPerSendMsg"_q} + Names(u"BtnFuncMain(%1)"_q, 0, 2) +
+                              QStringList{u"fpSpread"_q, u"txtSendNo"_q} + Names(u"BtnSend(%1)"_q, 0, 1) +
+                              QStringList{u"CbTempCd"_q} + Names(u"BtnPageCount(%1)"_q, 0, 9) +
+                              QStringList{u"BtnToolbarEn(0)"_q} + Names(u"BtnToolbarDis(%1)"_q, 1, 4) +
+                              Names(u"BtnWebPage(%1)"_q, 0, 1);
+    EXPECT_EQ(Walk(program.Control(u"TxtPerSendMsg"_q)), order);
+}
+
+TEST_F(TabOrder, TheTemplatePageRunsFromTheEditorToTheCards)
+{
+    program.Click(u"BtnToolbarDis(3)"_q);
+    const QStringList page = QStringList{u"CbSMSGroup(1)"_q, u"txtEditSubject"_q, u"txtEditBox"_q} +
+                             Names(u"BtnFuncDocEdit(%1)"_q, 0, 2) + Names(u"BtnFuncDoc(%1)"_q, 0, 2) +
+                             QStringList{u"CbSMSGroup(0)"_q} + Names(u"BtnPageCount(%1)"_q, 10, 19);
+    const QStringList visited = Walk(program.Control(u"CbSMSGroup(1)"_q));
+    EXPECT_EQ(visited.mid(0, page.size()), page);
+    EXPECT_EQ(visited.value(page.size()), u"BtnToolbarDis(0)"_q);
+}
+
+TEST_F(TabOrder, TheHistoryPageRunsFromTheSearchToTheListAndItsButtons)
+{
+    program.Click(u"BtnToolbarDis(1)"_q);
+    const QStringList visited = Walk(program.Control(u"DTPSendDt(0)"_q));
+    // Of the four choices only the chosen one is a stop.
+    const QStringList page =
+        QStringList{u"DTPSendDt(0)"_q,     u"DTPSendDt(1)"_q,     u"CbSerch"_q, u"txtSerch"_q,
+                    u"OptSendStatus(0)"_q, u"BtnSendListSerch"_q, u"chkAll"_q,  u"fpSpreadSendList"_q} +
+        Names(u"BtnSendListFun(%1)"_q, 0, 2);
+    EXPECT_EQ(visited.mid(0, page.size()), page);
+}
+
+TEST_F(TabOrder, TheChargePageRunsFromTheLedgerToTheMonths)
+{
+    program.Click(u"BtnToolbarDis(2)"_q);
+    const QStringList page =
+        Names(u"BtnChargeFunc(%1)"_q, 0, 2) +
+        QStringList{u"fpSpreadCharge"_q, u"CbMonthYear"_q, u"BtnChargeFunc(3)"_q, u"fpSpreadMonth"_q};
+    EXPECT_EQ(Walk(program.Control(u"BtnChargeFunc(0)"_q)).mid(0, page.size()), page);
+}
+
+TEST_F(TabOrder, APageWithoutAFieldOfItsOwnLeavesTheFocusOnItsTab)
+{
+    program.Click(u"BtnToolbarDis(2)"_q);
+    EXPECT_TRUE(program.Control(u"BtnToolbarEn(2)"_q).hasFocus());
+}
+
+class DispatchTabOrder : public TabOrder
+{
+protected:
+    /// Runs `look` in the dialog, which is then left without a send.
+    void InDialog(std::function<void(QWidget& dialog)> look)
+    {
+        program.Write(u"안녕하세요"_q);
+        program.List({{u"김하늘"_q, u"010-0000-0001"_q}});
+        WhenShown(u"MakeSMSTransport"_q, [look](QWidget& dialog) {
+            look(dialog);
+            PressKey(dialog, Qt::Key_Escape);
+        });
+        program.Click(u"BtnSend(0)"_q);
+    }
+};
+
+TEST_F(DispatchTabOrder, RunsFromTheReservationToTheButtons)
+{
+    InDialog([this](QWidget& dialog) {
+        ClickOn(program.On<QWidget>(dialog, u"ChkTime"_q));
+        const QStringList order{u"ChkTime"_q,  u"DTPicker1"_q,   u"CbTime"_q,
+                                u"CbMintue"_q, u"BtnSendS(0)"_q, u"BtnSendS(1)"_q};
+        EXPECT_EQ(Walk(program.On<QWidget>(dialog, u"ChkTime"_q)), order);
+    });
+}
+
+TEST_F(DispatchTabOrder, PassesWhatCannotBeUsedWithoutAReservation)
+{
+    InDialog([this](QWidget& dialog) {
+        EXPECT_TRUE(program.On<QWidget>(dialog, u"ChkTime"_q).hasFocus());
+        const QStringList order{u"ChkTime"_q, u"BtnSendS(0)"_q, u"BtnSendS(1)"_q};
+        EXPECT_EQ(Walk(program.On<QWidget>(dialog, u"ChkTime"_q)), order);
+    });
+}
+
+} // namespace

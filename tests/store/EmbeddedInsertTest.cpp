@@ -1,0 +1,98 @@
+#include "store/EmbeddedInsert.h"
+
+#include "runtime/RuntimeError.h"
+#include "store/DatabaseError.h"
+#include "support/database/TestDatabase.h"
+#include "support/Words.h"
+
+#include <gtest/gtest.h>
+
+using namespace tsms;
+using namespace tsms::test;
+
+namespace {
+
+TEST(LiftLiterals, EachLiteralBecomesAMark)
+{
+    const auto lifted = LiftLiterals("Insert INTO t (a,b) VALUES ('x',Null,'', 7,'it''s')");
+    ASSERT_TRUE(lifted);
+    EXPECT_EQ(lifted->shape, "Insert INTO t (a,b) VALUES (?,Null,?, 7,?)");
+    EXPECT_EQ(lifted->literals, (QByteArrayList{"x", "", "it's"}));
+}
+
+TEST(LiftLiterals, OnlyAPlainInsertIsLifted)
+{
+    for (const char* text : {"UPDATE t SET a='x'", "SELECT 'x'", "DELETE FROM t", "Insert INTO t VALUES ('x",
+                             "Insert INTO t VALUES ('x') -- c", "Insert INTO t VALUES (/* ' */ 'x')",
+                             "Insert INTO \"t\" VALUES ('x')", "Insert INTO t VALUES ('x'); DELETE FROM t",
+                             "Insert INTO t VALUES (?)"})
+        EXPECT_FALSE(LiftLiterals(text)) << text;
+}
+
+TEST(LiftLiterals, WhatStandsInsideALiteralDoesNotMatter)
+{
+    const auto lifted = LiftLiterals("insert into t values ('a;b--c\"d?e/*f')");
+    ASSERT_TRUE(lifted);
+    EXPECT_EQ(lifted->literals, (QByteArrayList{"a;b--c\"d?e/*f"}));
+}
+
+class KeptInsert : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        connection = database.Connections()();
+        connection->ConnectionString =
+            u"Initial Catalog="_q + database.Path() + u";Data Source=(embedded),0"_q;
+        connection->CommandTimeout = 5;
+        connection->Open();
+    }
+    void Insert(const QString& name)
+    {
+        connection->Execute(u"Insert into SMSGroupMst (GroupNm) values ('"_q + name + u"')"_q);
+    }
+
+    FixedClock clock;
+    TestDatabase database{clock};
+    std::unique_ptr<Connection> connection;
+};
+
+TEST_F(KeptInsert, ManyRowsOfOneShapeAllArrive)
+{
+    for (int i = 0; i < 100; ++i)
+        Insert(u"그룹 %1"_q.arg(i));
+    EXPECT_EQ(database.Count(u"SMSGroupMst"_q), 100);
+    EXPECT_EQ(database.Value(u"SELECT GroupNm FROM SMSGroupMst ORDER BY GroupCd DESC"_q), u"그룹 99"_q);
+}
+
+TEST_F(KeptInsert, AnEmptyLiteralIsAnEmptyTextAndNoNull)
+{
+    Insert(QString());
+    EXPECT_EQ(database.Value(u"SELECT GroupNm IS NULL FROM SMSGroupMst"_q), u"0"_q);
+}
+
+TEST_F(KeptInsert, ARefusalLeavesTheNextInsertWorking)
+{
+    Insert(u"앞"_q);
+    database.Execute(u"ALTER TABLE SMSGroupMst RENAME TO Away"_q);
+    try {
+        Insert(u"사이"_q);
+        FAIL() << "inserted into nothing";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number, NoSuchTable);
+    }
+    database.Execute(u"ALTER TABLE Away RENAME TO SMSGroupMst"_q);
+    Insert(u"뒤"_q);
+    EXPECT_EQ(database.Count(u"SMSGroupMst"_q), 2);
+}
+
+TEST_F(KeptInsert, ClosingLetsItGoSoThatTheFileIsFree)
+{
+    Insert(u"앞"_q);
+    connection->Close();
+    connection->Open();
+    Insert(u"뒤"_q);
+    EXPECT_EQ(database.Count(u"SMSGroupMst"_q), 2);
+}
+
+} // namespace
