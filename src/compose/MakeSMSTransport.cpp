@@ -218,6 +218,13 @@ void MakeSMSTransport::TellOutcome(std::int32_t countOK)
 void MakeSMSTransport::SetRunBusy(bool busy)
 {
     SetBusy(ToBooleanValue(busy));
+    if (!busy)
+        return;
+    // They change with each row: on a ground of their own and in a fixed place that draws nothing else anew.
+    for (Label* label : {numbers_[Succeeded], numbers_[Failed], status_}) {
+        label->SetBackColor(theme::Page);
+        label->KeepSize();
+    }
 }
 
 QString MakeSMSTransport::TotalText() const

@@ -4,6 +4,7 @@ namespace tsms {
 
 /// Lets windows repaint in the middle of an operation. Keys and clicks are kept for later, so no handler is
 /// entered again from inside another; what waits when a modal box opens is dropped by the box, as it should.
+/// Called again before the screen could have shown another picture, it does nothing.
 void DoEvents();
 
 } // namespace tsms

@@ -41,7 +41,7 @@ constexpr int HeadHeight = FromTwips(1200); // title and toolbar, down to the pa
 class Background final : public Panel
 {
 public:
-    explicit Background(QWidget* parent) : Panel(parent, QStringLiteral("PictBg")) {}
+    explicit Background(QWidget* parent) : Panel(parent, QStringLiteral("PictBg")) { SetDragsWindow(true); }
 
 protected:
     void paintEvent(QPaintEvent*) override

@@ -21,7 +21,7 @@ bool Application::notify(QObject* receiver, QEvent* event)
         return QApplication::notify(receiver, event);
     try {
         return QApplication::notify(receiver, event);
-    } catch (const RuntimeError& error) {
+    } catch (const std::exception& error) {
         ReportUnhandled(*desktop_, error);
         return true;
     }

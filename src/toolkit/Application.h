@@ -8,7 +8,7 @@ namespace tsms {
 class Desktop;
 
 /// The application. Menus and pickers that belong to the toolkit speak Korean, whatever the desk's language.
-/// It is the last place that catches a RuntimeError which left an event handler.
+/// It is the last place that catches an exception which left an event handler.
 class Application : public QApplication
 {
 public:

@@ -36,6 +36,17 @@ void NameByWords(QWidget& widget, const QString& words)
     widget.setAccessibleName(words.isEmpty() ? widget.objectName() : words);
 }
 
+/// A screen shows some sixty pictures a second: what changes sooner is marked for painting and waits for the
+/// next.
+bool IsPictureDue(QElapsedTimer& last)
+{
+    constexpr int pictureMilliseconds = 16;
+    if (last.isValid() && last.elapsed() < pictureMilliseconds)
+        return false;
+    last.start();
+    return true;
+}
+
 /// Room of a mark and its words for the ring of the focus.
 constexpr QMargins RingRoom(4, 3, 4, 3);
 
@@ -227,6 +238,17 @@ void Label::SetCaption(const QString& caption)
     NameByWords(*this, caption);
 }
 
+void Label::Refresh()
+{
+    if (IsPictureDue(lastRefresh_))
+        repaint();
+}
+
+void Label::KeepSize()
+{
+    setFixedSize(size());
+}
+
 void Label::SetTextColor(const QColor& color)
 {
     QPalette colors = palette();
@@ -251,7 +273,7 @@ void Label::SetBold(bool bold)
 
 void Label::mousePressEvent(QMouseEvent* event)
 {
-    // A label that nobody listens to lets the surface under it have the mouse.
+    // A label that nobody listens to lets the panel under it have the mouse.
     event->setAccepted(static_cast<bool>(OnClick));
 }
 
@@ -322,6 +344,13 @@ void FieldPanel::Hold(TextField& field)
     field.SetFocusBacking(*this);
 }
 
+bool FieldPanel::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate)
+        update(); // the border tells whether the keyboard is here
+    return Panel::event(event);
+}
+
 void FieldPanel::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
@@ -381,8 +410,23 @@ void ProgressBar::Show()
 {
     // A range of nothing would be drawn as "busy"; here it is a bar that the first step fills.
     const int most = std::max(1, max_);
+    setAttribute(Qt::WA_UpdatesDisabled); // the base would paint at each step, also when no pixel changes
     setRange(0, most);
     setValue(std::clamp(value_, 0, most));
+    setAttribute(Qt::WA_UpdatesDisabled, false);
+    if (FilledPixels() != painted_)
+        update();
+}
+
+void ProgressBar::Refresh()
+{
+    if (FilledPixels() != painted_ && IsPictureDue(lastRefresh_))
+        repaint();
+}
+
+int ProgressBar::FilledPixels() const
+{
+    return static_cast<int>(width() * devicePixelRatioF() * value() / maximum());
 }
 
 QSize ProgressBar::sizeHint() const
@@ -395,6 +439,7 @@ void ProgressBar::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF trough = HalfPixelInside(rect());
+    painted_ = FilledPixels();
     painter.setPen(QPen(theme::Line, 1));
     painter.setBrush(theme::Ground);
     painter.drawRoundedRect(trough, Radius, Radius);

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QColor>
+#include <QElapsedTimer>
 #include <QFrame>
 #include <QLabel>
 #include <QProgressBar>
@@ -98,8 +99,11 @@ public:
     QColor TextColor() const { return palette().color(QPalette::WindowText); }
     void SetBackColor(const QColor& color);
     void SetBold(bool bold);
-    /// Shows the present caption at once, also while an operation holds the event loop.
-    void Refresh() { repaint(); }
+    /// Shows the present caption at once, also while an operation holds the event loop; where the screen has
+    /// just been drawn, with its next picture.
+    void Refresh();
+    /// Keeps the size that it has now: a new caption no longer lays its form out again.
+    void KeepSize();
 
     std::function<void()> OnClick;
     QString Tag;
@@ -110,6 +114,7 @@ protected:
 
 private:
     QString caption_;
+    QElapsedTimer lastRefresh_;
 };
 
 /// A surface that other controls stand on.
@@ -125,6 +130,10 @@ public:
     QColor BackColor() const;
     void SetBackColor(const QColor& color);
 
+    /// A press on the panel moves the window, as one on the form's own surface does. It has no OnClick then.
+    void SetDragsWindow(bool drags) { dragsWindow_ = drags; }
+    bool DragsWindow() const { return dragsWindow_; }
+
     std::function<void()> OnClick;
     QString Tag;
 
@@ -136,6 +145,7 @@ protected:
 private:
     Border border_;
     bool filled_ = false;
+    bool dragsWindow_ = false;
 };
 
 /// The backing of a text box, PLtxtBack(i): draws the box's border and follows its colour.
@@ -150,6 +160,7 @@ public:
     void Hold(TextField& field);
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 };
 
@@ -181,7 +192,8 @@ public:
     void SetMax(int max);
     int Value() const { return value_; }
     void SetValue(int value);
-    void Refresh() { repaint(); }
+    /// Shows the present value at once, as Label::Refresh does; draws nothing when it fills no further pixel.
+    void Refresh();
 
     QSize sizeHint() const override;
 
@@ -190,9 +202,12 @@ protected:
 
 private:
     void Show();
+    int FilledPixels() const;
 
     int max_ = 100;
     int value_ = 0;
+    int painted_ = -1;
+    QElapsedTimer lastRefresh_;
 };
 
 /// One choice of several. OnClick comes with each choosing, by a person or by SetValue(true).

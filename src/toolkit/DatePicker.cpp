@@ -25,8 +25,9 @@ DatePicker::DatePicker(QWidget* parent, const QString& name) : QDateEdit(parent)
     connect(this, &QDateEdit::dateChanged, this, [this] { RaiseEvent(*this, OnChange); });
 }
 
-QString DatePicker::Value() const
+QString DatePicker::Value()
 {
+    interpretText(); // a part that is still being typed counts as it will stand when the focus leaves
     return date().toString(QStringLiteral("yyyy-MM-dd"));
 }
 

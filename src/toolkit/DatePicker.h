@@ -14,8 +14,7 @@ class DatePicker : public QDateEdit
 public:
     DatePicker(QWidget* parent, const QString& name);
 
-    QString Value() const; ///< "YYYY-MM-DD"
-    QDate Date() const { return date(); }
+    QString Value(); ///< "YYYY-MM-DD", of what the field shows
     void SetValue(QDate date);
 
     /// Also by F4 and Alt+Down.

@@ -50,7 +50,9 @@ DialogForm::DialogForm(Session& session, Desktop& desktop, const DialogFrame& fr
         noteLabel_->setContentsMargins(Margin, 12, Margin, 0);
         layout->addWidget(noteLabel_);
     }
-    body_ = new QWidget(this);
+    auto* body = new Panel(this, QString());
+    body->SetDragsWindow(true); // to the eye it is the form's own surface
+    body_ = body;
     bodyLayout_ = new QVBoxLayout(body_);
     bodyLayout_->setContentsMargins(Margin, 12, Margin, 12);
     bodyLayout_->setSpacing(8);
@@ -63,6 +65,7 @@ void DialogForm::MakeTitleStrip(const DialogFrame& frame)
 {
     strip_ = new Panel(this, QStringLiteral("Picture1"));
     strip_->SetBackColor(theme::Strip);
+    strip_->SetDragsWindow(true);
     strip_->setFixedHeight(StripHeight);
     auto* row = new QHBoxLayout(strip_);
     row->setContentsMargins(8, 0, 4, 0);
@@ -81,6 +84,7 @@ void DialogForm::MakeTitleStrip(const DialogFrame& frame)
     titleLabel_ = new Label(strip_, frame.titleLabel, frame.title);
     titleLabel_->SetBold(true);
     titleLabel_->SetTextColor(theme::StripText);
+    titleLabel_->setAttribute(Qt::WA_TransparentForMouseEvents); // part of the strip
 
     row->addWidget(topFunc_[0]);
     row->addWidget(titleLabel_, 1);

@@ -2,6 +2,7 @@
 
 #include "runtime/Desktop.h"
 #include "session/Session.h"
+#include "toolkit/Controls.h"
 #include "toolkit/Guarded.h"
 #include "toolkit/Naming.h"
 #include "toolkit/Theme.h"
@@ -209,22 +210,34 @@ void Form::paintEvent(QPaintEvent*)
 void Form::mousePressEvent(QMouseEvent* event)
 {
     event->accept();
-    if (windowHandle() && windowHandle()->startSystemMove())
+    held_ = Qt::NoButton;
+    if (!IsDragSurface(event->position().toPoint()))
+        return; // a control had no use for the press
+    // The window manager is always told of the left button, and would wait for the release of that one.
+    if (event->button() == Qt::LeftButton && windowHandle() && windowHandle()->startSystemMove())
         return;
-    // Without a window manager that moves windows, the form moves itself.
-    dragging_ = true;
+    held_ = event->button();
     grip_ = event->globalPosition().toPoint() - pos();
+}
+
+bool Form::IsDragSurface(QPoint place) const
+{
+    const QWidget* hit = childAt(place);
+    const auto* panel = qobject_cast<const Panel*>(hit);
+    return !hit || (panel && panel->DragsWindow());
 }
 
 void Form::mouseMoveEvent(QMouseEvent* event)
 {
-    if (dragging_)
+    if (!event->buttons().testFlag(held_))
+        held_ = Qt::NoButton; // its release went elsewhere
+    if (held_ != Qt::NoButton)
         move(event->globalPosition().toPoint() - grip_);
 }
 
 void Form::mouseReleaseEvent(QMouseEvent*)
 {
-    dragging_ = false;
+    held_ = Qt::NoButton;
 }
 
 } // namespace tsms

@@ -17,7 +17,8 @@ struct Session;
 /// Stores the session's Busy and shows the hourglass over `form` while it is set.
 void SetBusy(Boolean flag, Session& session, QWidget& form);
 
-/// A frameless window drawn by the program, the base of the main window and of all dialogs.
+/// A frameless window drawn by the program, the base of the main window and of all dialogs. A press with any
+/// button on its own surface, or on a panel that says so, drags it, also while Busy is set.
 /// A form is loaded from its construction to its unloading (or its end, whichever is first).
 class Form : public QWidget
 {
@@ -74,6 +75,7 @@ protected:
 
 private:
     bool PreviewKey(const QWidget& receiver, QKeyEvent& event);
+    bool IsDragSurface(QPoint place) const;
     void LeaveLoaded();
     void Place();
 
@@ -83,8 +85,8 @@ private:
     QPointer<QWidget> owner_;
     QEventLoop* loop_ = nullptr;
     const void* previewed_ = nullptr;
-    bool dragging_ = false;
     bool placed_ = false;
+    Qt::MouseButton held_ = Qt::NoButton; // the button that drags the form
     QPoint grip_;
 };
 

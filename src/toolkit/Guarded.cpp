@@ -1,15 +1,30 @@
 #include "toolkit/Guarded.h"
 
 #include "runtime/Desktop.h"
+#include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "toolkit/Form.h"
 
 namespace tsms {
 
-void ReportUnhandled(Desktop& desktop, const RuntimeError& error)
+namespace {
+
+RuntimeError AsRuntimeError(const std::exception& error)
 {
-    const QString text = QStringLiteral("오류번호 : ") + QString::number(error.Number) + CrLf.toString() +
-                         QStringLiteral("오류내용 : ") + error.Description;
+    if (const auto* own = dynamic_cast<const RuntimeError*>(&error))
+        return *own;
+    return RuntimeError(AutomationError,
+                        QStringLiteral("프로그램 내부에서 예기치 않은 오류가 발생하였습니다. (%1)")
+                            .arg(QString::fromUtf8(error.what())));
+}
+
+} // namespace
+
+void ReportUnhandled(Desktop& desktop, const std::exception& error)
+{
+    const RuntimeError shown = AsRuntimeError(error);
+    const QString text = QStringLiteral("오류번호 : ") + QString::number(shown.Number) + CrLf.toString() +
+                         QStringLiteral("오류내용 : ") + shown.Description;
     desktop.MsgBox(text, MsgBoxCritical, QStringLiteral("프로그램 오류"));
 }
 

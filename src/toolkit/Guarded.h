@@ -1,8 +1,7 @@
 #pragma once
 
-#include "runtime/RuntimeError.h"
-
 #include <concepts>
+#include <exception>
 #include <functional>
 #include <utility>
 
@@ -12,10 +11,11 @@ namespace tsms {
 
 class Desktop;
 
-/// The box for an error that no handler took: its number and its words. The program goes on behind it.
-void ReportUnhandled(Desktop& desktop, const RuntimeError& error);
+/// The box for an error that no handler took: its number and its words. The program goes on behind it. One
+/// that is no RuntimeError is shown as an AutomationError that names it.
+void ReportUnhandled(Desktop& desktop, const std::exception& error);
 
-/// A callable for connect(), with the parameters of the one that it holds. An unhandled RuntimeError ends in
+/// A callable for connect(), with the parameters of the one that it holds. An unhandled exception ends in
 /// ReportUnhandled, so that none crosses Qt.
 template <class F> class GuardedCall
 {
@@ -28,7 +28,7 @@ public:
     {
         try {
             body_(std::forward<Values>(values)...);
-        } catch (const RuntimeError& error) {
+        } catch (const std::exception& error) {
             ReportUnhandled(*desktop_, error);
         }
     }

@@ -80,6 +80,14 @@ CaretText LimitChange(QStringView before, QStringView after, qsizetype caret, co
     return {text, std::min(put.start + kept, text.size())};
 }
 
+qsizetype FirstLineLength(QStringView text)
+{
+    const auto isBreak = [](QChar c) {
+        return c == u'\r' || c == u'\n' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+    };
+    return std::find_if(text.begin(), text.end(), isBreak) - text.begin();
+}
+
 QString LimitText(QStringView text, const Measure& measure, int limit)
 {
     return text.first(measure.fitting(text, limit)).toString();

@@ -44,6 +44,9 @@ extern const Measure CharactersMeasure;
 CaretText LimitChange(QStringView before, QStringView after, qsizetype caret, const Measure& measure,
                       int limit);
 
+/// How long a text is up to its first line break of any kind.
+qsizetype FirstLineLength(QStringView text);
+
 /// The text that stays of one set by the program: the longest beginning that fits.
 QString LimitText(QStringView text, const Measure& measure, int limit);
 

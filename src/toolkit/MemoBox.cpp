@@ -179,6 +179,9 @@ void MemoBox::inputMethodEvent(QInputMethodEvent* event)
             const EditStep step(*this, !commit->commitString().isEmpty());
             QPlainTextEdit::inputMethodEvent(commit);
         });
+    // A syllable that a click finishes comes without a key of its own, and the counters go by keys.
+    if (!event->commitString().isEmpty())
+        TellKeyUp(0, 0);
 }
 
 void MemoBox::focusInEvent(QFocusEvent* event)

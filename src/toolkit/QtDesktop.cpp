@@ -1,13 +1,19 @@
 #include "toolkit/QtDesktop.h"
 
 #include "runtime/Text.h"
+#include "toolkit/LimitRule.h"
 
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPushButton>
+#include <QTextDocument>
 #include <QUrl>
+
+#include <cmath>
 
 namespace tsms {
 
@@ -65,6 +71,68 @@ QString PickerFilter(const QString& filter)
     return filters.join(QStringLiteral(";;"));
 }
 
+/// How long a text is up to the end of so many lines.
+qsizetype LinesLength(QStringView text, int lines)
+{
+    qsizetype length = FirstLineLength(text);
+    while (--lines > 0 && length < text.size())
+        length += 1 + FirstLineLength(text.sliced(length + 1));
+    return length;
+}
+
+/// A text as a box shows it: no more of it than leaves the buttons on the screen.
+QString ShownText(const QString& text)
+{
+    constexpr int MostCharacters = 1000;
+    constexpr int MostLines = 25;
+    const QString whole = QString(text).replace(CrLf.toString(), QStringLiteral("\n"));
+    const QString beginning = LimitText(whole, CharactersMeasure, MostCharacters);
+    const qsizetype shown = LinesLength(beginning, MostLines);
+    return shown == whole.size() ? whole : beginning.first(shown) + u'…';
+}
+
+/// Draws the text of a label that has a word wider than a box should be. By itself a label breaks lines
+/// between words only.
+class WordBreaker final : public QObject
+{
+public:
+    WordBreaker(QLabel& label, int width) : QObject(&label)
+    {
+        QTextOption anywhere;
+        anywhere.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        text_.setDocumentMargin(0);
+        text_.setDefaultFont(label.font());
+        text_.setDefaultTextOption(anywhere);
+        text_.setPlainText(label.text());
+        text_.setTextWidth(width);
+        label.setFixedSize(width, static_cast<int>(std::ceil(text_.size().height())));
+        label.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() != QEvent::Paint)
+            return false;
+        QPainter painter(static_cast<QLabel*>(watched));
+        text_.drawContents(&painter);
+        return true;
+    }
+
+private:
+    QTextDocument text_;
+};
+
+void BreakLongWords(const QMessageBox& box)
+{
+    constexpr int MostWidth = 600;
+    auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    if (!label)
+        return;
+    label->setWordWrap(true); // then its least width is that of its longest word
+    if (label->minimumSizeHint().width() > MostWidth)
+        new WordBreaker(*label, MostWidth);
+}
+
 } // namespace
 
 MsgBoxAnswer QtDesktop::MsgBox(const QString& text, MsgBoxStyle style, const QString& title)
@@ -72,7 +140,7 @@ MsgBoxAnswer QtDesktop::MsgBox(const QString& text, MsgBoxStyle style, const QSt
     QMessageBox box(FrontWindow());
     box.setTextFormat(Qt::PlainText);
     box.setWindowTitle(title);
-    box.setText(QString(text).replace(CrLf.toString(), QStringLiteral("\n")));
+    box.setText(ShownText(text));
     box.setIcon(IconOf(style));
     if (Asks(style)) {
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
@@ -84,6 +152,7 @@ MsgBoxAnswer QtDesktop::MsgBox(const QString& text, MsgBoxStyle style, const QSt
     NameButton(box, QMessageBox::Ok, QStringLiteral("확인"));
     NameButton(box, QMessageBox::Yes, QStringLiteral("예"));
     NameButton(box, QMessageBox::No, QStringLiteral("아니요"));
+    BreakLongWords(box);
     const int answer = box.exec();
     if (!Asks(style))
         return AnswerOK;

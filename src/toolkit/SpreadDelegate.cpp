@@ -2,6 +2,7 @@
 
 #include "runtime/Numbers.h"
 #include "toolkit/fpSpread.h"
+#include "toolkit/LimitRule.h"
 #include "toolkit/SpreadModel.h"
 #include "toolkit/Theme.h"
 
@@ -12,6 +13,7 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <memory>
 
 namespace tsms {
 
@@ -58,6 +60,23 @@ QRect Centred(const QRect& room, int size)
 {
     return QRect(room.left() + (room.width() - size) / 2, room.top() + (room.height() - size) / 2, size,
                  size);
+}
+
+/// Holds what a person puts into an editor to its cell's limit. The control's own limit would halve a pair of
+/// units, and cut the end of a full cell in place of what is put into its middle.
+void HoldLimit(QLineEdit& line, int limit)
+{
+    const auto before = std::make_shared<QString>();
+    QObject::connect(&line, &QLineEdit::textEdited, &line, [&line, before, limit] {
+        const CaretText kept =
+            LimitChange(*before, line.text(), line.cursorPosition(), CharactersMeasure, limit);
+        if (kept.text == line.text())
+            return;
+        line.setText(kept.text);
+        line.setModified(true);
+        line.setCursorPosition(static_cast<int>(kept.caret));
+    });
+    QObject::connect(&line, &QLineEdit::textChanged, &line, [&line, before] { *before = line.text(); });
 }
 
 } // namespace
@@ -116,7 +135,7 @@ QWidget* SpreadDelegate::createEditor(QWidget* parent, const QStyleOptionViewIte
     line->setTextMargins(0, 0, 0, 0);
     line->setAlignment(cells.Alignment(Col(index)));
     if (const int limit = cells.MaxLength(Col(index)); limit > 0)
-        line->setMaxLength(limit);
+        HoldLimit(*line, limit);
     QPalette colors = line->palette();
     colors.setColor(QPalette::Base, theme::Focus);
     colors.setColor(QPalette::Text, theme::Text);
@@ -138,8 +157,7 @@ void SpreadDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, co
     if (!line->isModified())
         return;
     const QString text = line->text();
-    const auto end = std::find_if(text.begin(), text.end(), [](QChar c) { return c == u'\r' || c == u'\n'; });
-    model->setData(index, text.left(end - text.begin()), Qt::EditRole);
+    model->setData(index, text.first(FirstLineLength(text)), Qt::EditRole);
 }
 
 void SpreadDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,

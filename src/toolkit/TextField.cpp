@@ -4,6 +4,7 @@
 #include "toolkit/LimitRule.h"
 #include "toolkit/Theme.h"
 
+#include <QApplication>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -14,12 +15,6 @@ namespace {
 
 /// Two rules of one field that undo each other's work come to rest after so many rounds.
 constexpr int MostRounds = 8;
-
-qsizetype FirstLineLength(QStringView text)
-{
-    const auto isBreak = [](QChar c) { return c == u'\r' || c == u'\n' || c == QChar::ParagraphSeparator; };
-    return std::find_if(text.begin(), text.end(), isBreak) - text.begin();
-}
 
 QPalette WithBase(QPalette palette, const QColor& color)
 {
@@ -36,6 +31,11 @@ QPalette WithWindow(QPalette palette, const QColor& color)
 }
 
 } // namespace
+
+TextField::~TextField()
+{
+    QObject::disconnect(awaited_);
+}
 
 void TextField::SelectAll()
 {
@@ -149,17 +149,36 @@ void TextField::TellKeyUp(int key, int shift)
 
 void TextField::TellFocus(bool gained, Qt::FocusReason reason)
 {
-    if (reason == Qt::PopupFocusReason)
-        return; // the field's own menu is open: it has not lost the focus
+    if (backing_)
+        backing_->update();
+    if (!gained && (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason)) {
+        AwaitReturn();
+        return;
+    }
+    if (gained == focused_)
+        return;
+    focused_ = gained;
     if (backing_ && (gained ? BackColor() == theme::White : BackColor() != theme::White)) {
         const QColor color = gained ? theme::Focus : theme::White;
         SetBackColor(color);
         backing_->setPalette(WithWindow(backing_->palette(), color));
     }
-    if (backing_)
-        backing_->update();
     if (const auto& handler = gained ? OnGotFocus : OnLostFocus)
         RaiseEvent(Widget(), handler);
+}
+
+void TextField::AwaitReturn()
+{
+    if (awaited_)
+        return;
+    const auto look = [this](const QWidget*, const QWidget* now) {
+        if (!now || now->window() != Widget().window())
+            return;
+        QObject::disconnect(awaited_);
+        if (now != &Widget())
+            TellFocus(false, Qt::OtherFocusReason); // it was put elsewhere meanwhile
+    };
+    awaited_ = QObject::connect(qApp, &QApplication::focusChanged, &Widget(), look);
 }
 
 QString TextField::PassKeys(QStringView keys)

@@ -17,7 +17,7 @@ enum class ImeMode { NoControl, Hangul, Latin };
 class TextField
 {
 public:
-    virtual ~TextField() = default;
+    virtual ~TextField();
 
     virtual QString Text() const = 0;
     /// By the program: told through OnChange when it differs from what stands there. The caret goes to the
@@ -59,6 +59,8 @@ public:
     std::function<void(char16_t& key)> OnKeyPress;
     /// Every release of a key: its Qt::Key and its Qt::KeyboardModifiers.
     std::function<void(int key, int shift)> OnKeyUp;
+    /// The focus within its window: neither comes when the window only leaves and returns, or when the
+    /// field's own menu opens.
     std::function<void()> OnGotFocus;
     std::function<void()> OnLostFocus;
 
@@ -89,16 +91,19 @@ protected:
     QString PassKeys(QStringView keys);
 
 private:
+    void AwaitReturn();
     void TellRules();
     void ApplyOwnLimits();
 
     QString settled_;
     Change* change_ = nullptr;
     QWidget* backing_ = nullptr;
+    QMetaObject::Connection awaited_; // while the focus is out of the window
     int maxLength_ = 0;
     int rounds_ = 0;
     bool byProgram_ = false;
     bool correcting_ = false;
+    bool focused_ = false; // as it was told
 };
 
 } // namespace tsms

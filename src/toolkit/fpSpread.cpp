@@ -1,6 +1,7 @@
 #include "toolkit/fpSpread.h"
 
 #include "toolkit/Guarded.h"
+#include "toolkit/LimitRule.h"
 #include "toolkit/SpreadDelegate.h"
 #include "toolkit/SpreadModel.h"
 #include "toolkit/Theme.h"
@@ -43,6 +44,9 @@ public:
         setDefaultAlignment(Qt::AlignCenter);
         setFocusPolicy(Qt::NoFocus);
     }
+
+    // The grid sets both sizes. The base would measure a hundred titles at each change of the grid.
+    QSize sizeHint() const override { return minimumSize(); }
 
 protected:
     void paintSection(QPainter* painter, const QRect& rect, int section) const override
@@ -169,6 +173,7 @@ void fpSpread::Reset()
     model_->Reset();
     gridColor_ = theme::Line;
     rowCursor_ = false;
+    spaceClicks_ = true;
     SetBackgroundColor(theme::White);
     SetHeadersVisible(true, true);
     SetRowHeight(0, DefaultRowHeight);
@@ -304,6 +309,11 @@ void fpSpread::SetFillWidth(bool on)
     ApplyWidths();
 }
 
+void fpSpread::SetSpaceClicks(bool on)
+{
+    spaceClicks_ = on;
+}
+
 void fpSpread::SetRowCursor(bool on)
 {
     rowCursor_ = on;
@@ -396,7 +406,7 @@ bool fpSpread::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event
     return open;
 }
 
-// A press inside the grid is always used up: it must not reach the window's surface, which would move it.
+// A press inside the grid is always used up: what it stands on is not pressed with it.
 void fpSpread::mousePressEvent(QMouseEvent* event)
 {
     event->accept();
@@ -469,7 +479,7 @@ void fpSpread::keyPressEvent(QKeyEvent* event)
     if (EditingCommand(event))
         return;
     if (event->key() == Qt::Key_Space && !IsEditable(currentIndex())) {
-        if (IsOnView(currentIndex()))
+        if (spaceClicks_ && IsOnView(currentIndex()))
             ClickCell(currentIndex());
         return;
     }
@@ -573,7 +583,7 @@ bool fpSpread::EditingCommand(QKeyEvent* event)
         QApplication::clipboard()->setText(GetText(col, row));
     const int limit = model_->MaxLength(col);
     const QString text = paste ? PastedText() : QString();
-    SetText(col, row, limit > 0 ? text.left(limit) : text);
+    SetText(col, row, limit > 0 ? LimitText(text, CharactersMeasure, limit) : text);
     return true;
 }
 
@@ -581,8 +591,7 @@ bool fpSpread::EditingCommand(QKeyEvent* event)
 QString fpSpread::PastedText() const
 {
     const QString text = QApplication::clipboard()->text();
-    const auto end = std::find_if(text.begin(), text.end(), [](QChar c) { return c == u'\r' || c == u'\n'; });
-    return text.left(end - text.begin());
+    return text.first(FirstLineLength(text));
 }
 
 /// The handlers may do anything, the end of this grid included: nothing may follow the signal.

@@ -24,7 +24,7 @@ class SpreadModel;
 ///
 /// Behaviour: a click or an arrow key makes a cell the active one. Typing (also by an input method) in an
 /// edit cell replaces its text, F2 and a double click edit it in place, Delete clears it, Ctrl+C, Ctrl+X and
-/// Ctrl+V work on it. The space bar in any other cell counts as a click on it. Tab leaves the grid.
+/// Ctrl+V work on it. The space bar in any other cell counts as a click on it, unless SetSpaceClicks says not. Tab leaves the grid.
 class fpSpread : public QTableView
 {
     Q_OBJECT
@@ -51,7 +51,7 @@ public:
     void DeleteRows(int row, int count);
 
     /// Back to the defaults: no content, no source, no hidden rows or columns, no formats, default sizes,
-    /// active cell (1, 1). Pictures, FillWidth and the state of ReDraw stay.
+    /// active cell (1, 1), space clicks on. Pictures, FillWidth and the state of ReDraw stay.
     void Reset();
 
     /// While off, nothing is drawn and cells are filled at no cost for the screen.
@@ -90,6 +90,8 @@ public:
     void SetGridColor(const QColor& color);
     void SetBackgroundColor(const QColor& color); ///< of the area beyond the cells
     void SetFillWidth(bool on);                   ///< columns are widened in proportion to fill the grid
+    /// Off: the space bar does nothing in cells without text entry.
+    void SetSpaceClicks(bool on);
     void SetRowCursor(bool on); ///< tints the whole active row, for lists whose buttons act on it
 
     // Formats of whole columns.
@@ -175,6 +177,7 @@ private:
     QColor gridColor_;
     bool reDraw_ = true;
     bool rowCursor_ = false;
+    bool spaceClicks_ = true;
     bool fillWidth_ = false;
 };
 

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QMouseEvent>
 #include <QTimer>
 
 using namespace tsms;
@@ -42,6 +43,19 @@ protected:
         return look;
     }
     void Toolbar(int index) { program.Click(u"BtnToolbarDis(%1)"_q.arg(index)); }
+    /// Presses there, moves by (30, 10) and lets go.
+    static void Drag(QWidget& surface, QPoint from, Qt::MouseButton button)
+    {
+        const auto send = [&](QEvent::Type type, QPoint place, Qt::MouseButton changed,
+                              Qt::MouseButtons held) {
+            QMouseEvent event(type, place, surface.mapToGlobal(from) + (place - from), changed, held,
+                              Qt::NoModifier);
+            QApplication::sendEvent(&surface, &event);
+        };
+        send(QEvent::MouseButtonPress, from, button, button);
+        send(QEvent::MouseMove, from + QPoint(30, 10), Qt::NoButton, button);
+        send(QEvent::MouseButtonRelease, from + QPoint(30, 10), button, Qt::NoButton);
+    }
     void EscapeSettings()
     {
         WhenShown(u"dlgSMSSetup"_q, [](QWidget& dialog) { PressKey(dialog, Qt::Key_Escape); });
@@ -144,6 +158,29 @@ TEST_F(MainWindow, MaximiseSaysThatItIsNotSupportedAndChangesNothing)
     program.desktop.Expect({u"창 최대화"_q, u"창 최대화를 지원하지 않습니다.!!!"_q, MsgBoxCritical});
     program.Click(u"BtnWindows(1)"_q);
     EXPECT_EQ(program.form->geometry(), before);
+}
+
+TEST_F(MainWindow, AnyButtonOnTheBackgroundDragsTheWindowAlsoWhileBusy)
+{
+    program.session.Busy = Boolean::True;
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+        const QPoint before = program.form->pos();
+        Drag(program.Control(u"PictBg"_q), QPoint(400, 20), button);
+        EXPECT_EQ(program.form->pos(), before + QPoint(30, 10)) << button;
+    }
+    program.session.Busy = Boolean::False;
+}
+
+TEST_F(MainWindow, PagesLabelsAndControlsDoNotDragTheWindow)
+{
+    const QPoint before = program.form->pos();
+    for (const QString& name : {u"PlToolBg(0)"_q, u"PlNotes"_q, u"Label3(1)"_q, u"Picture1"_q,
+                                u"lblVersion"_q, u"BtnWebPage(0)"_q, u"CbTempCd"_q, u"TxtPerSendMsg"_q})
+        for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton})
+            Drag(program.Control(name), QPoint(3, 3), button);
+    Drag(program.Control(u"PlToolBg(0)"_q), QPoint(3, 3), Qt::LeftButton);
+    Drag(program.Control(u"Label3(1)"_q), QPoint(3, 3), Qt::LeftButton);
+    EXPECT_EQ(program.form->pos(), before);
 }
 
 TEST_F(MainWindow, MinimiseMinimises)

@@ -9,6 +9,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <new>
+
 using namespace tsms;
 using namespace tsms::test;
 
@@ -18,13 +21,15 @@ class Thrower : public QObject
 {
 public:
     int received = 0;
+    std::function<void()> raise = [] { throw RuntimeError(91, u"없음"_q); };
 
     bool event(QEvent* event) override
     {
         if (event->type() != QEvent::User)
             return QObject::event(event);
         ++received;
-        throw RuntimeError(91, u"없음"_q);
+        raise();
+        return true;
     }
 };
 
@@ -45,6 +50,21 @@ TEST(Application, AnErrorThatLeftAnEventHandlerShowsOneBoxAndTheProgramGoesOn)
         EXPECT_EQ(thrower.received, i);
         EXPECT_EQ(desktop.boxes.size(), i);
     }
+}
+
+TEST(Application, AnErrorFromElsewhereEndsInTheBoxToo)
+{
+    ScriptedDesktop desktop;
+    TheApplication().SetDesktop(desktop);
+    Thrower thrower;
+    thrower.raise = [] { throw std::bad_alloc(); };
+    desktop.Expect(
+        {u"프로그램 오류"_q,
+         u"오류번호 : 440\r\n오류내용 : 프로그램 내부에서 예기치 않은 오류가 발생하였습니다. (std::bad_alloc)"_q,
+         MsgBoxCritical});
+    QCoreApplication::postEvent(&thrower, new QEvent(QEvent::User));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(desktop.boxes.size(), 1);
 }
 
 } // namespace

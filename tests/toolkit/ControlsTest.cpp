@@ -11,7 +11,9 @@
 #include "support/Words.h"
 
 #include <QImage>
+#include <QLineEdit>
 #include <QPainter>
+#include <QPaintEvent>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -303,6 +305,43 @@ TEST(KeyboardFocus, IsSeenOnEveryControlHoweverItCame)
     ExpectVisibleFocus(picker);
 }
 
+/// A panel that counts how often its border is painted.
+class BorderCounter : public FieldPanel
+{
+public:
+    using FieldPanel::FieldPanel;
+    int paints = 0;
+
+protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        paints += event->region().contains(QPoint(0, height() / 2));
+        FieldPanel::paintEvent(event);
+    }
+};
+
+TEST(FieldPanel, DrawsItsBorderAnewWhenTheWindowLeavesAndReturns)
+{
+    QPalette oneLook; // so that nothing else draws it anew
+    for (int role = 0; role < QPalette::NColorRoles; ++role)
+        oneLook.setColor(QPalette::All, QPalette::ColorRole(role), Qt::gray);
+    QWidget window;
+    QWidget other;
+    window.setPalette(oneLook);
+    BorderCounter panel(&window, u"PLtxtBack(0)"_q);
+    const auto paintsOnActivating = [&](QWidget& one) {
+        panel.paints = 0;
+        one.show();
+        one.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&one));
+        QCoreApplication::processEvents();
+        return panel.paints;
+    };
+    paintsOnActivating(window);
+    EXPECT_GT(paintsOnActivating(other), 0);
+    EXPECT_GT(paintsOnActivating(window), 0);
+}
+
 class ComboBoxTest : public testing::Test
 {
 protected:
@@ -437,6 +476,41 @@ TEST(DatePicker, IsDrivenByKeys)
     EXPECT_EQ(picker.Value(), u"2012-05-30"_q);
     EXPECT_EQ(changes, 1);
 }
+
+struct TypingRow
+{
+    QDateTimeEdit::Section section;
+    const char* keys;
+    const char* date;
+};
+
+class DatePickerTyping : public testing::TestWithParam<TypingRow>
+{
+};
+
+TEST_P(DatePickerTyping, IsReadAsItWillStandWhenItIsLeft)
+{
+    QWidget window;
+    DatePicker picker(&window, u"DTPSendDt(0)"_q);
+    QLineEdit next(&window);
+    picker.SetValue(QDate(2012, 5, 31));
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    picker.setFocus();
+    picker.setSelectedSection(GetParam().section);
+    QTest::keyClicks(&picker, QString::fromLatin1(GetParam().keys));
+    const QString read = picker.Value();
+    next.setFocus();
+    EXPECT_EQ(read, picker.text());
+    EXPECT_EQ(read, QString::fromLatin1(GetParam().date));
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, DatePickerTyping,
+                         testing::Values(TypingRow{QDateTimeEdit::DaySection, "2", "2012-05-02"},
+                                         TypingRow{QDateTimeEdit::MonthSection, "1", "2012-01-31"},
+                                         TypingRow{QDateTimeEdit::YearSection, "201", "2012-05-31"},
+                                         TypingRow{QDateTimeEdit::DaySection, "07", "2012-05-07"}));
 
 TEST(DatePicker, OpensItsCalendarByKey)
 {

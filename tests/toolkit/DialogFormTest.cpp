@@ -74,6 +74,20 @@ protected:
     }
     QWidget* Find(const QString& name) { return dialog->findChild<QWidget*>(name); }
     void Press(Qt::Key key) { QTest::keyClick(dialog->focusWidget(), key); }
+    QPoint PlaceIn(const QWidget& control) { return control.mapTo(dialog.get(), QPoint(3, 3)); }
+    /// Presses at a place of the dialog and moves with the button held. How far the dialog went.
+    QPoint Drag(QPoint place, Qt::MouseButton button)
+    {
+        const QPoint before = dialog->pos();
+        const QPoint grip = dialog->mapToGlobal(place);
+        QTest::mousePress(dialog->windowHandle(), button, {}, place);
+        QMouseEvent move(QEvent::MouseMove, place, grip + QPoint(15, 10), Qt::NoButton, button, {});
+        QApplication::sendEvent(dialog.get(), &move);
+        if (QWidget* menu = QApplication::activePopupWidget())
+            menu->close();
+        QTest::mouseRelease(dialog->windowHandle(), button, {}, place);
+        return dialog->pos() - before;
+    }
 
     Session session;
     ScriptedDesktop desktop;
@@ -191,20 +205,26 @@ TEST_F(DialogFormTest, WhileBusyKeysAndButtonsAreDead)
     session.Busy = Boolean::False;
 }
 
-TEST_F(DialogFormTest, TheTitleStripMovesTheWindowAlsoWhileBusy)
+TEST_F(DialogFormTest, TitleStripTitleAndSurfaceMoveTheWindowAlsoWhileBusy)
 {
     Open();
     session.Busy = Boolean::True;
-    const QPoint before = dialog->pos();
-    QWidget* title = &dialog->TitleLabel();
-    const QPoint inTitle(3, 3);
-    const QPoint grip = title->mapToGlobal(inTitle);
-    QTest::mousePress(dialog->windowHandle(), Qt::MiddleButton, {}, title->mapTo(dialog.get(), inTitle));
-    QMouseEvent move(QEvent::MouseMove, QPointF(inTitle), grip + QPoint(15, 10), Qt::NoButton,
-                     Qt::MiddleButton, {});
-    QApplication::sendEvent(dialog.get(), &move);
-    EXPECT_EQ(dialog->pos(), before + QPoint(15, 10));
+    const QRect memo(dialog->memo->mapTo(dialog.get(), QPoint()), dialog->memo->size());
+    for (const auto button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+        EXPECT_EQ(Drag(Find(u"Picture1"_q)->geometry().topLeft() + QPoint(2, 2), button), QPoint(15, 10));
+        EXPECT_EQ(Drag(PlaceIn(dialog->TitleLabel()), button), QPoint(15, 10));
+        EXPECT_EQ(Drag(memo.topLeft() - QPoint(3, 3), button), QPoint(15, 10));
+    }
     session.Busy = Boolean::False;
+}
+
+TEST_F(DialogFormTest, NoteAndControlsDoNotMoveTheWindow)
+{
+    Open();
+    EXPECT_EQ(Drag(PlaceIn(*dialog->NoteLabel()), Qt::LeftButton), QPoint());
+    for (QWidget* control : {Find(u"BtnTopFunc(0)"_q), Find(u"BtnFunc(0)"_q),
+                             static_cast<QWidget*>(dialog->memo), static_cast<QWidget*>(dialog->field[0])})
+        EXPECT_EQ(Drag(PlaceIn(*control), Qt::RightButton), QPoint()) << control->objectName().toStdString();
 }
 
 TEST_F(DialogFormTest, ArrowsMoveWithinAText)

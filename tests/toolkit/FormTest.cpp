@@ -3,8 +3,11 @@
 #include "runtime/RuntimeError.h"
 #include "session/Session.h"
 #include "toolkit/Application.h"
+#include "toolkit/ComboBox.h"
 #include "toolkit/Controls.h"
+#include "toolkit/fpSpread.h"
 #include "toolkit/Guarded.h"
+#include "toolkit/MemoBox.h"
 #include "toolkit/TextBox.h"
 
 #include "support/ScriptedDesktop.h"
@@ -15,6 +18,9 @@
 #include <QTimer>
 
 #include <gtest/gtest.h>
+
+#include <array>
+#include <stdexcept>
 
 using namespace tsms;
 using namespace tsms::test;
@@ -61,6 +67,23 @@ protected:
         form.show();
         form.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    }
+
+    /// Presses at a place of the form, moves with the button held, and lets go. How far the form went.
+    static QPoint Drag(Form& form, QPoint place, Qt::MouseButton button)
+    {
+        const QPoint before = form.pos();
+        QTest::mousePress(form.windowHandle(), button, {}, place);
+        Move(form, form.mapToGlobal(place) + QPoint(30, 20), button);
+        if (QWidget* menu = QApplication::activePopupWidget())
+            menu->close();
+        QTest::mouseRelease(form.windowHandle(), button, {}, place);
+        return form.pos() - before;
+    }
+    static void Move(Form& form, QPoint to, Qt::MouseButtons held)
+    {
+        QMouseEvent move(QEvent::MouseMove, form.mapFromGlobal(to), to, Qt::NoButton, held, {});
+        QApplication::sendEvent(&form, &move);
     }
 
     Session session;
@@ -222,20 +245,97 @@ TEST_F(FormTest, BusyIsTheSessionsAndShowsTheHourglass)
     EXPECT_EQ(form.cursor().shape(), Qt::ArrowCursor);
 }
 
-TEST_F(FormTest, IsMovedByItsSurfaceAlsoWhileBusy)
+constexpr auto AllButtons = {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton};
+
+TEST_F(FormTest, IsMovedByItsSurfaceWithAnyButtonAlsoWhileBusy)
 {
-    for (const auto button : {Qt::LeftButton, Qt::RightButton}) {
-        TestForm form(session, desktop);
-        Show(form);
-        form.SetBusy(Boolean::True);
-        const QPoint before = form.pos();
-        const QPoint grip = form.mapToGlobal(QPoint(5, 5));
-        QTest::mousePress(&form, button, {}, QPoint(5, 5));
-        QMouseEvent move(QEvent::MouseMove, QPointF(5, 5), grip + QPoint(30, 20), Qt::NoButton, button, {});
-        QApplication::sendEvent(&form, &move);
-        QTest::mouseRelease(&form, button, {}, QPoint(5, 5));
-        EXPECT_EQ(form.pos(), before + QPoint(30, 20));
-        form.SetBusy(Boolean::False);
+    TestForm form(session, desktop);
+    Show(form);
+    form.SetBusy(Boolean::True);
+    for (const auto button : AllButtons)
+        EXPECT_EQ(Drag(form, {5, 5}, button), QPoint(30, 20)) << button;
+    form.SetBusy(Boolean::False);
+}
+
+TEST_F(FormTest, IsMovedByAPanelThatSaysSoAndByWhatTheMousePassesThere)
+{
+    TestForm form(session, desktop);
+    Panel ground(&form, u"PictBg"_q);
+    ground.setGeometry(0, 80, 300, 120);
+    ground.SetDragsWindow(true);
+    Label words(&ground, u"lblCaption"_q, u"words"_q);
+    words.setGeometry(0, 0, 60, 20);
+    words.setAttribute(Qt::WA_TransparentForMouseEvents);
+    Show(form);
+    form.SetBusy(Boolean::True);
+    for (const auto button : AllButtons) {
+        EXPECT_EQ(Drag(form, {150, 150}, button), QPoint(30, 20)) << button;
+        EXPECT_EQ(Drag(form, {30, 90}, button), QPoint(30, 20)) << button;
+    }
+    form.SetBusy(Boolean::False);
+}
+
+TEST_F(FormTest, IsMovedByNothingElse)
+{
+    TestForm form(session, desktop);
+    Panel ground(&form, u"PictBg"_q);
+    ground.setGeometry(form.rect());
+    ground.SetDragsWindow(true);
+    PushButton disabled(&ground, u"BtnDisabled"_q, u"a"_q);
+    disabled.setEnabled(false);
+    PopupPanel popup(&ground, u"PlDocEdit(0)"_q);
+    const std::array<QWidget*, 8> passive{new Panel(&ground, u"PlToolBg(0)"_q),
+                                          new Label(&ground, u"Label1"_q, u"a"_q),
+                                          new ProgressBar(&ground, u"Progress"_q),
+                                          &disabled,
+                                          &popup,
+                                          new fpSpread(&ground),
+                                          new MemoBox(&ground, u"txtMemo"_q),
+                                          new TextBox(&ground, u"txtBox"_q)};
+    const std::array<QWidget*, 5> active{
+        new PushButton(&ground, u"Btn"_q, u"a"_q),
+        new PictureButton(&ground, u"BtnTop"_q, u"program"_q, QString(), PictureButton::Look::Idle),
+        new ComboBox(&ground, u"CbGroup"_q), new CheckBox(&ground, u"ChkTime"_q, u"a"_q),
+        new RadioButton(&ground, u"OptGu"_q, u"a"_q)};
+    Show(form);
+    const auto dragBy = [&](QWidget* control, Qt::MouseButton button) {
+        control->setGeometry(100, 100, 80, 40);
+        control->show();
+        control->raise();
+        EXPECT_EQ(Drag(form, {140, 120}, button), QPoint()) << control->objectName().toStdString() << button;
+    };
+    for (QWidget* control : passive)
+        for (const auto button : AllButtons)
+            dragBy(control, button);
+    for (QWidget* control : active)
+        for (const auto button : {Qt::RightButton, Qt::MiddleButton})
+            dragBy(control, button);
+}
+
+TEST_F(FormTest, ARightClickInATextBoxOpensItsMenu)
+{
+    TestForm form(session, desktop);
+    Show(form);
+    QTest::mousePress(form.windowHandle(), Qt::RightButton, {}, form.field->geometry().center());
+    QWidget* menu = QApplication::activePopupWidget();
+    ASSERT_NE(menu, nullptr);
+    menu->close();
+}
+
+TEST_F(FormTest, StopsFollowingTheMouseWhenTheReleaseWentElsewhere)
+{
+    TestForm form(session, desktop);
+    form.setMouseTracking(true);
+    Show(form);
+    const QPoint before = form.pos();
+    const QPoint grip = form.mapToGlobal(QPoint(5, 5));
+    for (const auto held : {Qt::NoButton, Qt::LeftButton}) {
+        QTest::mousePress(form.windowHandle(), Qt::RightButton, {}, QPoint(5, 5));
+        Move(form, grip + QPoint(30, 20), held);
+        EXPECT_EQ(form.pos(), before) << held;
+        Move(form, grip + QPoint(30, 20), Qt::RightButton);
+        EXPECT_EQ(form.pos(), before) << held;
+        QTest::mouseRelease(form.windowHandle(), Qt::RightButton, {}, QPoint(5, 5));
     }
 }
 
@@ -257,6 +357,19 @@ TEST_F(FormTest, AnErrorInAHandlerShowsOneBoxAndTheProgramGoesOn)
     QTest::keyClick(form.field, Qt::Key_B);
     EXPECT_EQ(desktop.boxes.size(), 3);
     EXPECT_EQ(form.field->Text(), u"ab"_q);
+}
+
+TEST_F(FormTest, AnErrorFromElsewhereEndsInTheBoxToo)
+{
+    TestForm form(session, desktop);
+    PushButton button(&form, u"Btn"_q, u"a"_q);
+    button.OnClick = [] { throw std::out_of_range("at"); };
+    desktop.Expect(
+        {u"프로그램 오류"_q,
+         u"오류번호 : 440\r\n오류내용 : 프로그램 내부에서 예기치 않은 오류가 발생하였습니다. (at)"_q,
+         MsgBoxCritical});
+    button.Click();
+    EXPECT_EQ(desktop.boxes.size(), 1);
 }
 
 TEST_F(FormTest, WithoutAFormAnErrorGoesToTheCaller)

@@ -93,4 +93,12 @@ TEST(LimitRule, CharactersCountALineBreakTwiceAndNeverHalveIt)
     EXPECT_EQ(LimitText(u"a\U0001F600", CharactersMeasure, 2), u"a"_q);
 }
 
+TEST(LimitRule, TheFirstLineEndsAtABreakOfAnyKind)
+{
+    EXPECT_EQ(FirstLineLength(u""), 0);
+    EXPECT_EQ(FirstLineLength(u"ab"), 2);
+    for (const auto* text : {u"ab\r\nc", u"ab\nc", u"ab\rc", u"ab\u2028c", u"ab\u2029c"})
+        EXPECT_EQ(FirstLineLength(text), 2) << QString::fromUtf16(text).toStdString();
+}
+
 } // namespace

@@ -5,8 +5,10 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -86,6 +88,69 @@ TEST(QtDesktop, AMessageBoxShowsTitleAndWordsAsPlainText)
     EXPECT_EQ(text, u"a <b>\n\nb"_q);
     EXPECT_EQ(format, Qt::PlainText);
     EXPECT_EQ(ok, u"확인"_q);
+}
+
+/// What a box shows of a text. Its button must be on the screen.
+QString ShownOf(const QString& text)
+{
+    QString shown;
+    Meanwhile<QMessageBox>([&](QMessageBox& box) {
+        shown = box.text();
+        const QAbstractButton* ok = box.button(QMessageBox::Ok);
+        const QRect place(ok->mapToGlobal(QPoint()), ok->size());
+        EXPECT_TRUE(box.screen()->availableGeometry().contains(place))
+            << place.x() << ' ' << place.y() << " in a box of " << box.width() << " x " << box.height();
+        EXPECT_LE(box.width(), box.screen()->availableGeometry().width());
+        box.accept();
+    });
+    QtDesktop desktop;
+    desktop.MsgBox(text, MsgBoxCritical, u"오류"_q);
+    return shown;
+}
+
+QString Lines(int count)
+{
+    return QStringList(count, u"줄"_q).join(u"\r\n"_q);
+}
+
+TEST(QtDesktop, AMessageOfAThousandCharactersOrTwentyFiveLinesIsShownWhole)
+{
+    const QString word(1000, u'W');
+    EXPECT_EQ(ShownOf(word), word);
+    EXPECT_EQ(ShownOf(Lines(25)), Lines(25).remove(u'\r'));
+}
+
+TEST(QtDesktop, OfALongerMessageTheBeginningIsShown)
+{
+    EXPECT_EQ(ShownOf(QString(100'000, u'W')), QString(1000, u'W') + u'…');
+    EXPECT_EQ(ShownOf(QString(25'000, u'가') + u" 나"_q), QString(1000, u'가') + u'…');
+    EXPECT_EQ(ShownOf(Lines(2000)), Lines(25).remove(u'\r') + u'…');
+    EXPECT_EQ(ShownOf(Lines(2000).remove(u'\n')), Lines(25).remove(u'\n') + u'…');
+    EXPECT_EQ(ShownOf(u'a' + QString(u"😀"_q).repeated(500)), u'a' + QString(u"😀"_q).repeated(499) + u'…');
+}
+
+TEST(QtDesktop, ALongMessageOfManyLinesLeavesItsButtonOnTheScreen)
+{
+    const QString text = Lines(24) + u"\r\n"_q + QString(925, u'가');
+    EXPECT_FALSE(ShownOf(text).isEmpty());
+}
+
+TEST(QtDesktop, AWordWiderThanTheBoxIsBroken)
+{
+    for (const QString& word : {QString(1000, u'W'), u"짧은 말과 "_q + QString(900, u'가')}) {
+        QSize room;
+        QSize needed;
+        Meanwhile<QMessageBox>([&](QMessageBox& box) {
+            const auto* label = box.findChild<QLabel*>(u"qt_msgbox_label"_q);
+            ASSERT_NE(label, nullptr);
+            room = label->size();
+            needed = label->fontMetrics().size(Qt::TextSingleLine, label->text());
+            box.accept();
+        });
+        QtDesktop desktop;
+        desktop.MsgBox(word, MsgBoxPlain, u"a"_q);
+        EXPECT_GE(room.width() * room.height(), needed.width() * needed.height());
+    }
 }
 
 TEST(QtDesktop, AQuestionAnswersWhatWasClicked)

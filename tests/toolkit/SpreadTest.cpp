@@ -729,6 +729,34 @@ TEST_F(SpreadTest, TheSpaceBarPressesNothingInARemovedRow)
     EXPECT_EQ(clicks.count(), 0);
 }
 
+TEST_F(SpreadTest, WithoutSpaceClicksTheSpaceBarDoesNothingInCellsWithoutTextEntry)
+{
+    Show();
+    QSignalSpy clicks(&grid, &fpSpread::Click);
+    grid.SetSpaceClicks(false);
+    for (const int col : {1, 4}) {
+        grid.SetActiveCell(col, 3);
+        Press(Qt::Key_Space);
+        EXPECT_EQ(grid.ActiveCol(), col);
+    }
+    EXPECT_EQ(clicks.count(), 0);
+    grid.SetActiveCell(2, 3);
+    Press(Qt::Key_Space);
+    EXPECT_TRUE(IsEditing());
+    grid.CommitEdit();
+    EXPECT_EQ(grid.GetText(2, 3), u" "_q);
+}
+
+TEST_F(SpreadTest, ResetTurnsSpaceClicksOnAgain)
+{
+    grid.SetSpaceClicks(false);
+    grid.Reset();
+    Show();
+    QSignalSpy clicks(&grid, &fpSpread::Click);
+    Press(Qt::Key_Space);
+    EXPECT_EQ(clicks.count(), 1);
+}
+
 TEST_F(SpreadTest, ArrowsWalkFromCellToCellPastHiddenRows)
 {
     Show();
@@ -835,6 +863,83 @@ TEST_F(SpreadTest, APasteIntoTheCellOrItsEditorIsCutAtTheLimit)
     Press(Qt::Key_V, Qt::ControlModifier);
     grid.CommitEdit();
     EXPECT_EQ(grid.GetText(2, 2), u"가가가가가가"_q);
+}
+
+/// Something put into the middle of the full cell (2, 1), "abcdef".
+class FullCell : public SpreadTest
+{
+protected:
+    void Open()
+    {
+        Show();
+        grid.SetText(2, 1, u"abcdef"_q);
+        grid.SetActiveCell(2, 1);
+        Press(Qt::Key_F2);
+        editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+        ASSERT_NE(editor, nullptr);
+        editor->setCursorPosition(2);
+    }
+
+    QLineEdit* editor = nullptr;
+};
+
+TEST_F(FullCell, KeepsItsEndWhenSomethingIsTypedIntoItsMiddle)
+{
+    Open();
+    Type("x");
+    EXPECT_EQ(editor->text(), u"abcdef"_q);
+    EXPECT_EQ(editor->cursorPosition(), 2);
+    editor->setSelection(2, 1);
+    Type("xy");
+    EXPECT_EQ(editor->cursorPosition(), 3);
+    grid.CommitEdit();
+    EXPECT_EQ(grid.GetText(2, 1), u"abxdef"_q);
+}
+
+TEST_F(FullCell, TakesOfAPasteWhatFitsInPlaceOfTheSelection)
+{
+    Open();
+    editor->setSelection(1, 2);
+    QApplication::clipboard()->setText(u"12345"_q);
+    Press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(editor->cursorPosition(), 3);
+    grid.CommitEdit();
+    EXPECT_EQ(grid.GetText(2, 1), u"a12def"_q);
+}
+
+TEST_F(FullCell, TakesOfACommitWhatFitsInPlaceOfTheSelection)
+{
+    Open();
+    editor->setSelection(1, 2);
+    Commit(u"가나다"_q);
+    grid.CommitEdit();
+    EXPECT_EQ(grid.GetText(2, 1), u"a가나def"_q);
+}
+
+TEST_F(SpreadTest, TheLimitHalvesNoPairOfUnits)
+{
+    Show();
+    const QString pairs = u"😀😀😀😀"_q; // two units each
+    grid.SetActiveCell(3, 1);
+    for (int i = 0; i < 2; ++i)
+        Commit(pairs);
+    grid.CommitEdit();
+    EXPECT_EQ(grid.GetText(3, 1), u"😀😀😀😀😀😀"_q);
+    grid.SetActiveCell(3, 2);
+    QApplication::clipboard()->setText(pairs + pairs);
+    Press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(grid.GetText(3, 2), u"😀😀😀😀😀😀"_q);
+}
+
+TEST_F(SpreadTest, ATextBeyondTheLimitIsCutByNoLookAtIt)
+{
+    Show();
+    grid.SetText(2, 1, u"abcdefgh"_q);
+    grid.SetActiveCell(2, 1);
+    Press(Qt::Key_F2);
+    ASSERT_TRUE(IsEditing());
+    grid.CommitEdit();
+    EXPECT_EQ(grid.GetText(2, 1), u"abcdefgh"_q);
 }
 
 TEST_F(SpreadTest, OfAPastedTextACellTakesTheFirstLine)

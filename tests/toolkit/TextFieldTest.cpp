@@ -229,6 +229,98 @@ TYPED_TEST(AnyTextField, BackColorIsTheColourThatWasSet)
     EXPECT_EQ(this->field.BackColor(), QColor(144, 215, 250));
 }
 
+/// Two fields in a window that the focus can leave for another one.
+template <class Field> class FieldFocus : public testing::Test
+{
+protected:
+    FieldFocus()
+    {
+        window.resize(120, 120);
+        first.setGeometry(10, 10, 100, 40);
+        second.setGeometry(10, 60, 100, 40);
+        Listen(first, u"first"_q);
+        Listen(second, u"second"_q);
+        Activate(window);
+        first.setFocus();
+        told.clear();
+    }
+    void Listen(Field& field, const QString& name)
+    {
+        field.OnGotFocus = [this, name] { told += u"+"_q + name; };
+        field.OnLostFocus = [this, name] { told += u"-"_q + name; };
+    }
+    static void Activate(QWidget& one)
+    {
+        one.show();
+        one.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&one));
+    }
+
+    QWidget window;
+    QWidget other;
+    Field first{&window, QStringLiteral("first")};
+    Field second{&window, QStringLiteral("second")};
+    QStringList told;
+};
+
+TYPED_TEST_SUITE(FieldFocus, Fields, FieldNames);
+
+TYPED_TEST(FieldFocus, IsToldWhenItMovesWithinTheWindow)
+{
+    this->second.setFocus();
+    this->first.setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(this->told, (QStringList{u"-first"_q, u"+second"_q, u"-second"_q, u"+first"_q}));
+}
+
+TYPED_TEST(FieldFocus, IsNotToldWhenTheWindowLeavesAndReturns)
+{
+    for (int i = 0; i < 2; ++i) {
+        this->Activate(this->other);
+        ASSERT_FALSE(this->first.hasFocus());
+        this->Activate(this->window);
+        ASSERT_TRUE(this->first.hasFocus());
+    }
+    EXPECT_EQ(this->told, QStringList());
+    this->second.setFocus();
+    EXPECT_EQ(this->told, (QStringList{u"-first"_q, u"+second"_q}));
+}
+
+TYPED_TEST(FieldFocus, IsToldOnReturnWhenItWasPutElsewhereMeanwhile)
+{
+    this->Activate(this->other);
+    this->second.setFocus();
+    EXPECT_EQ(this->told, QStringList());
+    this->Activate(this->window);
+    ASSERT_TRUE(this->second.hasFocus());
+    this->told.sort();
+    EXPECT_EQ(this->told, (QStringList{u"+second"_q, u"-first"_q}));
+}
+
+TYPED_TEST(FieldFocus, IsNotToldWhenTheMenuOfTheFieldOpensAndCloses)
+{
+    QTest::mousePress(this->window.windowHandle(), Qt::RightButton, {}, this->first.geometry().center());
+    QWidget* menu = QApplication::activePopupWidget();
+    ASSERT_NE(menu, nullptr);
+    menu->close();
+    QTest::mouseRelease(this->window.windowHandle(), Qt::RightButton, {}, this->first.geometry().center());
+    EXPECT_EQ(this->told, QStringList());
+    this->second.setFocus();
+    EXPECT_EQ(this->told, (QStringList{u"-first"_q, u"+second"_q}));
+}
+
+TYPED_TEST(FieldFocus, AFieldMayEndWhileItsWindowIsAway)
+{
+    auto* brief = new TypeParam(&this->window, QStringLiteral("brief"));
+    int lost = 0;
+    brief->OnLostFocus = [&] { ++lost; };
+    brief->show();
+    brief->setFocus();
+    this->Activate(this->other);
+    delete brief;
+    this->Activate(this->window);
+    EXPECT_EQ(lost, 0);
+}
+
 TEST(TextBox, OfAPastedTextItTakesTheFirstLine)
 {
     TextBox field;
@@ -331,6 +423,21 @@ TEST(MemoBox, TheCaretStaysInViewWhileLinesAreAdded)
     }
     Paste(field, u"a\nb\nc\nd\ne"_q);
     EXPECT_TRUE(field.viewport()->rect().contains(field.cursorRect().center()));
+}
+
+TEST(MemoBox, WhatAnInputMethodCommitsCountsAsAReleasedKey)
+{
+    MemoBox field;
+    QStringList told;
+    field.OnKeyUp = [&](int key, int shift) {
+        EXPECT_EQ(key, 0);
+        EXPECT_EQ(shift, 0);
+        told += field.Text();
+    };
+    Compose(field, u"가"_q);
+    EXPECT_EQ(told, QStringList());
+    Commit(field, u"가"_q);
+    EXPECT_EQ(told, QStringList{u"가"_q});
 }
 
 TEST(MemoBox, UndoTakesAChangeAndItsCorrectionInOneStep)
