@@ -4,6 +4,7 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <cstring>
 #include <string_view>
 
@@ -143,6 +144,11 @@ QString Attribute(const pugi::xml_node& element, const char* name)
 
 QByteArray EscapeXml(QStringView text)
 {
+    const auto isPlain = [](QChar c) {
+        return c >= u' ' && c < u'\xD800' && c != u'&' && c != u'<' && c != u'>' && c != u'"';
+    };
+    if (std::all_of(text.begin(), text.end(), isPlain))
+        return text.toUtf8();
     QString escaped;
     escaped.reserve(text.size() + 16);
     for (qsizetype i = 0; i < text.size(); ++i) {

@@ -29,14 +29,9 @@ QString FirstToken(const QString& text)
 class EmbeddedConnection::Prepared
 {
 public:
-    Prepared(EmbeddedConnection& connection, const QString& sql)
-        : Prepared(connection, sql, ToEmbeddedDialect(sql))
+    Prepared(EmbeddedConnection& connection, const QString& sql) : connection_(connection), sql_(sql)
     {
-    }
-    /// `text` is the statement in the engine's dialect, `sql` as it came.
-    Prepared(EmbeddedConnection& connection, const QString& sql, const QByteArray& text)
-        : connection_(connection), sql_(sql)
-    {
+        const QByteArray text = ToEmbeddedDialect(sql);
         const char* tail = nullptr;
         if (sqlite3_prepare_v2(connection.Handle(), text.constData(), static_cast<int>(text.size()),
                                &statement_, &tail) != SQLITE_OK)
@@ -170,13 +165,12 @@ std::unique_ptr<Recordset> EmbeddedConnection::Query(const QString& sql)
 
 void EmbeddedConnection::Execute(const QString& sql)
 {
-    const QByteArray text = ToEmbeddedDialect(sql);
-    if (const auto insert = LiftLiterals(text)) {
+    if (const auto insert = LiftLiterals(sql)) {
         if (!insert_.Run(Handle(), *insert))
             throw EmbeddedError(handle_, path_, sql);
         return;
     }
-    Prepared statement(*this, sql, text);
+    Prepared statement(*this, sql);
     while (statement.Step()) {
     }
 }

@@ -1,37 +1,41 @@
 #include "store/EmbeddedInsert.h"
 
+#include "store/EmbeddedDialect.h"
+
 #include <sqlite3.h>
 
 namespace tsms {
 
 namespace {
 
-bool IsPlainInsert(const QByteArray& text)
+bool IsPlainInsert(QStringView sql)
 {
-    if (qstrnicmp(text.trimmed().constData(), "insert ", 7) != 0)
+    if (!sql.trimmed().startsWith(u"insert ", Qt::CaseInsensitive))
         return false;
     bool inside = false;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const char c = text[i];
-        const char next = i + 1 < text.size() ? text[i + 1] : '\0';
-        if (c == '\'')
+    QChar before;
+    for (const QChar c : sql) {
+        if (c == u'\'') {
             inside = !inside;
-        else if (!inside && (c == '"' || c == '[' || c == '`' || c == '?' || c == ';' ||
-                             (c == '-' && next == '-') || (c == '/' && next == '*')))
-            return false;
+        } else if (!inside) {
+            const bool comment = (before == u'-' && c == u'-') || (before == u'/' && c == u'*');
+            if (comment || QStringView(u"\"[`?;+").contains(c))
+                return false;
+        }
+        before = c;
     }
     return !inside;
 }
 
 /// The literal that begins at `at` (its opening quote); `at` then stands behind it.
-QByteArray TakeLiteral(const QByteArray& text, qsizetype& at)
+QByteArray TakeLiteral(QStringView sql, qsizetype& at)
 {
     QByteArray literal;
     for (++at;; ++at) {
-        const qsizetype quote = text.indexOf('\'', at);
-        literal += text.sliced(at, quote - at);
+        const qsizetype quote = sql.indexOf(u'\'', at);
+        literal += sql.sliced(at, quote - at).toUtf8();
         at = quote + 1;
-        if (at >= text.size() || text[at] != '\'')
+        if (at >= sql.size() || sql[at] != u'\'')
             return literal;
         literal += '\''; // a doubled quote stands for itself
     }
@@ -39,30 +43,32 @@ QByteArray TakeLiteral(const QByteArray& text, qsizetype& at)
 
 } // namespace
 
-std::optional<LiftedInsert> LiftLiterals(const QByteArray& text)
+std::optional<LiftedInsert> LiftLiterals(const QString& sql)
 {
-    if (!IsPlainInsert(text))
+    if (!IsPlainInsert(sql))
         return std::nullopt;
     LiftedInsert lifted;
-    for (qsizetype at = 0; at < text.size();) {
-        const qsizetype quote = text.indexOf('\'', at);
-        lifted.shape += text.sliced(at, (quote < 0 ? text.size() : quote) - at);
+    lifted.shape.reserve(sql.size());
+    for (qsizetype at = 0; at < sql.size();) {
+        const qsizetype quote = sql.indexOf(u'\'', at);
+        lifted.shape += QStringView(sql).sliced(at, (quote < 0 ? sql.size() : quote) - at);
         if (quote < 0)
             break;
         at = quote;
-        lifted.literals += TakeLiteral(text, at);
-        lifted.shape += '?';
+        lifted.literals += TakeLiteral(sql, at);
+        lifted.shape += u'?';
     }
     return lifted;
 }
 
-bool EmbeddedInsert::Prepare(sqlite3* handle, const QByteArray& shape)
+bool EmbeddedInsert::Prepare(sqlite3* handle, const QString& shape)
 {
     if (statement_ && shape == shape_)
         return true;
     Forget();
     shape_ = shape;
-    return sqlite3_prepare_v2(handle, shape.constData(), static_cast<int>(shape.size()), &statement_,
+    const QByteArray text = ToEmbeddedDialect(shape);
+    return sqlite3_prepare_v2(handle, text.constData(), static_cast<int>(text.size()), &statement_,
                               nullptr) == SQLITE_OK;
 }
 

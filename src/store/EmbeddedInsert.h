@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QByteArrayList>
+#include <QString>
 
 #include <optional>
 
@@ -13,13 +14,13 @@ namespace tsms {
 /// An INSERT with a mark in place of each literal, and the literals.
 struct LiftedInsert
 {
-    QByteArray shape;
-    QByteArrayList literals;
+    QString shape;
+    QByteArrayList literals; ///< in UTF-8
 };
 
-/// Lifts the literals out of an INSERT in the engine's dialect. Nothing for any other statement, and for one
-/// that holds a comment or a quoted name.
-std::optional<LiftedInsert> LiftLiterals(const QByteArray& text);
+/// Lifts the literals out of an INSERT in the server's dialect. Nothing for any other statement, and for one
+/// that holds a comment, a quoted name or a joining of texts.
+std::optional<LiftedInsert> LiftLiterals(const QString& sql);
 
 /// The INSERT that a connection ran last, kept ready: a run of many rows inserts the same shape each time.
 class EmbeddedInsert
@@ -30,16 +31,17 @@ public:
     EmbeddedInsert(const EmbeddedInsert&) = delete;
     EmbeddedInsert& operator=(const EmbeddedInsert&) = delete;
 
-    /// Inserts. False when the engine refuses; its error is the handle's.
+    /// Inserts. False when the engine refuses; its error is the handle's. Raises what ToEmbeddedDialect
+    /// raises.
     bool Run(sqlite3* handle, const LiftedInsert& insert);
 
     /// Lets the statement go, before its handle does.
     void Forget();
 
 private:
-    bool Prepare(sqlite3* handle, const QByteArray& shape);
+    bool Prepare(sqlite3* handle, const QString& shape);
 
-    QByteArray shape_;
+    QString shape_;
     sqlite3_stmt* statement_ = nullptr;
 };
 

@@ -24,7 +24,7 @@ class SpreadModel;
 ///
 /// Behaviour: a click or an arrow key makes a cell the active one. Typing (also by an input method) in an
 /// edit cell replaces its text, F2 and a double click edit it in place, Delete clears it, Ctrl+C, Ctrl+X and
-/// Ctrl+V work on it. The space bar in any other cell counts as a click on it, unless SetSpaceClicks says not. Tab leaves the grid.
+/// Ctrl+V work on it. The space bar in any other cell counts as a click on it. Tab leaves the grid.
 class fpSpread : public QTableView
 {
     Q_OBJECT

@@ -14,26 +14,27 @@ namespace {
 
 TEST(LiftLiterals, EachLiteralBecomesAMark)
 {
-    const auto lifted = LiftLiterals("Insert INTO t (a,b) VALUES ('x',Null,'', 7,'it''s')");
+    const auto lifted = LiftLiterals(u"Insert INTO t (a,b) VALUES ('가',Null,'', 7,'it''s',getdate())"_q);
     ASSERT_TRUE(lifted);
-    EXPECT_EQ(lifted->shape, "Insert INTO t (a,b) VALUES (?,Null,?, 7,?)");
-    EXPECT_EQ(lifted->literals, (QByteArrayList{"x", "", "it's"}));
+    EXPECT_EQ(lifted->shape, u"Insert INTO t (a,b) VALUES (?,Null,?, 7,?,getdate())"_q);
+    EXPECT_EQ(lifted->literals, (QByteArrayList{"가", "", "it's"}));
 }
 
 TEST(LiftLiterals, OnlyAPlainInsertIsLifted)
 {
-    for (const char* text : {"UPDATE t SET a='x'", "SELECT 'x'", "DELETE FROM t", "Insert INTO t VALUES ('x",
-                             "Insert INTO t VALUES ('x') -- c", "Insert INTO t VALUES (/* ' */ 'x')",
-                             "Insert INTO \"t\" VALUES ('x')", "Insert INTO t VALUES ('x'); DELETE FROM t",
-                             "Insert INTO t VALUES (?)"})
-        EXPECT_FALSE(LiftLiterals(text)) << text;
+    for (const char16_t* sql :
+         {u"UPDATE t SET a='x'", u"SELECT 'x'", u"DELETE FROM t", u"Insert INTO t VALUES ('x",
+          u"Insert INTO t VALUES ('x') -- c", u"Insert INTO t VALUES (/* ' */ 'x')",
+          u"Insert INTO \"t\" VALUES ('x')", u"Insert INTO t VALUES ('x'); DELETE FROM t",
+          u"Insert INTO t VALUES (?)", u"Insert INTO t VALUES ('x' + 'y')", u"Insert INTO [t] VALUES ('x')"})
+        EXPECT_FALSE(LiftLiterals(QString::fromUtf16(sql))) << QString::fromUtf16(sql).toStdString();
 }
 
 TEST(LiftLiterals, WhatStandsInsideALiteralDoesNotMatter)
 {
-    const auto lifted = LiftLiterals("insert into t values ('a;b--c\"d?e/*f')");
+    const auto lifted = LiftLiterals(u"insert into t values ('a;b--c\"d?e/*f+[')"_q);
     ASSERT_TRUE(lifted);
-    EXPECT_EQ(lifted->literals, (QByteArrayList{"a;b--c\"d?e/*f"}));
+    EXPECT_EQ(lifted->literals, (QByteArrayList{"a;b--c\"d?e/*f+["}));
 }
 
 class KeptInsert : public ::testing::Test
