@@ -86,7 +86,7 @@ void InitMonthGrid(fpSpread& grid)
     }
     grid.SetText(MonthTotalColumn, 0, QStringLiteral("전체합계"));
     grid.SetColWidth(MonthTotalColumn, 8);
-    
+
     int row = 0;
     for (const FigureRow& figures : rows) {
         ++row;

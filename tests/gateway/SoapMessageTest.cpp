@@ -64,14 +64,16 @@ TEST(CallEnvelope, ATypeOfAnotherNamespaceIsDeclaredInPlace)
 {
     CallShape shape = Encoded();
     shape.Parts = {{u"a"_q, {}, u"urn:types"_q, u"Text"_q}};
-    EXPECT_TRUE(CallEnvelope(shape).With({u"x"_q}).contains("<a xmlns:t=\"urn:types\" xsi:type=\"t:Text\">x</a>"));
+    EXPECT_TRUE(
+        CallEnvelope(shape).With({u"x"_q}).contains("<a xmlns:t=\"urn:types\" xsi:type=\"t:Text\">x</a>"));
 }
 
 TEST(CallEnvelope, AnRpcLiteralCallHasBareParts)
 {
     CallShape shape = Encoded();
     shape.Style = CallStyle::RpcLiteral;
-    EXPECT_TRUE(CallEnvelope(shape).With({u"1"_q, u"2"_q})
+    EXPECT_TRUE(CallEnvelope(shape)
+                    .With({u"1"_q, u"2"_q})
                     .contains("<soap:Body><m:Op xmlns:m=\"urn:s\"><a>1</a><b>2</b></m:Op></soap:Body>"));
 }
 
@@ -80,7 +82,8 @@ TEST(CallEnvelope, ADocumentCallQualifiesWhatTheSchemaQualifies)
     CallShape shape = Encoded();
     shape.Style = CallStyle::DocumentWrapped;
     shape.Parts = {{u"a"_q, u"urn:s"_q, {}, {}}, {u"b"_q, {}, {}, {}}};
-    EXPECT_TRUE(CallEnvelope(shape).With({u"1"_q, u"2"_q})
+    EXPECT_TRUE(CallEnvelope(shape)
+                    .With({u"1"_q, u"2"_q})
                     .contains("<m:Op xmlns:m=\"urn:s\"><p:a xmlns:p=\"urn:s\">1</p:a><b>2</b></m:Op>"));
 }
 

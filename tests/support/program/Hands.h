@@ -25,8 +25,8 @@ void ClickCell(fpSpread& grid, int column, int row);
 /// Clicks the cell and types the text into it.
 void TypeIntoCell(fpSpread& grid, int column, int row, const QString& text);
 
-/// As soon as the form of that name is on view and active, runs `act` inside its modal loop. A form that does not come
-/// within five seconds fails the test.
+/// As soon as the form of that name is on view and active, runs `act` inside its modal loop. A form that does
+/// not come within five seconds fails the test.
 void WhenShown(const QString& formName, std::function<void(QWidget& form)> act);
 
 /// Lets pending events happen.
