@@ -105,6 +105,7 @@ void TemplateCards::BuildHead(QHBoxLayout& row)
     auto* heading = new Label(this, names.heading, QStringLiteral("문자메시지 서식선택"));
     heading->SetBold(true);
     category_ = new ComboBox(this, names.category);
+    category_->setPlaceholderText(QStringLiteral("전체")); // until the categories are read
     category_->setMinimumWidth(180);
     category_->OnClick = [this] {
         if (handlers_.chooseCategory)

@@ -59,6 +59,7 @@ QWidget* TemplatePage::BuildPhone(QWidget* editor)
     row->setSpacing(8);
     row->addWidget(new Label(phone, QStringLiteral("Label10"), QStringLiteral("분류")));
     category_ = new ComboBox(phone, IndexedName(u"CbSMSGroup", 1));
+    category_->setPlaceholderText(QStringLiteral("전체")); // until the categories are read
     row->addWidget(category_, 1);
 
     editor->setParent(phone);

@@ -311,6 +311,19 @@ TEST_F(MainWindow, TheBalanceStandsBesideItsCaption)
     EXPECT_EQ(program.Caption(u"Label7"_q), u"잔여건수  : "_q);
 }
 
+TEST_F(MainWindow, AHundredThousandPastedCharactersHurtNoField)
+{
+    const QString text = QString(u"가1"_q).repeated(50000);
+    int fields = 0;
+    for (QWidget* widget : program.form->findChildren<QWidget*>())
+        if (auto* field = dynamic_cast<TextField*>(widget)) {
+            ++fields;
+            PasteText(*widget, text);
+            EXPECT_LE(field->Text().size(), field->MaxLength() > 0 ? field->MaxLength() : text.size());
+        }
+    EXPECT_GE(fields, 5);
+}
+
 TEST_F(MainWindow, EveryControlHasANameAndNoNameStandsTwice)
 {
     QStringList names;
