@@ -8,8 +8,7 @@ set(TSMS_LAYERS
   "services: runtime session store gateway"
   "toolkit: runtime session"
   "compose: runtime session store gateway services toolkit"
-  "templates: runtime session store services toolkit compose"
-  "history: runtime session store gateway services toolkit compose"
+  "templates: runtime session store services toolkit"
+  "history: runtime session store gateway services toolkit"
   "account: runtime session store services toolkit"
-  "addressbook: runtime session store services toolkit"
-  "shell: runtime session store gateway services toolkit compose templates history account addressbook")
+  "shell: runtime session store gateway services toolkit compose templates history account")

@@ -3,10 +3,11 @@
 
 build_packages=(
   g++ cmake ninja-build ccache pkg-config
-  qt6-base-dev libgl-dev qt6-svg-dev libsqlite3-dev libcurl4-openssl-dev libpugixml-dev)
+  qt6-base-dev libgl-dev qt6-svg-dev libsqlite3-dev libcurl4-openssl-dev libpugixml-dev
+  libgtest-dev libgmock-dev) # the presets build the tests too
 run_packages=(qt6-qpa-plugins qt6-translations-l10n fonts-nanum)
-screen_packages=(xvfb xauth openbox xdotool x11-utils x11-xserver-utils imagemagick curl sqlite3)
-test_packages=(libgtest-dev libgmock-dev libbenchmark-dev)
+screen_packages=(xvfb openbox xdotool x11-utils x11-xserver-utils imagemagick curl sqlite3)
+bench_packages=(xvfb bsdextrautils)
 check_packages=(clang clang-format-14 clang-tidy-14 git)
 
 # ensure_packages NAME...: installs what is missing of them, through apt, with sudo unless root.
@@ -20,11 +21,17 @@ ensure_packages() {
     echo "These packages are missing, and apt is not there to install them: ${missing[*]}" >&2
     return 1
   fi
-  local as_root=()
-  [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+  local as_root=(env DEBIAN_FRONTEND=noninteractive)
+  if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || {
+      echo "These packages are missing; install them as root: ${missing[*]}" >&2
+      return 1
+    }
+    as_root=(sudo "${as_root[@]}")
+  fi
   echo "Installing: ${missing[*]}"
   "${as_root[@]}" apt-get update -qq
-  DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+  "${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
 # configure_and_build PRESET [TARGET...]: with ccache where it is there.
@@ -38,4 +45,20 @@ configure_and_build() {
   local targets=()
   [ $# -gt 0 ] && targets=(--target "$@")
   cmake --build --preset "$preset" "${targets[@]}"
+}
+
+# start_gateway PROGRAM LOG: the simulated gateway on its own port; waits until it listens. Its process number is
+# in $gateway. Fails when it ends first, as it does when the port is taken.
+start_gateway() {
+  "$1" --port 8790 >"$2" 2>&1 &
+  gateway=$!
+  local patience
+  for patience in $(seq 100); do
+    grep -q '^ready ' "$2" && return 0
+    kill -0 "$gateway" 2>/dev/null || break
+    sleep 0.1
+  done
+  echo "The simulated gateway did not start (is port 8790 taken?):" >&2
+  cat "$2" >&2
+  return 1
 }

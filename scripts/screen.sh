@@ -35,21 +35,24 @@ in_background() {
 # keep their order on a busy machine too.
 open_screen() { # [WIDTHxHEIGHT]
   local number size=${1:-1280x900}
-  export DISPLAY=
-  for number in $(seq 90 120); do
-    [ -e "/tmp/.X$number-lock" ] && continue
-    in_background "$out/xvfb.log" Xvfb ":$number" -screen 0 "${size}x24" -nolisten tcp
-    until_true 10 xdpyinfo -display ":$number" && { DISPLAY=":$number"; break; }
-  done
-  [ -n "$DISPLAY" ] || fail "no virtual display could be started"
-  export QT_QPA_PLATFORM=xcb LANG=C.UTF-8 XDG_RUNTIME_DIR=$out/runtime
+  # The server itself takes the first number that is free.
+  : >"$out/display"
+  Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp 3>"$out/display" >"$out/xvfb.log" 2>&1 &
+  jobs_started+=($!)
+  until_true 10 test -s "$out/display" || fail "no virtual display could be started"
+  DISPLAY=:$(<"$out/display")
+  export DISPLAY
+  export QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8 XDG_RUNTIME_DIR=$out/runtime
   mkdir -m 700 "$XDG_RUNTIME_DIR"
   cat >"$out/openbox.xml" <<'XML'
 <openbox_config xmlns="http://openbox.org/3.4/rc"><focus><focusNew>yes</focusNew></focus>
 <mouse></mouse><keyboard></keyboard></openbox_config>
 XML
   in_background "$out/openbox.log" openbox --config-file "$out/openbox.xml"
+  # A window that comes while the manager is still starting may never be shown.
+  until_true 20 window_manager_is_there || fail "no window manager"
 }
+window_manager_is_there() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 0x; }
 
 # Puts the Hangul of the texts on keys of their own. xdotool would otherwise change the keyboard between two
 # syllables, which a busy program notices too late.

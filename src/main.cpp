@@ -17,7 +17,8 @@ int main(int argc, char** argv)
     // The launch line is all there is on the command line: the toolkit gets to see none of it.
     const QString command = TakeCommandLine(argc, argv);
     int programNameOnly = 1;
-    argv[1] = nullptr;
+    if (argc > 1)
+        argv[1] = nullptr;
 
     Application application(programNameOnly, argv);
     theme::ApplyTheme(application);

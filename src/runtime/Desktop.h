@@ -31,7 +31,8 @@ public:
     /// The pointer of the whole screen.
     virtual void SetMousePointer(MousePointer pointer) = 0;
 
-    /// Opens a web page in the user's browser. An empty address does nothing.
+    /// Opens a web page in the user's browser. An empty address, and one that is no http or https address,
+    /// does nothing.
     virtual void OpenPage(const QString& url) = 0;
 
     /// Opens a file in the program that the user has for it.

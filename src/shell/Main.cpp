@@ -2,7 +2,6 @@
 
 #include "runtime/Desktop.h"
 #include "runtime/DoEvents.h"
-#include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "services/Services.h"
 #include "session/Session.h"
@@ -11,6 +10,8 @@
 #include "store/DBConnect.h"
 #include "store/LoadSMSSetup.h"
 #include "toolkit/Guarded.h"
+
+#include <exception>
 
 namespace tsms {
 
@@ -46,7 +47,7 @@ Launch Main(const QString& command, Services& services)
 {
     try {
         return Start(command, services);
-    } catch (const RuntimeError& error) {
+    } catch (const std::exception& error) {
         // There is no window yet that could live on.
         ReportUnhandled(services.desktop, error);
         return {nullptr, 1};

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 namespace tsms {
 
 /// The numbers under which database failures are raised as RuntimeError. Every engine maps its own onto
@@ -18,5 +20,11 @@ enum DatabaseErrorNumber : long {
     DataOverflow = -2147217833,  ///< a number that its column cannot hold
     BadConnectionText = -2147217805,
 };
+
+/// The server's words for a statement that it cannot read from `token` on.
+inline QString SyntaxErrorNear(QStringView token)
+{
+    return QStringLiteral("Incorrect syntax near '%1'.").arg(token);
+}
 
 } // namespace tsms

@@ -92,8 +92,7 @@ private:
         if (statement_ && token.isEmpty())
             return;
         sqlite3_finalize(statement_);
-        throw RuntimeError(StatementFailure,
-                           QStringLiteral("Incorrect syntax near '") + token + QStringLiteral("'."));
+        throw RuntimeError(StatementFailure, SyntaxErrorNear(token));
     }
 
     EmbeddedConnection& connection_;

@@ -49,12 +49,10 @@ bool Same(std::string_view word, std::string_view upper)
     return true;
 }
 
-RuntimeError SyntaxErrorNear(std::string_view words)
+RuntimeError SyntaxErrorAt(std::string_view words)
 {
-    return RuntimeError(StatementFailure,
-                        QStringLiteral("Incorrect syntax near '") +
-                            QString::fromUtf8(words.data(), static_cast<qsizetype>(words.size())) +
-                            QStringLiteral("'."));
+    return RuntimeError(StatementFailure, SyntaxErrorNear(QString::fromUtf8(
+                                              words.data(), static_cast<qsizetype>(words.size()))));
 }
 
 /// Ends behind the closing sign of a quoted piece; a doubled sign inside does not close it.
@@ -203,7 +201,7 @@ private:
     {
         SkipSpaces();
         if (!Same(Peek().text, expected))
-            throw SyntaxErrorNear(Peek().text);
+            throw SyntaxErrorAt(Peek().text);
         ++at_;
     }
 
@@ -255,7 +253,7 @@ private:
         int depth = 0;
         do {
             if (Peek().kind == Kind::End)
-                throw SyntaxErrorNear(tokens_.back().text);
+                throw SyntaxErrorAt(tokens_.back().text);
             depth += IsSign(at_, "(") ? 1 : IsSign(at_, ")") ? -1 : 0;
             RewriteOne();
         } while (depth > 0);
@@ -304,7 +302,7 @@ private:
     {
         for (int depth = 1; depth > 0;) {
             if (Peek().kind == Kind::End)
-                throw SyntaxErrorNear(tokens_.back().text);
+                throw SyntaxErrorAt(tokens_.back().text);
             depth += IsSign(at_, "(") ? 1 : IsSign(at_, ")") ? -1 : 0;
             RewriteOne();
         }
@@ -336,7 +334,7 @@ private:
         const bool plainCall = IsCall(at_) && !FindRoutine(Peek().text) && !Same(Peek().text, "CONVERT") &&
                                !Same(Peek().text, "DATEADD");
         if (Peek().kind == Kind::End)
-            throw SyntaxErrorNear(tokens_.back().text);
+            throw SyntaxErrorAt(tokens_.back().text);
         RewriteOne();
         if (plainCall)
             RewriteGroup();

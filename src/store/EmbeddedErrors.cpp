@@ -89,8 +89,7 @@ RuntimeError TranslateEmbeddedError(int code, const QString& message, const QStr
         break;
     }
     if (message == u"incomplete input")
-        return RuntimeError(StatementFailure, QStringLiteral("Incorrect syntax near '") + LastToken(sql) +
-                                                  QStringLiteral("'."));
+        return RuntimeError(StatementFailure, SyntaxErrorNear(LastToken(sql)));
     for (const Translation& translation : Translations) {
         const QRegularExpression pattern(QString::fromUtf16(translation.pattern),
                                          QRegularExpression::DotMatchesEverythingOption);

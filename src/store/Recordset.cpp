@@ -19,18 +19,23 @@ int Recordset::FieldIndex(QStringView name) const
                        QStringLiteral("요청한 이름이나 서수에 해당하는 항목을 컬렉션에서 찾을 수 없습니다."));
 }
 
-QString Recordset::Text(int row, int column) const
+const Recordset::Column& Recordset::ColumnAt(int row, int column) const
 {
     if (row < 0 || row >= rows_)
         throw RuntimeError(NoCurrentRecord, QStringLiteral("BOF나 EOF가 참이거나 현재 레코드가 없습니다."));
     if (column < 0 || column >= FieldCount())
         FieldIndex(QStringView());
-    return TextOf(columns_[static_cast<std::size_t>(column)], static_cast<std::size_t>(row));
+    return columns_[static_cast<std::size_t>(column)];
+}
+
+QString Recordset::Text(int row, int column) const
+{
+    return TextOf(ColumnAt(row, column), static_cast<std::size_t>(row));
 }
 
 bool Recordset::IsNull(int row, int column) const
 {
-    return columns_.at(static_cast<std::size_t>(column)).nulls.at(static_cast<std::size_t>(row));
+    return ColumnAt(row, column).nulls[static_cast<std::size_t>(row)];
 }
 
 void Recordset::MoveNext()

@@ -59,6 +59,7 @@ private:
     Column& Next(Kind kind);
     void Filled(bool null);
     static void Promote(Column& column, Kind kind);
+    const Column& ColumnAt(int row, int column) const; ///< raises 3021 and 3265 for what is not there
     static QString TextOf(const Column& column, std::size_t row);
 
     QStringList names_;

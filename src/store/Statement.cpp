@@ -1,6 +1,7 @@
 #include "store/Statement.h"
 
 #include "runtime/Text.h"
+#include "store/DatabaseError.h"
 
 #include <algorithm>
 #include <array>
@@ -11,11 +12,6 @@ namespace tsms {
 namespace {
 
 constexpr char16_t Apostrophe = u'\'';
-
-QString SyntaxErrorNear(QStringView words)
-{
-    return QStringLiteral("Incorrect syntax near '%1'.").arg(words);
-}
 
 bool IsDigit(QChar c)
 {

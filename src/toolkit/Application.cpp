@@ -19,9 +19,11 @@ bool Application::notify(QObject* receiver, QEvent* event)
 {
     if (!desktop_)
         return QApplication::notify(receiver, event);
+    const BusyWatch watch;
     try {
         return QApplication::notify(receiver, event);
     } catch (const std::exception& error) {
+        watch.Restore(*desktop_);
         ReportUnhandled(*desktop_, error);
         return true;
     }

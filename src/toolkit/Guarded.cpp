@@ -5,6 +5,8 @@
 #include "runtime/Text.h"
 #include "toolkit/Form.h"
 
+#include <algorithm>
+
 namespace tsms {
 
 namespace {
@@ -18,6 +20,12 @@ RuntimeError AsRuntimeError(const std::exception& error)
                             .arg(QString::fromUtf8(error.what())));
 }
 
+bool IsAnyFormBusy()
+{
+    const QList<Form*>& forms = Form::Loaded();
+    return std::any_of(forms.begin(), forms.end(), [](const Form* form) { return form->IsBusy(); });
+}
+
 } // namespace
 
 void ReportUnhandled(Desktop& desktop, const std::exception& error)
@@ -26,6 +34,17 @@ void ReportUnhandled(Desktop& desktop, const std::exception& error)
     const QString text = QStringLiteral("오류번호 : ") + QString::number(shown.Number) + CrLf.toString() +
                          QStringLiteral("오류내용 : ") + shown.Description;
     desktop.MsgBox(text, MsgBoxCritical, QStringLiteral("프로그램 오류"));
+}
+
+BusyWatch::BusyWatch() : wasBusy_(IsAnyFormBusy()) {}
+
+void BusyWatch::Restore(Desktop& desktop) const
+{
+    if (wasBusy_ || !IsAnyFormBusy())
+        return;
+    for (Form* form : Form::Loaded())
+        form->SetBusy(Boolean::False);
+    desktop.SetMousePointer(MousePointer::Default);
 }
 
 void RaiseEvent(const QWidget& control, const std::function<void()>& handler)

@@ -15,8 +15,23 @@ class Desktop;
 /// that is no RuntimeError is shown as an AutomationError that names it.
 void ReportUnhandled(Desktop& desktop, const std::exception& error);
 
+/// Looks whether Busy is set when an event handler begins. One that set it and ended in an error would leave
+/// the buttons and keys of all forms dead.
+class BusyWatch
+{
+public:
+    BusyWatch();
+
+    /// For the end in an error: clears what was set since, with the pointers. Busy that was set before
+    /// belongs to an operation that still runs, and stays.
+    void Restore(Desktop& desktop) const;
+
+private:
+    bool wasBusy_;
+};
+
 /// A callable for connect(), with the parameters of the one that it holds. An unhandled exception ends in
-/// ReportUnhandled, so that none crosses Qt.
+/// ReportUnhandled, so that none crosses Qt, and leaves no Busy behind.
 template <class F> class GuardedCall
 {
 public:
@@ -26,9 +41,11 @@ public:
     requires std::invocable<F&, Values...>
     void operator()(Values&&... values)
     {
+        const BusyWatch watch;
         try {
             body_(std::forward<Values>(values)...);
         } catch (const std::exception& error) {
+            watch.Restore(*desktop_);
             ReportUnhandled(*desktop_, error);
         }
     }

@@ -1,6 +1,7 @@
 #include "toolkit/QtDesktop.h"
 
 #include "runtime/Text.h"
+#include "toolkit/Form.h"
 #include "toolkit/LimitRule.h"
 
 #include <QApplication>
@@ -10,20 +11,35 @@
 #include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
+#include <QShowEvent>
 #include <QTextDocument>
 #include <QUrl>
 
+#include <algorithm>
 #include <cmath>
 
 namespace tsms {
 
 namespace {
 
+Form* LastVisibleForm()
+{
+    const QList<Form*>& forms = Form::Loaded();
+    const auto found =
+        std::find_if(forms.rbegin(), forms.rend(), [](const Form* form) { return form->isVisible(); });
+    return found == forms.rend() ? nullptr : *found;
+}
+
 /// The window that a box must stand before.
 QWidget* FrontWindow()
 {
-    QWidget* modal = QApplication::activeModalWidget();
-    return modal ? modal : QApplication::activeWindow();
+    if (QWidget* modal = QApplication::activeModalWidget())
+        return modal;
+    if (QWidget* active = QApplication::activeWindow())
+        return active;
+    // Just after a dialog has closed, the window manager has not yet made another one active.
+    return LastVisibleForm();
 }
 
 QMessageBox::Icon IconOf(MsgBoxStyle style)
@@ -122,22 +138,79 @@ private:
     QTextDocument text_;
 };
 
-void BreakLongWords(const QMessageBox& box)
+/// How wide the text of a box may be. A box itself keeps to a limit that follows its screen.
+int MostTextWidth(const QMessageBox& box)
 {
-    constexpr int MostWidth = 600;
+    constexpr int ReadableWidth = 620;
+    constexpr int SignAndMargins = 110;
+    const int screen = box.screen()->availableGeometry().width();
+    const int boxLimit = screen <= 1024 ? screen : screen - 480;
+    return std::min(ReadableWidth, boxLimit - SignAndMargins);
+}
+
+/// The width of the longest line; where that is too much, the least that needs no more lines than the most
+/// does, so that no word stands alone on the last one.
+int TextWidth(QLabel& label, int most)
+{
+    constexpr int Step = 10;
+    label.setWordWrap(false);
+    const int longest = label.sizeHint().width() + 1;
+    label.setWordWrap(true);
+    if (longest <= most)
+        return longest;
+    const int height = label.heightForWidth(most);
+    int width = most;
+    while (width > most * 2 / 3 && label.heightForWidth(width - Step) == height)
+        width -= Step;
+    return width;
+}
+
+void LayOutText(const QMessageBox& box)
+{
     auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
     if (!label)
         return;
+    const int most = MostTextWidth(box);
     label->setWordWrap(true); // then its least width is that of its longest word
-    if (label->minimumSizeHint().width() > MostWidth)
-        new WordBreaker(*label, MostWidth);
+    if (label->minimumSizeHint().width() > most)
+        new WordBreaker(*label, most);
+    else
+        label->setMinimumWidth(TextWidth(*label, most));
 }
+
+/// A box whose place is its own choice: left to itself it is only a proposal, which window managers overrule.
+class PlacedBox final : public QMessageBox
+{
+public:
+    using QMessageBox::QMessageBox;
+
+protected:
+    void showEvent(QShowEvent* event) override
+    {
+        QMessageBox::showEvent(event);
+        if (!event->spontaneous() && parentWidget())
+            MoveBefore(*parentWidget()->window());
+    }
+
+private:
+    void MoveBefore(const QWidget& window)
+    {
+        const QRect room = screen()->availableGeometry();
+        QRect place(QPoint(), size());
+        place.moveCenter(window.frameGeometry().center());
+        place.moveRight(std::min(place.right(), room.right()));
+        place.moveBottom(std::min(place.bottom(), room.bottom()));
+        place.moveLeft(std::max(place.left(), room.left()));
+        place.moveTop(std::max(place.top(), room.top()));
+        move(place.topLeft());
+    }
+};
 
 } // namespace
 
 MsgBoxAnswer QtDesktop::MsgBox(const QString& text, MsgBoxStyle style, const QString& title)
 {
-    QMessageBox box(FrontWindow());
+    PlacedBox box(FrontWindow());
     box.setTextFormat(Qt::PlainText);
     box.setWindowTitle(title);
     box.setText(ShownText(text));
@@ -152,7 +225,7 @@ MsgBoxAnswer QtDesktop::MsgBox(const QString& text, MsgBoxStyle style, const QSt
     NameButton(box, QMessageBox::Ok, QStringLiteral("확인"));
     NameButton(box, QMessageBox::Yes, QStringLiteral("예"));
     NameButton(box, QMessageBox::No, QStringLiteral("아니요"));
-    BreakLongWords(box);
+    LayOutText(box);
     const int answer = box.exec();
     if (!Asks(style))
         return AnswerOK;
@@ -170,8 +243,9 @@ void QtDesktop::SetMousePointer(MousePointer pointer)
 
 void QtDesktop::OpenPage(const QString& url)
 {
-    if (!url.isEmpty())
-        QDesktopServices::openUrl(QUrl::fromUserInput(url));
+    const QUrl page = QUrl::fromUserInput(url);
+    if (page.scheme() == u"http" || page.scheme() == u"https") // the address comes from a table
+        QDesktopServices::openUrl(page);
 }
 
 void QtDesktop::OpenDocument(const QString& path)

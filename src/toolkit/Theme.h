@@ -23,12 +23,14 @@ inline constexpr QColor StripText{30, 52, 62};     ///< words on a title strip
 inline constexpr QColor Accent{28, 110, 140};      ///< the primary button, the focus ring
 inline constexpr QColor Frame{138, 160, 168};      ///< the fine frame of a window
 inline constexpr QColor ButtonFace{244, 247, 248}; ///< face of an ordinary button
+inline constexpr QColor Handle{118, 136, 144};     ///< the handle and the arrows of a scroll bar
 inline constexpr QColor Warning{200, 64, 56};      ///< a closing button under the mouse
 
 /// The program's font, size 9.
 QFont Font();
 
-/// Style, palette and font of the whole program.
+/// Style, palette and font of the whole program. The signs and buttons of message boxes and the scroll bars
+/// are drawn in the manner of the program's own controls.
 void ApplyTheme(QApplication& application);
 
 /// A darker or lighter neighbour of a face colour, for a face under the mouse or pressed.

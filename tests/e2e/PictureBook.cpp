@@ -171,7 +171,8 @@ void PictureBook::SaveIndex()
 {
     QFile file(folder_.filePath(u"README.md"_q));
     EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(u"# Windows and boxes\n\nMade by `scripts/pictures`; see there.\n\n"
+    file.write(u"# Windows and boxes\n\nMade by `scripts/pictures`, which tells how to make them at other "
+               u"scalings.\n\n"
                "| Picture | Title | Name |\n|---|---|---|\n"_q.toUtf8());
     file.write(index_.join(u'\n').toUtf8() + '\n');
 }

@@ -38,12 +38,14 @@ bool IsWindowOnView()
 void ExpectInPlace(const QMessageBox& box, const QString& name)
 {
     EXPECT_EQ(box.parentWidget() != nullptr, IsWindowOnView()) << name.toStdString();
-    const QRect around = box.parentWidget() ? box.parentWidget()->window()->frameGeometry()
-                                            : box.screen()->availableGeometry();
-    const QPoint off = box.frameGeometry().center() - around.center();
-    constexpr int Tolerance = 60; // a frame, whose size is guessed before there is one
-    EXPECT_TRUE(qAbs(off.x()) <= Tolerance && qAbs(off.y()) <= Tolerance)
-        << name.toStdString() << " stands off its middle by " << off.x() << ", " << off.y();
+    // Without frames: that of a window which just came up is told late, and wrongly until then.
+    const QRect around =
+        box.parentWidget() ? box.parentWidget()->window()->geometry() : box.screen()->availableGeometry();
+    const auto off = [&] { return box.geometry().center() - around.center(); };
+    constexpr int Tolerance = 60; // half a frame, whose size is guessed before there is one
+    const auto inPlace = [&] { return qAbs(off().x()) <= Tolerance && qAbs(off().y()) <= Tolerance; };
+    EXPECT_TRUE(QTest::qWaitFor(inPlace, 2000))
+        << name.toStdString() << " stands off its middle by " << off().x() << ", " << off().y();
 }
 
 } // namespace

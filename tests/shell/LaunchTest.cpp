@@ -1,5 +1,6 @@
 #include "runtime/RuntimeError.h"
 #include "shell/LaunchLine.h"
+#include "shell/Main.h"
 #include "support/program/Program.h"
 #include "toolkit/Controls.h"
 #include "toolkit/TextBox.h"
@@ -7,6 +8,8 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+
+#include <stdexcept>
 
 using namespace tsms;
 using namespace tsms::test;
@@ -116,6 +119,20 @@ TEST_F(Launching, ANumberThatIsNoneEndsInAFatalErrorBeforeAnyWindow)
 TEST_F(Launching, ANumberBeyondThirtyTwoBitsEndsInAFatalErrorBeforeAnyWindow)
 {
     ExpectFatal(u"a■b■c■d■e■2147483648■g"_q, Overflow);
+}
+
+TEST_F(Launching, AnErrorFromElsewhereEndsInTheFatalBoxToo)
+{
+    program.desktop.Expect(
+        {u"프로그램 오류"_q,
+         u"오류번호 : 440\r\n오류내용 : 프로그램 내부에서 예기치 않은 오류가 발생하였습니다. (driver)"_q,
+         MsgBoxCritical});
+    DBConnect db(program.session, program.desktop,
+                 []() -> std::unique_ptr<Connection> { throw std::runtime_error("driver"); });
+    Services services{program.session, program.desktop, program.clock, db, program.sms};
+    const Launch launch = Main(program.LaunchLine(), services);
+    EXPECT_EQ(launch.form, nullptr);
+    EXPECT_EQ(launch.exitStatus, 1);
 }
 
 TEST_F(Launching, TheAccountChecksComeWhenBusyHasGoneOff)

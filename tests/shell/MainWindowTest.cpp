@@ -235,7 +235,7 @@ TEST_F(MainWindow, YesEndsTheProgram)
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, program.form.get(), [&] { quit = true; });
     program.desktop.Expect(ClosingQuestion(), AnswerYes);
     QTimer::singleShot(0, program.form.get(), [this] { program.Click(u"BtnWindows(2)"_q); });
-    QTimer::singleShot(3000, program.form.get(), [] { QApplication::exit(99); });
+    QTimer::singleShot(30000, program.form.get(), [] { QApplication::exit(99); });
     EXPECT_EQ(QApplication::exec(), 0);
     EXPECT_TRUE(quit);
     EXPECT_EQ(Form::Find(u"frmSMSMain"_q), nullptr);

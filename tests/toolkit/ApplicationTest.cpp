@@ -1,6 +1,8 @@
 #include "toolkit/Application.h"
 
 #include "runtime/RuntimeError.h"
+#include "session/Session.h"
+#include "toolkit/Form.h"
 
 #include "support/ScriptedDesktop.h"
 #include "support/Words.h"
@@ -65,6 +67,24 @@ TEST(Application, AnErrorFromElsewhereEndsInTheBoxToo)
     QCoreApplication::postEvent(&thrower, new QEvent(QEvent::User));
     QCoreApplication::processEvents();
     EXPECT_EQ(desktop.boxes.size(), 1);
+}
+
+TEST(Application, AnErrorThatLeftAnEventHandlerLeavesNoBusyBehind)
+{
+    ScriptedDesktop desktop;
+    desktop.AllowBoxes();
+    TheApplication().SetDesktop(desktop);
+    Session session;
+    Form form(session, desktop, u"frmTest"_q, Form::Kind::Main);
+    Thrower thrower;
+    thrower.raise = [&] {
+        form.SetBusy(Boolean::True);
+        throw RuntimeError(91, u"없음"_q);
+    };
+    QCoreApplication::postEvent(&thrower, new QEvent(QEvent::User));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(desktop.boxes.size(), 1);
+    EXPECT_FALSE(session.IsBusy());
 }
 
 } // namespace

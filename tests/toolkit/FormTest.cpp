@@ -372,6 +372,39 @@ TEST_F(FormTest, AnErrorFromElsewhereEndsInTheBoxToo)
     EXPECT_EQ(desktop.boxes.size(), 1);
 }
 
+TEST_F(FormTest, AHandlerThatSetBusyAndEndsInAnErrorLeavesTheFormAlive)
+{
+    TestForm form(session, desktop);
+    bool busyInBox = true;
+    desktop.Expect({u"프로그램 오류"_q, u"오류번호 : 91\r\n오류내용 : 없음"_q, MsgBoxCritical}, AnswerOK,
+                   [&] { busyInBox = session.IsBusy(); });
+    PushButton button(&form, u"Btn"_q, u"a"_q);
+    button.OnClick = [&] {
+        form.SetBusy(Boolean::True);
+        desktop.SetMousePointer(MousePointer::Hourglass);
+        throw RuntimeError(91, u"없음"_q);
+    };
+    button.Click();
+    EXPECT_FALSE(busyInBox);
+    EXPECT_FALSE(form.IsBusy());
+    EXPECT_NE(form.cursor().shape(), Qt::WaitCursor);
+    EXPECT_EQ(desktop.pointers.last(), MousePointer::Default);
+}
+
+TEST_F(FormTest, AnErrorInAnotherHandlerLeavesARunningOperationBusy)
+{
+    TestForm form(session, desktop);
+    desktop.AllowBoxes();
+    PushButton button(&form, u"Btn"_q, u"a"_q);
+    button.OnClick = [] { throw RuntimeError(91, u"없음"_q); };
+    form.SetBusy(Boolean::True);
+    button.Click();
+    EXPECT_EQ(desktop.boxes.size(), 1);
+    EXPECT_TRUE(form.IsBusy());
+    EXPECT_EQ(form.cursor().shape(), Qt::WaitCursor);
+    EXPECT_TRUE(desktop.pointers.isEmpty());
+}
+
 TEST_F(FormTest, WithoutAFormAnErrorGoesToTheCaller)
 {
     PushButton button(nullptr, u"Btn"_q, u"a"_q);

@@ -1,5 +1,9 @@
 #include "toolkit/QtDesktop.h"
 
+#include "session/Session.h"
+#include "toolkit/Form.h"
+
+#include "support/ScriptedDesktop.h"
 #include "support/Words.h"
 
 #include <QApplication>
@@ -188,6 +192,78 @@ TEST(QtDesktop, AMessageBoxStandsBeforeTheActiveWindow)
     EXPECT_EQ(owner, &window);
 }
 
+TEST(QtDesktop, WithoutAnActiveWindowABoxStandsBeforeTheFormThatWasLoadedLastAndIsOnView)
+{
+    Session session;
+    ScriptedDesktop unused;
+    Form main(session, unused, u"frmMain"_q, Form::Kind::Main);
+    Form onView(session, unused, u"frmOnView"_q, Form::Kind::Main);
+    const Form hidden(session, unused, u"frmHidden"_q, Form::Kind::Main);
+    main.setAttribute(Qt::WA_ShowWithoutActivating);
+    onView.setAttribute(Qt::WA_ShowWithoutActivating);
+    main.show();
+    onView.show();
+    QApplication::processEvents();
+    QApplication::setActiveWindow(nullptr);
+    ASSERT_EQ(QApplication::activeWindow(), nullptr);
+    const QWidget* owner = nullptr;
+    Meanwhile<QMessageBox>([&](QMessageBox& box) {
+        owner = box.parentWidget();
+        box.accept();
+    });
+    QtDesktop desktop;
+    desktop.MsgBox(u"a"_q, MsgBoxPlain, u"b"_q);
+    EXPECT_EQ(owner, &onView);
+}
+
+/// How many pixels of a box's label the text takes, and how many it has.
+struct Room
+{
+    int labelWidth = 0;
+    int lines = 0;
+    int lineWidth = 0; ///< of the whole text, on one line
+};
+
+Room RoomOf(const QString& text)
+{
+    Room room;
+    Meanwhile<QMessageBox>([&](QMessageBox& box) {
+        const auto* label = box.findChild<QLabel*>(u"qt_msgbox_label"_q);
+        ASSERT_NE(label, nullptr);
+        room.labelWidth = label->width();
+        room.lines = label->heightForWidth(label->width()) / label->fontMetrics().lineSpacing();
+        room.lineWidth = label->fontMetrics().horizontalAdvance(text);
+        box.accept();
+    });
+    QtDesktop desktop;
+    desktop.MsgBox(text, MsgBoxCritical, u"a"_q);
+    return room;
+}
+
+/// A text of short words, up to so many pixels wide.
+QString Words(int width)
+{
+    const QFontMetrics metrics(QApplication::font());
+    QString words = u"가나"_q;
+    while (metrics.horizontalAdvance(words + u" 다라"_q) <= width)
+        words += u" 다라"_q;
+    return words;
+}
+
+TEST(QtDesktop, ALineOfSixHundredPixelsIsNotWrapped)
+{
+    const Room room = RoomOf(Words(600));
+    EXPECT_EQ(room.lines, 1);
+    EXPECT_GE(room.labelWidth, room.lineWidth);
+}
+
+TEST(QtDesktop, AWiderTextIsWrappedIntoLinesOfLikeLength)
+{
+    const Room room = RoomOf(Words(680));
+    EXPECT_EQ(room.lines, 2);
+    EXPECT_LE(room.labelWidth, 480);
+}
+
 TEST(QtDesktop, TheHourglassIsNeverStacked)
 {
     QtDesktop desktop;
@@ -221,6 +297,8 @@ TEST(QtDesktop, PagesAndDocumentsGoToTheUsersPrograms)
     desktop.OpenPage(QString());
     desktop.OpenPage(u"http://sms.example.kr/charge?a=1"_q);
     desktop.OpenPage(u"www.example.kr"_q);
+    desktop.OpenPage(u"file:///etc/hosts"_q);
+    desktop.OpenPage(u"/etc/hosts"_q);
     desktop.OpenDocument(u"/tmp/보고서.xls"_q);
     QDesktopServices::unsetUrlHandler(QStringLiteral("http"));
     QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
