@@ -151,7 +151,7 @@ bool MemoBox::event(QEvent* event)
 void MemoBox::keyPressEvent(QKeyEvent* event)
 {
     SendFilteredKey(
-        *event, [this](QStringView keys) { return PassKeys(keys); },
+        *event, [this](QStringView keys) { return WithRoom(PassKeys(keys)); },
         [this](QKeyEvent* key) {
             const EditStep step(*this, *key);
             if (key->key() == Qt::Key_Return && key->modifiers() == Qt::ShiftModifier) {

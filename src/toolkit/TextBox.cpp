@@ -70,7 +70,7 @@ bool TextBox::event(QEvent* event)
 void TextBox::keyPressEvent(QKeyEvent* event)
 {
     SendFilteredKey(
-        *event, [this](QStringView keys) { return PassKeys(keys); },
+        *event, [this](QStringView keys) { return WithRoom(PassKeys(keys)); },
         [this](QKeyEvent* key) { QLineEdit::keyPressEvent(key); });
 }
 

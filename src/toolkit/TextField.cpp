@@ -1,5 +1,6 @@
 #include "toolkit/TextField.h"
 
+#include "runtime/CodePage949.h"
 #include "toolkit/Guarded.h"
 #include "toolkit/LimitRule.h"
 #include "toolkit/Theme.h"
@@ -179,6 +180,15 @@ void TextField::AwaitReturn()
             TellFocus(false, Qt::OtherFocusReason); // it was put elsewhere meanwhile
     };
     awaited_ = QObject::connect(qApp, &QApplication::focusChanged, &Widget(), look);
+}
+
+QString TextField::WithRoom(const QString& key) const
+{
+    constexpr char16_t firstPrintable = u' ';
+    const bool putsIn = key.size() == 1 && key[0].unicode() >= firstPrintable;
+    if (!putsIn || byteLimit_ == 0 || SelLength() > 0)
+        return key;
+    return MessageBytes(settled_) + MessageBytes(key) > byteLimit_ ? QString() : key;
 }
 
 QString TextField::PassKeys(QStringView keys)

@@ -76,6 +76,10 @@ public:
     /// of the same change. The multi-line box undoes a change and its correction in one step.
     void Correct(const QString& text, int caret);
 
+    /// The byte limit that the field is held to. A key whose character finds no room is then refused before
+    /// it acts; to put it in and take it out again would cost the control a second layout of the text.
+    void SetByteLimit(int limit) { byteLimit_ = limit; }
+
 protected:
     virtual void Replace(const QString& text, int caret) = 0;
     /// The caret, which may be at either end of a selection.
@@ -89,6 +93,8 @@ protected:
     void TellFocus(bool gained, Qt::FocusReason reason);
     /// The characters that OnKeyPress lets pass.
     QString PassKeys(QStringView keys);
+    /// Of a key press, its character: nothing when it finds no room.
+    QString WithRoom(const QString& key) const;
 
 private:
     void AwaitReturn();
@@ -100,6 +106,7 @@ private:
     QWidget* backing_ = nullptr;
     QMetaObject::Connection awaited_; // while the focus is out of the window
     int maxLength_ = 0;
+    int byteLimit_ = 0;
     int rounds_ = 0;
     bool byProgram_ = false;
     bool correcting_ = false;

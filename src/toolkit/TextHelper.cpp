@@ -36,6 +36,7 @@ QString PhoneCharacters(QStringView text)
 
 void TextHelper::LimitBytes(TextField& field, int limit)
 {
+    field.SetByteLimit(limit);
     const QString text = field.Text();
     constexpr int MostBytesOfUnit = 2;
     if (text.size() * MostBytesOfUnit <= limit || MessageBytes(text) <= limit)

@@ -175,6 +175,35 @@ TEST_F(TextHelperTest, AHundredThousandPastedCharactersAreCut)
     }
 }
 
+TEST_F(TextHelperTest, AKeyWithoutRoomNeverReachesTheTextAndASelectionMakesRoom)
+{
+    LimitBoth(4);
+    for (TextField* field : {static_cast<TextField*>(&line), static_cast<TextField*>(&memo)}) {
+        field->SetText(u"가나"_q);
+        const auto told = field->OnChange;
+        int changes = 0;
+        field->OnChange = [&] {
+            ++changes;
+            told();
+        };
+        field->SetSelStart(1);
+        QTest::keyClick(&field->Widget(), Qt::Key_A);
+        EXPECT_EQ(field->Text(), u"가나"_q);
+        EXPECT_EQ(field->SelStart(), 1);
+        EXPECT_EQ(changes, 0);
+        field->Select(0, 1);
+        QTest::keyClick(&field->Widget(), Qt::Key_B);
+        EXPECT_EQ(field->Text(), u"b나"_q);
+        QTest::keyClick(&field->Widget(), Qt::Key_C);
+        EXPECT_EQ(field->Text(), u"bc나"_q);
+        QTest::keyClick(&field->Widget(), Qt::Key_D);
+        EXPECT_EQ(field->Text(), u"bc나"_q);
+        QTest::keyClick(&field->Widget(), Qt::Key_Backspace);
+        EXPECT_EQ(field->Text(), u"b나"_q);
+        field->OnChange = told;
+    }
+}
+
 TEST_F(TextHelperTest, NoSequenceOfChangesLeavesMoreThanTheLimit)
 {
     LimitBoth(13);
