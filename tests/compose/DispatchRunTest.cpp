@@ -61,6 +61,16 @@ protected:
         });
     }
 
+    /// Clicks "send" on the page, runs `act` in the dialog that opens, and leaves it by Esc.
+    void OpenAndLeave(std::function<void(QWidget&)> act)
+    {
+        WhenShown(u"MakeSMSTransport"_q, [act](QWidget& dialog) {
+            act(dialog);
+            PressKey(dialog, Qt::Key_Escape);
+        });
+        program.Click(u"BtnSend(0)"_q);
+    }
+
     void Tick(QWidget& dialog) { ClickOn(program.On<QCheckBox>(dialog, u"ChkTime"_q)); }
     void Choose(QWidget& dialog, const QString& date, const QString& hour, const QString& minute)
     {
@@ -153,16 +163,14 @@ TEST_F(Dispatch, ARefusedTimeReadsNoAccountAndOpensNoPage)
     program.desktop.Expect({u"문자메세지 발송시간"_q,
                             u"보낼 시간을 현재시간으로 부터 3분 이후로 설정하여 주십시오. "_q,
                             MsgBoxCritical});
-    WhenShown(u"MakeSMSTransport"_q, [this](QWidget& dialog) {
+    OpenAndLeave([this](QWidget& dialog) {
         program.database.SetAccount(1);
         Tick(dialog);
         Choose(dialog, u"2012-05-30"_q, u"00"_q, u"00"_q);
         const int opens = program.connections.Opens();
         PressKey(dialog, Qt::Key_F12);
         EXPECT_EQ(program.connections.Opens(), opens);
-        PressKey(dialog, Qt::Key_Escape);
     });
-    program.Click(u"BtnSend(0)"_q);
     EXPECT_TRUE(program.desktop.pages.isEmpty());
 }
 
@@ -183,7 +191,7 @@ TEST_F(Dispatch, ADayThatIsBeingTypedIsTheDayThatIsSent)
         {u"문자메세지 발송시간"_q, u"잘못된 일시선택입니다. 다시 선택하여 주십시오."_q, MsgBoxCritical});
     program.Write(u"안녕"_q);
     program.List(Good(1));
-    WhenShown(u"MakeSMSTransport"_q, [this](QWidget& dialog) {
+    OpenAndLeave([this](QWidget& dialog) {
         Tick(dialog);
         auto& date = program.On<DatePicker>(dialog, u"DTPicker1"_q);
         date.setFocus();
@@ -191,9 +199,7 @@ TEST_F(Dispatch, ADayThatIsBeingTypedIsTheDayThatIsSent)
         TypeText(date, u"3"_q);
         EXPECT_EQ(date.text(), u"2012-05-3"_q);
         PressKey(dialog, Qt::Key_F12);
-        PressKey(dialog, Qt::Key_Escape);
     });
-    program.Click(u"BtnSend(0)"_q);
     EXPECT_EQ(program.gateway.CallCount(), 0);
 }
 
@@ -319,14 +325,12 @@ TEST_F(Dispatch, APastDayIsRefusedAndTheDateGetsTheFocus)
         {u"문자메세지 발송시간"_q, u"잘못된 일시선택입니다. 다시 선택하여 주십시오."_q, MsgBoxCritical});
     program.Write(u"안녕"_q);
     program.List(Good(1));
-    WhenShown(u"MakeSMSTransport"_q, [this](QWidget& dialog) {
+    OpenAndLeave([this](QWidget& dialog) {
         Tick(dialog);
         Choose(dialog, u"2012-05-29"_q, u"23"_q, u"55"_q);
         ClickOn(program.On<QWidget>(dialog, u"BtnSendS(0)"_q));
         EXPECT_TRUE(program.On<QWidget>(dialog, u"DTPicker1"_q).hasFocus());
-        PressKey(dialog, Qt::Key_Escape);
     });
-    program.Click(u"BtnSend(0)"_q);
     EXPECT_EQ(program.gateway.CallCount(), 0);
 }
 
@@ -368,14 +372,12 @@ TEST_F(Dispatch, ASuggestionNearTheFullHourLiesInThePastAndIsRefused)
                             MsgBoxCritical});
     program.Write(u"안녕"_q);
     program.List(Good(1));
-    WhenShown(u"MakeSMSTransport"_q, [this](QWidget& dialog) {
+    OpenAndLeave([this](QWidget& dialog) {
         Tick(dialog);
         EXPECT_EQ(program.On<ComboBox>(dialog, u"CbTime"_q).Text(), u"10시"_q);
         EXPECT_EQ(program.On<ComboBox>(dialog, u"CbMintue"_q).Text(), u"00분"_q);
         PressKey(dialog, Qt::Key_F12);
-        PressKey(dialog, Qt::Key_Escape);
     });
-    program.Click(u"BtnSend(0)"_q);
     EXPECT_EQ(program.gateway.CallCount(), 0);
 }
 
@@ -384,13 +386,11 @@ TEST_F(Dispatch, ABalanceThatFellMeanwhileStopsTheSendAtTheDialog)
     program.Write(u"안녕"_q);
     program.List(Good(2));
     program.desktop.Expect(ShortageBox());
-    WhenShown(u"MakeSMSTransport"_q, [this](QWidget& dialog) {
+    OpenAndLeave([this](QWidget& dialog) {
         program.database.SetAccount(1);
         ClickOn(program.On<QWidget>(dialog, u"BtnSendS(0)"_q));
         EXPECT_TRUE(dialog.isVisible());
-        PressKey(dialog, Qt::Key_Escape);
     });
-    program.Click(u"BtnSend(0)"_q);
     EXPECT_EQ(program.desktop.pages, QStringList{program.session.SMSWeb2});
     EXPECT_EQ(program.gateway.CallCount(), 0);
 }
@@ -461,8 +461,7 @@ TEST_F(Dispatch, TheMainWindowKeepsShowingTheBalanceFromBeforeTheRunUntilTheNext
     SendTo(Good(2));
     EXPECT_EQ(program.Balance(), 98);
     EXPECT_EQ(program.Caption(u"lblSMSCnt"_q), u"100건 남았습니다."_q);
-    WhenShown(u"MakeSMSTransport"_q, [](QWidget& dialog) { PressKey(dialog, Qt::Key_Escape); });
-    program.Click(u"BtnSend(0)"_q);
+    OpenAndLeave([](QWidget&) {});
     EXPECT_EQ(program.Caption(u"lblSMSCnt"_q), u"98건 남았습니다."_q);
 }
 
