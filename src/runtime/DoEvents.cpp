@@ -1,20 +1,18 @@
 #include "runtime/DoEvents.h"
 
+#include "runtime/ScreenPace.h"
+
 #include <QCoreApplication>
-#include <QElapsedTimer>
 
 namespace tsms {
 
 void DoEvents()
 {
-    // A screen shows some sixty pictures a second. A run calls this many times between two of them, and each
-    // call would lay out and paint what nobody sees.
-    constexpr int pictureMilliseconds = 16;
-    static QElapsedTimer last;
-    if (last.isValid() && last.elapsed() < pictureMilliseconds)
-        return;
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    last.start();
+    // A run calls this many times between two pictures of the screen, and each call would lay out and paint
+    // what nobody sees.
+    static ScreenPace pace;
+    if (pace.IsDue())
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 } // namespace tsms

@@ -36,17 +36,6 @@ void NameByWords(QWidget& widget, const QString& words)
     widget.setAccessibleName(words.isEmpty() ? widget.objectName() : words);
 }
 
-/// A screen shows some sixty pictures a second: what changes sooner is marked for painting and waits for the
-/// next.
-bool IsPictureDue(QElapsedTimer& last)
-{
-    constexpr int pictureMilliseconds = 16;
-    if (last.isValid() && last.elapsed() < pictureMilliseconds)
-        return false;
-    last.start();
-    return true;
-}
-
 /// Room of a mark and its words for the ring of the focus.
 constexpr QMargins RingRoom(4, 3, 4, 3);
 
@@ -240,7 +229,7 @@ void Label::SetCaption(const QString& caption)
 
 void Label::Refresh()
 {
-    if (IsPictureDue(lastRefresh_))
+    if (pace_.IsDue())
         repaint();
 }
 
@@ -420,7 +409,7 @@ void ProgressBar::Show()
 
 void ProgressBar::Refresh()
 {
-    if (FilledPixels() != painted_ && IsPictureDue(lastRefresh_))
+    if (FilledPixels() != painted_ && pace_.IsDue())
         repaint();
 }
 

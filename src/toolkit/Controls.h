@@ -1,9 +1,10 @@
 #pragma once
 
+#include "runtime/ScreenPace.h"
+
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QColor>
-#include <QElapsedTimer>
 #include <QFrame>
 #include <QLabel>
 #include <QProgressBar>
@@ -114,7 +115,7 @@ protected:
 
 private:
     QString caption_;
-    QElapsedTimer lastRefresh_;
+    ScreenPace pace_;
 };
 
 /// A surface that other controls stand on.
@@ -207,7 +208,7 @@ private:
     int max_ = 100;
     int value_ = 0;
     int painted_ = -1;
-    QElapsedTimer lastRefresh_;
+    ScreenPace pace_;
 };
 
 /// One choice of several. OnClick comes with each choosing, by a person or by SetValue(true).
