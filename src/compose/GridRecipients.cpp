@@ -6,17 +6,6 @@
 
 namespace tsms {
 
-namespace {
-
-QString CellText(const fpSpread& grid, int column, int row)
-{
-    QString text;
-    GridHelper().GetCellText(grid, column, row, text);
-    return text;
-}
-
-} // namespace
-
 int GridRecipients::MaxRows() const
 {
     return grid_.MaxRows();
@@ -29,12 +18,12 @@ bool GridRecipients::RowHidden(int row) const
 
 QString GridRecipients::NameText(int row) const
 {
-    return CellText(grid_, NameColumn, row);
+    return GridHelper().GetCellText(grid_, NameColumn, row);
 }
 
 QString GridRecipients::PhoneText(int row) const
 {
-    return CellText(grid_, PhoneColumn, row);
+    return GridHelper().GetCellText(grid_, PhoneColumn, row);
 }
 
 } // namespace tsms

@@ -210,9 +210,7 @@ void TemplateEditor::InsertAtCaret(const QString& piece)
 
 void TemplateEditor::InsertActiveSymbol()
 {
-    QString symbol;
-    GridHelper().GetCellText(*symbols_, symbols_->ActiveCol(), symbols_->ActiveRow(), symbol);
-    InsertAtCaret(symbol);
+    InsertAtCaret(GridHelper().GetCellText(*symbols_, symbols_->ActiveCol(), symbols_->ActiveRow()));
 }
 
 void TemplateEditor::SymbolKeyPress(int& key)

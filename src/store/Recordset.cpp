@@ -54,6 +54,11 @@ QString Recordset::Field(int column) const
     return Text(current_, column);
 }
 
+bool Recordset::IsNull(QStringView name) const
+{
+    return IsNull(current_, FieldIndex(name));
+}
+
 void Recordset::AddNull()
 {
     Column& column = Next(Kind::Nothing);

@@ -36,6 +36,7 @@ public:
     /// A value of the current record. Raises ItemNotFound, and NoCurrentRecord when there is none.
     QString Field(QStringView name) const;
     QString Field(int column) const;
+    bool IsNull(QStringView name) const;
 
     // Filling, by the engines: values in the order of the fields, record by record.
     void AddNull();

@@ -5,9 +5,9 @@
 
 namespace tsms {
 
-void GridHelper::GetCellText(const fpSpread& grid, int col, int row, QString& result) const
+QString GridHelper::GetCellText(const fpSpread& grid, int col, int row) const
 {
-    result = grid.GetText(col, row);
+    return grid.GetText(col, row);
 }
 
 void GridHelper::PrepareGrid(fpSpread& grid) const

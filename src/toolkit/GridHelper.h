@@ -12,7 +12,7 @@ class GridHelper
 {
 public:
     /// The text of a cell; empty outside the grid. The one way in which operations read cells.
-    void GetCellText(const fpSpread& grid, int col, int row, QString& result) const;
+    QString GetCellText(const fpSpread& grid, int col, int row) const;
 
     /// The common preparation at the head of a grid's set-up: back to the defaults, then the house look with
     /// column titles and without row titles.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/CellSource.h"
+#include "runtime/CellSource.h"
 
 #include <QColor>
 #include <QIcon>

@@ -30,25 +30,23 @@ protected:
     GridHelper helper;
 };
 
-TEST_F(GridHelperTest, GetCellTextReplacesTheResult)
+TEST_F(GridHelperTest, GetCellTextGivesTheTextAsItStands)
 {
-    QString result = u"former"_q;
     grid.SetText(2, 3, u" 010 "_q);
-    helper.GetCellText(grid, 2, 3, result);
-    EXPECT_EQ(result, u" 010 "_q);
-    helper.GetCellText(grid, 2, 4, result);
-    EXPECT_EQ(result, QString());
-    result = u"former"_q;
-    helper.GetCellText(grid, -1, 99999, result);
-    EXPECT_EQ(result, QString());
+    EXPECT_EQ(helper.GetCellText(grid, 2, 3), u" 010 "_q);
+}
+
+TEST_F(GridHelperTest, GetCellTextIsEmptyForAnEmptyCellAndOutsideTheGrid)
+{
+    grid.SetText(2, 3, u"010"_q);
+    EXPECT_EQ(helper.GetCellText(grid, 2, 4), QString());
+    EXPECT_EQ(helper.GetCellText(grid, -1, 99999), QString());
 }
 
 TEST_F(GridHelperTest, GetCellTextReadsABoundCell)
 {
-    QString result;
     grid.SetDataSource(std::make_shared<OneCell>());
-    helper.GetCellText(grid, 1, 1, result);
-    EXPECT_EQ(result, u"bound"_q);
+    EXPECT_EQ(helper.GetCellText(grid, 1, 1), u"bound"_q);
 }
 
 TEST_F(GridHelperTest, PrepareGridBeginsAnew)
