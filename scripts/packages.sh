@@ -47,18 +47,19 @@ configure_and_build() {
   cmake --build --preset "$preset" "${targets[@]}"
 }
 
-# start_gateway PROGRAM LOG: the simulated gateway on its own port; waits until it listens. Its process number is
-# in $gateway. Fails when it ends first, as it does when the port is taken.
+# start_gateway PROGRAM LOG [OPTION...]: the simulated gateway on its own port; waits until it listens. Its process
+# number is in $gateway. Fails when it ends first, as it does when the port is taken.
 start_gateway() {
-  "$1" --port 8790 >"$2" 2>&1 &
+  local program=$1 log=$2 patience
+  shift 2
+  "$program" --port 8790 "$@" >"$log" 2>&1 &
   gateway=$!
-  local patience
   for patience in $(seq 100); do
-    grep -q '^ready ' "$2" && return 0
+    grep -q '^ready ' "$log" && return 0
     kill -0 "$gateway" 2>/dev/null || break
     sleep 0.1
   done
   echo "The simulated gateway did not start (is port 8790 taken?):" >&2
-  cat "$2" >&2
+  cat "$log" >&2
   return 1
 }

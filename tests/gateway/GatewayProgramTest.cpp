@@ -1,12 +1,16 @@
 #include "gateway/SoapClient30.h"
 #include "support/Words.h"
+#include "tsms-gateway/HeldMessages.h"
 #include "tsms-gateway/ServiceWords.h"
 #include "tsms-gateway/SimulatedGateway.h"
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QProcess>
+#include <QTemporaryDir>
 
 namespace tsms::test {
 
@@ -42,6 +46,23 @@ public:
     QProcess process;
 };
 
+/// A file for --hold.
+class HoldFile
+{
+public:
+    explicit HoldFile(const QByteArray& content)
+    {
+        QFile file(Path());
+        file.open(QIODevice::WriteOnly);
+        file.write(content);
+    }
+
+    QString Path() const { return QDir(folder_.path()).filePath(u"예약.json"_q); }
+
+private:
+    QTemporaryDir folder_;
+};
+
 QString Send(SoapClient30& client, const QString& content)
 {
     return client.Call(u"SendSMS"_q, {u"demo"_q,
@@ -55,6 +76,12 @@ QString Send(SoapClient30& client, const QString& content)
                                       {},
                                       {},
                                       {}});
+}
+
+QString Withdraw(SoapClient30& client, const QString& number)
+{
+    return client.Call(u"DeleteSMS"_q,
+                       {u"demo"_q, u"demo"_q, u"sms.example.kr"_q, number, QString(), QString(), QString()});
 }
 
 } // namespace
@@ -93,6 +120,35 @@ TEST(GatewayProgram, ATakenPortIsToldAndEndsIt)
     GatewayProgram program({u"--port"_q, QString::number(taken.Port())});
     EXPECT_EQ(program.ExitCode(), 1);
     EXPECT_TRUE(QString::fromUtf8(program.process.readAllStandardError()).contains(u"쓸 수 없습니다"));
+}
+
+TEST(GatewayProgram, HoldsTheReservationsOfAFile)
+{
+    GatewayMessage message;
+    message.Number = 730001;
+    message.SendTime = u"2999:12:31:09:30"_q;
+    const HoldFile file(HeldMessagesJson({730005, {message}}));
+    GatewayProgram program({u"--port"_q, u"0"_q, u"--hold"_q, file.Path()});
+    SoapClient30 client;
+    client.mssoapinit(program.Line().section(u' ', 1) + DescriptionPath(), {}, {}, {});
+    EXPECT_TRUE(Withdraw(client, u"730001"_q).startsWith(u"return_value:true"));
+    EXPECT_TRUE(Withdraw(client, u"730001"_q).contains(u"error_code:E12"));
+    Send(client, u"새 글"_q);
+    EXPECT_EQ(program.Line(), u"문자 730006: 02-1234-5678 → 010-0000-0001: 새 글"_q);
+}
+
+TEST(GatewayProgram, AFileThatIsMissingOrBrokenIsToldAndEndsIt)
+{
+    const HoldFile broken("[{");
+    GatewayProgram reader({u"--port"_q, u"0"_q, u"--hold"_q, broken.Path()});
+    EXPECT_EQ(reader.ExitCode(), 1);
+    EXPECT_EQ(QString::fromUtf8(reader.process.readAllStandardError()),
+              u"예약 파일의 내용이 올바르지 않습니다: "_q + broken.Path() + u"\n"_q);
+    const QString missing = broken.Path() + u".none"_q;
+    GatewayProgram seeker({u"--port"_q, u"0"_q, u"--hold"_q, missing});
+    EXPECT_EQ(seeker.ExitCode(), 1);
+    EXPECT_EQ(QString::fromUtf8(seeker.process.readAllStandardError()),
+              u"예약 파일을 읽을 수 없습니다: "_q + missing + u"\n"_q);
 }
 
 TEST(GatewayProgram, WordsThatItDoesNotKnowEndIt)

@@ -26,6 +26,18 @@ QStringList DeleteArguments(const QString& number)
     return {u"demo"_q, u"demo"_q, u"sms.example.kr"_q, number, QString(), QString(), QString()};
 }
 
+/// A reservation of an earlier run.
+GatewayMessage Held(int number, const QString& sendTime)
+{
+    GatewayMessage message;
+    message.Number = number;
+    message.SenderTelNo = u"02-1234-5678"_q;
+    message.RecvTelNo = u"010-0000-0002"_q;
+    message.Content = u"지난 글"_q;
+    message.SendTime = sendTime;
+    return message;
+}
+
 /// The value of one item of a reply.
 QString Item(const QString& reply, int position)
 {
@@ -130,6 +142,117 @@ TEST(MessageBook, AReservationThatIsNoTimeIsRefused)
         EXPECT_EQ(Item(book.SendSMS(SendArguments(u"예약"_q, time)), 7), u"E04"_q) << time.toStdString();
 }
 
+TEST(MessageBook, AHeldMessageCanBeWithdrawnUntilItsTime)
+{
+    FixedClock clock;
+    MessageBook book(clock);
+    book.Hold({0, {Held(730001, u"2012:05:30:14:10"_q), Held(730002, u"2012:05:30:14:10"_q)}});
+    EXPECT_EQ(Item(book.DeleteSMS(DeleteArguments(u"730001"_q)), 7), QString());
+    EXPECT_EQ(Item(book.DeleteSMS(DeleteArguments(u"730001"_q)), 7), u"E12"_q);
+    EXPECT_TRUE(book.Messages().first().Withdrawn);
+    EXPECT_FALSE(book.Messages().last().Withdrawn);
+    clock.Set(QDateTime(QDate(2012, 5, 30), QTime(14, 10)));
+    EXPECT_EQ(Item(book.DeleteSMS(DeleteArguments(u"730002"_q)), 7), u"E13"_q);
+}
+
+TEST(MessageBook, AHeldMessageIsWithdrawnByTheRightAccountOnly)
+{
+    FixedClock clock;
+    MessageBook book(clock);
+    book.Hold({0, {Held(730001, u"2012:05:30:15:00"_q)}});
+    QStringList arguments = DeleteArguments(u"730001"_q);
+    arguments[1] = u"x"_q;
+    EXPECT_EQ(Item(book.DeleteSMS(arguments), 7), u"E01"_q);
+    EXPECT_FALSE(book.Messages().first().Withdrawn);
+}
+
+struct NumberRow
+{
+    int lastNumber;
+    QList<int> held;
+    const char16_t* next;
+};
+
+class NumberBehindTheHeld : public ::testing::TestWithParam<NumberRow>
+{
+};
+
+TEST_P(NumberBehindTheHeld, IsTheNextOne)
+{
+    FixedClock clock;
+    MessageBook book(clock);
+    HeldMessages held{GetParam().lastNumber, {}};
+    for (const int number : GetParam().held)
+        held.Messages += Held(number, u"2012:05:30:15:00"_q);
+    book.Hold(held);
+    EXPECT_EQ(Item(book.SendSMS(SendArguments(u"새 글"_q)), 3), QString::fromUtf16(GetParam().next));
+}
+
+INSTANTIATE_TEST_SUITE_P(Numbers, NumberBehindTheHeld,
+                         ::testing::Values(NumberRow{0, {}, u"100001"}, NumberRow{0, {7}, u"100001"},
+                                           NumberRow{100000, {}, u"100001"}, NumberRow{100001, {}, u"100002"},
+                                           NumberRow{0, {100001}, u"100002"},
+                                           NumberRow{0, {730009, 730002}, u"730010"},
+                                           NumberRow{730020, {730009}, u"730021"},
+                                           NumberRow{730005, {730009}, u"730010"},
+                                           NumberRow{0, {HighestNumber}, u"1000000000"}));
+
+TEST(HeldMessages, AreReadAsTheyAreWritten)
+{
+    GatewayMessage message = Held(730001, u"2012:05:30:24:00"_q);
+    message.Content = u"\"안녕\"\r\n하세요"_q;
+    const auto held = ReadHeldMessages(HeldMessagesJson({730005, {message, Held(7, u"2012:05:31:09:00"_q)}}));
+    ASSERT_TRUE(held);
+    EXPECT_EQ(held->LastNumber, 730005);
+    ASSERT_EQ(held->Messages.size(), 2);
+    const GatewayMessage& first = held->Messages.first();
+    EXPECT_EQ(first.Number, 730001);
+    EXPECT_EQ(first.SenderTelNo, message.SenderTelNo);
+    EXPECT_EQ(first.RecvTelNo, message.RecvTelNo);
+    EXPECT_EQ(first.Content, message.Content);
+    EXPECT_EQ(first.SendTime, message.SendTime);
+    EXPECT_EQ(held->Messages.last().Number, 7);
+}
+
+TEST(HeldMessages, NoneAreAFileToo)
+{
+    const auto held = ReadHeldMessages(HeldMessagesJson({}));
+    ASSERT_TRUE(held);
+    EXPECT_TRUE(held->Messages.isEmpty());
+}
+
+TEST(HeldMessages, OtherFilesAreNone)
+{
+    const QByteArray right = R"({"lastNumber":5,"messages":[{"number":5,"sender":"02","receiver":"010",)"
+                             R"("content":"글","sendTime":"2012:05:30:15:00","state":"waiting"}]})";
+    ASSERT_TRUE(ReadHeldMessages(right));
+    const QList<std::pair<QByteArray, QByteArray>> broken = {
+        {R"("lastNumber":5)", R"("lastNumber":-1)"},
+        {R"("lastNumber":5)", R"("lastNumber":"5")"},
+        {R"("lastNumber":5)", R"("lastNumber":1000000000)"},
+        {R"("lastNumber":5,)", ""},
+        {R"("messages")", R"("else")"},
+        {R"("number":5)", R"("number":0)"},
+        {R"("number":5)", R"("number":1.5)"},
+        {R"("number":5)", R"("number":1000000000)"},
+        {R"("number":5)", R"("number":"5")"},
+        {R"("sender":"02")", R"("sender":2)"},
+        {R"("receiver":"010",)", ""},
+        {R"("content":"글")", R"("content":null)"},
+        {"2012:05:30:15:00", "2012-05-30-15-00"},
+        {"2012:05:30:15:00", ""},
+        {"[{", "[7,{"},
+        {"}]}", "}]"},
+    };
+    for (const auto& [part, instead] : broken) {
+        const QByteArray json = QByteArray(right).replace(part, instead);
+        EXPECT_NE(json, right) << part.toStdString();
+        EXPECT_FALSE(ReadHeldMessages(json)) << json.toStdString();
+    }
+    for (const char* text : {"", "x", "[]", "7", "{}"})
+        EXPECT_FALSE(ReadHeldMessages(text)) << text;
+}
+
 TEST(ReservationMoment, HourTwentyFourIsTheNextDay)
 {
     EXPECT_EQ(ReservationMoment(u"2012:12:31:24:00"_q), QDateTime(QDate(2013, 1, 1), QTime(0, 0)));
@@ -214,6 +337,24 @@ TEST(SimulatedGateway, ListsTheMessagesAsJson)
     const QJsonObject message = list.first().toObject();
     EXPECT_EQ(message[u"content"].toString(), u"\"안녕\""_q);
     EXPECT_EQ(message[u"receiver"].toString(), u"010-0000-0001"_q);
+    EXPECT_EQ(message[u"state"].toString(), u"waiting"_q);
+}
+
+TEST(SimulatedGateway, ShowsWhatItHoldsLikeItsOwnReservations)
+{
+    FixedClock clock;
+    SimulatedGateway gateway(clock, {});
+    gateway.Hold({0, {Held(730001, u"2012:05:31:09:30"_q)}});
+    ASSERT_TRUE(gateway.Start());
+    const QString page = QString::fromUtf8(Exchange(gateway.Port(), "GET / HTTP/1.1\r\nHost: x\r\n\r\n"));
+    EXPECT_TRUE(page.contains(u"모두 1건"));
+    EXPECT_TRUE(page.contains(u"2012-05-31 09:30 예약<"));
+    EXPECT_TRUE(page.contains(u"지난 글"));
+    const QByteArray list = Exchange(gateway.Port(), "GET /messages.json HTTP/1.1\r\nHost: x\r\n\r\n");
+    const QJsonObject message =
+        QJsonDocument::fromJson(list.mid(list.indexOf("\r\n\r\n") + 4)).array().first().toObject();
+    EXPECT_EQ(message[u"number"].toInt(), 730001);
+    EXPECT_EQ(message[u"due"].toString(), u"2012-05-31T09:30:00"_q);
     EXPECT_EQ(message[u"state"].toString(), u"waiting"_q);
 }
 

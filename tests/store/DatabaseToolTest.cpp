@@ -6,6 +6,7 @@
 #include "support/Words.h"
 #include "tsms-db/Command.h"
 #include "tsms-db/DemoContent.h"
+#include "tsms-db/Reservations.h"
 
 #include <QDir>
 #include <QFile>
@@ -32,12 +33,34 @@ protected:
     QString In(const QString& name) { return QDir(folder.path()).filePath(name); }
     QStringList Files() { return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden); }
 
-    QString Value(const QString& file, const QString& sql)
+    std::unique_ptr<Connection> Opened(const QString& file)
     {
         std::unique_ptr<Connection> connection = MakeConnections(clock)();
         connection->ConnectionString = u"Initial Catalog="_q + In(file) + u";Data Source=(embedded),0"_q;
         connection->Open();
-        return connection->Query(sql)->Field(0);
+        return connection;
+    }
+
+    QString Value(const QString& file, const QString& sql) { return Opened(file)->Query(sql)->Field(0); }
+
+    /// A log row. Status, number and time are literals of SQL.
+    void Log(const QString& file, int year, const QString& status, const QString& smsNo,
+             const QString& sendTime)
+    {
+        Opened(file)->Execute(
+            u"INSERT INTO SMSLog_%1 (SMSStatus,SMSNo,SendTelNo,ReceiveTelNo,SMSContent,SendTime) "
+            "VALUES (%2,%3,'010-0000-0001','02-1234-5678','내일 오세요.',%4)"_q.arg(QString::number(year),
+                                                                                    status, smsNo, sendTime));
+    }
+
+    /// What the tool prints, as the gateway reads it.
+    HeldMessages Reservations(const QString& file)
+    {
+        EXPECT_EQ(Run({u"reservations"_q, In(file)}), 0) << err.toStdString();
+        EXPECT_EQ(err, QString());
+        const auto held = ReadHeldMessages(out.toUtf8());
+        EXPECT_TRUE(held) << out.toStdString();
+        return held.value_or(HeldMessages());
     }
 
     FixedClock clock;
@@ -105,6 +128,112 @@ TEST_F(DatabaseTool, PrintsWhatMakesTheTablesOnAServer)
     EXPECT_EQ(out, ServerScript({2012, 2012}));
 }
 
+TEST_F(DatabaseTool, PrintsNoReservationsOfAnEmptyLog)
+{
+    Run({u"create"_q, In(u"a.db"_q)});
+    EXPECT_EQ(Run({u"reservations"_q, In(u"a.db"_q)}), 0);
+    EXPECT_EQ(out, u"{\n    \"lastNumber\": 0,\n    \"messages\": [\n    ]\n}\n"_q);
+}
+
+TEST_F(DatabaseTool, PrintsAReservationUnderTheNamesOfTheGateway)
+{
+    Run({u"create"_q, In(u"a.db"_q)});
+    Log(u"a.db"_q, 2012, u"'1'"_q, u"'730001'"_q, u"'2012-05-31-09-30'"_q);
+    EXPECT_EQ(Run({u"reservations"_q, In(u"a.db"_q)}), 0);
+    EXPECT_EQ(out, u"{\n"
+                   "    \"lastNumber\": 730001,\n"
+                   "    \"messages\": [\n"
+                   "        {\n"
+                   "            \"content\": \"내일 오세요.\",\n"
+                   "            \"number\": 730001,\n"
+                   "            \"receiver\": \"010-0000-0001\",\n"
+                   "            \"sendTime\": \"2012:05:31:09:30\",\n"
+                   "            \"sender\": \"02-1234-5678\"\n"
+                   "        }\n"
+                   "    ]\n"
+                   "}\n"_q);
+}
+
+TEST_F(DatabaseTool, PrintsTheReservationsThatAreAheadAndHaveANumber)
+{
+    struct Row
+    {
+        QString status;
+        QString smsNo;
+        QString sendTime;
+        bool held;
+    };
+    // It is 2012-05-30 14:07:09.
+    const std::vector<Row> rows = {
+        {u"'1'"_q, u"'1'"_q, u"'2012-05-30-14-08'"_q, true},
+        {u"'1'"_q, u"'2'"_q, u"'2012-05-30-14-07'"_q, false},
+        {u"'1'"_q, u"'3'"_q, u"'2012-05-30 14-07'"_q, false},
+        {u"'1'"_q, u"'4'"_q, u"'2012-05-30 23-50'"_q, true},
+        {u"'1'"_q, u"'5'"_q, u"'2012-05-30-24-00'"_q, true},
+        {u"'1'"_q, u"'6'"_q, u"'2012-05-30-24-05'"_q, false},
+        {u"'1'"_q, u"'7'"_q, u"'2012-05-29-23-50'"_q, false},
+        {u"'0'"_q, u"'8'"_q, u"'2012-05-31-09-30'"_q, true},
+        {u"'2'"_q, u"'9'"_q, u"'2012-05-31-09-30'"_q, false},
+        {u"'1'"_q, u"NULL"_q, u"'2012-05-31-09-30'"_q, false},
+        {u"'1'"_q, u"'A10'"_q, u"'2012-05-31-09-30'"_q, false},
+        {u"'1'"_q, u"'-11'"_q, u"'2012-05-31-09-30'"_q, false},
+        {u"'1'"_q, u"'012'"_q, u"'2012-05-31-09-30'"_q, false},
+        {u"'1'"_q, u"'1234567890'"_q, u"'2012-05-31-09-30'"_q, false},
+        {u"'1'"_q, u"'13'"_q, u"'내일'"_q, false},
+        {u"'1'"_q, u"'14'"_q, u"NULL"_q, false},
+        {u"'1'"_q, u"'999999999'"_q, u"'2012-12-31-09-30'"_q, true},
+    };
+    for (const Row& row : rows) {
+        const std::string told = (row.status + u' ' + row.smsNo + u' ' + row.sendTime).toStdString();
+        ASSERT_EQ(Run({u"create"_q, In(u"a.db"_q), u"--years"_q, u"2012"_q}), 0);
+        Log(u"a.db"_q, 2012, row.status, row.smsNo, row.sendTime);
+        QStringList held;
+        for (const GatewayMessage& message : Reservations(u"a.db"_q).Messages)
+            held += u"'%1'"_q.arg(message.Number);
+        EXPECT_EQ(held, row.held ? QStringList{row.smsNo} : QStringList()) << told;
+        QFile::remove(In(u"a.db"_q));
+    }
+}
+
+TEST_F(DatabaseTool, PrintsTheReservationsOfAllYears)
+{
+    Run({u"create"_q, In(u"a.db"_q), u"--years"_q, u"2011-2013"_q});
+    Run({u"add-year"_q, In(u"a.db"_q), u"2031"_q});
+    Log(u"a.db"_q, 2011, u"'1'"_q, u"'5'"_q, u"'2011-05-31-09-30'"_q);
+    Log(u"a.db"_q, 2031, u"'1'"_q, u"'6'"_q, u"'2031-05-31-09-30'"_q);
+    Log(u"a.db"_q, 2012, u"'1'"_q, u"'8'"_q, u"'2012-05-31-09-30'"_q);
+    Log(u"a.db"_q, 2012, u"'1'"_q, u"'7'"_q, u"'2012-05-31-09-30'"_q);
+    QList<int> numbers;
+    for (const GatewayMessage& message : Reservations(u"a.db"_q).Messages)
+        numbers += message.Number;
+    EXPECT_EQ(numbers, (QList<int>{8, 7, 6}));
+}
+
+TEST_F(DatabaseTool, TellsTheHighestNumberOfAnyLogRow)
+{
+    Run({u"create"_q, In(u"a.db"_q)});
+    Log(u"a.db"_q, 2012, u"'1'"_q, u"'100007'"_q, u"'2012-05-31-09-30'"_q);
+    Log(u"a.db"_q, 2011, u"'1'"_q, u"'100020'"_q, u"'2011-05-30 09-30'"_q);
+    Log(u"a.db"_q, 2012, u"'2'"_q, u"'100010'"_q, u"'2012-05-30 09-30'"_q);
+    EXPECT_EQ(Reservations(u"a.db"_q).LastNumber, 100020);
+}
+
+TEST_F(DatabaseTool, ReadsReservationsOnlyFromADatabase)
+{
+    EXPECT_EQ(Run({u"reservations"_q, In(u"none.db"_q)}), 1);
+    EXPECT_EQ(err, u"tsms-db: 파일이 없습니다: "_q + In(u"none.db"_q) + u"\n"_q);
+    QFile file(In(u"text.db"_q));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("this is no database, however long one looks at it");
+    file.close();
+    EXPECT_EQ(Run({u"reservations"_q, In(u"text.db"_q)}), 1);
+    EXPECT_EQ(
+        err,
+        u"tsms-db: 예약 문자를 읽지 못했습니다. 이 위치의 파일을 쓸 수 없거나 데이터베이스 파일이 아닙니다.\n"_q);
+    EXPECT_EQ(out, QString());
+    EXPECT_EQ(Files(), QStringList{u"text.db"_q});
+}
+
 TEST_F(DatabaseTool, PrintsItsUsageWhenItIsNotUnderstood)
 {
     const QList<QStringList> wrong = {{},
@@ -114,7 +243,10 @@ TEST_F(DatabaseTool, PrintsItsUsageWhenItIsNotUnderstood)
                                       {u"create"_q, In(u"a.db"_q), u"--years"_q, u"x"_q},
                                       {u"create"_q, In(u"a.db"_q), u"--what"_q},
                                       {u"add-year"_q, In(u"a.db"_q), u"12"_q},
-                                      {u"create"_q, In(u"a.db"_q), u"b"_q}};
+                                      {u"create"_q, In(u"a.db"_q), u"b"_q},
+                                      {u"reservations"_q},
+                                      {u"reservations"_q, In(u"a.db"_q), u"b"_q},
+                                      {u"reservations"_q, In(u"a.db"_q), u"--years"_q, u"2012"_q}};
     for (const QStringList& arguments : wrong) {
         EXPECT_EQ(Run(arguments), 2) << arguments.join(u' ').toStdString();
         EXPECT_TRUE(err.contains(u"사용법:"_q));
@@ -126,7 +258,8 @@ TEST_F(DatabaseTool, PrintsItsUsageWhenItIsNotUnderstood)
 TEST_F(DatabaseTool, PrintsItsHelp)
 {
     EXPECT_EQ(Run({u"--help"_q}), 0);
-    for (const QString& word : {u"create"_q, u"add-year"_q, u"schema"_q, u"--years"_q, u"--demo"_q})
+    for (const QString& word :
+         {u"create"_q, u"add-year"_q, u"schema"_q, u"reservations"_q, u"--years"_q, u"--demo"_q})
         EXPECT_TRUE(out.contains(word)) << word.toStdString();
 }
 
@@ -181,6 +314,22 @@ TEST_F(DatabaseTool, TheDemoHasReservationsForTheComingDaysWhateverTheDay)
             << day;
         QFile::remove(In(file));
     }
+}
+
+TEST_F(DatabaseTool, EveryReservationOfTheDemoIsPrinted)
+{
+    clock.Set(QDateTime(QDate(2026, 12, 28), QTime(10, 30)));
+    ASSERT_EQ(Run({u"create"_q, In(u"a.db"_q), u"--demo"_q}), 0) << err.toStdString();
+    const QString log = u"(SELECT * FROM SMSLog_2025 UNION ALL SELECT * FROM SMSLog_2026 "
+                        "UNION ALL SELECT * FROM SMSLog_2027)"_q;
+    const HeldMessages held = Reservations(u"a.db"_q);
+    EXPECT_EQ(QString::number(held.Messages.size()),
+              Value(u"a.db"_q, u"SELECT COUNT(*) FROM "_q + log +
+                                   u" WHERE SMSStatus <> '2' AND SUBSTR(SendTime,11,1) = '-'"_q));
+    EXPECT_EQ(QString::number(held.LastNumber),
+              Value(u"a.db"_q, u"SELECT MAX(CAST(SMSNo AS INTEGER)) FROM "_q + log));
+    EXPECT_EQ(held.Messages.first().SendTime.left(4), u"2026"_q);
+    EXPECT_EQ(held.Messages.last().SendTime.left(4), u"2027"_q);
 }
 
 TEST_F(DatabaseTool, TheDemoIsTheSameForTheSameMoment)

@@ -3,8 +3,10 @@
 #include "runtime/Clock.h"
 #include "runtime/RuntimeError.h"
 #include "store/DatabaseError.h"
+#include "store/EmbeddedConnection.h"
 #include "store/EmbeddedTables.h"
 #include "tsms-db/Demo.h"
+#include "tsms-db/Reservations.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>
@@ -23,6 +25,8 @@ const QString Usage =
                    "      데이터베이스 파일에 그 해의 발송내역 테이블을 추가합니다.\n"
                    "  tsms-db schema --server [--years 2010-2030]\n"
                    "      SQL Server용 테이블 생성문을 화면에 출력합니다.\n"
+                   "  tsms-db reservations 파일\n"
+                   "      아직 시간이 되지 않은 예약 문자를 tsms-gateway --hold가 읽는 JSON으로 출력합니다.\n"
                    "\n"
                    "옵션:\n"
                    "  --years 처음-끝   발송내역 테이블을 만들 연도 (기본값 2010-2030)\n"
@@ -77,6 +81,9 @@ public:
         if (command == u"add-year" && words.size() == 3 && !parser.isSet(years) && !parser.isSet(demo) &&
             !parser.isSet(server))
             return AddYear(words[1], words[2]);
+        if (command == u"reservations" && words.size() == 2 && !parser.isSet(years) && !parser.isSet(demo) &&
+            !parser.isSet(server))
+            return PrintReservations(words[1]);
         return Misunderstand(QStringLiteral("명령을 알 수 없거나 인수가 맞지 않습니다."));
     }
 
@@ -128,6 +135,20 @@ private:
     int PrintSchema(YearRange years)
     {
         out_ << ServerScript(years);
+        return Done;
+    }
+
+    int PrintReservations(const QString& path)
+    {
+        if (!QFileInfo::exists(path))
+            return Refuse(QStringLiteral("파일이 없습니다: ") + path);
+        try {
+            EmbeddedConnection connection(clock_);
+            connection.OpenFile(path);
+            out_ << QString::fromUtf8(HeldMessagesJson(ReadReservations(connection, clock_.Now())));
+        } catch (const RuntimeError& error) {
+            return Refuse(QStringLiteral("예약 문자를 읽지 못했습니다. ") + Reason(error));
+        }
         return Done;
     }
 

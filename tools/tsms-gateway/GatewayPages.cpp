@@ -2,7 +2,6 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonObject>
 
 #include <algorithm>
 
@@ -88,15 +87,13 @@ QByteArray PlainPage(const QString& heading, const QString& words)
 QByteArray MessagesJson(const QList<GatewayMessage>& messages, const QDateTime& now)
 {
     QJsonArray list;
-    for (const GatewayMessage& message : messages)
-        list.append(QJsonObject{{QStringLiteral("number"), message.Number},
-                                {QStringLiteral("sender"), message.SenderTelNo},
-                                {QStringLiteral("receiver"), message.RecvTelNo},
-                                {QStringLiteral("content"), message.Content},
-                                {QStringLiteral("sendTime"), message.SendTime},
-                                {QStringLiteral("arrived"), message.Arrived.toString(Qt::ISODate)},
-                                {QStringLiteral("due"), message.Due.toString(Qt::ISODate)},
-                                {QStringLiteral("state"), StateOf(message, now)}});
+    for (const GatewayMessage& message : messages) {
+        QJsonObject fields = MessageFields(message);
+        fields.insert(QStringLiteral("arrived"), message.Arrived.toString(Qt::ISODate));
+        fields.insert(QStringLiteral("due"), message.Due.toString(Qt::ISODate));
+        fields.insert(QStringLiteral("state"), StateOf(message, now));
+        list.append(fields);
+    }
     return QJsonDocument(list).toJson();
 }
 

@@ -2,15 +2,11 @@
 
 #include "runtime/Text.h"
 
-#include <QRegularExpression>
-
 #include <algorithm>
 
 namespace tsms {
 
 namespace {
-
-constexpr int FirstNumber = 100001;
 
 QString ReplyText(bool accepted, const QString& number, const QString& kind, const QString& code,
                   const QString& words)
@@ -39,6 +35,18 @@ bool MessageBook::Knows(const QStringList& arguments) const
            arguments[2] == account_.Domain;
 }
 
+void MessageBook::Hold(const HeldMessages& held)
+{
+    const std::lock_guard lock(mutex_);
+    nextNumber_ = std::max(nextNumber_, held.LastNumber + 1);
+    for (GatewayMessage message : held.Messages) {
+        message.Arrived = clock_.Now();
+        message.Due = ReservationMoment(message.SendTime);
+        nextNumber_ = std::max(nextNumber_, message.Number + 1);
+        messages_.append(message);
+    }
+}
+
 QString MessageBook::SendSMS(const QStringList& arguments)
 {
     if (!Knows(arguments))
@@ -61,7 +69,7 @@ QString MessageBook::SendSMS(const QStringList& arguments)
         message.Due = std::max(moment, message.Arrived);
     }
     const std::lock_guard lock(mutex_);
-    message.Number = FirstNumber + static_cast<int>(messages_.size());
+    message.Number = nextNumber_++;
     messages_.append(message);
     return ReplyText(true, QString::number(message.Number),
                      message.Due > message.Arrived ? QStringLiteral("reserved") : QStringLiteral("immediate"),
@@ -90,20 +98,6 @@ QList<GatewayMessage> MessageBook::Messages() const
 {
     const std::lock_guard lock(mutex_);
     return messages_;
-}
-
-QDateTime ReservationMoment(const QString& sendTime)
-{
-    static const QRegularExpression shape(
-        QStringLiteral("\\A([0-9]{4}):([0-9]{2}):([0-9]{2}):([0-9]{2}):([0-9]{2})\\z"));
-    const QRegularExpressionMatch match = shape.match(Trim(sendTime));
-    const auto part = [&](int group) { return match.captured(group).toInt(); };
-    const QDate day(part(1), part(2), part(3));
-    const bool isMidnight = part(4) == 24 && part(5) == 0;
-    const QTime time = isMidnight ? QTime(0, 0) : QTime(part(4), part(5));
-    if (!match.hasMatch() || !day.isValid() || !time.isValid())
-        return {};
-    return QDateTime(isMidnight ? day.addDays(1) : day, time);
 }
 
 } // namespace tsms

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "runtime/Clock.h"
+#include "tsms-gateway/HeldMessages.h"
 
 #include <QDateTime>
 #include <QList>
@@ -10,19 +11,6 @@
 #include <mutex>
 
 namespace tsms {
-
-/// A message as the simulated gateway holds it.
-struct GatewayMessage
-{
-    int Number = 0; ///< the unique_num of its reply
-    QString SenderTelNo;
-    QString RecvTelNo;
-    QString Content;
-    QString SendTime;  ///< the reservation as it was given; empty for at once
-    QDateTime Arrived; ///< when the call came in
-    QDateTime Due;     ///< when the phone gets it
-    bool Withdrawn = false;
-};
 
 /// Who may send.
 struct GatewayAccount
@@ -39,10 +27,14 @@ class MessageBook
 public:
     explicit MessageBook(const Clock& clock, GatewayAccount account = {});
 
+    /// Takes over reservations of an earlier run: they can be withdrawn until their time like those of its
+    /// own. New messages get numbers behind all of theirs.
+    void Hold(const HeldMessages& held);
+
     QString SendSMS(const QStringList& arguments);   ///< 11 texts
     QString DeleteSMS(const QStringList& arguments); ///< 7 texts
 
-    QList<GatewayMessage> Messages() const; ///< all that were accepted, oldest first, withdrawn ones too
+    QList<GatewayMessage> Messages() const; ///< all held and accepted, oldest first, withdrawn ones too
     QDateTime Now() const { return clock_.Now(); }
 
     /// The reply to a message that the gateway will not take.
@@ -55,9 +47,7 @@ private:
     const GatewayAccount account_;
     mutable std::mutex mutex_;
     QList<GatewayMessage> messages_;
+    int nextNumber_ = 100001; ///< of the next message that is accepted
 };
-
-/// The moment of a reservation "YYYY:MM:DD:HH:MM"; hour 24 is the next day's 0. Invalid when it is none.
-QDateTime ReservationMoment(const QString& sendTime);
 
 } // namespace tsms

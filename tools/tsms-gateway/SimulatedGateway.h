@@ -30,6 +30,9 @@ public:
     SimulatedGateway(const Clock& clock, Settings settings);
     ~SimulatedGateway();
 
+    /// Takes over reservations of an earlier run. Before Start.
+    void Hold(const HeldMessages& held) { book_.Hold(held); }
+
     /// False when the port is taken.
     bool Start();
 
@@ -40,7 +43,7 @@ public:
     void Script(const GatewayFault& fault);
     void ClearFaults();
 
-    QList<GatewayMessage> Messages() const { return book_.Messages(); }
+    QList<GatewayMessage> Messages() const { return book_.Messages(); } ///< held and accepted ones
     QList<ServiceCall> Calls() const; ///< every call that arrived whole, in order, whatever came of it
     int ConnectionCount() const { return listener_.ConnectionCount(); }
     int RequestCount() const { return listener_.RequestCount(); } ///< of any kind, the description's too

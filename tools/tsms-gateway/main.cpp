@@ -5,6 +5,7 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QFile>
 
 #include <cstdio>
 
@@ -44,7 +45,12 @@ int main(int argc, char** argv)
             "soap-fault, http500, garbage, wsdl-missing, wsdl-garbage, wsdl-no-operation. 뒤에 @N을 붙이면 "
             "N번째 호출에만, 붙이지 않으면 모든 호출에 적용합니다."),
         QStringLiteral("종류[@N]"));
-    parser.addOptions({port, faults});
+    const QCommandLineOption hold(
+        QStringLiteral("hold"),
+        QStringLiteral("이미 예약된 문자의 파일. tsms-db reservations가 출력한 JSON이며, 그 문자들은 시간이 "
+                       "될 때까지 예약을 취소할 수 있습니다."),
+        QStringLiteral("파일"));
+    parser.addOptions({port, faults, hold});
     parser.process(application);
 
     bool isPort = false;
@@ -63,6 +69,15 @@ int main(int argc, char** argv)
         if (!fault)
             return Fail(QStringLiteral("모르는 잘못입니다: ") + text);
         gateway.Script(*fault);
+    }
+    if (parser.isSet(hold)) {
+        QFile file(parser.value(hold));
+        if (!file.open(QIODevice::ReadOnly))
+            return Fail(QStringLiteral("예약 파일을 읽을 수 없습니다: ") + file.fileName());
+        const auto held = tsms::ReadHeldMessages(file.readAll());
+        if (!held)
+            return Fail(QStringLiteral("예약 파일의 내용이 올바르지 않습니다: ") + file.fileName());
+        gateway.Hold(*held);
     }
     if (!gateway.Start())
         return Fail(
