@@ -1,6 +1,7 @@
 #include "compose/DispatchRun.h"
 
 #include "compose/Placeholders.h"
+#include "compose/RunDisplay.h"
 #include "gateway/ModSMS.h"
 #include "runtime/Numbers.h"
 #include "runtime/RuntimeError.h"

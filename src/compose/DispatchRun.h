@@ -10,20 +10,8 @@ namespace tsms {
 
 class DBConnect;
 class ModSMS;
+class RunDisplay;
 struct Session;
-
-/// What a run shows while it goes on. Each call is seen at once: the run does not return to the event loop.
-class RunDisplay
-{
-public:
-    virtual ~RunDisplay() = default;
-    virtual void SetRunBusy(bool busy) = 0;
-    virtual QString TotalText() const = 0; ///< the number of recipients, in plain digits
-    virtual void SetBarMaximum(int maximum) = 0;
-    virtual void SetBarValue(int value) = 0;
-    virtual void ShowCounts(const QString& succeeded, const QString& failed) = 0;
-    virtual void ShowStatus(const QString& text) = 0;
-};
 
 /// What goes out, to all recipients alike.
 struct DispatchOrder

@@ -1,6 +1,8 @@
 #include "compose/MakeSMSTransport.h"
 
+#include "compose/CancelRun.h"
 #include "compose/ComposeBoxes.h"
+#include "compose/DispatchRun.h"
 #include "compose/RefreshBalanceLabel.h"
 #include "compose/Reservation.h"
 #include "runtime/Clock.h"
@@ -22,6 +24,8 @@
 namespace tsms {
 
 namespace {
+
+constexpr QStringView CancelMode = u"DEL";
 
 enum Number : int { Total, Succeeded, Failed, Remainder };
 
@@ -46,9 +50,19 @@ QColor FromBlueGreenRed(unsigned value)
 } // namespace
 
 MakeSMSTransport::MakeSMSTransport(Services& services, Source source, QWidget* parent)
-    : DialogForm(services.session, services.desktop, Frame(), parent),
-      services_(services),
-      source_(std::move(source))
+    : MakeSMSTransport(services, parent)
+{
+    source_.emplace(std::move(source));
+}
+
+MakeSMSTransport::MakeSMSTransport(Services& services, const SentRows& sent, QWidget* parent)
+    : MakeSMSTransport(services, parent)
+{
+    sent_ = &sent;
+}
+
+MakeSMSTransport::MakeSMSTransport(Services& services, QWidget* parent)
+    : DialogForm(services.session, services.desktop, Frame(), parent), services_(services)
 {
     SetBusy(Boolean::True);
     BuildCounts(BodyLayout());
@@ -80,7 +94,10 @@ void MakeSMSTransport::BuildCounts(QVBoxLayout& body)
         numbers_[i]->SetTextColor(colors[static_cast<std::size_t>(i)]);
         numbers_[i]->SetBold(true);
         numbers_[i]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        grid->addWidget(new Label(&Body(), IndexedName(u"Label1", i), captions[i]), i, 0);
+        auto* caption = new Label(&Body(), IndexedName(u"Label1", i), captions[i]);
+        if (i == Total)
+            totalCaption_ = caption;
+        grid->addWidget(caption, i, 0);
         grid->addWidget(numbers_[i], i, 1);
         grid->addWidget(new Label(&Body(), IndexedName(u"Label1", i + 4), QStringLiteral("건")), i, 2);
     }
@@ -109,9 +126,40 @@ void MakeSMSTransport::BuildReservation(QVBoxLayout& body)
 
 void MakeSMSTransport::SetTotal(std::int32_t recipients)
 {
-    numbers_[Total]->Tag = QString::number(recipients);
+    ShowTotal(recipients);
+    status_->SetCaption(DispatchStatus(TotalText(), QStringLiteral("0")));
+}
+
+void MakeSMSTransport::SetTotalToCancel(std::int32_t messages)
+{
+    RunMode = CancelMode.toString();
+    reserve_->hide();
+    ShowTotal(messages);
+    Button(0)->SetCaption(QStringLiteral("취소하기"));
+    status_->SetCaption(CancelStatus(TotalText(), QStringLiteral("0")));
+}
+
+void MakeSMSTransport::ShowTotal(std::int32_t count)
+{
+    numbers_[Total]->Tag = QString::number(count);
     numbers_[Total]->SetCaption(numbers_[Total]->Tag);
-    status_->SetCaption(DispatchStatus(numbers_[Total]->Tag, QStringLiteral("0")));
+}
+
+void MakeSMSTransport::Activate()
+{
+    if (!activated_ && RunMode == CancelMode)
+        TurnIntoCancellation();
+    activated_ = true;
+}
+
+void MakeSMSTransport::TurnIntoCancellation()
+{
+    SetCaption(QStringLiteral("문자메시지 예약취소"));
+    SetTitle(QStringLiteral("문자메시지 예약취소"));
+    totalCaption_->SetCaption(QStringLiteral("취소 건수"));
+    for (QWidget* control : std::initializer_list<QWidget*>{reserve_, date_, hour_, minute_})
+        control->hide();
+    Button(0)->SetCaption(QStringLiteral("예약취소"));
 }
 
 void MakeSMSTransport::ChkTimeClick()
@@ -153,8 +201,10 @@ void MakeSMSTransport::OnButton(int index)
 {
     if (index != 0)
         Unload();
-    else if (RunMode.isEmpty())
+    else if (RunMode.isEmpty() && source_)
         Send();
+    else if (RunMode == CancelMode && sent_)
+        Cancel();
 }
 
 void MakeSMSTransport::Send()
@@ -164,8 +214,8 @@ void MakeSMSTransport::Send()
     LoadSMSSetup(services_.session, services_.db);
     if (!BalanceCovers())
         return;
-    DispatchRun run(services_.session, services_.db, services_.sms, source_.rows, *this);
-    run.RunSend({source_.message(), source_.senderNumber(),
+    DispatchRun run(services_.session, services_.db, services_.sms, source_->rows, *this);
+    run.RunSend({source_->message(), source_->senderNumber(),
                  reserve_->Value() ? ReservationText(Chosen()) : QString()});
     Unload();
     TellOutcome(run.CountOK);
@@ -213,6 +263,26 @@ void MakeSMSTransport::TellOutcome(std::int32_t countOK)
             QStringLiteral("전송된 문자메시지가 없습니다. 핸드폰번호가 없거나 잘못된 형식입니다."),
             MsgBoxCritical, QStringLiteral("문자메세지 전송 실패!!!"));
     }
+}
+
+void MakeSMSTransport::Cancel()
+{
+    CancelRun run(services_.db, services_.sms, *sent_, *this);
+    run.RunCancel();
+    Unload();
+    TellCancelOutcome(run.CountOK);
+}
+
+void MakeSMSTransport::TellCancelOutcome(std::int32_t countOK)
+{
+    if (countOK < 1) {
+        services_.desktop.MsgBox(QStringLiteral("이미 전송이 되었거나 발송된 내역이 없는 문자메시지입니다."),
+                                 MsgBoxCritical, QStringLiteral("문자메시지 취소 실패!!!"));
+        return;
+    }
+    RefreshBalanceLabel(services_.session, services_.db);
+    services_.desktop.MsgBox(QStringLiteral("정상적으로 문자 메시지를 발송 취소 하였습니다."),
+                             MsgBoxInformation, QStringLiteral("문자메시지 취소 완료!!!"));
 }
 
 void MakeSMSTransport::SetRunBusy(bool busy)

@@ -1,7 +1,10 @@
 #pragma once
 
-#include "compose/DispatchRun.h"
+#include "compose/RunDisplay.h"
 #include "toolkit/DialogForm.h"
+
+#include <functional>
+#include <optional>
 
 namespace tsms {
 
@@ -10,10 +13,12 @@ class ComboBox;
 class DatePicker;
 class Label;
 class ProgressBar;
+class RecipientRows;
+class SentRows;
 struct Services;
 
-/// The dialog that carries out a send and shows how far it has come. The caller sets the total and the
-/// status line before it shows the dialog.
+/// The dialog that carries out a send or a cancellation and shows how far it has come. The caller says how
+/// many messages it is about, by SetTotal or SetTotalToCancel, before it shows the dialog.
 class MakeSMSTransport : public DialogForm, private RunDisplay
 {
     Q_OBJECT
@@ -27,18 +32,28 @@ public:
         std::function<QString()> senderNumber;
     };
 
+    /// For a send.
     MakeSMSTransport(Services& services, Source source, QWidget* parent = nullptr);
 
-    /// Empty for a send.
+    /// For a cancellation of the ticked rows.
+    MakeSMSTransport(Services& services, const SentRows& sent, QWidget* parent = nullptr);
+
+    /// Empty for a send, "DEL" for a cancellation. With anything else the dialog does nothing.
     QString RunMode;
 
     /// The number of recipients, as Tag and caption of the total, and the status line that goes with it.
     void SetTotal(std::int32_t recipients);
 
+    /// Makes it a cancellation of that many messages.
+    void SetTotalToCancel(std::int32_t messages);
+
 protected:
+    void Activate() override;
     void OnButton(int index) override;
 
 private:
+    MakeSMSTransport(Services& services, QWidget* parent);
+
     void BuildCounts(QVBoxLayout& body);
     void BuildReservation(QVBoxLayout& body);
     void ChkTimeClick();
@@ -51,6 +66,11 @@ private:
     bool BalanceCovers();
     void TellOutcome(std::int32_t countOK);
 
+    void TurnIntoCancellation();
+    void ShowTotal(std::int32_t count);
+    void Cancel();
+    void TellCancelOutcome(std::int32_t countOK);
+
     // RunDisplay
     void SetRunBusy(bool busy) override;
     QString TotalText() const override;
@@ -60,8 +80,11 @@ private:
     void ShowStatus(const QString& text) override;
 
     Services& services_;
-    Source source_;
+    std::optional<Source> source_;
+    const SentRows* sent_ = nullptr;
+    bool activated_ = false;
     Label* numbers_[4] = {};
+    Label* totalCaption_ = nullptr; // Label1(0)
     Label* status_ = nullptr;
     ProgressBar* bar_ = nullptr;
     CheckBox* reserve_ = nullptr;

@@ -1,12 +1,23 @@
 #include "history/HistoryPage.h"
 
+#include "history/dlgSMSShowDetail.h"
+#include "history/GridSentRows.h"
 #include "history/ModStep2.h"
+#include "history/SendListMarks.h"
+#include "history/SendListStatement.h"
 #include "runtime/Clock.h"
+#include "runtime/Desktop.h"
+#include "runtime/Numbers.h"
+#include "runtime/RuntimeError.h"
 #include "services/Services.h"
 #include "session/Session.h"
+#include "store/DBConnect.h"
+#include "store/RecordsetCells.h"
 #include "toolkit/ComboBox.h"
 #include "toolkit/DatePicker.h"
 #include "toolkit/fpSpread.h"
+#include "toolkit/GridHelper.h"
+#include "toolkit/Guarded.h"
 #include "toolkit/Naming.h"
 #include "toolkit/Pictures.h"
 #include "toolkit/TextBox.h"
@@ -23,8 +34,11 @@ constexpr int SearchLimit = 50; // bytes
 
 } // namespace
 
-HistoryPage::HistoryPage(Services& services, QWidget* parent)
-    : Panel(parent, IndexedName(u"PlToolBg", 1)), services_(services), textHelper_(services.desktop)
+HistoryPage::HistoryPage(Services& services, Window window, QWidget* parent)
+    : Panel(parent, IndexedName(u"PlToolBg", 1)),
+      services_(services),
+      window_(std::move(window)),
+      textHelper_(services.desktop)
 {
     SetBackColor(theme::Page);
     auto* page = new QVBoxLayout(this);
@@ -35,6 +49,10 @@ HistoryPage::HistoryPage(Services& services, QWidget* parent)
     list_ = Named(new fpSpread(this), QStringLiteral("fpSpreadSendList"));
     list_->SetPictures(CheckPictures());
     InitSendListGrid(*list_);
+    connect(list_, &fpSpread::Click, this,
+            Guarded(services_.desktop, [this](int column, int) { SendListClick(column); }));
+    connect(list_, &fpSpread::DblClick, this,
+            Guarded(services_.desktop, [this](int, int) { BtnSendListFunClick(0); }));
     page->addWidget(list_, 1);
     BuildButtons(*page);
 }
@@ -60,14 +78,20 @@ QWidget* HistoryPage::BuildSearch()
     };
     search_ = new TextBox(panel, QStringLiteral("txtSerch"));
     search_->OnChange = [this] { textHelper_.LimitBytes(*search_, SearchLimit); };
+    search_->OnKeyPress = [this](char16_t& key) {
+        if (key != u'\r')
+            return;
+        BtnSendListSerchClick();
+        key = 0;
+    };
     row->addWidget(field_);
     row->addWidget(search_, 1);
     row->addSpacing(10);
     BuildStatus(*row, *panel);
-    run_ = new PushButton(panel, QStringLiteral("BtnSendListSerch"), QStringLiteral("검색"),
-                          PushButton::Look::Primary);
-    run_->setEnabled(false);
-    row->addWidget(run_);
+    auto* run = new PushButton(panel, QStringLiteral("BtnSendListSerch"), QStringLiteral("검색"),
+                               PushButton::Look::Primary);
+    run->OnClick = [this] { BtnSendListSerchClick(); };
+    row->addWidget(run);
 
     auto* column = new QVBoxLayout(panel);
     column->setContentsMargins(12, 8, 12, 10);
@@ -94,6 +118,7 @@ void HistoryPage::BuildStatus(QHBoxLayout& row, QWidget& parent)
                                QStringLiteral(" 실패")};
     for (int i = 0; i < captions.size(); ++i) {
         auto* option = new RadioButton(&parent, IndexedName(u"OptSendStatus", i), captions[i]);
+        option->OnClick = [this] { BtnSendListSerchClick(); };
         status_[static_cast<std::size_t>(i)] = option;
         row.addWidget(option);
     }
@@ -111,6 +136,7 @@ void HistoryPage::BuildListHead(QVBoxLayout& page)
     notice->SetTextColor(theme::Faint);
     all_ = new CheckBox(this, QStringLiteral("chkAll"), QStringLiteral("선택"));
     all_->setEnabled(false);
+    all_->OnClick = [this] { ChkAllClick(); };
     auto* row = new QHBoxLayout;
     row->setSpacing(8);
     row->addWidget(heading);
@@ -131,8 +157,8 @@ void HistoryPage::BuildButtons(QVBoxLayout& page)
     row->addStretch(1);
     for (int i = 0; i < captions.size(); ++i) {
         auto* button = new PushButton(this, IndexedName(u"BtnSendListFun", i), captions[i]);
-        button->setEnabled(false);
-        buttons_[static_cast<std::size_t>(i)] = button;
+        button->OnClick = [this, i] { BtnSendListFunClick(i); };
+        button->setEnabled(i != 2); // the export is not there yet
         row->addWidget(button);
     }
     page.addLayout(row);
@@ -146,9 +172,146 @@ void HistoryPage::Load()
         date->SetValue(services_.clock.Date());
 }
 
-void HistoryPage::FocusSearch()
+void HistoryPage::Enter()
 {
     search_->SetFocus();
+    BtnSendListSerchClick();
+}
+
+void HistoryPage::BtnSendListSerchClick()
+{
+    if (services_.session.IsBusy() || !DatesAreInOneYear())
+        return;
+    list_->SetReDraw(false);
+    InitSendListGrid(*list_);
+    list_->SetReDraw(true);
+    services_.db.ConnectWithRetry();
+    RunQuery(dates_[0]->Value().left(4));
+    services_.db.CloseDB();
+}
+
+bool HistoryPage::DatesAreInOneYear()
+{
+    if (dates_[0]->Value().left(4) == dates_[1]->Value().left(4))
+        return true;
+    services_.desktop.MsgBox(QStringLiteral("문자메시지 전송내역은 같은연도에 한해서 검색이 가능합니다.!"),
+                             MsgBoxCritical, QStringLiteral("문자메시지 전송내역"));
+    dates_[0]->setFocus(Qt::OtherFocusReason);
+    return false;
+}
+
+void HistoryPage::RunQuery(const QString& period)
+{
+    WithHandler([&] { FillList(period); }, [&] { services_.db.ReportDBError(); });
+}
+
+void HistoryPage::FillList(const QString& period)
+{
+    services_.session.Busy = Boolean::True;
+    services_.desktop.SetMousePointer(MousePointer::Hourglass);
+    if (services_.db.OpenRecordset(SendListStatement(Search(period))) == Boolean::True) {
+        const auto records = services_.db.ShareRecords();
+        list_->SetMaxRows(records->RecordCount());
+        list_->SetDataSource(std::make_shared<RecordsetCells>(records));
+        ShowCount(records->RecordCount());
+        SetFirstMarks(*list_, services_.clock.Date());
+    }
+    services_.desktop.SetMousePointer(MousePointer::Default);
+    services_.session.Busy = Boolean::False;
+}
+
+SendListSearch HistoryPage::Search(const QString& period)
+{
+    SendListSearch search;
+    search.period = period;
+    search.field = field_->ListIndex();
+    search.words = search_->Text();
+    for (int i = 3; i >= 1; --i)
+        if (status_[static_cast<std::size_t>(i)]->Value())
+            search.status = i;
+    search.first = dates_[0]->Value();
+    search.dayAfterLast = QDate::fromString(dates_[1]->Value(), Qt::ISODate).addDays(1).toString(Qt::ISODate);
+    return search;
+}
+
+void HistoryPage::ShowCount(int records)
+{
+    all_->setEnabled(records > 0);
+    if (records < 1) {
+        count_->SetCaption(QStringLiteral("(검색된 전송내역이 없습니다.)"));
+        return;
+    }
+    count_->SetCaption(QStringLiteral("(총 : ") + FormatCount(records) +
+                       QStringLiteral("건이 검색되었습니다.)"));
+    all_->SetValue(false);
+}
+
+void HistoryPage::SendListClick(int column)
+{
+    if (services_.session.IsBusy() || list_->MaxRows() == 0 || column != SendListStatus)
+        return;
+    const int row = list_->ActiveRow();
+    if (MarkOf(*list_, row) == CheckLocked)
+        services_.desktop.MsgBox(
+            QStringLiteral("문자메시지 예약확인 : 이미 전송된 문자메시지는 취소가 불가능합니다."),
+            MsgBoxCritical, QStringLiteral("문자메세지 예약취소"));
+    else
+        InvertMark(*list_, row);
+}
+
+void HistoryPage::ChkAllClick()
+{
+    // Meant: it turns the ticks round, whatever it shows itself.
+    if (!services_.session.IsBusy())
+        InvertMarks(*list_);
+}
+
+void HistoryPage::BtnSendListFunClick(int index)
+{
+    if (services_.session.IsBusy() || list_->MaxRows() == 0)
+        return;
+    switch (index) {
+    case 0:
+        ShowDetail();
+        break;
+    case 1:
+        CancelTicked();
+        break;
+    default:
+        break;
+    }
+}
+
+void HistoryPage::ShowDetail()
+{
+    const GridHelper helper;
+    const int row = list_->ActiveRow();
+    const std::int32_t key = ToLong(helper.GetCellText(*list_, SendListKey, row));
+    const QString period = helper.GetCellText(*list_, SendListTime, row).left(4);
+    dlgSMSShowDetail detail(
+        services_, [this] { BtnSendListSerchClick(); }, window());
+    detail.Sp_SMSDeTail(key, period);
+    detail.ShowModal();
+}
+
+void HistoryPage::CancelTicked()
+{
+    const std::int32_t ticked = CountTicked(*list_);
+    if (ticked == 0) {
+        services_.desktop.MsgBox(
+            QStringLiteral("문자메시지 예약취소 : 예약취소 대상을 선택하지 않았습니다. 취소할 대상을 "
+                           "체크하여 주십시오."),
+            MsgBoxCritical, QStringLiteral("문자메시지 예약취소"));
+        return;
+    }
+    const MsgBoxAnswer answer =
+        services_.desktop.MsgBox(QStringLiteral("예약취소확인 : 총") + QString::number(ticked) +
+                                     QStringLiteral("건에 대한 문자메시지를 예약취소 하시겠습니까.?"),
+                                 MsgBoxQuestion, QStringLiteral("예약취소"));
+    if (answer != AnswerYes)
+        return;
+    window_.cancel(GridSentRows(*list_), ticked);
+    BtnSendListSerchClick();
 }
 
 } // namespace tsms

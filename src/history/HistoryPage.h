@@ -4,6 +4,7 @@
 #include "toolkit/TextHelper.h"
 
 #include <array>
+#include <functional>
 
 class QHBoxLayout;
 class QVBoxLayout;
@@ -13,6 +14,7 @@ namespace tsms {
 class ComboBox;
 class DatePicker;
 class fpSpread;
+class SentRows;
 class TextBox;
 struct Services;
 
@@ -22,13 +24,20 @@ class HistoryPage : public Panel
     Q_OBJECT
 
 public:
-    HistoryPage(Services& services, QWidget* parent);
+    /// What the page needs of the window around it.
+    struct Window
+    {
+        /// Withdraws the ticked rows, `count` of them, and returns when that is over.
+        std::function<void(const SentRows& rows, std::int32_t count)> cancel;
+    };
+
+    HistoryPage(Services& services, Window window, QWidget* parent);
 
     /// First state of the search, at the load of the window: today, all fields, all statuses.
     void Load();
 
-    /// The focus that belongs to an entry to the page.
-    void FocusSearch();
+    /// An entry to the page: the focus goes to the search text and the search runs.
+    void Enter();
 
     fpSpread& SendList() { return *list_; }
 
@@ -39,17 +48,29 @@ private:
     void BuildListHead(QVBoxLayout& page);
     void BuildButtons(QVBoxLayout& page);
 
+    void BtnSendListSerchClick();
+    bool DatesAreInOneYear();
+    void RunQuery(const QString& period);
+    void FillList(const QString& period);
+    struct SendListSearch Search(const QString& period);
+    void ShowCount(int records);
+
+    void SendListClick(int column);
+    void ChkAllClick();
+    void BtnSendListFunClick(int index);
+    void ShowDetail();
+    void CancelTicked();
+
     Services& services_;
+    Window window_;
     TextHelper textHelper_;
     std::array<DatePicker*, 2> dates_{};   // DTPSendDt
     ComboBox* field_ = nullptr;            // CbSerch
     TextBox* search_ = nullptr;            // txtSerch
     std::array<RadioButton*, 4> status_{}; // OptSendStatus
-    PushButton* run_ = nullptr;            // BtnSendListSerch
     Label* count_ = nullptr;               // LblSendListCnt
     CheckBox* all_ = nullptr;              // chkAll
     fpSpread* list_ = nullptr;             // fpSpreadSendList
-    std::array<PushButton*, 3> buttons_{}; // BtnSendListFun
 };
 
 } // namespace tsms

@@ -3,6 +3,7 @@
 #include "account/AccountPage.h"
 #include "compose/ComposeBoxes.h"
 #include "compose/ComposePage.h"
+#include "compose/MakeSMSTransport.h"
 #include "compose/TemplateEditor.h"
 #include "gateway/ModSMS.h"
 #include "history/HistoryPage.h"
@@ -135,7 +136,8 @@ void frmSMSMain::BuildPages()
          [this] { ShowComingDialog(services_, ComingDialog::Import, this); }},
         [this](QWidget* page) { return new TemplateCards(services_, TemplateCards::ComposeSide, page); },
         ground_);
-    history_ = new HistoryPage(services_, ground_);
+    history_ = new HistoryPage(
+        services_, {[this](const SentRows& rows, std::int32_t count) { CancelSent(rows, count); }}, ground_);
     account_ = new AccountPage(services_, ground_);
     editor_ = new TemplateEditor(services_, *this, ground_);
     templates_ = new TemplatePage(services_, editor_, ground_);
@@ -239,7 +241,7 @@ void frmSMSMain::EnterPage(int index)
         compose_->ResetSenderNumber();
         break;
     case 1:
-        history_->FocusSearch();
+        history_->Enter();
         break;
     case 2:
         account_->SetUpGrids();
@@ -252,6 +254,13 @@ void frmSMSMain::EnterPage(int index)
         ShowSettings();
         break; // the button keeps its selected look when the dialog has closed
     }
+}
+
+void frmSMSMain::CancelSent(const SentRows& rows, std::int32_t count)
+{
+    MakeSMSTransport dialog(services_, rows, this);
+    dialog.SetTotalToCancel(count);
+    dialog.ShowModal();
 }
 
 void frmSMSMain::BtnToolbarEnClick(int index)

@@ -13,6 +13,7 @@ class HistoryPage;
 class Label;
 class Panel;
 class PictureButton;
+class SentRows;
 class TemplateEditor;
 class TemplatePage;
 struct Services;
@@ -48,6 +49,7 @@ private:
     void BtnWindowsClick(int index);
     void BtnWebPageClick(int index);
     void EnterPage(int index);
+    void CancelSent(const SentRows& rows, std::int32_t count);
     void FirstActivation();
     void ShowBalance();
     void ShowVersion();

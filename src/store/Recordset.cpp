@@ -3,6 +3,8 @@
 #include "runtime/RuntimeError.h"
 #include "store/DatabaseError.h"
 
+#include <limits>
+
 namespace tsms {
 
 Recordset::Recordset(QStringList fieldNames)
@@ -72,7 +74,7 @@ void Recordset::AddNull()
         column.reals.push_back(0);
         break;
     case Kind::Text:
-        column.ends.push_back(column.text.size());
+        Append(column, {});
         break;
     }
     Filled(true);
@@ -82,8 +84,7 @@ void Recordset::AddInteger(std::int64_t value)
 {
     Column& column = Next(Kind::Integer);
     if (column.kind == Kind::Text) {
-        column.text += QByteArray::number(static_cast<qlonglong>(value));
-        column.ends.push_back(column.text.size());
+        Append(column, QByteArray::number(static_cast<qlonglong>(value)));
     } else if (column.kind == Kind::Real) {
         column.reals.push_back(static_cast<double>(value));
     } else {
@@ -96,8 +97,7 @@ void Recordset::AddReal(double value)
 {
     Column& column = Next(Kind::Real);
     if (column.kind == Kind::Text) {
-        column.text += QByteArray::number(value, 'g', 15);
-        column.ends.push_back(column.text.size());
+        Append(column, QByteArray::number(value, 'g', 15));
     } else {
         column.reals.push_back(value);
     }
@@ -106,9 +106,7 @@ void Recordset::AddReal(double value)
 
 void Recordset::AddText(const char* utf8, qsizetype size)
 {
-    Column& column = Next(Kind::Text);
-    column.text.append(utf8, size);
-    column.ends.push_back(column.text.size());
+    Append(Next(Kind::Text), {utf8, size});
     Filled(false);
 }
 
@@ -148,12 +146,23 @@ void Recordset::Promote(Column& column, Kind kind)
                                                                : 0);
             break;
         case Kind::Text:
-            wider.text += TextOf(column, row).toUtf8();
-            wider.ends.push_back(wider.text.size());
+            Append(wider, TextOf(column, row).toUtf8());
             break;
         }
     }
     column = std::move(wider);
+}
+
+void Recordset::Append(Column& column, QByteArrayView utf8)
+{
+    const qsizetype end = column.text.size() + utf8.size();
+    if (end > qsizetype{std::numeric_limits<std::uint32_t>::max()})
+        throw RuntimeError(Overflow);
+    // By itself the text would double its room: half of that of a long result could be air.
+    if (end > column.text.capacity())
+        column.text.reserve(end + end / 4 + 64);
+    column.text.append(utf8);
+    column.ends.push_back(static_cast<std::uint32_t>(end));
 }
 
 QString Recordset::TextOf(const Column& column, std::size_t row)
@@ -170,7 +179,7 @@ QString Recordset::TextOf(const Column& column, std::size_t row)
     case Kind::Text:
         break;
     }
-    const std::int64_t from = row == 0 ? 0 : column.ends[row - 1];
+    const std::uint32_t from = row == 0 ? 0 : column.ends[row - 1];
     return QString::fromUtf8(column.text.constData() + from, column.ends[row] - from);
 }
 

@@ -38,7 +38,8 @@ public:
     QString Field(int column) const;
     bool IsNull(QStringView name) const;
 
-    // Filling, by the engines: values in the order of the fields, record by record.
+    // Filling, by the engines: values in the order of the fields, record by record. Raises 6 when the texts
+    // of a column pass 4 GiB.
     void AddNull();
     void AddInteger(std::int64_t value);
     void AddReal(double value);
@@ -52,14 +53,15 @@ private:
         Kind kind = Kind::Nothing;
         std::vector<std::int64_t> integers;
         std::vector<double> reals;
-        QByteArray text;                ///< all texts of the column, in UTF-8, one behind the other
-        std::vector<std::int64_t> ends; ///< where each of them ends
+        QByteArray text;                 ///< all texts of the column, in UTF-8, one behind the other
+        std::vector<std::uint32_t> ends; ///< where each of them ends
         std::vector<bool> nulls;
     };
 
     Column& Next(Kind kind);
     void Filled(bool null);
     static void Promote(Column& column, Kind kind);
+    static void Append(Column& column, QByteArrayView utf8);
     const Column& ColumnAt(int row, int column) const; ///< raises 3021 and 3265 for what is not there
     static QString TextOf(const Column& column, std::size_t row);
 

@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
-#include <QEvent>
 
 using namespace tsms;
 using namespace tsms::test;
@@ -45,17 +44,13 @@ protected:
     void Send(std::function<void(QWidget&)> act = {})
     {
         program.Send([this, act](QWidget& dialog) {
-            for (int i = 0; i < 4; ++i)
-                numbers_[i] = &program.On<Label>(dialog, u"LblSendSMS(%1)"_q.arg(i));
-            status_ = &program.On<Label>(dialog, u"lblStatus"_q);
-            dialog.installEventFilter(&keeper_);
-            keeper_.kept = [this] {
+            WhenClosing(dialog, [this, &dialog] {
                 for (int i = 0; i < 4; ++i)
-                    shown[i] = numbers_[i]->Caption();
-                status = status_->Caption();
+                    shown[i] = program.On<Label>(dialog, u"LblSendSMS(%1)"_q.arg(i)).Caption();
+                status = program.On<Label>(dialog, u"lblStatus"_q).Caption();
                 if (atTheEnd)
                     atTheEnd();
-            };
+            });
             if (act)
                 act(dialog);
         });
@@ -81,28 +76,10 @@ protected:
         minutes.SetListIndex(minutes.findText(minute + u"분"_q));
     }
 
-    /// Looks at the dialog when it is about to go.
-    class Keeper : public QObject
-    {
-    public:
-        std::function<void()> kept;
-        bool eventFilter(QObject*, QEvent* event) override
-        {
-            if (event->type() == QEvent::Close || event->type() == QEvent::Hide)
-                kept();
-            return false;
-        }
-    };
-
     Program program;
     QString shown[4];
     QString status;
     std::function<void()> atTheEnd; ///< when the dialog is about to go
-
-private:
-    Keeper keeper_;
-    Label* numbers_[4] = {};
-    Label* status_ = nullptr;
 };
 
 TEST_F(Dispatch, AFilteredRowCountsAsDoneAndTheBalanceFallsByWhatLeft)

@@ -30,18 +30,26 @@ protected:
         return *found;
     }
 
+    /// Under Busy, like the load of the window.
+    void Load()
+    {
+        session.Busy = Boolean::True;
+        page.Load();
+        session.Busy = Boolean::False;
+    }
+
     FixedClock clock;
     ScriptedDesktop desktop;
     Session session;
     DBConnect db{session, desktop, {}};
     ModSMS sms{session, db, desktop, clock, QString()};
     Services services{session, desktop, clock, db, sms};
-    HistoryPage page{services, nullptr};
+    HistoryPage page{services, {}, nullptr};
 };
 
 TEST_F(HistoryPageTest, StartsWithTodayAllFieldsAndAllStatuses)
 {
-    page.Load();
+    Load();
     EXPECT_EQ(The<DatePicker>(u"DTPSendDt(0)"_q).Value(), u"2012-05-30"_q);
     EXPECT_EQ(The<DatePicker>(u"DTPSendDt(1)"_q).Value(), u"2012-05-30"_q);
     EXPECT_EQ(The<ComboBox>(u"CbSerch"_q).ListIndex(), 0);
@@ -77,7 +85,7 @@ TEST_F(HistoryPageTest, ChoosingAFieldMovesTheFocusToTheTextUnlessBusy)
     page.show();
     page.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&page));
-    page.Load();
+    Load();
     auto& field = The<ComboBox>(u"CbSerch"_q);
     auto& text = The<TextBox>(u"txtSerch"_q);
     field.setFocus();

@@ -1,4 +1,5 @@
 #include "support/program/Program.h"
+#include "toolkit/DatePicker.h"
 
 #include <gtest/gtest.h>
 
@@ -46,6 +47,14 @@ protected:
             control->setEnabled(true);
     }
 
+    /// Puts a message that is due tomorrow into the log and the search.
+    void LogReservation()
+    {
+        program.database.Execute(u"INSERT INTO SMSLog_2012 (SMSStatus, SMSNo, SendTime) "
+                                 u"VALUES ('1', '100001', '2012-05-31-10-00')"_q);
+        program.The<DatePicker>(u"DTPSendDt(1)"_q).SetValue(program.clock.Date().addDays(1));
+    }
+
     Program program;
 };
 
@@ -77,6 +86,7 @@ TEST_F(TabOrder, TheTemplatePageRunsFromTheEditorToTheCards)
 
 TEST_F(TabOrder, TheHistoryPageRunsFromTheSearchToTheListAndItsButtons)
 {
+    LogReservation(); // without a row there are no ticks to turn round
     program.Click(u"BtnToolbarDis(1)"_q);
     const QStringList visited = Walk(program.Control(u"DTPSendDt(0)"_q));
     // Of the four choices only the chosen one is a stop.
@@ -100,6 +110,43 @@ TEST_F(TabOrder, APageWithoutAFieldOfItsOwnLeavesTheFocusOnItsTab)
 {
     program.Click(u"BtnToolbarDis(2)"_q);
     EXPECT_TRUE(program.Control(u"BtnToolbarEn(2)"_q).hasFocus());
+}
+
+class HistoryTabOrder : public TabOrder
+{
+protected:
+    /// Lists a message that is due tomorrow, clicks the button and runs `look` in the dialog that opens.
+    void InDialog(const QString& button, const QString& form, std::function<void(QWidget& dialog)> look)
+    {
+        LogReservation();
+        program.Click(u"BtnToolbarDis(1)"_q);
+        ClickCell(program.The<fpSpread>(u"fpSpreadSendList"_q), 2, 1);
+        WhenShown(form, [look](QWidget& dialog) {
+            look(dialog);
+            PressKey(dialog, Qt::Key_Escape);
+        });
+        program.Click(button);
+    }
+};
+
+TEST_F(HistoryTabOrder, OfTheDetailDialogRunsOverItsButtons)
+{
+    InDialog(u"BtnSendListFun(0)"_q, u"dlgSMSShowDetail"_q, [this](QWidget& dialog) {
+        EXPECT_TRUE(program.On<QWidget>(dialog, u"BtnSendS(0)"_q).hasFocus());printf("%s %s\n", dialog.focusWidget()->metaObject()->className(), qPrintable(dialog.focusWidget()->objectName()));
+        EXPECT_EQ(Walk(program.On<QWidget>(dialog, u"BtnSendS(0)"_q)), Names(u"BtnSendS(%1)"_q, 0, 1));
+    });
+}
+
+TEST_F(HistoryTabOrder, OfTheCancellationRunsOverItsButtons)
+{
+    program.desktop.Expect({u"예약취소"_q,
+                            u"예약취소확인 : 총1건에 대한 문자메시지를 예약취소 하시겠습니까.?"_q,
+                            MsgBoxQuestion},
+                           AnswerYes);
+    InDialog(u"BtnSendListFun(1)"_q, u"MakeSMSTransport"_q, [this](QWidget& dialog) {
+        EXPECT_TRUE(program.On<QWidget>(dialog, u"BtnSendS(0)"_q).hasFocus());printf("%s %s\n", dialog.focusWidget()->metaObject()->className(), qPrintable(dialog.focusWidget()->objectName()));
+        EXPECT_EQ(Walk(program.On<QWidget>(dialog, u"BtnSendS(0)"_q)), Names(u"BtnSendS(%1)"_q, 0, 1));
+    });
 }
 
 class DispatchTabOrder : public TabOrder

@@ -25,10 +25,36 @@ void SendKey(QWidget& field, QEvent::Type type, int key, Qt::KeyboardModifiers m
     QApplication::sendEvent(&field, &event);
 }
 
+class ClosingWatch final : public QObject
+{
+public:
+    ClosingWatch(QWidget& form, std::function<void()> look) : QObject(&form), look_(std::move(look))
+    {
+        form.installEventFilter(this);
+    }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Close)
+            look_();
+        return false;
+    }
+
+private:
+    std::function<void()> look_;
+};
+
 QWidget& Receiver(QWidget& field)
 {
     QWidget* focused = field.window()->focusWidget();
     return focused && field.isAncestorOf(focused) ? *focused : field;
+}
+
+/// The middle of a cell, which is brought on view.
+QPoint PlaceOf(fpSpread& grid, int column, int row)
+{
+    const QModelIndex index = grid.model()->index(row - 1, column - 1);
+    grid.scrollTo(index);
+    return grid.visualRect(index).center();
 }
 
 } // namespace
@@ -75,9 +101,15 @@ void ClickOn(QWidget& control)
 
 void ClickCell(fpSpread& grid, int column, int row)
 {
-    const QModelIndex index = grid.model()->index(row - 1, column - 1);
-    grid.scrollTo(index);
-    QTest::mouseClick(grid.viewport(), Qt::LeftButton, Qt::NoModifier, grid.visualRect(index).center());
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, Qt::NoModifier, PlaceOf(grid, column, row));
+}
+
+void DoubleClickCell(fpSpread& grid, int column, int row)
+{
+    const QPoint place = PlaceOf(grid, column, row);
+    ClickCell(grid, column, row);
+    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    QTest::mouseRelease(grid.viewport(), Qt::LeftButton, Qt::NoModifier, place);
 }
 
 void TypeIntoCell(fpSpread& grid, int column, int row, const QString& text)
@@ -105,6 +137,11 @@ void WhenShown(const QString& formName, std::function<void(QWidget& form)> act)
         }
     });
     timer->start(5);
+}
+
+void WhenClosing(QWidget& form, std::function<void()> look)
+{
+    new ClosingWatch(form, std::move(look)); // goes with the form
 }
 
 void Settle()

@@ -22,12 +22,17 @@ void CommitText(QWidget& field, const QString& text);
 void ClickOn(QWidget& control);
 /// A click on a cell, column and row from 1.
 void ClickCell(fpSpread& grid, int column, int row);
+/// Press, release, double click, release: what a window gets of a double click.
+void DoubleClickCell(fpSpread& grid, int column, int row);
 /// Clicks the cell and types the text into it.
 void TypeIntoCell(fpSpread& grid, int column, int row, const QString& text);
 
 /// As soon as the form of that name is on view and active, runs `act` inside its modal loop. A form that does
 /// not come within five seconds fails the test.
 void WhenShown(const QString& formName, std::function<void(QWidget& form)> act);
+
+/// Runs `look` when the form is about to close, while its controls still show what they showed last.
+void WhenClosing(QWidget& form, std::function<void()> look);
 
 /// Lets pending events happen.
 void Settle();

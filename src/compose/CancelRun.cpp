@@ -1,0 +1,84 @@
+#include "compose/CancelRun.h"
+
+#include "compose/RunDisplay.h"
+#include "compose/SentRows.h"
+#include "gateway/ModSMS.h"
+#include "runtime/Numbers.h"
+#include "runtime/RuntimeError.h"
+#include "runtime/Text.h"
+#include "store/DBConnect.h"
+#include "store/Statement.h"
+
+namespace tsms {
+
+CancelRun::CancelRun(DBConnect& db, ModSMS& sms, const SentRows& rows, RunDisplay& display)
+    : db_(db), sms_(sms), rows_(rows), display_(display)
+{
+}
+
+void CancelRun::RunCancel()
+{
+    WithHandler([&] { CancelAllRows(); },
+                [&] {
+                    sms_.ReleaseSOAP();
+                    display_.SetRunBusy(false);
+                    db_.ReportDBError(); // finds no error any more: it only closes the database
+                });
+}
+
+void CancelRun::CancelAllRows()
+{
+    display_.SetRunBusy(true);
+    CountOK = 0;
+    CountFail = 0;
+    done_ = 0;
+    display_.SetBarMaximum(ToLong(display_.TotalText()));
+    display_.SetBarValue(0);
+    db_.ConnectWithRetry();
+    sms_.InitWithRetry();
+    const int lastRow = rows_.MaxRows();
+    for (int row = 1; row <= lastRow; ++row) {
+        if (rows_.RowTicked(row))
+            CancelRow(row);
+        display_.SetBarValue(row);
+    }
+    CreditBalance();
+    sms_.ReleaseSOAP();
+    db_.CloseDB();
+    display_.SetRunBusy(false);
+}
+
+void CancelRun::CancelRow(int row)
+{
+    const QString number = Trim(rows_.NumberText(row));
+    if (number != QStringView(u"0")) // the gateway never took it: nothing to withdraw
+        Withdraw(row, number);
+    ++done_;
+    display_.ShowStatus(CancelStatus(display_.TotalText(), FormatCount(done_)));
+}
+
+void CancelRun::Withdraw(int row, const QString& number)
+{
+    const QString key = Trim(rows_.KeyText(row));
+    const QString year = Trim(rows_.TimeText(row)).left(4);
+    if (sms_.WithdrawSMS(key, number, year, QString(), QString(), QString()) == Boolean::True)
+        ++CountOK;
+    else
+        ++CountFail;
+    display_.ShowCounts(FormatCount(CountOK), FormatCount(CountFail));
+}
+
+void CancelRun::CreditBalance()
+{
+    if (CountOK > 0)
+        db_.ExecuteSQL(
+            Statement(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + ").Own(QString::number(CountOK)));
+}
+
+QString CancelStatus(const QString& total, const QString& done)
+{
+    return QStringLiteral("총 취소건수 : ") + total + QStringLiteral("건 / 현 취소 건수 : ") + done +
+           QStringLiteral("건");
+}
+
+} // namespace tsms

@@ -1,0 +1,35 @@
+#include "history/GridSentRows.h"
+
+#include "history/ModStep2.h"
+#include "history/SendListMarks.h"
+#include "toolkit/fpSpread.h"
+#include "toolkit/GridHelper.h"
+
+namespace tsms {
+
+int GridSentRows::MaxRows() const
+{
+    return grid_.MaxRows();
+}
+
+bool GridSentRows::RowTicked(int row) const
+{
+    return MarkOf(grid_, row) == CheckTicked;
+}
+
+QString GridSentRows::KeyText(int row) const
+{
+    return GridHelper().GetCellText(grid_, SendListKey, row);
+}
+
+QString GridSentRows::NumberText(int row) const
+{
+    return GridHelper().GetCellText(grid_, SendListNo, row);
+}
+
+QString GridSentRows::TimeText(int row) const
+{
+    return GridHelper().GetCellText(grid_, SendListTime, row);
+}
+
+} // namespace tsms

@@ -1,0 +1,65 @@
+#include "history/SendListMarks.h"
+
+#include "history/ModStep2.h"
+#include "history/ReservedTest.h"
+#include "runtime/Numbers.h"
+#include "runtime/Text.h"
+#include "toolkit/fpSpread.h"
+#include "toolkit/GridHelper.h"
+
+namespace tsms {
+
+CheckPicture FirstMark(const QString& status, const QString& sendTime, QDate today)
+{
+    if (Trim(status) == QStringView(u"2"))
+        return CheckLocked;
+    return IsReserved(sendTime, today) ? CheckEmpty : CheckLocked;
+}
+
+void SetFirstMarks(fpSpread& list, QDate today)
+{
+    const GridHelper helper;
+    const int rows = list.MaxRows();
+    for (Counter16 row; row.Value() < rows;) {
+        ++row;
+        const QString status = helper.GetCellText(list, SendListStatus, row.Value());
+        const QString time = helper.GetCellText(list, SendListTime, row.Value());
+        list.SetCellPicture(SendListStatus, row.Value(), FirstMark(status, time, today));
+    }
+}
+
+CheckPicture MarkOf(const fpSpread& list, int row)
+{
+    return static_cast<CheckPicture>(list.CellPicture(SendListStatus, row));
+}
+
+void InvertMark(fpSpread& list, int row)
+{
+    switch (MarkOf(list, row)) {
+    case CheckEmpty:
+        list.SetCellPicture(SendListStatus, row, CheckTicked);
+        break;
+    case CheckTicked:
+        list.SetCellPicture(SendListStatus, row, CheckEmpty);
+        break;
+    default:
+        break;
+    }
+}
+
+void InvertMarks(fpSpread& list)
+{
+    for (int row = 1; row <= list.MaxRows(); ++row)
+        InvertMark(list, row);
+}
+
+std::int32_t CountTicked(const fpSpread& list)
+{
+    std::int32_t ticked = 0;
+    for (int row = 1; row <= list.MaxRows(); ++row)
+        if (MarkOf(list, row) == CheckTicked)
+            ++ticked;
+    return ticked;
+}
+
+} // namespace tsms

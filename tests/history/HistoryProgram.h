@@ -1,0 +1,67 @@
+#pragma once
+
+#include "support/program/Program.h"
+
+#include <gtest/gtest.h>
+
+namespace tsms::test {
+
+/// A row of a log table as a test puts it there; an empty text is stored as NULL.
+struct SentMessage
+{
+    QString time = u"2012-05-30 10-00"_q; ///< its year is that of the table
+    QString status = u"1"_q;
+    QString name = u"김하늘"_q;
+    QString phone = u"010-0000-0001"_q;
+    QString content = u"안녕하세요"_q;
+    QString number = u"100001"_q; ///< the gateway's
+    QString errorCode = {};
+    QString errorText = {};
+};
+
+// The boxes of cancellations.
+Box NothingTickedBox();
+Box CancelQuestion(int count);
+Box CancelledBox();
+Box NothingCancelledBox();
+Box LockedBox();
+Box DatabaseBox(const QString& words);
+
+/// The whole program, worked on its history page.
+class HistoryProgram : public ::testing::Test
+{
+protected:
+    void SetUp() override { ASSERT_TRUE(program.Start()); }
+
+    /// Puts a row into the log and gives its key.
+    int Log(const SentMessage& message);
+
+    /// Sends through the gateway, which holds the message until then ("YYYY:MM:DD:HH:MM"); gives the key of
+    /// its row.
+    int Reserve(const QString& name, const QString& until = u"2012:05:31:10:00"_q);
+
+    void Enter() { program.Click(u"BtnToolbarDis(1)"_q); }
+    void SetPeriod(const QString& first, const QString& last);
+    void Search() { program.Click(u"BtnSendListSerch"_q); }
+    /// Enters the page and searches all days of the year 2012.
+    void EnterAndListAll();
+
+    fpSpread& List() { return program.The<fpSpread>(u"fpSpreadSendList"_q); }
+    QStringList Column(int col);
+    QStringList Names() { return Column(5); }
+    QString Marks(); ///< a letter a row: empty, ticked, locked, or "-" for none
+    void ClickMark(int row) { ClickCell(List(), 2, row); }
+    QString CountText() { return program.Caption(u"LblSendListCnt"_q); }
+    bool ChkAllEnabled() { return program.Control(u"chkAll"_q).isEnabled(); }
+    bool ChkAllTicked();
+
+    int StatementCount() { return static_cast<int>(program.connections.Statements().size()); }
+    QString LastStatement() { return program.connections.Statements().last(); }
+    /// The keys that are left in a log table.
+    QStringList Keys(int year = 2012);
+    QList<ServiceCall> Withdrawals(); ///< calls of DeleteSMS
+
+    Program program;
+};
+
+} // namespace tsms::test
