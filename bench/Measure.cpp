@@ -4,7 +4,9 @@
 #include <chrono>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
+#include <malloc.h>
 
 namespace tsms::bench {
 
@@ -47,6 +49,21 @@ const char* Verdict(bool kept)
     return kept ? " kept" : " MISSED";
 }
 
+std::string RatioLimit(double ratio, double limit)
+{
+    return limit == NoLimit ? std::string("-") : Printed("<= %g", limit) + Verdict(ratio <= limit);
+}
+
+/// A figure in KiB of what the system tells about this process.
+long StatusOf(const std::string& name)
+{
+    std::ifstream status("/proc/self/status");
+    for (std::string word; status >> word;)
+        if (long kib = 0; word == name && status >> kib)
+            return kib;
+    return 0;
+}
+
 } // namespace
 
 std::int64_t Nanoseconds()
@@ -56,11 +73,22 @@ std::int64_t Nanoseconds()
 
 long PeakMemory()
 {
-    std::ifstream status("/proc/self/status");
-    for (std::string word; status >> word;)
-        if (long kib = 0; word == "VmHWM:" && status >> kib)
-            return kib;
-    return 0;
+    return StatusOf("VmHWM:");
+}
+
+long HeldMemory()
+{
+    return StatusOf("VmRSS:");
+}
+
+void ForgetPeakMemory()
+{
+    malloc_trim(0);
+    constexpr int peakAnew = 5;
+    if (std::ofstream("/proc/self/clear_refs") << peakAnew << std::flush)
+        return;
+    std::fprintf(stderr, "the system does not count the peak of the memory anew\n");
+    std::exit(1);
 }
 
 double Median(std::vector<double> values)
@@ -88,8 +116,23 @@ void PrintRow(const std::string& what, const std::string& size, const Cost& ours
 {
     const double ratio = ours.nanoseconds / baseline.nanoseconds;
     PrintCells({what, size, Time(ours.nanoseconds), Time(baseline.nanoseconds), Printed("%.3f", ratio),
-                Memory(ours.peakMemory) + " / " + Memory(baseline.peakMemory),
-                limit == NoLimit ? std::string("-") : Printed("<= %g", limit) + Verdict(ratio <= limit)});
+                Memory(ours.peakMemory) + " / " + Memory(baseline.peakMemory), RatioLimit(ratio, limit)});
+}
+
+void PrintTimeRow(const std::string& what, const std::string& size, double ours, double baseline,
+                  double limit)
+{
+    PrintCells({what, size, Time(ours), Time(baseline), Printed("%.3f", ours / baseline), "-",
+                "< " + Time(limit) + Verdict(ours < limit)});
+}
+
+void PrintMemoryRow(const std::string& what, const std::string& size, double ours, double baseline,
+                    double limit)
+{
+    const double ratio = ours / baseline;
+    constexpr double mebibyte = 1024 * 1024;
+    PrintCells({what, size, Printed("%.2f MiB", ours / mebibyte), Printed("%.2f MiB", baseline / mebibyte),
+                Printed("%.3f", ratio), "-", RatioLimit(ratio, limit)});
 }
 
 void PrintCountRow(const std::string& what, const std::string& size, int ours, int baseline, int demanded)

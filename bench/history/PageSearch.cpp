@@ -1,0 +1,60 @@
+#include "bench/history/Search.h"
+
+#include "bench/history/HistoryWindow.h"
+#include "bench/history/TextSum.h"
+#include "bench/Measure.h"
+
+#include "toolkit/fpSpread.h"
+#include "toolkit/GridHelper.h"
+#include "toolkit/Pictures.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace tsms::bench {
+
+namespace {
+
+constexpr int MarkColumn = 2;
+
+/// Every row has its mark, and there are rows of both kinds.
+void DemandMarks(const fpSpread& list)
+{
+    int open = 0;
+    int locked = 0;
+    for (int row = 1; row <= list.MaxRows(); ++row) {
+        open += list.CellPicture(MarkColumn, row) == CheckEmpty ? 1 : 0;
+        locked += list.CellPicture(MarkColumn, row) == CheckLocked ? 1 : 0;
+    }
+    if (open > 0 && locked > 0 && open + locked == list.MaxRows())
+        return;
+    std::fprintf(stderr, "bench_history: %d open and %d locked marks in %d rows\n", open, locked,
+                 list.MaxRows());
+    std::exit(1);
+}
+
+} // namespace
+
+Search SearchOnPage(const QString& database, int searchesBefore)
+{
+    HistoryWindow window(database);
+    ForgetPeakMemory();
+    const long held = HeldMemory();
+    for (int search = 0; search < searchesBefore; ++search)
+        window.ClickSearch();
+    const std::int64_t from = Nanoseconds();
+    window.ClickSearch();
+    const std::int64_t to = Nanoseconds();
+    const long most = PeakMemory();
+
+    const fpSpread& list = window.List();
+    DemandMarks(list);
+    TextSum sum;
+    for (int row = 1; row <= list.MaxRows(); ++row)
+        for (int col = 1; col <= list.MaxCols(); ++col)
+            sum.Add(GridHelper().GetCellText(list, col, row).toUtf8());
+    return {static_cast<double>(to - from), static_cast<double>(most - held) * 1024, sum.Bytes(),
+            sum.Digest()};
+}
+
+} // namespace tsms::bench
