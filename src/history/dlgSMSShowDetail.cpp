@@ -12,6 +12,7 @@
 #include "toolkit/Controls.h"
 #include "toolkit/Naming.h"
 #include "toolkit/Theme.h"
+#include "toolkit/WrappedLabel.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -75,9 +76,8 @@ QWidget* dlgSMSShowDetail::BuildPhone()
     phone->setFrameShape(QFrame::NoFrame);
     phone->setFocusPolicy(Qt::NoFocus);
     phone->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    content_ = new Label(phone, QStringLiteral("LblTmpContent"));
+    content_ = new WrappedLabel(phone, QStringLiteral("LblTmpContent"));
     content_->SetBackColor(theme::Phone);
-    content_->setWordWrap(true);
     content_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     content_->setContentsMargins(12, 12, 12, 12);
     phone->setWidget(content_);
@@ -93,8 +93,7 @@ void dlgSMSShowDetail::BuildFields(QVBoxLayout& column)
     grid->setVerticalSpacing(8);
     grid->setColumnStretch(1, 1);
     for (int i = 0; i < static_cast<int>(values_.size()); ++i) {
-        auto* value = new Label(&Body(), IndexedName(u"LblSendSMS", i));
-        value->setWordWrap(true);
+        auto* value = new WrappedLabel(&Body(), IndexedName(u"LblSendSMS", i));
         value->setFixedWidth(ValueWidth);
         values_[static_cast<std::size_t>(i)] = value;
         grid->addWidget(value, i, 1);

@@ -22,6 +22,7 @@
 #include "toolkit/Controls.h"
 #include "toolkit/DatePicker.h"
 #include "toolkit/fpSpread.h"
+#include "toolkit/Pictures.h"
 #include "toolkit/TextField.h"
 #include "toolkit/Theme.h"
 #include "tsms-db/Demo.h"
@@ -52,6 +53,9 @@ public:
 
     void FailedStarts();
     void Pages();
+    void History();
+    void Cancellation();
+    void Details();
     void Frames();
     void PreflightBoxes();
     void AccountBoxes();
@@ -80,6 +84,7 @@ private:
     }
     template <class W> W& The(const QString& name) { return On<W>(*form_, name); }
     void Click(const QString& name);
+    fpSpread& SentList() { return The<fpSpread>(u"fpSpreadSendList"_q); }
     fpSpread& Grid() { return The<fpSpread>(u"fpSpread"_q); }
     void Write(const QString& message);
     void List(const QList<QStringList>& recipients);
@@ -90,6 +95,12 @@ private:
     void Send(std::function<void(QWidget& dialog)> act = {});
     void RefuseReservation(QWidget& dialog, const QString& box);
     void AwaitFailures(int count);
+    void SearchHistory(const QString& first, const QString& last, int status);
+    void SetPeriod(const QString& first, const QString& last);
+    void ClickHistoryCell(int column, int row);
+    void Reserve();
+    void Withdraw(int ticked, const QString& question, std::function<void(QWidget& dialog)> act);
+    void OpenDetail(int row, std::function<void(QWidget& dialog)> act);
     void SetAccount(const QString& assignment) { database_.Execute(u"UPDATE SMSSetup SET "_q + assignment); }
 
     QDir folder_;
@@ -296,6 +307,134 @@ void PictureBook::Frames()
     Click(u"BtnToolbarDis(0)"_q);
 }
 
+void PictureBook::SetPeriod(const QString& first, const QString& last)
+{
+    The<DatePicker>(u"DTPSendDt(0)"_q).SetValue(QDate::fromString(first, Qt::ISODate));
+    The<DatePicker>(u"DTPSendDt(1)"_q).SetValue(QDate::fromString(last, Qt::ISODate));
+}
+
+void PictureBook::SearchHistory(const QString& first, const QString& last, int status)
+{
+    SetPeriod(first, last);
+    The<RadioButton>(u"OptSendStatus(%1)"_q.arg(status)).SetValue(true);
+    Click(u"BtnSendListSerch"_q);
+    desk_.ExpectNoneLeft();
+}
+
+void PictureBook::ClickHistoryCell(int column, int row)
+{
+    EXPECT_TRUE(QTest::qWaitForWindowActive(form_.get()));
+    ClickCell(SentList(), column, row);
+    desk_.ExpectNoneLeft();
+}
+
+void PictureBook::History()
+{
+    Click(u"BtnToolbarDis(1)"_q);
+    SearchHistory(u"2012-05-29"_q, u"2012-06-30"_q, 0);
+    for (int row : {2, 3, 5})
+        ClickHistoryCell(2, row);
+    Take(*form_, u"history-marks"_q);
+    desk_.Await(u"box-history-locked"_q);
+    int locked = 1;
+    while (SentList().CellPicture(2, locked) != CheckLocked)
+        ++locked;
+    ClickHistoryCell(2, locked);
+
+    SetPeriod(u"2011-12-31"_q, u"2012-01-01"_q);
+    desk_.Await(u"box-history-two-years"_q);
+    Click(u"BtnSendListSerch"_q);
+    desk_.ExpectNoneLeft();
+    SearchHistory(u"2012-12-01"_q, u"2012-12-31"_q, 0);
+    Take(*form_, u"history-empty"_q);
+}
+
+/// Reservations that the gateway knows, beside those of the demonstration, which it refuses.
+void PictureBook::Reserve()
+{
+    db_.ConnectDB();
+    sms_.InitSOAP();
+    for (int i = 0; i < MobileRecipients; ++i)
+        EXPECT_EQ(sms_.SubmitSMS(Recipients[i][0], Recipients[i][1], session_.SMSTelNo,
+                                 u"내일 모임은 저녁 7시입니다."_q, u"2012:06:01:19:00"_q, {}, {}, {}),
+                  Boolean::True);
+    sms_.ReleaseSOAP();
+    db_.CloseDB();
+}
+
+/// Ticks that many rows, clicks "cancel" on the page, answers the question with yes, acts in the dialog and
+/// clicks its button.
+void PictureBook::Withdraw(int ticked, const QString& question, std::function<void(QWidget& dialog)> act)
+{
+    for (int row = 1; row <= ticked; ++row)
+        ClickHistoryCell(2, row);
+    desk_.Await(question, AnswerYes);
+    WhenShown(u"MakeSMSTransport"_q, [this, act](QWidget& dialog) {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        act(dialog);
+        ClickOn(On<QWidget>(dialog, u"BtnSendS(0)"_q));
+    });
+    Click(u"BtnSendListFun(1)"_q);
+    desk_.ExpectNoneLeft();
+}
+
+void PictureBook::Cancellation()
+{
+    Reserve();
+    SearchHistory(u"2012-06-01"_q, u"2012-06-01"_q, 1);
+    desk_.Await(u"box-cancel-nothing-ticked"_q);
+    Click(u"BtnSendListFun(1)"_q);
+    int deletions = 0;
+    Withdraw(SentList().MaxRows(), u"box-cancel-question"_q, [&](QWidget& dialog) {
+        Take(dialog, u"cancellation"_q);
+        connections_.BeforeStatement([&](const QString& sql) {
+            if (sql.startsWith(u"DELETE"_q) && ++deletions == MobileRecipients)
+                Save(dialog, u"cancellation-running"_q);
+        });
+        desk_.Await(u"box-cancelled"_q);
+    });
+    connections_.BeforeStatement({});
+    EXPECT_EQ(deletions, MobileRecipients);
+
+    gateway_.Fail(FaultKind::Refuse);
+    SearchHistory(u"2012-05-31"_q, u"2012-06-30"_q, 1);
+    Withdraw(1, QString(), [this](QWidget&) { desk_.Await(u"box-nothing-cancelled"_q); });
+    gateway_.BehaveAgain();
+}
+
+void PictureBook::OpenDetail(int row, std::function<void(QWidget& dialog)> act)
+{
+    ClickHistoryCell(8, row);
+    WhenShown(u"dlgSMSShowDetail"_q, [act](QWidget& dialog) {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        act(dialog);
+        if (!dialog.isVisible())
+            return;
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog)); // again, behind a box
+        PressKey(dialog, Qt::Key_Escape);
+    });
+    Click(u"BtnSendListFun(0)"_q);
+    desk_.ExpectNoneLeft();
+}
+
+void PictureBook::Details()
+{
+    SearchHistory(u"2012-01-01"_q, u"2012-05-30"_q, 3);
+    OpenDetail(1, [this](QWidget& dialog) {
+        Take(dialog, u"detail-failed"_q);
+        desk_.Await(u"box-detail-not-reserved"_q);
+        ClickOn(On<QWidget>(dialog, u"BtnSendS(0)"_q));
+    });
+    Reserve();
+    SearchHistory(u"2012-06-01"_q, u"2012-06-01"_q, 1);
+    OpenDetail(1, [this](QWidget& dialog) {
+        Take(dialog, u"detail-reserved"_q);
+        desk_.Await(u"box-detail-cancelled"_q);
+        ClickOn(On<QWidget>(dialog, u"BtnSendS(0)"_q));
+    });
+    Click(u"BtnToolbarDis(0)"_q);
+}
+
 void PictureBook::PreflightBoxes()
 {
     EmptyComposePage();
@@ -454,6 +593,9 @@ int main(int argc, char** argv)
     PictureBook book(QString::fromLocal8Bit(argv[1]));
     book.FailedStarts();
     book.Pages();
+    book.History();
+    book.Cancellation();
+    book.Details();
     book.Frames();
     book.PreflightBoxes();
     book.AccountBoxes();

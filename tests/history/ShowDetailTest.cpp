@@ -278,6 +278,20 @@ TEST_F(ShowDetail, LineBreaksAndSignsOfTheMessageAreShownAsTheyAre)
     });
 }
 
+TEST_F(ShowDetail, AWordThatFindsNoRoomInALineGoesOnInTheNext)
+{
+    LogAndOpen({.name = QString(50, u'W'), .content = u"http://"_q + QString(73, u'w')},
+               [this](QWidget& dialog) {
+                   Settle();
+                   const Label& content = Of(dialog, u"LblTmpContent"_q);
+                   EXPECT_EQ(content.width(), content.parentWidget()->width());
+                   EXPECT_GE(content.height(), content.heightForWidth(content.width()));
+                   const Label& name = Of(dialog, u"LblSendSMS(1)"_q);
+                   EXPECT_GE(name.height(), name.heightForWidth(name.width()));
+                   EXPECT_GT(name.height(), Of(dialog, u"LblSendSMS(2)"_q).height());
+               });
+}
+
 TEST_F(ShowDetail, ItsQueryHoldsBusyUntilItsEnd)
 {
     Log({});
@@ -324,6 +338,16 @@ TEST_F(ShowDetail, IsLeftByEscByItsSecondButtonAndByTheCross)
         });
     EXPECT_EQ(program.gateway.CallCount(), calls);
     EXPECT_EQ(Marks(), u"t"_q); // not searched again
+}
+
+TEST_F(ShowDetail, EnterClosesItAndWithdrawsNothing)
+{
+    ListReserved();
+    Open([](QWidget& dialog) {
+        PressKey(dialog, Qt::Key_Return);
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    EXPECT_TRUE(Withdrawals().isEmpty());
 }
 
 TEST_F(ShowDetail, WhileBusyItsKeysAndButtonsAreDead)

@@ -4,6 +4,7 @@
 #include "toolkit/Controls.h"
 #include "toolkit/DatePicker.h"
 #include "toolkit/Theme.h"
+#include "toolkit/WrappedLabel.h"
 
 #include <gtest/gtest.h>
 
@@ -47,6 +48,8 @@ Room RoomOf(const QWidget& control)
     const QFontMetrics metrics = control.fontMetrics();
     if (dynamic_cast<const CardLabel*>(&control))
         return {}; // ends what goes on with a sign of it
+    if (const auto* label = dynamic_cast<const WrappedLabel*>(&control))
+        return {QSize(1, label->heightForWidth(label->width())), label->size()};
     if (const auto* label = dynamic_cast<const Label*>(&control))
         return {WordsSize(metrics, label->text()), label->contentsRect().size()};
     if (const auto* button = dynamic_cast<const PushButton*>(&control))
@@ -171,6 +174,28 @@ protected:
         EXPECT_GE(faults.Looked(), leastControls); // or the looking itself has failed
     }
 
+    /// Lists a message on the history page whose fields are as long as they come.
+    void ListLongMessage()
+    {
+        program.database.Execute(
+            u"INSERT INTO SMSLog_2012 (SMSStatus, SMSNo, SendNm, SendTelNo, SMSContent, SendTime, ErrCd, "
+            u"ErrMsg) "
+            u"VALUES ('1', '100001', '%1', '010-1234-5678', '%2', '2012-05-31-10-00', 'E305', '%3')"_q.arg(
+                u"한빛마을도서관 자원봉사자 모임 대표 "_q.repeated(2), u"가나다라"_q.repeated(10),
+                u"수신자의 휴대전화가 꺼져 있거나 통화권 밖에 있어 전송하지 못했습니다. "_q.repeated(2)));
+        program.The<DatePicker>(u"DTPSendDt(1)"_q).SetValue(program.clock.Date().addDays(1));
+        program.Click(u"BtnToolbarDis(1)"_q);
+        ClickCell(program.The<fpSpread>(u"fpSpreadSendList"_q), 2, 1);
+    }
+    void ExpectGoodDialog(const QString& button, const QString& form, int leastControls)
+    {
+        WhenShown(form, [this, leastControls](QWidget& dialog) {
+            ExpectGood(dialog, leastControls);
+            PressKey(dialog, Qt::Key_Escape);
+        });
+        program.Click(button);
+    }
+
     Program program;
 };
 
@@ -183,6 +208,29 @@ TEST_F(Layout, NothingIsCutOrOverlapsOnTheHistoryPage)
 {
     program.Click(u"BtnToolbarDis(1)"_q);
     ExpectGood(*program.form, 24);
+}
+
+TEST_F(Layout, NothingIsCutOrOverlapsOnTheHistoryPageWithTheMostRowsThatAreCounted)
+{
+    ListLongMessage();
+    program.The<Label>(u"LblSendListCnt"_q).SetCaption(u"(총 : 2,147,483,647건이 검색되었습니다.)"_q);
+    ExpectGood(*program.form, 24);
+}
+
+TEST_F(Layout, NothingIsCutOrOverlapsInTheDetailDialog)
+{
+    ListLongMessage();
+    ExpectGoodDialog(u"BtnSendListFun(0)"_q, u"dlgSMSShowDetail"_q, 14);
+}
+
+TEST_F(Layout, NothingIsCutOrOverlapsInTheCancellationDialog)
+{
+    ListLongMessage();
+    program.desktop.Expect({u"예약취소"_q,
+                            u"예약취소확인 : 총1건에 대한 문자메시지를 예약취소 하시겠습니까.?"_q,
+                            MsgBoxQuestion},
+                           AnswerYes);
+    ExpectGoodDialog(u"BtnSendListFun(1)"_q, u"MakeSMSTransport"_q, 16);
 }
 
 TEST_F(Layout, NothingIsCutOrOverlapsOnTheChargePage)

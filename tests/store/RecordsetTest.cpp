@@ -2,6 +2,7 @@
 
 #include "runtime/RuntimeError.h"
 #include "store/DatabaseError.h"
+#include "store/RecordsetCells.h"
 #include "support/Words.h"
 
 #include <gtest/gtest.h>
@@ -59,6 +60,29 @@ TEST(Recordset, ANullReadsAsEmptyText)
     EXPECT_EQ(records.Text(1, 1), QString());
 }
 
+TEST(Recordset, TellsByNameWhetherAFieldOfTheCurrentRecordIsNull)
+{
+    Recordset records = TwoPeople();
+    EXPECT_FALSE(records.IsNull(u"GSubNm"));
+    records.MoveNext();
+    EXPECT_TRUE(records.IsNull(u"gsubnm"));
+    EXPECT_FALSE(records.IsNull(u"GSubCd"));
+}
+
+TEST(Recordset, AnEmptyTextIsNotNull)
+{
+    Recordset records({u"x"_q});
+    records.AddText("", 0);
+    EXPECT_FALSE(records.IsNull(u"x"));
+    EXPECT_EQ(records.Field(u"x"), QString());
+}
+
+TEST(Recordset, AskingAFieldThatIsNotThereWhetherItIsNullRaises)
+{
+    EXPECT_EQ(NumberOf([] { TwoPeople().IsNull(u"GroupNm"); }), ItemNotFound);
+    EXPECT_EQ(NumberOf([] { Recordset({u"a"_q}).IsNull(u"a"); }), NoCurrentRecord);
+}
+
 TEST(Recordset, TheCursorWalksToTheEndAndBack)
 {
     Recordset records = TwoPeople();
@@ -112,6 +136,39 @@ TEST(Recordset, NumbersComeInPlainDigits)
     records.AddReal(20.0);
     EXPECT_EQ(records.Text(0, 0), u"2147483648"_q);
     EXPECT_EQ(records.Text(0, 1), u"20"_q);
+}
+
+TEST(RecordsetCells, AreTheFieldsByPositionFromOne)
+{
+    const RecordsetCells cells(std::make_shared<Recordset>(TwoPeople()));
+    EXPECT_EQ(cells.Rows(), 2);
+    EXPECT_EQ(cells.Cols(), 2);
+    EXPECT_EQ(cells.Text(1, 1), u"7"_q);
+    EXPECT_EQ(cells.Text(2, 1), u"김민준"_q);
+    EXPECT_EQ(cells.Text(1, 2), u"8"_q);
+    EXPECT_EQ(cells.Text(2, 2), QString()); // NULL
+}
+
+TEST(RecordsetCells, DoNotMoveTheCursorOfTheRecords)
+{
+    auto records = std::make_shared<Recordset>(TwoPeople());
+    RecordsetCells(records).Text(1, 2);
+    EXPECT_EQ(records->Field(u"GSubCd"), u"7"_q);
+}
+
+TEST(RecordsetCells, KeepTheirRecords)
+{
+    auto records = std::make_shared<Recordset>(TwoPeople());
+    const RecordsetCells cells(records);
+    records.reset();
+    EXPECT_EQ(cells.Text(2, 1), u"김민준"_q);
+}
+
+TEST(RecordsetCells, OfAnEmptyResultHaveNoRows)
+{
+    const RecordsetCells cells(std::make_shared<Recordset>(QStringList{u"a"_q, u"b"_q}));
+    EXPECT_EQ(cells.Rows(), 0);
+    EXPECT_EQ(cells.Cols(), 2);
 }
 
 } // namespace tsms::test
