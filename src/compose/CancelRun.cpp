@@ -1,10 +1,10 @@
 #include "compose/CancelRun.h"
 
 #include "compose/RunDisplay.h"
+#include "compose/RunFrame.h"
 #include "compose/SentRows.h"
 #include "gateway/ModSMS.h"
 #include "runtime/Numbers.h"
-#include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "store/DBConnect.h"
 #include "store/Statement.h"
@@ -18,24 +18,14 @@ CancelRun::CancelRun(DBConnect& db, ModSMS& sms, const SentRows& rows, RunDispla
 
 void CancelRun::RunCancel()
 {
-    WithHandler([&] { CancelAllRows(); },
-                [&] {
-                    sms_.ReleaseSOAP();
-                    display_.SetRunBusy(false);
-                    db_.ReportDBError(); // finds no error any more: it only closes the database
-                });
+    InRunFrame(db_, sms_, display_, [&] { CancelAllRows(); });
 }
 
 void CancelRun::CancelAllRows()
 {
-    display_.SetRunBusy(true);
     CountOK = 0;
     CountFail = 0;
     done_ = 0;
-    display_.SetBarMaximum(ToLong(display_.TotalText()));
-    display_.SetBarValue(0);
-    db_.ConnectWithRetry();
-    sms_.InitWithRetry();
     const int lastRow = rows_.MaxRows();
     for (int row = 1; row <= lastRow; ++row) {
         if (rows_.RowTicked(row))
@@ -43,9 +33,6 @@ void CancelRun::CancelAllRows()
         display_.SetBarValue(row);
     }
     CreditBalance();
-    sms_.ReleaseSOAP();
-    db_.CloseDB();
-    display_.SetRunBusy(false);
 }
 
 void CancelRun::CancelRow(int row)

@@ -11,15 +11,15 @@ class ModSMS;
 class RunDisplay;
 class SentRows;
 
-/// One cancellation run: a walk over the ticked messages, one gateway call for each that has a number, one
-/// credit at the end.
+/// One cancellation run: a walk over the ticked messages, one gateway call for each unless its number is "0",
+/// one credit at the end.
 class CancelRun
 {
 public:
     CancelRun(DBConnect& db, ModSMS& sms, const SentRows& rows, RunDisplay& display);
 
-    /// Runs to the last row. Failures of the database have shown their boxes when it returns; refusals are
-    /// told by the counts alone.
+    /// Runs to the last row. Failures of the database and of the connection to the gateway have shown their
+    /// boxes when it returns; refusals are told by the counts alone.
     void RunCancel();
 
     std::int32_t CountOK = 0;   ///< messages withdrawn in this run

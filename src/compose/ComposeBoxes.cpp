@@ -36,6 +36,12 @@ void ShowShortageBox(Desktop& desktop, const Session& session)
     desktop.OpenPage(session.SMSWeb2);
 }
 
+void ShowNothingCancelledBox(Desktop& desktop)
+{
+    desktop.MsgBox(QStringLiteral("이미 전송이 되었거나 발송된 내역이 없는 문자메시지입니다."),
+                   MsgBoxCritical, QStringLiteral("문자메시지 취소 실패!!!"));
+}
+
 bool CheckAccountAtLoad(Desktop& desktop, const Session& session)
 {
     if (IsBlank(session.SMSID)) {

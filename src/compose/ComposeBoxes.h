@@ -12,6 +12,9 @@ void ShowSignUpBox(Desktop& desktop, const Session& session);
 void ShowChargeBox(Desktop& desktop, const Session& session);
 void ShowShortageBox(Desktop& desktop, const Session& session);
 
+/// Tells that no message could be withdrawn.
+void ShowNothingCancelledBox(Desktop& desktop);
+
 /// The account checks at the load of the main window. True when one of them fired.
 bool CheckAccountAtLoad(Desktop& desktop, const Session& session);
 

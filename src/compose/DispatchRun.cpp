@@ -2,9 +2,9 @@
 
 #include "compose/Placeholders.h"
 #include "compose/RunDisplay.h"
+#include "compose/RunFrame.h"
 #include "gateway/ModSMS.h"
 #include "runtime/Numbers.h"
-#include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "session/Session.h"
 #include "store/DBConnect.h"
@@ -20,24 +20,14 @@ DispatchRun::DispatchRun(Session& session, DBConnect& db, ModSMS& sms, const Rec
 
 void DispatchRun::RunSend(const DispatchOrder& order)
 {
-    WithHandler([&] { SendAllRows(order); },
-                [&] {
-                    sms_.ReleaseSOAP();
-                    display_.SetRunBusy(false);
-                    db_.ReportDBError(); // finds no error any more: it only closes the database
-                });
+    InRunFrame(db_, sms_, display_, [&] { SendAllRows(order); });
 }
 
 void DispatchRun::SendAllRows(const DispatchOrder& order)
 {
-    display_.SetRunBusy(true);
     CountOK = 0;
     CountFail = 0;
     done_ = 0;
-    display_.SetBarMaximum(ToLong(display_.TotalText()));
-    display_.SetBarValue(0);
-    db_.ConnectWithRetry();
-    sms_.InitWithRetry();
     const int lastRow = rows_.MaxRows();
     for (int row = 1; row <= lastRow; ++row) {
         if (!rows_.RowHidden(row)) {
@@ -47,9 +37,6 @@ void DispatchRun::SendAllRows(const DispatchOrder& order)
         display_.SetBarValue(row);
     }
     DebitBalance();
-    sms_.ReleaseSOAP();
-    db_.CloseDB();
-    display_.SetRunBusy(false);
 }
 
 void DispatchRun::SendRow(int row, const DispatchOrder& order)

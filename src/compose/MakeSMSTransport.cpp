@@ -126,30 +126,36 @@ void MakeSMSTransport::BuildReservation(QVBoxLayout& body)
 
 void MakeSMSTransport::SetTotal(std::int32_t recipients)
 {
-    ShowTotal(recipients);
-    status_->SetCaption(DispatchStatus(TotalText(), QStringLiteral("0")));
+    const QString total = QString::number(recipients);
+    const int lastRow = source_ ? source_->rows.MaxRows() : recipients; // empty rows count as done
+    ShowTotal(recipients, DispatchStatus(total, FormatCount(lastRow)));
+    status_->SetCaption(DispatchStatus(total, QStringLiteral("0")));
 }
 
-void MakeSMSTransport::SetTotalToCancel(std::int32_t messages)
+void MakeSMSTransport::PrepareCancellation(std::int32_t messages)
 {
     RunMode = CancelMode.toString();
     reserve_->hide();
-    ShowTotal(messages);
+    const QString total = QString::number(messages);
+    ShowTotal(messages, CancelStatus(total, FormatCount(messages)));
     Button(0)->SetCaption(QStringLiteral("취소하기"));
-    status_->SetCaption(CancelStatus(TotalText(), QStringLiteral("0")));
+    status_->SetCaption(CancelStatus(total, QStringLiteral("0")));
 }
 
-void MakeSMSTransport::ShowTotal(std::int32_t count)
+/// The status line gets the width of its last words now: during the run it keeps its place.
+void MakeSMSTransport::ShowTotal(std::int32_t count, const QString& lastStatus)
 {
     numbers_[Total]->Tag = QString::number(count);
     numbers_[Total]->SetCaption(numbers_[Total]->Tag);
+    status_->setMinimumWidth(status_->fontMetrics().horizontalAdvance(lastStatus));
 }
 
-void MakeSMSTransport::Activate()
+void MakeSMSTransport::setVisible(bool visible)
 {
-    if (!activated_ && RunMode == CancelMode)
+    if (visible && !shown_ && RunMode == CancelMode)
         TurnIntoCancellation();
-    activated_ = true;
+    shown_ = shown_ || visible;
+    DialogForm::setVisible(visible);
 }
 
 void MakeSMSTransport::TurnIntoCancellation()
@@ -276,8 +282,7 @@ void MakeSMSTransport::Cancel()
 void MakeSMSTransport::TellCancelOutcome(std::int32_t countOK)
 {
     if (countOK < 1) {
-        services_.desktop.MsgBox(QStringLiteral("이미 전송이 되었거나 발송된 내역이 없는 문자메시지입니다."),
-                                 MsgBoxCritical, QStringLiteral("문자메시지 취소 실패!!!"));
+        ShowNothingCancelledBox(services_.desktop);
         return;
     }
     RefreshBalanceLabel(services_.session, services_.db);

@@ -3,6 +3,7 @@
 #include "compose/RunDisplay.h"
 #include "toolkit/DialogForm.h"
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 
@@ -18,7 +19,7 @@ class SentRows;
 struct Services;
 
 /// The dialog that carries out a send or a cancellation and shows how far it has come. The caller says how
-/// many messages it is about, by SetTotal or SetTotalToCancel, before it shows the dialog.
+/// many messages it is about, by SetTotal or PrepareCancellation, before it shows the dialog.
 class MakeSMSTransport : public DialogForm, private RunDisplay
 {
     Q_OBJECT
@@ -45,10 +46,12 @@ public:
     void SetTotal(std::int32_t recipients);
 
     /// Makes it a cancellation of that many messages.
-    void SetTotalToCancel(std::int32_t messages);
+    void PrepareCancellation(std::int32_t messages);
+
+    /// The first time it is shown, a cancellation takes its form before anything is drawn.
+    void setVisible(bool visible) override;
 
 protected:
-    void Activate() override;
     void OnButton(int index) override;
 
 private:
@@ -67,7 +70,7 @@ private:
     void TellOutcome(std::int32_t countOK);
 
     void TurnIntoCancellation();
-    void ShowTotal(std::int32_t count);
+    void ShowTotal(std::int32_t count, const QString& lastStatus);
     void Cancel();
     void TellCancelOutcome(std::int32_t countOK);
 
@@ -82,7 +85,7 @@ private:
     Services& services_;
     std::optional<Source> source_;
     const SentRows* sent_ = nullptr;
-    bool activated_ = false;
+    bool shown_ = false;
     Label* numbers_[4] = {};
     Label* totalCaption_ = nullptr; // Label1(0)
     Label* status_ = nullptr;

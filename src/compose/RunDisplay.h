@@ -4,7 +4,8 @@
 
 namespace tsms {
 
-/// What a run shows while it goes on. Each call is seen at once: the run does not return to the event loop.
+/// What a run shows while it goes on. The run does not return to the event loop: each call draws by itself,
+/// at the pace of the screen.
 class RunDisplay
 {
 public:

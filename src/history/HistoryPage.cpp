@@ -26,6 +26,8 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace tsms {
 
 namespace {
@@ -209,7 +211,7 @@ void HistoryPage::FillList(const QString& period)
 {
     services_.session.Busy = Boolean::True;
     services_.desktop.SetMousePointer(MousePointer::Hourglass);
-    if (services_.db.OpenRecordset(SendListStatement(Search(period))) == Boolean::True) {
+    if (services_.db.OpenRecordset(SendListStatement(Asked(period))) == Boolean::True) {
         const auto records = services_.db.ShareRecords();
         list_->SetMaxRows(records->RecordCount());
         list_->SetDataSource(std::make_shared<RecordsetCells>(records));
@@ -220,18 +222,24 @@ void HistoryPage::FillList(const QString& period)
     services_.session.Busy = Boolean::False;
 }
 
-SendListSearch HistoryPage::Search(const QString& period)
+SendListSearch HistoryPage::Asked(const QString& period)
 {
     SendListSearch search;
     search.period = period;
     search.field = field_->ListIndex();
     search.words = search_->Text();
-    for (int i = 3; i >= 1; --i)
-        if (status_[static_cast<std::size_t>(i)]->Value())
-            search.status = i;
+    search.status = ChosenStatus();
     search.first = dates_[0]->Value();
     search.dayAfterLast = QDate::fromString(dates_[1]->Value(), Qt::ISODate).addDays(1).toString(Qt::ISODate);
     return search;
+}
+
+/// 0, all, unless one of the others is chosen.
+int HistoryPage::ChosenStatus() const
+{
+    const auto chosen = std::find_if(status_.begin() + 1, status_.end(),
+                                     [](const RadioButton* option) { return option->Value(); });
+    return chosen == status_.end() ? 0 : static_cast<int>(chosen - status_.begin());
 }
 
 void HistoryPage::ShowCount(int records)

@@ -4,6 +4,7 @@
 #include "toolkit/TextHelper.h"
 
 #include <array>
+#include <cstdint>
 #include <functional>
 
 class QHBoxLayout;
@@ -16,6 +17,7 @@ class DatePicker;
 class fpSpread;
 class SentRows;
 class TextBox;
+struct SendListSearch;
 struct Services;
 
 /// The page on which sent messages are looked for and listed.
@@ -39,8 +41,6 @@ public:
     /// An entry to the page: the focus goes to the search text and the search runs.
     void Enter();
 
-    fpSpread& SendList() { return *list_; }
-
 private:
     QWidget* BuildSearch();
     void BuildPeriod(QHBoxLayout& row, QWidget& parent);
@@ -52,7 +52,8 @@ private:
     bool DatesAreInOneYear();
     void RunQuery(const QString& period);
     void FillList(const QString& period);
-    struct SendListSearch Search(const QString& period);
+    SendListSearch Asked(const QString& period);
+    int ChosenStatus() const;
     void ShowCount(int records);
 
     void SendListClick(int column);

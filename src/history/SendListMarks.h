@@ -19,6 +19,7 @@ CheckPicture FirstMark(const QString& status, const QString& sendTime, QDate tod
 /// rows before have their marks then.
 void SetFirstMarks(fpSpread& list, QDate today);
 
+/// CheckNone where a row has no mark.
 CheckPicture MarkOf(const fpSpread& list, int row);
 
 /// Ticked becomes empty and empty ticked; a locked mark stays.

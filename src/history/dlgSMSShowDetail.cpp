@@ -1,5 +1,6 @@
 #include "history/dlgSMSShowDetail.h"
 
+#include "compose/ComposeBoxes.h"
 #include "gateway/ModSMS.h"
 #include "history/ReservedTest.h"
 #include "runtime/Clock.h"
@@ -137,6 +138,7 @@ void dlgSMSShowDetail::Fill(const Recordset& row)
     if (!row.IsNull(u"ErrMsg"))
         values_[FailureText]->SetCaption(field(u"ErrMsg") + QStringLiteral("(") + field(u"ErrCd") +
                                          QStringLiteral(")"));
+    // Meant to come last: where the day cannot be read, the word of the query stays and is refused.
     values_[StatusWord]->SetCaption(
         ShownStatus(field(u"SMSStatus"), field(u"SendTime"), services_.clock.Date()));
 }
@@ -164,8 +166,7 @@ void dlgSMSShowDetail::BtnCancelClick()
         services_.desktop.MsgBox(QStringLiteral("정상적으로 문자메시지 예약취소를 완료하였습니다.!!"),
                                  MsgBoxInformation, QStringLiteral("문자메시지 예약취소"));
     else
-        services_.desktop.MsgBox(QStringLiteral("이미 전송이 되었거나 발송된 내역이 없는 문자메시지입니다."),
-                                 MsgBoxCritical, QStringLiteral("문자메시지 취소 실패!!!"));
+        ShowNothingCancelledBox(services_.desktop);
     searchAgain_();
 }
 

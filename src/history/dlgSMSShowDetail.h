@@ -25,7 +25,7 @@ public:
     dlgSMSShowDetail(Services& services, std::function<void()> searchAgain, QWidget* owner = nullptr);
 
     /// Fills the dialog, before it is shown, with the message `key` of the log table of the year `period`.
-    /// Where there is none the labels stay empty; a failure has shown its box.
+    /// Where there is none the labels stay empty; a failure has shown its box. Does nothing while Busy.
     void Sp_SMSDeTail(std::int32_t key, const QString& period);
 
 protected:

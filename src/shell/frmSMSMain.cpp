@@ -259,7 +259,7 @@ void frmSMSMain::EnterPage(int index)
 void frmSMSMain::CancelSent(const SentRows& rows, std::int32_t count)
 {
     MakeSMSTransport dialog(services_, rows, this);
-    dialog.SetTotalToCancel(count);
+    dialog.PrepareCancellation(count);
     dialog.ShowModal();
 }
 

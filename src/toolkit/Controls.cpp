@@ -458,6 +458,27 @@ QSize RadioButton::sizeHint() const
     return QRadioButton::sizeHint().grownBy(RingRoom);
 }
 
+/// Of the choices on the same surface, in the order in which they were made.
+RadioButton* RadioButton::Neighbour(int step) const
+{
+    const auto choices = parentWidget()->findChildren<RadioButton*>(QString(), Qt::FindDirectChildrenOnly);
+    return choices.value(choices.indexOf(const_cast<RadioButton*>(this)) + step);
+}
+
+void RadioButton::keyPressEvent(QKeyEvent* event)
+{
+    const bool forward = event->key() == Qt::Key_Right || event->key() == Qt::Key_Down;
+    const bool back = event->key() == Qt::Key_Left || event->key() == Qt::Key_Up;
+    if (!forward && !back) {
+        QRadioButton::keyPressEvent(event);
+        return;
+    }
+    if (RadioButton* neighbour = Neighbour(forward ? 1 : -1)) {
+        neighbour->setFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        neighbour->SetValue(true);
+    }
+}
+
 void RadioButton::paintEvent(QPaintEvent*)
 {
     QStyleOptionButton option;

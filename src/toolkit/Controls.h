@@ -211,7 +211,8 @@ private:
     ScreenPace pace_;
 };
 
-/// One choice of several. OnClick comes with each choosing, by a person or by SetValue(true).
+/// One choice of several. OnClick comes with each choosing, by a person or by SetValue(true). An arrow key
+/// moves the focus to the neighbour and chooses it then, so that OnClick may move the focus on.
 class RadioButton : public QRadioButton
 {
     Q_OBJECT
@@ -230,9 +231,12 @@ public:
     QString Tag;
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    RadioButton* Neighbour(int step) const;
+
     QString caption_;
 };
 

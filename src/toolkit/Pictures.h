@@ -11,7 +11,7 @@ class QPainter;
 namespace tsms {
 
 /// The pictures of mark cells, by their index.
-enum CheckPicture : int { CheckEmpty = 0, CheckTicked = 1, CheckLocked = 2 };
+enum CheckPicture : int { CheckNone = -1, CheckEmpty = 0, CheckTicked = 1, CheckLocked = 2 };
 
 /// The element pictures of imgCheck2: empty, ticked, locked.
 QList<QIcon> CheckPictures();

@@ -1,6 +1,8 @@
+#include "compose/CancelRun.h"
 #include "compose/MakeSMSTransport.h"
 #include "history/GridSentRows.h"
 #include "history/HistoryProgram.h"
+#include "runtime/Numbers.h"
 #include "store/DatabaseError.h"
 #include "toolkit/Controls.h"
 #include "toolkit/Pictures.h"
@@ -51,7 +53,10 @@ protected:
             WhenClosing(dialog, [this, &dialog] {
                 for (int i = 0; i < 4; ++i)
                     shown[i] = Words(dialog, u"LblSendSMS(%1)"_q.arg(i));
-                status = Words(dialog, u"lblStatus"_q);
+                const auto& line = program.On<Label>(dialog, u"lblStatus"_q);
+                status = line.Caption();
+                statusWidth = line.fontMetrics().horizontalAdvance(status);
+                roomForStatus = line.contentsRect().width();
                 const auto& bar = program.On<ProgressBar>(dialog, u"PB"_q);
                 barMaximum = bar.Max();
                 barValue = bar.Value();
@@ -59,6 +64,19 @@ protected:
             act(dialog);
         });
         program.Click(u"BtnSendListFun(1)"_q);
+    }
+    void ExpectForm(QWidget& dialog, const QString& total)
+    {
+        EXPECT_EQ(dialog.windowTitle(), u"문자메시지 예약취소"_q);
+        EXPECT_EQ(Words(dialog, u"lblTitle(1)"_q), u"문자메시지 예약취소"_q);
+        EXPECT_EQ(Words(dialog, u"Label1(0)"_q), u"취소 건수"_q);
+        EXPECT_EQ(Words(dialog, u"Label1(1)"_q), u"성공 건수"_q);
+        EXPECT_EQ(Words(dialog, u"LblSendSMS(0)"_q), total);
+        EXPECT_EQ(Words(dialog, u"lblStatus"_q), u"총 취소건수 : %1건 / 현 취소 건수 : 0건"_q.arg(total));
+        EXPECT_EQ(program.On<PushButton>(dialog, u"BtnSendS(0)"_q).Caption(), u"예약취소"_q);
+        EXPECT_EQ(program.On<PushButton>(dialog, u"BtnSendS(1)"_q).Caption(), u"취소(ESC)"_q);
+        for (const QString& name : {u"ChkTime"_q, u"DTPicker1"_q, u"CbTime"_q, u"CbMintue"_q})
+            EXPECT_TRUE(program.On<QWidget>(dialog, name).isHidden()) << name.toStdString();
     }
     /// The `nth` call of the run goes wrong.
     void Fail(FaultKind kind, int nth) { program.gateway.Fail(kind, callsBefore + nth); }
@@ -76,6 +94,8 @@ protected:
     int callsBefore = 0;
     QString shown[4];
     QString status;
+    int statusWidth = 0; ///< of its words, in pixels
+    int roomForStatus = 0;
     int barMaximum = 0;
     int barValue = 0;
 };
@@ -122,7 +142,7 @@ TEST_F(Cancellation, TheDialogIsToldWhatItIsAboutBeforeItIsShown)
     Enter();
     const GridSentRows rows(List());
     MakeSMSTransport dialog(program.services, rows);
-    dialog.SetTotalToCancel(1234);
+    dialog.PrepareCancellation(1234);
     EXPECT_EQ(dialog.RunMode, u"DEL"_q);
     EXPECT_EQ(Words(dialog, u"LblSendSMS(0)"_q), u"1234"_q);
     EXPECT_EQ(program.On<Label>(dialog, u"LblSendSMS(0)"_q).Tag, u"1234"_q);
@@ -135,20 +155,27 @@ TEST_F(Cancellation, TheDialogIsToldWhatItIsAboutBeforeItIsShown)
     EXPECT_EQ(Words(dialog, u"Label1(0)"_q), u"발송 건수"_q);
 }
 
-TEST_F(Cancellation, TheFirstActivationTurnsTheDialogIntoItsForm)
+TEST_F(Cancellation, TheDialogHasItsFormBeforeItIsDrawn)
+{
+    Enter();
+    const GridSentRows rows(List());
+    MakeSMSTransport dialog(program.services, rows);
+    dialog.PrepareCancellation(2);
+    bool looked = false;
+    WhenComing(dialog, [&] {
+        looked = true;
+        ExpectForm(dialog, u"2"_q);
+    });
+    WhenShown(u"MakeSMSTransport"_q, [](QWidget& form) { PressKey(form, Qt::Key_Escape); });
+    dialog.ShowModal();
+    EXPECT_TRUE(looked);
+}
+
+TEST_F(Cancellation, TheDialogHasItsFormWhenItIsOpenedFromThePage)
 {
     ListReserved(2);
     InDialog(2, {}, [this](QWidget& dialog) {
-        EXPECT_EQ(dialog.windowTitle(), u"문자메시지 예약취소"_q);
-        EXPECT_EQ(Words(dialog, u"lblTitle(1)"_q), u"문자메시지 예약취소"_q);
-        EXPECT_EQ(Words(dialog, u"Label1(0)"_q), u"취소 건수"_q);
-        EXPECT_EQ(Words(dialog, u"Label1(1)"_q), u"성공 건수"_q);
-        EXPECT_EQ(Words(dialog, u"LblSendSMS(0)"_q), u"2"_q);
-        EXPECT_EQ(Words(dialog, u"lblStatus"_q), u"총 취소건수 : 2건 / 현 취소 건수 : 0건"_q);
-        EXPECT_EQ(program.On<PushButton>(dialog, u"BtnSendS(0)"_q).Caption(), u"예약취소"_q);
-        EXPECT_EQ(program.On<PushButton>(dialog, u"BtnSendS(1)"_q).Caption(), u"취소(ESC)"_q);
-        for (const QString& name : {u"ChkTime"_q, u"DTPicker1"_q, u"CbTime"_q, u"CbMintue"_q})
-            EXPECT_FALSE(program.On<QWidget>(dialog, name).isVisible()) << name.toStdString();
+        ExpectForm(dialog, u"2"_q);
         PressKey(dialog, Qt::Key_Escape);
     });
 }
@@ -191,7 +218,7 @@ TEST_F(Cancellation, AnyOtherRunModeDoesNothing)
     const GridSentRows rows(List());
     for (const QString& mode : {u"X"_q, u"del"_q}) {
         MakeSMSTransport dialog(program.services, rows);
-        dialog.SetTotalToCancel(1);
+        dialog.PrepareCancellation(1);
         dialog.RunMode = mode;
         WhenShown(u"MakeSMSTransport"_q, [&](QWidget& form) {
             PressKey(form, Qt::Key_F12);
@@ -309,6 +336,15 @@ TEST_F(Cancellation, AnEmptyNumberIsTriedWithAnEmptyText)
     EXPECT_EQ(Keys().size(), 2);
 }
 
+TEST_F(Cancellation, TheKeyIsTrimmed)
+{
+    ListReserved(1);
+    List().SetText(1, 1, u"  1 "_q);
+    const int statements = StatementCount();
+    Cancel(1);
+    EXPECT_EQ(program.connections.Statements()[statements], u"DELETE SMSLog_2012 WHERE SMSKey = 1"_q);
+}
+
 TEST_F(Cancellation, TheStatusIsNotLookedAt)
 {
     Reserve(u"가"_q);
@@ -341,6 +377,38 @@ TEST_F(Cancellation, TheBarRunsByRowsToTheNumberOfTicks)
     Cancel(2);
     EXPECT_EQ(barMaximum, 2);
     EXPECT_EQ(barValue, 5);
+}
+
+class LongCancellation : public Cancellation, public ::testing::WithParamInterface<int>
+{
+};
+
+TEST_P(LongCancellation, ShowsItsLastStatusInFull)
+{
+    const int count = GetParam();
+    LogMany(count, {.time = u"2012-05-31-12-00"_q, .number = u"0"_q});
+    EnterAndListAll();
+    ClickChkAll();
+    Cancel(count, {NothingCancelledBox()});
+    EXPECT_EQ(status, CancelStatus(QString::number(count), FormatCount(count)));
+    EXPECT_LE(statusWidth, roomForStatus);
+}
+
+INSTANTIATE_TEST_SUITE_P(Counts, LongCancellation, ::testing::Values(1, 12, 1234));
+
+TEST_F(Cancellation, ItsOutcomeIsToldWhenDatabaseAndGatewayHaveBeenLetGo)
+{
+    ListReserved(1);
+    Cancel(1, {}, [this](QWidget&) { ExpectOutcome(CancelledBox()); });
+    ExpectNoGatewayClient();
+}
+
+TEST_F(Cancellation, ARefusalIsToldWhenDatabaseAndGatewayHaveBeenLetGo)
+{
+    ListReserved(1);
+    Fail(FaultKind::Refuse, 1);
+    Cancel(1, {}, [this](QWidget&) { ExpectOutcome(NothingCancelledBox()); });
+    ExpectNoGatewayClient();
 }
 
 TEST_F(Cancellation, OneConnectionToTheGatewayServesTheWholeRun)

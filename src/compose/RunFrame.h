@@ -1,0 +1,16 @@
+#pragma once
+
+#include <functional>
+
+namespace tsms {
+
+class DBConnect;
+class ModSMS;
+class RunDisplay;
+
+/// What a send and a cancellation have in common: Busy on and the bar at its start, the database and the
+/// gateway client at hand, `walk` over the rows, both let go and Busy off. An error in it ends the run: both
+/// are let go, and nothing is shown.
+void InRunFrame(DBConnect& db, ModSMS& sms, RunDisplay& display, const std::function<void()>& walk);
+
+} // namespace tsms
