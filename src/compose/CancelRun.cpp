@@ -18,14 +18,14 @@ CancelRun::CancelRun(DBConnect& db, ModSMS& sms, const SentRows& rows, RunDispla
 
 void CancelRun::RunCancel()
 {
+    CountOK = 0;
+    CountFail = 0;
+    done_ = 0;
     InRunFrame(db_, sms_, display_, [&] { CancelAllRows(); });
 }
 
 void CancelRun::CancelAllRows()
 {
-    CountOK = 0;
-    CountFail = 0;
-    done_ = 0;
     const int lastRow = rows_.MaxRows();
     for (int row = 1; row <= lastRow; ++row) {
         if (rows_.RowTicked(row))

@@ -20,14 +20,14 @@ DispatchRun::DispatchRun(Session& session, DBConnect& db, ModSMS& sms, const Rec
 
 void DispatchRun::RunSend(const DispatchOrder& order)
 {
+    CountOK = 0;
+    CountFail = 0;
+    done_ = 0;
     InRunFrame(db_, sms_, display_, [&] { SendAllRows(order); });
 }
 
 void DispatchRun::SendAllRows(const DispatchOrder& order)
 {
-    CountOK = 0;
-    CountFail = 0;
-    done_ = 0;
     const int lastRow = rows_.MaxRows();
     for (int row = 1; row <= lastRow; ++row) {
         if (!rows_.RowHidden(row)) {

@@ -4,6 +4,8 @@
 #include "toolkit/DatePicker.h"
 #include "toolkit/Pictures.h"
 
+#include <QtTest/QTest>
+
 namespace tsms::test {
 
 namespace {
@@ -53,16 +55,21 @@ Box DatabaseBox(const QString& words)
 
 int HistoryProgram::Log(const SentMessage& message)
 {
-    const QString table = u"SMSLog_"_q + message.time.left(4);
+    LogMany(1, message);
+    return program.database.Value(u"SELECT MAX(SMSKey) FROM SMSLog_"_q + message.time.left(4)).toInt();
+}
+
+void HistoryProgram::LogMany(int count, const SentMessage& message)
+{
     QStringList values;
     for (const QString& text : {message.status, message.number, message.name, message.phone, message.content,
                                 message.time, message.errorCode, message.errorText})
         values += Literal(text);
-    program.database.Execute(u"INSERT INTO "_q + table +
-                             u" (SMSStatus, SMSNo, SendNm, SendTelNo, SMSContent, SendTime, ErrCd, ErrMsg) "
-                             u"VALUES ("_q +
-                             values.join(u", "_q) + u")"_q);
-    return program.database.Value(u"SELECT MAX(SMSKey) FROM "_q + table).toInt();
+    program.database.Execute(
+        u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < "_q +
+        QString::number(count) + u") INSERT INTO SMSLog_"_q + message.time.left(4) +
+        u" (SMSStatus, SMSNo, SendNm, SendTelNo, SMSContent, SendTime, ErrCd, ErrMsg) SELECT "_q +
+        values.join(u", "_q) + u" FROM n"_q);
 }
 
 int HistoryProgram::Reserve(const QString& name, const QString& until)
@@ -83,10 +90,10 @@ void HistoryProgram::SetPeriod(const QString& first, const QString& last)
     program.The<DatePicker>(u"DTPSendDt(1)"_q).SetValue(QDate::fromString(last, Qt::ISODate));
 }
 
-void HistoryProgram::EnterAndListAll()
+void HistoryProgram::EnterAndList(const QString& first, const QString& last)
 {
     Enter();
-    SetPeriod(u"2012-01-01"_q, u"2012-12-31"_q);
+    SetPeriod(first, last);
     Search();
 }
 
@@ -116,6 +123,12 @@ bool HistoryProgram::ChkAllTicked()
     return program.The<CheckBox>(u"chkAll"_q).Value();
 }
 
+void HistoryProgram::ClickChkAll()
+{
+    QWidget& all = program.Control(u"chkAll"_q);
+    QTest::mouseClick(&all, Qt::LeftButton, Qt::NoModifier, QPoint(12, all.height() / 2));
+}
+
 QStringList HistoryProgram::Keys(int year)
 {
     QStringList keys;
@@ -132,6 +145,18 @@ QList<ServiceCall> HistoryProgram::Withdrawals()
         if (call.Operation == u"DeleteSMS")
             withdrawals += call;
     return withdrawals;
+}
+
+void HistoryProgram::ExpectOutcome(const Box& box)
+{
+    program.desktop.Expect(box, AnswerOK, [this] { EXPECT_EQ(program.connections.OpenNow(), 0); });
+}
+
+void HistoryProgram::ExpectNoGatewayClient()
+{
+    const int calls = program.gateway.CallCount();
+    EXPECT_EQ(program.sms.WithdrawSMS(u"1"_q, u"100001"_q, u"2012"_q, {}, {}, {}), Boolean::False);
+    EXPECT_EQ(program.gateway.CallCount(), calls);
 }
 
 } // namespace tsms::test

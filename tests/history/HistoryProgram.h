@@ -35,6 +35,8 @@ protected:
 
     /// Puts a row into the log and gives its key.
     int Log(const SentMessage& message);
+    /// Puts that many alike into the log, of today unless the message says otherwise.
+    void LogMany(int count, const SentMessage& message = {});
 
     /// Sends through the gateway, which holds the message until then ("YYYY:MM:DD:HH:MM"); gives the key of
     /// its row.
@@ -43,8 +45,10 @@ protected:
     void Enter() { program.Click(u"BtnToolbarDis(1)"_q); }
     void SetPeriod(const QString& first, const QString& last);
     void Search() { program.Click(u"BtnSendListSerch"_q); }
-    /// Enters the page and searches all days of the year 2012.
-    void EnterAndListAll();
+    /// Enters the page and searches these days.
+    void EnterAndList(const QString& first, const QString& last);
+    /// All days of the year 2012.
+    void EnterAndListAll() { EnterAndList(u"2012-01-01"_q, u"2012-12-31"_q); }
 
     fpSpread& List() { return program.The<fpSpread>(u"fpSpreadSendList"_q); }
     QStringList Column(int col);
@@ -54,12 +58,18 @@ protected:
     QString CountText() { return program.Caption(u"LblSendListCnt"_q); }
     bool ChkAllEnabled() { return program.Control(u"chkAll"_q).isEnabled(); }
     bool ChkAllTicked();
+    void ClickChkAll();
 
     int StatementCount() { return static_cast<int>(program.connections.Statements().size()); }
     QString LastStatement() { return program.connections.Statements().last(); }
     /// The keys that are left in a log table.
     QStringList Keys(int year = 2012);
     QList<ServiceCall> Withdrawals(); ///< calls of DeleteSMS
+
+    /// The box of an outcome, at which no connection to the database is open any more.
+    void ExpectOutcome(const Box& box);
+    /// Nobody has left a client behind through which a message could be withdrawn.
+    void ExpectNoGatewayClient();
 
     Program program;
 };

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
 using namespace tsms;
@@ -17,18 +18,15 @@ namespace {
 
 const QString FoundNothing = u"(검색된 전송내역이 없습니다.)"_q;
 
+Box TwoYearsBox()
+{
+    return {u"문자메시지 전송내역"_q, u"문자메시지 전송내역은 같은연도에 한해서 검색이 가능합니다.!"_q,
+            MsgBoxCritical};
+}
+
 class SendHistory : public HistoryProgram
 {
 protected:
-    /// Puts that many messages of today into the log.
-    void LogMany(int count)
-    {
-        program.database.Execute(
-            u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < %1) "
-            u"INSERT INTO SMSLog_2012 (SMSStatus, SMSNo, SendNm, SendTelNo, SMSContent, SendTime) "
-            u"SELECT '1', i, '김하늘', '010-0000-0001', '안녕하세요', '2012-05-30 10-00' FROM n"_q.arg(
-                count));
-    }
     /// An empty, an empty and a locked mark, in this order of rows.
     void LogThree()
     {
@@ -43,11 +41,6 @@ protected:
     {
         QWidget& option = program.Control(u"OptSendStatus(%1)"_q.arg(index));
         QTest::mouseClick(&option, Qt::LeftButton, Qt::NoModifier, QPoint(12, option.height() / 2));
-    }
-    void ClickChkAll()
-    {
-        QWidget& all = program.Control(u"chkAll"_q);
-        QTest::mouseClick(&all, Qt::LeftButton, Qt::NoModifier, QPoint(12, all.height() / 2));
     }
     MousePointer Pointer() { return program.desktop.pointers.last(); }
 };
@@ -73,6 +66,29 @@ TEST_F(SendHistory, EachEntryListsAnew)
     program.Click(u"BtnToolbarDis(0)"_q);
     Enter();
     EXPECT_EQ(List().MaxRows(), 1);
+}
+
+TEST_F(SendHistory, AnEntryWhileBusyShowsThePageAndSearchesNothing)
+{
+    const int opens = program.connections.Opens();
+    program.session.Busy = Boolean::True;
+    Enter();
+    program.session.Busy = Boolean::False;
+    EXPECT_TRUE(program.Control(u"PlToolBg(1)"_q).isVisible());
+    EXPECT_TRUE(Words().hasFocus());
+    EXPECT_EQ(program.connections.Opens(), opens);
+}
+
+TEST_F(SendHistory, AnEntryOnADeadServerLeavesThePageOnView)
+{
+    program.connections.RefuseOpens(-1);
+    for (int i = 0; i < 3; ++i)
+        program.desktop.Expect(ServerDownBox());
+    Enter();
+    EXPECT_TRUE(program.Control(u"PlToolBg(1)"_q).isVisible());
+    EXPECT_EQ(CountText(), QString());
+    EXPECT_FALSE(ChkAllEnabled());
+    EXPECT_FALSE(program.session.IsBusy());
 }
 
 TEST_F(SendHistory, TheQueryHoldsBusyAndTheHourglassUntilItsEnd)
@@ -180,9 +196,7 @@ TEST_F(SendHistory, TheFirstAndTheLastDayAreInAndTheDaysAroundThemAreOut)
         Log({.time = day + u" 00-00"_q});
         Log({.time = day + u"-23-59"_q});
     }
-    Enter();
-    SetPeriod(u"2012-05-28"_q, u"2012-05-29"_q);
-    Search();
+    EnterAndList(u"2012-05-28"_q, u"2012-05-29"_q);
     EXPECT_EQ(Column(7), QStringList({u"2012-05-29 23:59"_q, u"2012-05-29 00:00"_q, u"2012-05-28 23:59"_q,
                                       u"2012-05-28 00:00"_q}));
 }
@@ -191,9 +205,7 @@ TEST_F(SendHistory, APeriodThatEndsWithTheYearStaysInItsTable)
 {
     Log({.time = u"2012-12-31 23-59"_q});
     Log({.time = u"2013-01-01 00-00"_q});
-    Enter();
-    SetPeriod(u"2012-12-31"_q, u"2012-12-31"_q);
-    Search();
+    EnterAndList(u"2012-12-31"_q, u"2012-12-31"_q);
     EXPECT_EQ(Column(7), QStringList{u"2012-12-31 23:59"_q});
     EXPECT_TRUE(LastStatement().contains(u"FROM SMSLog_2012 "_q));
     EXPECT_TRUE(LastStatement().contains(u" AND  LEFT(SendTime,10) < '20130101')"_q));
@@ -203,9 +215,7 @@ TEST_F(SendHistory, APeriodThatEndsInFebruaryOfALeapYearIsWhole)
 {
     Log({.time = u"2012-02-29 12-00"_q});
     Log({.time = u"2012-03-01 00-00"_q});
-    Enter();
-    SetPeriod(u"2012-02-01"_q, u"2012-02-29"_q);
-    Search();
+    EnterAndList(u"2012-02-01"_q, u"2012-02-29"_q);
     EXPECT_EQ(Column(7), QStringList{u"2012-02-29 12:00"_q});
 }
 
@@ -213,18 +223,14 @@ TEST_F(SendHistory, AnotherYearIsSearchedInItsOwnTable)
 {
     Log({.time = u"2012-03-01 10-00"_q, .name = u"올해"_q});
     Log({.time = u"2011-03-01 10-00"_q, .name = u"작년"_q});
-    Enter();
-    SetPeriod(u"2011-01-01"_q, u"2011-12-31"_q);
-    Search();
+    EnterAndList(u"2011-01-01"_q, u"2011-12-31"_q);
     EXPECT_EQ(Names(), QStringList{u"작년"_q});
 }
 
 TEST_F(SendHistory, ADayBehindTheLastFindsNothingAndComplainsOfNothing)
 {
     Log({});
-    Enter();
-    SetPeriod(u"2012-05-31"_q, u"2012-05-30"_q);
-    Search();
+    EnterAndList(u"2012-05-31"_q, u"2012-05-30"_q);
     EXPECT_EQ(List().MaxRows(), 0);
     EXPECT_EQ(CountText(), FoundNothing);
 }
@@ -236,9 +242,7 @@ TEST_F(SendHistory, DatesInTwoYearsAreRefusedAndTheListStays)
     ClickMark(1);
     SetPeriod(u"2012-12-31"_q, u"2013-01-01"_q);
     const int opens = program.connections.Opens();
-    program.desktop.Expect({u"문자메시지 전송내역"_q,
-                            u"문자메시지 전송내역은 같은연도에 한해서 검색이 가능합니다.!"_q,
-                            MsgBoxCritical});
+    program.desktop.Expect(TwoYearsBox());
     Search();
     EXPECT_TRUE(program.Control(u"DTPSendDt(0)"_q).hasFocus());
     EXPECT_EQ(Marks(), u"t"_q);
@@ -327,6 +331,18 @@ TEST_F(SendHistory, AChoiceOfStatusRunsOneSearch)
     EXPECT_EQ(StatementCount(), statements + 1);
 }
 
+TEST_F(SendHistory, AStatusChosenByAKeyWhileTheYearsDifferLeavesTheFocusOnTheFirstDay)
+{
+    Enter();
+    SetPeriod(u"2012-12-31"_q, u"2013-01-01"_q);
+    QWidget& all = program.Control(u"OptSendStatus(0)"_q);
+    all.setFocus();
+    program.desktop.Expect(TwoYearsBox());
+    PressKey(all, Qt::Key_Right);
+    EXPECT_TRUE(program.The<RadioButton>(u"OptSendStatus(1)"_q).Value());
+    EXPECT_TRUE(program.Control(u"DTPSendDt(0)"_q).hasFocus());
+}
+
 TEST_F(SendHistory, AChoiceOfFieldOnlyMovesTheFocus)
 {
     Enter();
@@ -343,7 +359,9 @@ TEST_F(SendHistory, EnterInTheWordsSearchesOnceAndIsSwallowed)
 {
     Enter();
     const int statements = StatementCount();
+    const QSignalSpy entered(&Words(), &QLineEdit::returnPressed);
     TypeText(Words(), u"김\n"_q);
+    EXPECT_EQ(entered.count(), 0);
     EXPECT_EQ(StatementCount(), statements + 1);
     EXPECT_TRUE(LastStatement().contains(u" AND SendNm Like '%김%'"_q));
     EXPECT_EQ(Words().Text(), u"김"_q);
@@ -378,6 +396,17 @@ TEST_F(SendHistory, WhatIsFoundAllowsTheTicksToBeTurnedRound)
     Search();
     EXPECT_EQ(CountText(), FoundNothing);
     EXPECT_FALSE(ChkAllEnabled());
+}
+
+TEST_F(SendHistory, WhereNothingIsFoundTheBoxOfAllTicksKeepsItsTick)
+{
+    LogThree();
+    EnterAndListAll();
+    ClickChkAll();
+    SetPeriod(u"2012-05-29"_q, u"2012-05-29"_q);
+    Search();
+    EXPECT_FALSE(ChkAllEnabled());
+    EXPECT_TRUE(ChkAllTicked());
 }
 
 TEST_F(SendHistory, ANewSearchThrowsTheTicksAwayAndUnticksTheirBox)

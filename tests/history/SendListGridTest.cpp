@@ -40,6 +40,7 @@ TEST_P(SendListColumns, AreLaidOut)
     const int alignment = Role(Qt::TextAlignmentRole).toInt() & Qt::AlignHorizontal_Mask;
     EXPECT_EQ(alignment == Qt::AlignHCenter, column.centred);
     EXPECT_EQ(Role(Qt::BackgroundRole).value<QColor>(), column.back);
+    EXPECT_EQ(Role(Qt::ForegroundRole).value<QColor>(), column.back.isValid() ? QColor(Qt::black) : QColor());
     EXPECT_EQ(grid.ColHidden(column.col), column.col == SendListKey);
     EXPECT_EQ(grid.ColType(column.col), fpSpread::CellType::StaticText);
 }

@@ -34,14 +34,24 @@ TEST(DetailStatement, ReadsOneMessageOfItsYear)
               u"SMSContent,SendTime,ErrCd,ErrMsg  FROM SMSLog_2013 WHERE SMSKey=17"_q);
 }
 
-struct Word
+struct StatusWord
 {
-    QString read;
+    QString status; ///< in the log
+    QString read;   ///< by the query
     QString time;
     QString shown;
 };
 
-class ShownWord : public ::testing::TestWithParam<Word>
+const StatusWord StatusWords[] = {{u"0"_q, u"예약중"_q, u"2012-05-31-10-00"_q, u"예약중"_q},
+                                  {u"0"_q, u"예약중"_q, u"2012-05-29 10-00"_q, u"예약중"_q},
+                                  {u"1"_q, u"전송성공"_q, u"2012-05-31-10-00"_q, u"예약중"_q},
+                                  {u"1"_q, u"전송성공"_q, u"2012-05-30-23-55"_q, u"전송완료"_q},
+                                  {u"1"_q, u"전송성공"_q, u"2012-05-29 10-00"_q, u"전송완료"_q},
+                                  {u"2"_q, u"전송실패"_q, u"2012-05-31-10-00"_q, u"전송실패"_q},
+                                  {u"2"_q, u"전송실패"_q, u"2012-05-29 10-00"_q, u"전송실패"_q},
+                                  {u"9"_q, u"전송실패"_q, u"2012-05-31-10-00"_q, u"전송실패"_q}};
+
+class ShownWord : public ::testing::TestWithParam<StatusWord>
 {
 };
 
@@ -50,16 +60,14 @@ TEST_P(ShownWord, FollowsTheDayOnlyForWhatWasAccepted)
     EXPECT_EQ(ShownStatus(GetParam().read, GetParam().time, QDate(2012, 5, 30)), GetParam().shown);
 }
 
-INSTANTIATE_TEST_SUITE_P(Words, ShownWord,
-                         ::testing::Values(Word{u"전송성공"_q, u"2012-05-31-10-00"_q, u"예약중"_q},
-                                           Word{u"전송성공"_q, u"2012-05-30-23-55"_q, u"전송완료"_q},
-                                           Word{u"전송성공"_q, u"2012-05-29 10-00"_q, u"전송완료"_q},
-                                           Word{u"예약중"_q, u"2012-05-31-10-00"_q, u"예약중"_q},
-                                           Word{u"예약중"_q, u"2012-05-29 10-00"_q, u"예약중"_q},
-                                           Word{u"전송실패"_q, u"2012-05-31-10-00"_q, u"전송실패"_q},
-                                           Word{u"전송실패"_q, u"no day"_q, u"전송실패"_q}));
+INSTANTIATE_TEST_SUITE_P(Words, ShownWord, ::testing::ValuesIn(StatusWords));
 
-TEST(ShownWordWithoutADay, RaisesATypeMismatch)
+TEST(ShownWordWithoutADay, IsThatOfTheQueryForAFailedMessage)
+{
+    EXPECT_EQ(ShownStatus(u"전송실패"_q, u"no day"_q, QDate(2012, 5, 30)), u"전송실패"_q);
+}
+
+TEST(ShownWordWithoutADay, RaisesATypeMismatchForOneThatWasAccepted)
 {
     EXPECT_THROW(ShownStatus(u"전송성공"_q, u"no day"_q, QDate(2012, 5, 30)), RuntimeError);
 }
@@ -210,13 +218,6 @@ TEST_F(ShowDetail, TheYearOfTheShownTimeNamesTheTable)
     Open([this](QWidget& dialog) { EXPECT_EQ(Value(dialog, 1), u"내년"_q); });
 }
 
-struct StatusWord
-{
-    QString status;
-    QString time;
-    QString word;
-};
-
 class DetailStatus : public ShowDetail, public ::testing::WithParamInterface<StatusWord>
 {
 };
@@ -224,18 +225,10 @@ class DetailStatus : public ShowDetail, public ::testing::WithParamInterface<Sta
 TEST_P(DetailStatus, HasItsWord)
 {
     LogAndOpen({.time = GetParam().time, .status = GetParam().status},
-               [this](QWidget& dialog) { EXPECT_EQ(Value(dialog, 0), GetParam().word); });
+               [this](QWidget& dialog) { EXPECT_EQ(Value(dialog, 0), GetParam().shown); });
 }
 
-INSTANTIATE_TEST_SUITE_P(Words, DetailStatus,
-                         ::testing::Values(StatusWord{u"0"_q, u"2012-05-31-10-00"_q, u"예약중"_q},
-                                           StatusWord{u"0"_q, u"2012-05-29 10-00"_q, u"예약중"_q},
-                                           StatusWord{u"1"_q, u"2012-05-31-10-00"_q, u"예약중"_q},
-                                           StatusWord{u"1"_q, u"2012-05-30-23-55"_q, u"전송완료"_q},
-                                           StatusWord{u"1"_q, u"2012-05-29 10-00"_q, u"전송완료"_q},
-                                           StatusWord{u"2"_q, u"2012-05-31-10-00"_q, u"전송실패"_q},
-                                           StatusWord{u"2"_q, u"2012-05-29 10-00"_q, u"전송실패"_q},
-                                           StatusWord{u"9"_q, u"2012-05-31-10-00"_q, u"전송실패"_q}));
+INSTANTIATE_TEST_SUITE_P(Words, DetailStatus, ::testing::ValuesIn(StatusWords));
 
 TEST_F(ShowDetail, AFailedMessageTellsItsReasonAndCode)
 {
@@ -303,6 +296,19 @@ TEST_F(ShowDetail, ItsQueryHoldsBusyUntilItsEnd)
         EXPECT_FALSE(program.session.IsBusy());
         program.connections.BeforeStatement({});
     });
+}
+
+TEST_F(ShowDetail, AnUnknownMessageBehindAnotherEmptiesTheStatusAndItsKeyAlone)
+{
+    const int key = Log({.time = u"2012-05-31-14-05"_q, .name = u"홍길동"_q, .phone = u"010-1234-5678"_q});
+    dlgSMSShowDetail dialog(program.services, [] {});
+    dialog.Sp_SMSDeTail(key, u"2012"_q);
+    dialog.Sp_SMSDeTail(key + 1, u"2012"_q);
+    EXPECT_EQ(Value(dialog, 0), QString());
+    EXPECT_EQ(Of(dialog, u"LblSendSMS(0)"_q).Tag, QString());
+    EXPECT_EQ(Value(dialog, 1), u"홍길동"_q);
+    EXPECT_EQ(Value(dialog, 2), u"010-1234-5678"_q);
+    EXPECT_EQ(Value(dialog, 3), u"2012-05-31-14-05"_q);
 }
 
 TEST_F(ShowDetail, WhileBusyItIsNotFilled)
@@ -452,6 +458,39 @@ TEST_F(ShowDetail, TheOutcomeIsToldWhenTheDialogHasGoneAndTheListIsSearchedBehin
     EXPECT_EQ(CountText(), u"(검색된 전송내역이 없습니다.)"_q);
 }
 
+TEST_F(ShowDetail, TheDialogStandsWhileTheCreditIsWritten)
+{
+    ListReserved();
+    bool stands = false;
+    program.desktop.Expect(WithdrawnBox(), AnswerOK,
+                           [] { EXPECT_EQ(Form::Find(u"dlgSMSShowDetail"_q), nullptr); });
+    Open([&](QWidget& dialog) {
+        program.connections.BeforeStatement([&](const QString& sql) {
+            if (sql.startsWith(u"UPDATE"_q))
+                stands = dialog.isVisible();
+        });
+        ClickCancel(dialog);
+    });
+    EXPECT_TRUE(stands);
+}
+
+TEST_F(ShowDetail, TheOutcomeIsToldWhenDatabaseAndGatewayHaveBeenLetGo)
+{
+    ListReserved();
+    ExpectOutcome(WithdrawnBox());
+    Cancel({});
+    ExpectNoGatewayClient();
+}
+
+TEST_F(ShowDetail, AFailureIsToldWhenDatabaseAndGatewayHaveBeenLetGo)
+{
+    ListReserved();
+    Fail(FaultKind::Refuse);
+    ExpectOutcome(NothingCancelledBox());
+    Cancel({});
+    ExpectNoGatewayClient();
+}
+
 TEST_F(ShowDetail, AFailureIsToldWhenTheDialogHasGoneToo)
 {
     ListReserved();
@@ -469,9 +508,7 @@ TEST_F(ShowDetail, TheYearOfTheStoredTimeNamesTheTableOfTheDelete)
 {
     Reserve(u"가"_q, u"2013:01:02:10:00"_q);
     Log({.time = u"2012-06-01-10-00"_q});
-    Enter();
-    SetPeriod(u"2013-01-01"_q, u"2013-12-31"_q);
-    Search();
+    EnterAndList(u"2013-01-01"_q, u"2013-12-31"_q);
     Cancel({WithdrawnBox()});
     EXPECT_TRUE(Keys(2013).isEmpty());
     EXPECT_EQ(Keys(2012), QStringList{u"1"_q});
@@ -636,6 +673,7 @@ TEST_F(ShowDetail, AMessageWithoutADayShowsItsBoxAndIsNotCancelled)
     Search();
     program.desktop.Expect(DatabaseBox(u"형식이 일치하지 않습니다."_q));
     Open([this](QWidget& dialog) {
+        EXPECT_EQ(Value(dialog, 0), u"전송성공"_q);
         EXPECT_EQ(Value(dialog, 3), u"2012-02-30-10-00"_q);
         EXPECT_FALSE(program.session.IsBusy());
         program.desktop.Expect(NotReservedBox());

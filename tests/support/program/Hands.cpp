@@ -25,21 +25,23 @@ void SendKey(QWidget& field, QEvent::Type type, int key, Qt::KeyboardModifiers m
     QApplication::sendEvent(&field, &event);
 }
 
-class ClosingWatch final : public QObject
+class EventWatch final : public QObject
 {
 public:
-    ClosingWatch(QWidget& form, std::function<void()> look) : QObject(&form), look_(std::move(look))
+    EventWatch(QWidget& form, QEvent::Type awaited, std::function<void()> look)
+        : QObject(&form), awaited_(awaited), look_(std::move(look))
     {
         form.installEventFilter(this);
     }
     bool eventFilter(QObject*, QEvent* event) override
     {
-        if (event->type() == QEvent::Close)
+        if (event->type() == awaited_)
             look_();
         return false;
     }
 
 private:
+    QEvent::Type awaited_;
     std::function<void()> look_;
 };
 
@@ -139,9 +141,14 @@ void WhenShown(const QString& formName, std::function<void(QWidget& form)> act)
     timer->start(5);
 }
 
+void WhenComing(QWidget& form, std::function<void()> look)
+{
+    new EventWatch(form, QEvent::Show, std::move(look)); // goes with the form
+}
+
 void WhenClosing(QWidget& form, std::function<void()> look)
 {
-    new ClosingWatch(form, std::move(look)); // goes with the form
+    new EventWatch(form, QEvent::Close, std::move(look)); // goes with the form
 }
 
 void Settle()

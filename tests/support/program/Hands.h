@@ -31,6 +31,9 @@ void TypeIntoCell(fpSpread& grid, int column, int row, const QString& text);
 /// not come within five seconds fails the test.
 void WhenShown(const QString& formName, std::function<void(QWidget& form)> act);
 
+/// Runs `look` when the form comes on view, before anything of it is drawn.
+void WhenComing(QWidget& form, std::function<void()> look);
+
 /// Runs `look` when the form is about to close, while its controls still show what they showed last.
 void WhenClosing(QWidget& form, std::function<void()> look);
 

@@ -1,0 +1,155 @@
+#include "compose/CancelRun.h"
+
+#include "compose/RunDisplay.h"
+#include "compose/SentRows.h"
+#include "gateway/ModSMS.h"
+#include "session/Session.h"
+#include "store/DBConnect.h"
+#include "support/database/TestDatabase.h"
+#include "support/FixedClock.h"
+#include "support/gateway/TestGateway.h"
+#include "support/ScriptedDesktop.h"
+#include "support/Words.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+using namespace tsms;
+using namespace tsms::test;
+
+namespace {
+
+class Rows final : public SentRows
+{
+public:
+    struct Row
+    {
+        bool ticked = true;
+        QString number = u"0"_q;
+        QString key = u"1"_q;
+    };
+    explicit Rows(std::vector<Row> given) : rows_(std::move(given)) {}
+    int MaxRows() const override { return static_cast<int>(rows_.size()); }
+    bool RowTicked(int row) const override { return At(row).ticked; }
+    QString KeyText(int row) const override { return At(row).key; }
+    QString NumberText(int row) const override { return At(row).number; }
+    QString TimeText(int) const override { return u"2012-05-31 10:00"_q; }
+
+private:
+    const Row& At(int row) const { return rows_[static_cast<std::size_t>(row) - 1]; }
+
+    std::vector<Row> rows_;
+};
+
+/// Writes down what a run shows, in its order.
+class Display final : public RunDisplay
+{
+public:
+    explicit Display(int total) : total_(QString::number(total)) {}
+    void SetRunBusy(bool busy) override { shown += busy ? u"busy"_q : u"idle"_q; }
+    QString TotalText() const override { return total_; }
+    void SetBarMaximum(int maximum) override { shown += u"bar of %1"_q.arg(maximum); }
+    void SetBarValue(int value) override { shown += u"bar %1"_q.arg(value); }
+    void ShowCounts(const QString& succeeded, const QString& failed) override
+    {
+        shown += u"counts [%1] [%2]"_q.arg(succeeded, failed);
+    }
+    void ShowStatus(const QString& text) override { shown += text; }
+
+    QStringList shown;
+
+private:
+    QString total_;
+};
+
+class CancelRunTest : public ::testing::Test
+{
+protected:
+    CancelRunTest()
+    {
+        database.SetAccount();
+        database.Describe(session);
+        session.SMSID = u"demo"_q;
+        session.SMSPWD = u"demo"_q;
+        session.SMSDNS = u"sms.example.kr"_q;
+    }
+
+    /// A message that the gateway holds until tomorrow; it has the first key and the number 100001.
+    void ReserveOne()
+    {
+        db.ConnectWithRetry();
+        sms.InitWithRetry();
+        ASSERT_EQ(sms.SubmitSMS(u"가"_q, u"010-0000-0001"_q, u"02-1234-5678"_q, u"내일 뵙겠습니다."_q,
+                                u"2012:05:31:10:00"_q, {}, {}, {}),
+                  Boolean::True);
+        sms.ReleaseSOAP();
+        db.CloseDB();
+        callsBefore = gateway.CallCount();
+    }
+
+    FixedClock clock;
+    ScriptedDesktop desktop;
+    TestDatabase database{clock};
+    Session session;
+    DBConnect db{session, desktop, database.Connections()};
+    TestGateway gateway{clock};
+    ModSMS sms{session, db, desktop, clock, gateway.WsdlUrl()};
+    int callsBefore = 0;
+};
+
+TEST_F(CancelRunTest, MovesTheBarWithEachRowAndTheStatusWithTickedOnesAlone)
+{
+    const Rows rows({{.ticked = false, .number = u"100001"_q}, {}, {.ticked = false}, {}});
+    Display display(2);
+    CancelRun run(db, sms, rows, display);
+    run.RunCancel();
+    EXPECT_EQ(display.shown,
+              QStringList({u"busy"_q, u"bar of 2"_q, u"bar 0"_q, u"bar 1"_q,
+                           u"총 취소건수 : 2건 / 현 취소 건수 : 1건"_q, u"bar 2"_q, u"bar 3"_q,
+                           u"총 취소건수 : 2건 / 현 취소 건수 : 2건"_q, u"bar 4"_q, u"idle"_q}));
+    EXPECT_EQ(gateway.CallCount(), 0);
+}
+
+TEST_F(CancelRunTest, ShowsTheCountsBehindEachRowThatWasTried)
+{
+    ReserveOne();
+    const Rows rows({{.number = u"100001"_q}, {.number = u"999999"_q}, {}});
+    Display display(3);
+    CancelRun run(db, sms, rows, display);
+    run.RunCancel();
+    EXPECT_EQ(display.shown,
+              QStringList({u"busy"_q, u"bar of 3"_q, u"bar 0"_q, u"counts [1] []"_q,
+                           u"총 취소건수 : 3건 / 현 취소 건수 : 1건"_q, u"bar 1"_q, u"counts [1] [1]"_q,
+                           u"총 취소건수 : 3건 / 현 취소 건수 : 2건"_q, u"bar 2"_q,
+                           u"총 취소건수 : 3건 / 현 취소 건수 : 3건"_q, u"bar 3"_q, u"idle"_q}));
+    EXPECT_EQ(gateway.CallCount(), callsBefore + 2);
+}
+
+TEST_F(CancelRunTest, GroupsTheNumberOfRowsDoneAndLeavesTheTotalPlain)
+{
+    const Rows rows(std::vector<Rows::Row>(1000));
+    Display display(1000);
+    CancelRun run(db, sms, rows, display);
+    run.RunCancel();
+    EXPECT_EQ(display.shown.filter(u"현 취소 건수"_q).last(),
+              u"총 취소건수 : 1000건 / 현 취소 건수 : 1,000건"_q);
+    EXPECT_EQ(gateway.CallCount(), 0);
+}
+
+TEST_F(CancelRunTest, CountsAnewInEachRun)
+{
+    ReserveOne();
+    const Rows rows({{.number = u"100001"_q}});
+    Display display(1);
+    CancelRun run(db, sms, rows, display);
+    run.RunCancel();
+    EXPECT_EQ(run.CountOK, 1);
+    EXPECT_EQ(run.CountFail, 0);
+    run.RunCancel(); // it is gone by now
+    EXPECT_EQ(run.CountOK, 0);
+    EXPECT_EQ(run.CountFail, 1);
+    EXPECT_EQ(display.shown.filter(u"현 취소 건수"_q).last(), u"총 취소건수 : 1건 / 현 취소 건수 : 1건"_q);
+}
+
+} // namespace
