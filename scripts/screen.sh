@@ -87,6 +87,8 @@ title_of() {
   case $1 in
     frmSMSMain) echo 'TSMS문자메시지' ;;
     MakeSMSTransport) echo '문자메시지 발송하기' ;;
+    dlgSMSCharge) echo '문자메시지 충전' ;;
+    dlgSMSSetup) echo '문자메시지 환경설정' ;;
   esac
 }
 click() { # FORM CONTROL [SIDESTEP]

@@ -1,8 +1,10 @@
 #include "account/AccountPage.h"
 
+#include "account/dlgSMSCharge.h"
 #include "account/ModStep3.h"
 #include "runtime/Clock.h"
 #include "services/Services.h"
+#include "session/Session.h"
 #include "toolkit/ComboBox.h"
 #include "toolkit/fpSpread.h"
 #include "toolkit/Naming.h"
@@ -21,6 +23,8 @@ namespace {
 constexpr int FirstYear = 2010;
 constexpr int LastYear = 2020; // the list is not extended
 
+enum Button : int { Add, Delete, ExportLedger, ExportMonths };
+
 void FillHead(QHBoxLayout& row, QWidget& parent, const QString& name, const QString& title,
               const QString& note)
 {
@@ -37,8 +41,8 @@ void FillHead(QHBoxLayout& row, QWidget& parent, const QString& name, const QStr
 
 } // namespace
 
-AccountPage::AccountPage(Services& services, QWidget* parent)
-    : Panel(parent, IndexedName(u"PlToolBg", 2)), services_(services)
+AccountPage::AccountPage(Services& services, Window window, QWidget* parent)
+    : Panel(parent, IndexedName(u"PlToolBg", 2)), services_(services), window_(std::move(window))
 {
     SetBackColor(theme::Page);
     auto* page = new QVBoxLayout(this);
@@ -47,14 +51,15 @@ AccountPage::AccountPage(Services& services, QWidget* parent)
     BuildLedger(*page);
     page->addSpacing(6);
     BuildMonths(*page);
-    SetUpGrids();
+    SetUpLedger();
+    SetUpMonths();
 }
 
 PushButton* AccountPage::BuildButton(int index, const QString& caption)
 {
     auto* button = new PushButton(this, IndexedName(u"BtnChargeFunc", index), caption);
-    button->setEnabled(false);
-    buttons_[static_cast<std::size_t>(index)] = button;
+    button->setEnabled(index < ExportLedger || window_.exportGrid);
+    button->OnClick = [this, index] { BtnChargeFuncClick(index); };
     return button;
 }
 
@@ -78,8 +83,9 @@ void AccountPage::BuildMonths(QVBoxLayout& page)
     FillHead(*head, *this, QStringLiteral("LblMonth"), QStringLiteral("월별발송현황"),
              QStringLiteral("(검색하실 연도를 선택하여 주십시오.)"));
     year_ = new ComboBox(this, QStringLiteral("CbMonthYear"));
+    year_->OnClick = [this] { CbMonthYearClick(); };
     head->addWidget(year_);
-    head->addWidget(BuildButton(3, QStringLiteral("엑셀변환")));
+    head->addWidget(BuildButton(ExportMonths, QStringLiteral("엑셀변환")));
     months_ = Named(new fpSpread(this), QStringLiteral("fpSpreadMonth"));
     months_->SetFillWidth(true);
     months_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -97,17 +103,70 @@ void AccountPage::Load()
     year_->SetListIndex(std::max(services_.clock.Date().year() - FirstYear, 0));
 }
 
-void AccountPage::SetUpGrids()
+void AccountPage::Enter()
+{
+    SetUpLedger();
+    SetUpMonths();
+    QueryCharges(services_, *ledger_);
+    ShowYear();
+}
+
+void AccountPage::SetUpLedger()
 {
     ledger_->SetReDraw(false);
     InitChargeGrid(*ledger_);
     ledger_->SetReDraw(true);
+}
+
+void AccountPage::SetUpMonths()
+{
     months_->SetReDraw(false);
     InitMonthGrid(*months_);
     months_->SetReDraw(true);
     // The four rows are all there is: the grid is as high as they are.
     months_->setFixedHeight(months_->horizontalHeader()->height() + months_->verticalHeader()->length() +
                             2 * months_->frameWidth());
+}
+
+void AccountPage::BtnChargeFuncClick(int index)
+{
+    if (services_.session.IsBusy())
+        return;
+    switch (index) {
+    case Add:
+        EnterCharge();
+        break;
+    case Delete:
+        // Meant: whether there is something to delete is asked of the row that is active in another grid.
+        DeleteCharge(services_, *ledger_, window_.recipientRow());
+        break;
+    case ExportLedger:
+        window_.exportGrid(*ledger_, QStringLiteral("요금충전현황"));
+        break;
+    case ExportMonths:
+        window_.exportGrid(*months_, QStringLiteral("월별발송현황"));
+        break;
+    default:
+        break;
+    }
+}
+
+void AccountPage::EnterCharge()
+{
+    dlgSMSCharge(services_, [this] { QueryCharges(services_, *ledger_); }).ShowModal();
+}
+
+void AccountPage::CbMonthYearClick()
+{
+    if (services_.session.IsBusy())
+        return;
+    SetUpMonths();
+    ShowYear();
+}
+
+void AccountPage::ShowYear()
+{
+    QueryMonths(services_, *months_, year_->Text().left(4));
 }
 
 } // namespace tsms

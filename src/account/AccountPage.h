@@ -2,7 +2,7 @@
 
 #include "toolkit/Controls.h"
 
-#include <array>
+#include <functional>
 
 class QVBoxLayout;
 
@@ -18,27 +18,40 @@ class AccountPage : public Panel
     Q_OBJECT
 
 public:
-    AccountPage(Services& services, QWidget* parent);
+    /// What the page asks of the window it stands on.
+    struct Window
+    {
+        /// The active row of the recipient list. A delete tests that row of the ledger for being there.
+        std::function<int()> recipientRow;
+        /// Writes a grid to a spreadsheet under a title. Without it the buttons for it cannot be used.
+        std::function<void(fpSpread& grid, const QString& title)> exportGrid;
+    };
+
+    AccountPage(Services& services, Window window, QWidget* parent);
 
     /// The years to choose from, at the load of the window, and the present one.
     void Load();
 
-    /// Lays both grids out anew, at each entry to the page.
-    void SetUpGrids();
-
-    fpSpread& Ledger() { return *ledger_; }
-    fpSpread& MonthGrid() { return *months_; }
+    /// Lays both grids out anew and fills them.
+    void Enter();
 
 private:
     void BuildLedger(QVBoxLayout& page);
     void BuildMonths(QVBoxLayout& page);
     PushButton* BuildButton(int index, const QString& caption);
+    void SetUpLedger();
+    void SetUpMonths();
+
+    void BtnChargeFuncClick(int index);
+    void EnterCharge();
+    void CbMonthYearClick();
+    void ShowYear();
 
     Services& services_;
-    fpSpread* ledger_ = nullptr;           // fpSpreadCharge
-    fpSpread* months_ = nullptr;           // fpSpreadMonth
-    ComboBox* year_ = nullptr;             // CbMonthYear
-    std::array<PushButton*, 4> buttons_{}; // BtnChargeFunc
+    Window window_;
+    fpSpread* ledger_ = nullptr; // fpSpreadCharge
+    fpSpread* months_ = nullptr; // fpSpreadMonth
+    ComboBox* year_ = nullptr;   // CbMonthYear
 };
 
 } // namespace tsms

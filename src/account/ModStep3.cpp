@@ -1,10 +1,21 @@
 #include "account/ModStep3.h"
 
+#include "account/ChargeRows.h"
+#include "account/ChargeStatements.h"
+#include "account/MonthFigures.h"
+#include "account/ScreenBusy.h"
+#include "runtime/Desktop.h"
+#include "runtime/Numbers.h"
+#include "runtime/RuntimeError.h"
+#include "runtime/Text.h"
+#include "services/Services.h"
+#include "store/DBConnect.h"
+#include "store/LoadSMSSetup.h"
 #include "toolkit/fpSpread.h"
 #include "toolkit/GridHelper.h"
+#include "toolkit/TextHelper.h"
 
 #include <QColor>
-#include <QString>
 
 namespace tsms {
 
@@ -26,6 +37,50 @@ struct FigureRow
     QColor text;
     QColor back;
 };
+
+QString CellText(const fpSpread& grid, int col, int row)
+{
+    return Trim(GridHelper().GetCellText(grid, col, row));
+}
+
+bool ConfirmDelete(Desktop& desktop, const QString& date)
+{
+    return desktop.MsgBox(QStringLiteral("삭제확인 : ") + date +
+                              QStringLiteral("에 등록된 충전내역을 삭제하시겠습니까.?"),
+                          MsgBoxQuestion, QStringLiteral("충전현황 삭제")) == AnswerYes;
+}
+
+/// The two statements stand alone: a credit that is gone stays gone when its row cannot be deleted.
+bool TakeOut(Services& services, const fpSpread& ledger, int row)
+{
+    TextHelper textHelper(services.desktop);
+    const QString count = textHelper.PlainNumber(CellText(ledger, ChargeCount, row), QString());
+    return services.db.ExecuteSQL(BalanceMinus(count)) == Boolean::True &&
+           services.db.ExecuteSQL(ChargeDelete(CellText(ledger, ChargeKey, row))) == Boolean::True;
+}
+
+/// The figures of the current record, in the column of its month.
+void ShowMonth(fpSpread& months, const Recordset& month)
+{
+    const int col = MonthColumn(month.Field(u"ppMonth"));
+    const QString total = month.Field(u"ToTalCnt");
+    const QString done = month.Field(u"SMS0");
+    months.SetText(col, MonthSent, total);
+    months.SetText(col, MonthDone, done);
+    months.SetText(col, MonthFailed, month.Field(u"SMS1"));
+    months.SetText(col, MonthRate, RateText(ToLong(total), ToLong(done)));
+}
+
+void ShowMonths(fpSpread& months, Recordset& records)
+{
+    for (Counter16 group(0); group.Value() < records.RecordCount(); ++group) {
+        ShowMonth(months, records);
+        records.MoveNext();
+    }
+    // The same sum in each row, that of the first: it is meant not to follow the row.
+    for (int row = MonthSent; row <= MonthRate; ++row)
+        months.SetFormula(MonthTotalColumn, row, QStringLiteral("SUM(A1:L1)"));
+}
 
 } // namespace
 
@@ -86,6 +141,7 @@ void InitMonthGrid(fpSpread& grid)
     }
     grid.SetText(MonthTotalColumn, 0, QStringLiteral("전체합계"));
     grid.SetColWidth(MonthTotalColumn, 8);
+    helper.FormatColumn(grid, MonthTotalColumn, 1);
 
     int row = 0;
     for (const FigureRow& figures : rows) {
@@ -93,6 +149,59 @@ void InitMonthGrid(fpSpread& grid)
         grid.SetText(0, row, figures.title);
         helper.SetRangeColors(grid, fpSpread::All, row, figures.back, figures.text);
     }
+}
+
+void QueryCharges(Services& services, fpSpread& ledger)
+{
+    WithHandler(
+        [&] {
+            SetScreenBusy(services, Boolean::True);
+            services.db.ConnectWithRetry();
+            if (services.db.OpenRecordset(ChargeQuery()) == Boolean::True) {
+                ledger.SetMaxRows(services.db.Records().RecordCount());
+                ledger.SetDataSource(std::make_shared<ChargeRows>(services.db.ShareRecords()));
+            }
+            services.db.CloseDB();
+            SetScreenBusy(services, Boolean::False);
+        },
+        [&] { services.db.ReportDBError(); });
+}
+
+void DeleteCharge(Services& services, fpSpread& ledger, int testedRow)
+{
+    if (ledger.MaxRows() == 0)
+        return;
+    if (CellText(ledger, ChargeKey, testedRow).isEmpty()) {
+        services.desktop.MsgBox(QStringLiteral("충전내역 삭제 : 삭제하실 대상을 선택하여 주십시오."),
+                                MsgBoxCritical, QStringLiteral("충전현황 삭제"));
+        return;
+    }
+    const int row = ledger.ActiveRow();
+    if (!ConfirmDelete(services.desktop, CellText(ledger, ChargeDate, row)))
+        return;
+    services.db.ConnectWithRetry();
+    if (TakeOut(services, ledger, row)) {
+        LoadSMSSetup(services.session, services.db);
+        QueryCharges(services, ledger);
+        services.desktop.MsgBox(
+            QStringLiteral("삭제완료 : 정상적으로 문자메시지 충전내역을 삭제 하였습니다."), MsgBoxInformation,
+            QStringLiteral("삭제완료"));
+    }
+    services.db.CloseDB();
+}
+
+void QueryMonths(Services& services, fpSpread& months, const QString& year)
+{
+    WithHandler(
+        [&] {
+            SetScreenBusy(services, Boolean::True);
+            services.db.ConnectWithRetry();
+            if (services.db.OpenRecordset(MonthQuery(year)) == Boolean::True)
+                ShowMonths(months, services.db.Records());
+            services.db.CloseDB();
+            SetScreenBusy(services, Boolean::False);
+        },
+        [&] { services.db.ReportDBError(); });
 }
 
 } // namespace tsms

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <QString>
+
 namespace tsms {
 
 class fpSpread;
+struct Services;
 
 /// The columns of the charge ledger, which are those of its query by position.
 enum ChargeColumn : int {
@@ -25,5 +28,15 @@ void InitChargeGrid(fpSpread& grid);
 
 /// Lays the month grid out anew, without figures.
 void InitMonthGrid(fpSpread& grid);
+
+/// Shows the ledger as the database holds it. The grid stays as it is when it cannot be read.
+void QueryCharges(Services& services, fpSpread& ledger);
+
+/// Takes the entry of the ledger's active row out of the ledger and its count off the balance, after a
+/// question. What is tested for being there at all is another row: `testedRow`.
+void DeleteCharge(Services& services, fpSpread& ledger, int testedRow);
+
+/// Shows the figures of a year, four digits. The grid stays as it is when its log cannot be read.
+void QueryMonths(Services& services, fpSpread& months, const QString& year);
 
 } // namespace tsms

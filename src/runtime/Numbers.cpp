@@ -5,6 +5,7 @@
 
 #include <QLocale>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -56,13 +57,15 @@ std::optional<double> NumberOf(QStringView text)
     return fits ? value : std::numeric_limits<double>::infinity();
 }
 
-double RoundHalfToEven(double value)
+/// The text without the separators that stand behind the first digit of its whole part.
+QString WithoutInnerSeparators(QStringView text)
 {
-    const double below = std::floor(value);
-    const double distance = value - below;
-    if (distance != 0.5)
-        return distance < 0.5 ? below : below + 1;
-    return std::fmod(below, 2.0) == 0.0 ? below : below + 1;
+    const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
+    const qsizetype first = std::find_if(text.begin(), text.end(), isDigit) - text.begin();
+    qsizetype end = first;
+    while (end < text.size() && (isDigit(text[end]) || text[end] == u','))
+        ++end;
+    return text.toString().replace(first, end - first, WithoutSeparators(text.sliced(first, end - first)));
 }
 
 } // namespace
@@ -94,7 +97,17 @@ bool ToTruth(QStringView text)
 
 bool IsNumeric(QStringView text)
 {
-    return NumberOf(text).has_value();
+    return NumberOf(WithoutInnerSeparators(text)).has_value();
+}
+
+double RoundHalfToEven(double value, int decimals)
+{
+    const double scale = std::pow(10.0, decimals);
+    const double scaled = value * scale;
+    const double below = std::floor(scaled);
+    const double distance = scaled - below;
+    const bool up = distance == 0.5 ? std::fmod(below, 2.0) != 0.0 : distance > 0.5;
+    return (up ? below + 1 : below) / scale;
 }
 
 QString FormatCount(std::int64_t n)

@@ -15,8 +15,12 @@ std::int32_t ToLong(QStringView text);
 /// unless 0. Raises 13 for anything else.
 bool ToTruth(QStringView text);
 
-/// True when the text is a number by the rule of ToLong, of any size.
+/// True when the text is a number by the rule of ToLong, of any size. Behind its first digit the whole part
+/// may hold separators, as a shown number does.
 bool IsNumeric(QStringView text);
+
+/// The nearest number with so many decimals; of two that are equally near, the one with an even last digit.
+double RoundHalfToEven(double value, int decimals = 0);
 
 /// The pattern "#,###,###": digits in groups of three, and nothing at all for 0.
 QString FormatCount(std::int64_t n);

@@ -28,11 +28,6 @@ DialogFrame FrameOf(ComingDialog which)
         frame.title = QStringLiteral("문자메시지 엑셀 가져오기");
         frame.note = QStringLiteral("엑셀파일(*.xls)에 있는 데이터를 전송대상에 포함합니다.");
         break;
-    case ComingDialog::Settings:
-        frame.name = QStringLiteral("dlgSMSSetup");
-        frame.title = QStringLiteral("문자메시지 환경설정");
-        frame.note = QStringLiteral("문자메시지 사이트에 가입한 정보를 입력하십시오.");
-        break;
     }
     frame.caption = frame.title;
     return frame;

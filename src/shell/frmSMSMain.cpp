@@ -1,6 +1,7 @@
 #include "shell/frmSMSMain.h"
 
 #include "account/AccountPage.h"
+#include "account/dlgSMSSetup.h"
 #include "compose/ComposeBoxes.h"
 #include "compose/ComposePage.h"
 #include "compose/MakeSMSTransport.h"
@@ -138,7 +139,8 @@ void frmSMSMain::BuildPages()
         ground_);
     history_ = new HistoryPage(
         services_, {[this](const SentRows& rows, std::int32_t count) { CancelSent(rows, count); }}, ground_);
-    account_ = new AccountPage(services_, ground_);
+    account_ =
+        new AccountPage(services_, {[this] { return compose_->RecipientGrid().ActiveRow(); }, {}}, ground_);
     editor_ = new TemplateEditor(services_, *this, ground_);
     templates_ = new TemplatePage(services_, editor_, ground_);
     pages_ = {compose_, history_, account_, templates_};
@@ -244,7 +246,7 @@ void frmSMSMain::EnterPage(int index)
         history_->Enter();
         break;
     case 2:
-        account_->SetUpGrids();
+        account_->Enter();
         break;
     case 3:
         editor_->RefreshSymbols();
@@ -271,7 +273,7 @@ void frmSMSMain::BtnToolbarEnClick(int index)
 
 void frmSMSMain::ShowSettings()
 {
-    ShowComingDialog(services_, ComingDialog::Settings, this);
+    dlgSMSSetup(services_, this).ShowModal();
 }
 
 void frmSMSMain::BtnWindowsClick(int index)

@@ -150,6 +150,8 @@ bool Fits(std::u32string_view pattern, std::size_t& at, char32_t code)
 
 int CompareKorean(std::string_view a, std::string_view b)
 {
+    if (a == b)
+        return 0; // as most texts of a column are that are grouped or looked up
     a = WithoutTrailingBlanks(a);
     b = WithoutTrailingBlanks(b);
     std::string_view restA = a;

@@ -140,7 +140,8 @@ TableDescription LogTable(int year)
              {QStringLiteral("ErrCd"), ColumnType::Text, 50},
              {QStringLiteral("ErrMsg"), ColumnType::Text, 4000},
              {QStringLiteral("RegDt"), ColumnType::DateTime}},
-            {QStringLiteral("SendTime")}};
+            // By time, and within one time as they were written. With the status the statistics need no row.
+            {QStringLiteral("SendTime, SMSKey, SMSStatus")}};
 }
 
 QList<TableDescription> AllTables(YearRange years)

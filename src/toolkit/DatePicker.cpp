@@ -47,6 +47,17 @@ void DatePicker::DressCalendar()
     };
     setPicture(QStringLiteral("qt_calendar_prevmonth"), QStringLiteral("arrow-left"));
     setPicture(QStringLiteral("qt_calendar_nextmonth"), QStringLiteral("arrow-right"));
+    TellChoices(*calendar);
+}
+
+void DatePicker::TellChoices(const QCalendarWidget& calendar)
+{
+    if (told_ == &calendar)
+        return;
+    told_ = &calendar;
+    const auto tell = [this] { RaiseEvent(*this, OnChoose); };
+    connect(&calendar, &QCalendarWidget::clicked, this, tell);   // by the mouse
+    connect(&calendar, &QCalendarWidget::activated, this, tell); // by a key
 }
 
 void DatePicker::mousePressEvent(QMouseEvent* event)

@@ -4,6 +4,8 @@
 
 #include <functional>
 
+class QCalendarWidget;
+
 namespace tsms {
 
 /// A date with a calendar that opens below it. Shown and read as YYYY-MM-DD whatever the locale.
@@ -22,6 +24,8 @@ public:
     bool IsCalendarOpen() const;
 
     std::function<void()> OnChange;
+    /// A day was chosen in the calendar, which has closed by then; also the one that stood there already.
+    std::function<void()> OnChoose;
     QString Tag;
 
 protected:
@@ -32,6 +36,9 @@ protected:
 
 private:
     void DressCalendar();
+    void TellChoices(const QCalendarWidget& calendar);
+
+    const QCalendarWidget* told_ = nullptr; // the calendar whose choices are told
 };
 
 } // namespace tsms

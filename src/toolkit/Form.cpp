@@ -97,6 +97,9 @@ void Form::ShowModal()
     if (IsLoaded()) // its own start may have unloaded it
         loop.exec();
     loop_ = nullptr;
+    // The desk may be about to give the keyboard back to this form, behind a box that it showed at its end.
+    if (over_ && over_->isVisible())
+        over_->activateWindow();
 }
 
 bool Form::Unload()
@@ -181,9 +184,10 @@ void Form::Place()
         layout()->activate();
     if (!testAttribute(Qt::WA_Resized))
         adjustSize();
-    const QWidget* over = owner_ ? owner_->window() : QApplication::activeWindow();
+    QWidget* over = owner_ ? owner_->window() : QApplication::activeWindow();
     if (over == this)
         over = nullptr;
+    over_ = over;
     if (over && kind_ == Kind::Dialog) {
         winId(); // makes the window's handle
         windowHandle()->setTransientParent(over->windowHandle());

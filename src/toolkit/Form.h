@@ -40,7 +40,7 @@ public:
     QString Caption() const { return windowTitle(); }
     void SetCaption(const QString& caption) { setWindowTitle(caption); }
 
-    /// Shows the form and returns when it has been unloaded.
+    /// Shows the form and returns when it has been unloaded. The window below it has the keyboard again then.
     void ShowModal();
 
     void setVisible(bool visible) override;
@@ -83,6 +83,7 @@ private:
     Desktop& desktop_;
     Kind kind_;
     QPointer<QWidget> owner_;
+    QPointer<QWidget> over_; // the window that it was placed over
     QEventLoop* loop_ = nullptr;
     const void* previewed_ = nullptr;
     bool placed_ = false;

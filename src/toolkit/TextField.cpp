@@ -60,6 +60,9 @@ void TextField::SetBackColor(const QColor& color)
 
 void TextField::SetImeMode(ImeMode mode)
 {
+    Widget().setAttribute(Qt::WA_InputMethodEnabled, mode != ImeMode::Off);
+    if (mode == ImeMode::Off)
+        return;
     Qt::InputMethodHints hints = Widget().inputMethodHints() & Qt::ImhMultiLine;
     if (mode == ImeMode::Hangul)
         hints |= Qt::ImhNoAutoUppercase;

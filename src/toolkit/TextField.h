@@ -10,7 +10,7 @@
 namespace tsms {
 
 /// Which input method a field asks for while it has the focus.
-enum class ImeMode { NoControl, Hangul, Latin };
+enum class ImeMode { NoControl, Hangul, Latin, Off };
 
 /// What the single-line and the multi-line text box share. Positions and lengths are UTF-16 units of Text(),
 /// in which a line break is CR LF and counts 2.

@@ -92,6 +92,13 @@ public:
         return metric == PM_MessageBoxIconSize ? SignSize : QProxyStyle::pixelMetric(metric, option, widget);
     }
 
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* answer) const override
+    {
+        return hint == SH_LineEdit_PasswordCharacter ? u'*'
+                                                     : QProxyStyle::styleHint(hint, option, widget, answer);
+    }
+
     QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
                            const QWidget* widget) const override
     {

@@ -72,6 +72,8 @@ TEST(MonthGrid, HasTwelveMonthsAndATotal)
     EXPECT_EQ(grid.ColWidth(13), 8);
     EXPECT_TRUE(grid.ColNumber(1));
     EXPECT_TRUE(grid.ColNumber(12));
+    EXPECT_FALSE(grid.ColNumber(13));
+    EXPECT_TRUE(grid.model()->index(0, 12).data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
 }
 
 TEST(MonthGrid, ShowsItsTitlesOnBothSides)

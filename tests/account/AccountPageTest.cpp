@@ -18,10 +18,18 @@ namespace {
 class AccountPageTest : public ::testing::Test
 {
 protected:
+    /// As at the load of the window, which is busy.
+    void Load()
+    {
+        session.Busy = Boolean::True;
+        page.Load();
+        session.Busy = Boolean::False;
+    }
+
     QString YearIn(int year)
     {
         clock.Set(QDateTime(QDate(year, 6, 1), QTime(9, 0)));
-        page.Load();
+        Load();
         return page.findChild<ComboBox*>(u"CbMonthYear"_q)->Text();
     }
 
@@ -31,13 +39,18 @@ protected:
     DBConnect db{session, desktop, {}};
     ModSMS sms{session, db, desktop, clock, QString()};
     Services services{session, desktop, clock, db, sms};
-    AccountPage page{services, nullptr};
+    AccountPage page{services, {[] { return 1; }, {}}, nullptr};
 };
+
+PushButton& Button(AccountPage& page, int index)
+{
+    return *page.findChild<PushButton*>(u"BtnChargeFunc(%1)"_q.arg(index));
+}
 
 TEST_F(AccountPageTest, OffersElevenYearsHoweverOftenItIsLoaded)
 {
-    page.Load();
-    page.Load();
+    Load();
+    Load();
     const auto* years = page.findChild<ComboBox*>(u"CbMonthYear"_q);
     ASSERT_EQ(years->ListCount(), 11);
     EXPECT_EQ(years->List(0), u"2010년"_q);
@@ -56,19 +69,51 @@ TEST_F(AccountPageTest, ShowsTheMonthGridWhole)
 {
     page.resize(970, 586);
     page.show();
-    auto& months = page.MonthGrid();
-    const QModelIndex last = months.model()->index(3, 12);
-    EXPECT_TRUE(months.viewport()->rect().contains(months.visualRect(last)));
+    const auto* months = page.findChild<fpSpread*>(u"fpSpreadMonth"_q);
+    const QModelIndex last = months->model()->index(3, 12);
+    EXPECT_TRUE(months->viewport()->rect().contains(months->visualRect(last)));
 }
 
 TEST_F(AccountPageTest, BearsItsCaptions)
 {
-    const std::pair<QString, QString> buttons[] = {{u"BtnChargeFunc(0)"_q, u"등록"_q},
-                                                   {u"BtnChargeFunc(1)"_q, u"삭제"_q},
-                                                   {u"BtnChargeFunc(2)"_q, u"엑셀변환"_q},
-                                                   {u"BtnChargeFunc(3)"_q, u"엑셀변환"_q}};
-    for (const auto& [name, caption] : buttons)
-        EXPECT_EQ(page.findChild<PushButton*>(name)->Caption(), caption);
+    const QStringList captions{u"등록"_q, u"삭제"_q, u"엑셀변환"_q, u"엑셀변환"_q};
+    for (int i = 0; i < captions.size(); ++i)
+        EXPECT_EQ(Button(page, i).Caption(), captions[i]);
+}
+
+TEST_F(AccountPageTest, NothingIsExportedWhereTheWindowCannot)
+{
+    EXPECT_TRUE(Button(page, 0).isEnabled());
+    EXPECT_TRUE(Button(page, 1).isEnabled());
+    EXPECT_FALSE(Button(page, 2).isEnabled());
+    EXPECT_FALSE(Button(page, 3).isEnabled());
+}
+
+class ExportingPage : public AccountPageTest
+{
+protected:
+    QStringList exported;
+    AccountPage exporting{
+        services,
+        {[] { return 1; },
+         [this](fpSpread& grid, const QString& title) { exported += grid.objectName() + u" "_q + title; }},
+        nullptr};
+};
+
+TEST_F(ExportingPage, EachGridGoesOutUnderItsTitle)
+{
+    Button(exporting, 2).Click();
+    Button(exporting, 3).Click();
+    EXPECT_EQ(exported, (QStringList{u"fpSpreadCharge 요금충전현황"_q, u"fpSpreadMonth 월별발송현황"_q}));
+}
+
+TEST_F(ExportingPage, NoButtonActsWhileBusy)
+{
+    session.Busy = Boolean::True;
+    for (int i = 0; i < 4; ++i)
+        Button(exporting, i).Click();
+    EXPECT_EQ(exported, QStringList());
+    EXPECT_TRUE(desktop.events.isEmpty());
 }
 
 } // namespace

@@ -3,6 +3,8 @@
 // A line is "<window>\t<control>\t<x>\t<y>", the middle of the control counted from its window's corner.
 // Cells of the recipient list are "fpSpread[column,row]". The windows are those of the program, laid out on
 // the same screen with the same fonts, and never shown.
+#include "account/dlgSMSCharge.h"
+#include "account/dlgSMSSetup.h"
 #include "compose/GridRecipients.h"
 #include "compose/MakeSMSTransport.h"
 #include "gateway/ModSMS.h"
@@ -38,6 +40,12 @@ void PrintControls(QWidget& window)
             Print(window, control->objectName(), control->mapTo(&window, control->rect().center()));
 }
 
+void PrintDialog(QWidget& dialog)
+{
+    dialog.adjustSize();
+    PrintControls(dialog);
+}
+
 void PrintCells(QWidget& window, fpSpread& grid)
 {
     for (int row = 1; row <= 5; ++row)
@@ -71,7 +79,10 @@ int main(int argc, char** argv)
     PrintCells(window, *grid);
     const GridRecipients rows(*grid);
     MakeSMSTransport dialog(services, {rows, [] { return QString(); }, [] { return QString(); }});
-    dialog.adjustSize();
-    PrintControls(dialog);
+    PrintDialog(dialog);
+    dlgSMSCharge charge(services, [] {});
+    PrintDialog(charge);
+    dlgSMSSetup settings(services);
+    PrintDialog(settings);
     return 0;
 }

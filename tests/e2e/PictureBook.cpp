@@ -57,6 +57,8 @@ public:
     void Cancellation();
     void Details();
     void Frames();
+    void SettingsWork();
+    void ChargeWork();
     void PreflightBoxes();
     void AccountBoxes();
     void Dispatch();
@@ -94,6 +96,7 @@ private:
     void Refuse(const QString& box);
     void Send(std::function<void(QWidget& dialog)> act = {});
     void RefuseReservation(QWidget& dialog, const QString& box);
+    void Ask(QWidget& dialog, const QString& box);
     void AwaitFailures(int count);
     void SearchHistory(const QString& first, const QString& last, int status);
     void SetPeriod(const QString& first, const QString& last);
@@ -302,7 +305,19 @@ void PictureBook::Frames()
     };
     see(u"dlgSMSGroupSelect"_q, u"BtnFuncMain(0)"_q, u"address-book"_q);
     see(u"MakeSMSExcel"_q, u"BtnFuncMain(1)"_q, u"import"_q);
-    see(u"dlgSMSSetup"_q, u"BtnToolbarDis(4)"_q, u"settings"_q);
+}
+
+void PictureBook::SettingsWork()
+{
+    WhenShown(u"dlgSMSSetup"_q, [this](QWidget& dialog) {
+        Take(dialog, u"settings"_q);
+        On<TextField>(dialog, u"txtUpdate(4)"_q).SetText(QString());
+        Ask(dialog, u"box-required"_q);
+        On<TextField>(dialog, u"txtUpdate(4)"_q).SetText(session_.SMSOrgNm);
+        Ask(dialog, u"box-settings-saved"_q);
+    });
+    Click(u"BtnToolbarDis(4)"_q);
+    desk_.ExpectNoneLeft();
     Click(u"BtnToolbarDis(1)"_q);
     Click(u"BtnToolbarDis(0)"_q);
 }
@@ -433,6 +448,47 @@ void PictureBook::Details()
         ClickOn(On<QWidget>(dialog, u"BtnSendS(0)"_q));
     });
     Click(u"BtnToolbarDis(0)"_q);
+}
+
+void PictureBook::ChargeWork()
+{
+    database_.Execute(u"CREATE TABLE Kept AS SELECT * FROM SMSCharge; DELETE FROM SMSCharge"_q);
+    The<ComboBox>(u"CbMonthYear"_q).SetListIndex(0);
+    Click(u"BtnToolbarDis(2)"_q);
+    Take(*form_, u"charges-empty"_q);
+    database_.Execute(u"INSERT INTO SMSCharge SELECT * FROM Kept; DROP TABLE Kept"_q);
+    The<ComboBox>(u"CbMonthYear"_q).SetListIndex(2);
+
+    WhenShown(u"dlgSMSCharge"_q, [this](QWidget& dialog) {
+        Take(dialog, u"charge-empty"_q);
+        const QStringList texts{u"1-2"_q, u"20000"_q, u"20"_q, u"여름 행사용"_q};
+        for (int i = 1; i <= texts.size(); ++i)
+            On<TextField>(dialog, u"txtUpdate(%1)"_q.arg(i)).SetText(texts[i - 1]);
+        Ask(dialog, u"box-count-no-number"_q);
+        On<TextField>(dialog, u"txtUpdate(1)"_q).SetText(u"1000"_q);
+        Take(dialog, u"charge"_q);
+        Ask(dialog, u"box-charge-saved"_q);
+    });
+    Click(u"BtnChargeFunc(0)"_q);
+    desk_.ExpectNoneLeft();
+
+    desk_.Await(u"box-delete-question"_q, AnswerYes);
+    desk_.Await(u"box-deleted"_q);
+    Click(u"BtnChargeFunc(1)"_q);
+    desk_.ExpectNoneLeft();
+    Grid().SetActiveCell(2, Grid().MaxRows());
+    desk_.Await(u"box-nothing-selected"_q);
+    Click(u"BtnChargeFunc(1)"_q);
+    desk_.ExpectNoneLeft();
+    Click(u"BtnToolbarDis(0)"_q);
+}
+
+/// Saves a dialog, which ends in one box.
+void PictureBook::Ask(QWidget& dialog, const QString& box)
+{
+    desk_.Await(box);
+    ClickOn(On<QWidget>(dialog, u"BtnFunc(0)"_q));
+    desk_.ExpectNoneLeft();
 }
 
 void PictureBook::PreflightBoxes()
@@ -597,6 +653,8 @@ int main(int argc, char** argv)
     book.Cancellation();
     book.Details();
     book.Frames();
+    book.SettingsWork();
+    book.ChargeWork();
     book.PreflightBoxes();
     book.AccountBoxes();
     book.Dispatch();

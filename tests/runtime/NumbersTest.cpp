@@ -79,6 +79,29 @@ TEST(Numbers, ATruthIsAWordInAnyCaseOrANumber)
         EXPECT_THROW(ToTruth(text), RuntimeError) << text.toStdString();
 }
 
+TEST(Numbers, ATextIsNumericAlsoAsItIsShown)
+{
+    for (const QString& text : {u"0"_q, u" 12 "_q, u"-5"_q, u"+5"_q, u"1.5"_q, u".5"_q, u"1e3"_q, u"1e400"_q,
+                                u"1,000"_q, u"-1,234,567.89"_q, u"12,345,678"_q})
+        EXPECT_TRUE(IsNumeric(text)) << text.toStdString();
+    for (const QString& text : {u""_q, u" "_q, u"-"_q, u"1-2"_q, u"1/2"_q, u"12a"_q, u"5-"_q, u"--5"_q,
+                                u","_q, u",5"_q, u"1.0,5"_q, u"1.2.3"_q, u"１２"_q})
+        EXPECT_FALSE(IsNumeric(text)) << text.toStdString();
+}
+
+TEST(Numbers, RoundingTakesOfTwoEquallyNearTheEvenOne)
+{
+    EXPECT_EQ(RoundHalfToEven(0.5), 0);
+    EXPECT_EQ(RoundHalfToEven(1.5), 2);
+    EXPECT_EQ(RoundHalfToEven(-0.5), 0);
+    EXPECT_EQ(RoundHalfToEven(-1.5), -2);
+    EXPECT_EQ(RoundHalfToEven(2.51), 3);
+    EXPECT_EQ(RoundHalfToEven(94.45, 1), 94.4);
+    EXPECT_EQ(RoundHalfToEven(94.55, 1), 94.6);
+    EXPECT_EQ(RoundHalfToEven(94.46, 1), 94.5);
+    EXPECT_EQ(RoundHalfToEven(100, 1), 100);
+}
+
 TEST(Numbers, ACountIsGroupedInThreesAndNothingForZero)
 {
     EXPECT_EQ(FormatCount(0), u""_q);

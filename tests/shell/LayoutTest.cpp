@@ -239,6 +239,25 @@ TEST_F(Layout, NothingIsCutOrOverlapsOnTheChargePage)
     ExpectGood(*program.form, 18);
 }
 
+TEST_F(Layout, NothingIsCutOrOverlapsInTheChargeDialog)
+{
+    program.Click(u"BtnToolbarDis(2)"_q);
+    WhenShown(u"dlgSMSCharge"_q, [this](QWidget& dialog) {
+        ExpectGood(dialog, 10);
+        PressKey(dialog, Qt::Key_Escape);
+    });
+    program.Click(u"BtnChargeFunc(0)"_q);
+}
+
+TEST_F(Layout, NothingIsCutOrOverlapsInTheSettings)
+{
+    WhenShown(u"dlgSMSSetup"_q, [this](QWidget& dialog) {
+        ExpectGood(dialog, 14);
+        PressKey(dialog, Qt::Key_Escape);
+    });
+    program.Click(u"BtnToolbarDis(4)"_q);
+}
+
 TEST_F(Layout, NothingIsCutOrOverlapsOnTheTemplatePage)
 {
     program.Click(u"BtnToolbarDis(3)"_q);

@@ -149,6 +149,31 @@ TEST_F(HistoryTabOrder, OfTheCancellationRunsOverItsButtons)
     });
 }
 
+TEST_F(TabOrder, TheChargeDialogRunsFromTheDateToTheButtons)
+{
+    program.Click(u"BtnToolbarDis(2)"_q);
+    WhenShown(u"dlgSMSCharge"_q, [this](QWidget& dialog) {
+        EXPECT_TRUE(program.On<QWidget>(dialog, u"DTPChargeDt"_q).hasFocus());
+        const QStringList order =
+            QStringList{u"DTPChargeDt"_q} + Names(u"txtUpdate(%1)"_q, 1, 4) + Names(u"BtnFunc(%1)"_q, 0, 1);
+        EXPECT_EQ(Walk(program.On<QWidget>(dialog, u"DTPChargeDt"_q)), order);
+        PressKey(dialog, Qt::Key_Escape);
+    });
+    program.Click(u"BtnChargeFunc(0)"_q);
+}
+
+TEST_F(TabOrder, TheSettingsRunFromTheFirstBoxToTheButtons)
+{
+    WhenShown(u"dlgSMSSetup"_q, [this](QWidget& dialog) {
+        EXPECT_TRUE(program.On<QWidget>(dialog, u"txtUpdate(0)"_q).hasFocus());
+        const QStringList order =
+            Names(u"txtUpdate(%1)"_q, 0, 4) + Names(u"ChkOption(%1)"_q, 0, 1) + Names(u"BtnFunc(%1)"_q, 0, 1);
+        EXPECT_EQ(Walk(program.On<QWidget>(dialog, u"txtUpdate(0)"_q)), order);
+        PressKey(dialog, Qt::Key_Escape);
+    });
+    program.Click(u"BtnToolbarDis(4)"_q);
+}
+
 class DispatchTabOrder : public TabOrder
 {
 protected:

@@ -158,6 +158,12 @@ TEST_P(Contract, TheBalanceMovesByRelativeStatements)
     EXPECT_EQ(Value(u"SELECT SMSRemainCnt FROM SMSSetup"_q), u"493"_q);
 }
 
+TEST_P(Contract, TakingANegativeCountAwayAddsIt)
+{
+    Execute(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt - -5"_q);
+    EXPECT_EQ(Value(u"SELECT SMSRemainCnt FROM SMSSetup"_q), u"5"_q);
+}
+
 TEST_P(Contract, TheBalanceMayGoBelowZero)
 {
     Execute(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt - 7"_q);
@@ -326,6 +332,13 @@ TEST_P(Contract, ChargesAreListedWithTheLatestFirst)
     EXPECT_NE(rows[1][6], u"(null)"_q);
     Execute(u"DELETE FROM SMSCharge WHERE SMSChargeKey =1"_q);
     EXPECT_EQ(Value(u"SELECT COUNT(*) FROM SMSCharge"_q), u"1"_q);
+}
+
+TEST_P(Contract, AnAmountIsComputedByTheServer)
+{
+    Execute(
+        u"Insert INTO SMSCharge  (ChargeDt, ChargeCnt, ChargeAmt,ChargeUnit,Remark,RegDt )  VALUES ('2012-05-01',1,1-2,'1',Null,getdate())"_q);
+    EXPECT_EQ(Value(u"SELECT ChargeAmt FROM SMSCharge"_q).toDouble(), -1);
 }
 
 TEST_P(Contract, AUnitPriceWithDigitGroupsIsANumber)

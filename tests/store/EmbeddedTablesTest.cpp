@@ -2,6 +2,7 @@
 
 #include "runtime/RuntimeError.h"
 #include "store/EmbeddedConnection.h"
+#include "store/EmbeddedDialect.h"
 #include "support/database/TestDatabase.h"
 #include "support/Words.h"
 
@@ -132,8 +133,26 @@ TEST(ServerScript, GeneratedKeysAreAssignedByTheServer)
 {
     EXPECT_TRUE(ServerScript({2012, 2012}).contains(u"    SMSKey int IDENTITY(1,1) NOT NULL,"_q));
     EXPECT_TRUE(ServerScript({2012, 2012}).contains(u"    TempLCd int NOT NULL,"_q));
-    EXPECT_TRUE(ServerScript({2012, 2012})
-                    .contains(u"CREATE INDEX IX_SMSLog_2012_1 ON dbo.SMSLog_2012 (SendTime);"_q));
+}
+
+TEST(ServerScript, ALogIsIndexedByItsTimes)
+{
+    EXPECT_TRUE(
+        ServerScript({2012, 2012})
+            .contains(u"CREATE INDEX IX_SMSLog_2012_1 ON dbo.SMSLog_2012 (SendTime, SMSKey, SMSStatus);"_q));
+}
+
+TEST_F(EmbeddedTablesTest, TheMonthsAreCountedFromTheIndexAlone)
+{
+    TestDatabase database(clock, {2012, 2012});
+    const QString plan = database
+                             .Rows(u"EXPLAIN QUERY PLAN "_q +
+                                   QString::fromUtf8(ToEmbeddedDialect(
+                                       u"SELECT LEFT(SendTime,7), COUNT(*), SUM(CASE WHEN SMSStatus ='2' "
+                                       u"THEN 1 ELSE 0 END) FROM SMSLog_2012 GROUP BY LEFT(SendTime,7)"_q)))
+                             .first()
+                             .last();
+    EXPECT_EQ(plan, u"SCAN SMSLog_2012 USING COVERING INDEX IX_SMSLog_2012_1"_q);
 }
 
 } // namespace tsms::test

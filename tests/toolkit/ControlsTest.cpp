@@ -10,10 +10,12 @@
 
 #include "support/Words.h"
 
+#include <QCalendarWidget>
 #include <QImage>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPaintEvent>
+#include <QTableView>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -520,6 +522,80 @@ TEST(DatePicker, OpensItsCalendarByKey)
     EXPECT_FALSE(picker.IsCalendarOpen());
     QTest::keyClick(&picker, Qt::Key_F4);
     EXPECT_TRUE(picker.IsCalendarOpen());
+}
+
+class DatePickerChoice : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        picker.SetValue(QDate(2012, 5, 30));
+        picker.OnChoose = [this] {
+            ++chosen;
+            EXPECT_FALSE(picker.IsCalendarOpen());
+        };
+        picker.show();
+        picker.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&picker));
+        picker.setFocus();
+    }
+    QTableView& Days()
+    {
+        picker.OpenCalendar();
+        return *picker.calendarWidget()->findChild<QTableView*>();
+    }
+    /// The cell of a day of May 2012.
+    static QPoint PlaceOf(const QTableView& days, int day)
+    {
+        for (int row = 0; row < days.model()->rowCount(); ++row)
+            for (int column = 0; column < days.model()->columnCount(); ++column) {
+                const QModelIndex cell = days.model()->index(row, column);
+                const bool begun = row > 1 || day < 8; // the first week may hold the end of April
+                if (begun && cell.data().toInt() == day && !days.visualRect(cell).isEmpty())
+                    return days.visualRect(cell).center();
+            }
+        return {};
+    }
+
+    DatePicker picker{nullptr, u"DTPChargeDt"_q};
+    int chosen = 0;
+};
+
+TEST_F(DatePickerChoice, ADayClickedInTheCalendarIsTold)
+{
+    QTableView& days = Days();
+    QTest::mouseClick(days.viewport(), Qt::LeftButton, {}, PlaceOf(days, 17));
+    EXPECT_EQ(picker.Value(), u"2012-05-17"_q);
+    EXPECT_GE(chosen, 1);
+}
+
+TEST_F(DatePickerChoice, TheDayThatStandsThereIsToldAsWell)
+{
+    QTest::keyClick(&Days(), Qt::Key_Return);
+    EXPECT_EQ(picker.Value(), u"2012-05-30"_q);
+    EXPECT_EQ(chosen, 1);
+}
+
+TEST_F(DatePickerChoice, ASecondOpeningTellsOnceMore)
+{
+    QTest::keyClick(&Days(), Qt::Key_Return);
+    QTest::keyClick(&Days(), Qt::Key_Return);
+    EXPECT_EQ(chosen, 2);
+}
+
+TEST_F(DatePickerChoice, ACalendarThatIsLeftTellsNothing)
+{
+    QTest::keyClick(&Days(), Qt::Key_Escape);
+    EXPECT_FALSE(picker.IsCalendarOpen());
+    EXPECT_EQ(chosen, 0);
+}
+
+TEST_F(DatePickerChoice, ADateThatIsTypedTellsNothing)
+{
+    picker.setSelectedSection(QDateTimeEdit::DaySection);
+    QTest::keyClicks(&picker, u"17"_q);
+    EXPECT_EQ(picker.Value(), u"2012-05-17"_q);
+    EXPECT_EQ(chosen, 0);
 }
 
 TEST(Pictures, AllExistAndDrawSomething)

@@ -163,6 +163,23 @@ TEST_F(FormTest, CodeBehindTheUnloadingStillRunsBeforeTheCallerGoesOn)
     EXPECT_EQ(order, (QStringList{u"handler"_q, u"caller"_q}));
 }
 
+TEST_F(FormTest, TheWindowBelowHasTheKeyboardBehindAModalForm)
+{
+    TestForm main(session, desktop, u"main"_q, Form::Kind::Main);
+    Show(main);
+    QWidget elsewhere;
+    elsewhere.setWindowModality(Qt::ApplicationModal); // or it could not be looked at
+    TestForm form(session, desktop);
+    QTimer::singleShot(0, &form, [&] {
+        elsewhere.show();
+        elsewhere.activateWindow();
+        form.Unload();
+    });
+    form.ShowModal();
+    elsewhere.setWindowModality(Qt::NonModal);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&main, 1000));
+}
+
 TEST_F(FormTest, StandsInTheMiddleOfItsOwner)
 {
     TestForm main(session, desktop, u"main"_q, Form::Kind::Main);

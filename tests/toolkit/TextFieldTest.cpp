@@ -55,6 +55,19 @@ public:
 
 TYPED_TEST_SUITE(AnyTextField, Fields, FieldNames);
 
+TYPED_TEST(AnyTextField, AsksForItsInputMethodOrForNone)
+{
+    const auto enabled = [this] { return this->field.testAttribute(Qt::WA_InputMethodEnabled); };
+    EXPECT_TRUE(enabled());
+    this->field.SetImeMode(ImeMode::Off);
+    EXPECT_FALSE(enabled());
+    this->field.SetImeMode(ImeMode::Latin);
+    EXPECT_TRUE(enabled());
+    EXPECT_TRUE(this->field.inputMethodHints().testFlag(Qt::ImhPreferLatin));
+    this->field.SetImeMode(ImeMode::Hangul);
+    EXPECT_FALSE(this->field.inputMethodHints().testFlag(Qt::ImhPreferLatin));
+}
+
 TYPED_TEST(AnyTextField, ItsNameIsItsAccessibleName)
 {
     EXPECT_EQ(this->field.objectName(), u"txtAny"_q);

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QLineEdit>
 #include <QProxyStyle>
 #include <QPushButton>
 #include <QScrollBar>
@@ -78,6 +79,14 @@ protected:
 
     static QColor ColorAt(QWidget& widget, QPoint place) { return widget.grab().toImage().pixelColor(place); }
 };
+
+TEST_F(StyledControls, APasswordIsShownAsStars)
+{
+    QLineEdit line;
+    line.setEchoMode(QLineEdit::Password);
+    line.setText(u"secret"_q);
+    EXPECT_EQ(line.displayText(), u"******"_q);
+}
 
 TEST_F(StyledControls, TheSignsOfBoxesAreOurOwnAndCrispAtTwiceTheSize)
 {

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QClipboard>
 #include <QElapsedTimer>
@@ -126,9 +127,16 @@ void WhenShown(const QString& formName, std::function<void(QWidget& form)> act)
     auto* timer = new QTimer(qApp);
     auto waited = std::make_shared<QElapsedTimer>();
     waited->start();
+    // A timer also ticks inside the work that a form does while it comes up; a person comes after it. The
+    // event loop waits for more only when nothing is under way.
+    auto seen = std::make_shared<bool>(false);
+    auto atRest = std::make_shared<bool>(false);
+    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, timer,
+                     [=] { *atRest = *seen; });
     QObject::connect(timer, &QTimer::timeout, timer, [=] {
         Form* form = Form::Find(formName);
-        if (form && form->isVisible() && form->isActiveWindow()) {
+        *seen = form && form->isVisible() && form->isActiveWindow();
+        if (*seen && *atRest) {
             timer->stop();
             timer->deleteLater();
             act(*form);

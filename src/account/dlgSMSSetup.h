@@ -1,0 +1,50 @@
+#pragma once
+
+#include "account/SettingsStatements.h"
+#include "toolkit/DialogForm.h"
+#include "toolkit/FieldRows.h"
+#include "toolkit/TextHelper.h"
+
+#include <array>
+
+namespace tsms {
+
+class CheckBox;
+class Recordset;
+struct Services;
+
+/// The dialog that edits the account row: who logs in at the gateway, and under which number and name
+/// messages go out. The boxes are filled at its first activation and at no other: what was typed survives a
+/// look at another window. Where the table has no row, the domain that the program was built with stands in
+/// its box.
+class dlgSMSSetup : public DialogForm
+{
+    Q_OBJECT
+
+public:
+    explicit dlgSMSSetup(Services& services, QWidget* owner = nullptr);
+
+protected:
+    void Activate() override;
+    void OnButton(int index) override;
+
+private:
+    void BuildFields();
+    void BuildOptions();
+    void FirstActivation();
+    void Show(const Recordset& account);
+    Settings Typed() const;
+
+    void Save();
+    bool Write();
+    void BoxChange(int index);
+    void BoxKeyPress(int index, char16_t& key);
+
+    Services& services_;
+    TextHelper textHelper_;
+    FieldRows fields_;
+    std::array<CheckBox*, 2> options_{}; // ChkOption
+    bool activated_ = false;
+};
+
+} // namespace tsms
