@@ -5,6 +5,7 @@ set(TSMS_LAYERS
   "session: runtime"
   "store: runtime session"
   "gateway: runtime session store"
+  "spreadsheet: runtime"
   "services: runtime session store gateway"
   "toolkit: runtime session"
   "compose: runtime session store gateway services toolkit"

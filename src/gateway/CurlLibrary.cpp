@@ -1,18 +1,11 @@
 #include "gateway/CurlLibrary.h"
 
 #include "gateway/SoapFault.h"
-
-#include <QLibrary>
+#include "runtime/LibraryRoutine.h"
 
 namespace tsms {
 
 namespace {
-
-template <class Routine> bool Resolve(QLibrary& library, const char* name, Routine& into)
-{
-    into = reinterpret_cast<Routine>(library.resolve(name));
-    return into != nullptr;
-}
 
 bool ResolveAll(QLibrary& library, CurlLibrary& into)
 {

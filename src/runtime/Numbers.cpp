@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <optional>
 
 namespace tsms {
 
@@ -44,19 +43,6 @@ bool HasNumberShape(QStringView text)
     return i == text.size();
 }
 
-/// The value of a text of number shape; infinite where a double cannot hold it.
-std::optional<double> NumberOf(QStringView text)
-{
-    const QString trimmed = Trim(text);
-    if (!HasNumberShape(trimmed))
-        return std::nullopt;
-    bool fits = false;
-    const double value = QLocale::c().toDouble(trimmed, &fits);
-    if (!fits && value == 0.0)
-        return 0.0; // too small to be held: nothing is left of it
-    return fits ? value : std::numeric_limits<double>::infinity();
-}
-
 /// The text without the separators that stand behind the first digit of its whole part.
 QString WithoutInnerSeparators(QStringView text)
 {
@@ -69,6 +55,18 @@ QString WithoutInnerSeparators(QStringView text)
 }
 
 } // namespace
+
+std::optional<double> NumberOf(QStringView text)
+{
+    const QString trimmed = Trim(text);
+    if (!HasNumberShape(trimmed))
+        return std::nullopt;
+    bool fits = false;
+    const double value = QLocale::c().toDouble(trimmed, &fits);
+    if (!fits && value == 0.0)
+        return 0.0; // too small to be held: nothing is left of it
+    return fits ? value : std::numeric_limits<double>::infinity();
+}
 
 std::int32_t ToLong(QStringView text)
 {

@@ -4,6 +4,7 @@
 #include <QStringView>
 
 #include <cstdint>
+#include <optional>
 
 namespace tsms {
 
@@ -14,6 +15,10 @@ std::int32_t ToLong(QStringView text);
 /// Text to a truth value by the ordinary rule: "true" or "false" in any case, or a number, which is true
 /// unless 0. Raises 13 for anything else.
 bool ToTruth(QStringView text);
+
+/// The number that a text is by the rule of ToLong, not rounded; infinite where a double cannot hold it, and
+/// nothing when the text is no number.
+std::optional<double> NumberOf(QStringView text);
 
 /// True when the text is a number by the rule of ToLong, of any size. Behind its first digit the whole part
 /// may hold separators, as a shown number does.

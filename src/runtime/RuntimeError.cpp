@@ -15,6 +15,16 @@ QString StandardWords(long number)
         return QStringLiteral("아래 첨자 사용이 잘못되었습니다.");
     case TypeMismatch:
         return QStringLiteral("형식이 일치하지 않습니다.");
+    case LibraryNotLoaded:
+        return QStringLiteral("DLL을 로드하는 동안 오류가 발생하였습니다.");
+    case DeviceFault:
+        return QStringLiteral("장치 입출력 오류가 발생하였습니다.");
+    case DiskFull:
+        return QStringLiteral("디스크가 꽉 찼습니다.");
+    case PathFileAccess:
+        return QStringLiteral("경로/파일을 액세스하는 동안 오류가 발생하였습니다.");
+    case PathNotFound:
+        return QStringLiteral("경로를 찾을 수 없습니다.");
     case ObjectNotSet:
         return QStringLiteral("개체 변수가 설정되지 않았습니다.");
     case InvalidPropertyValue:

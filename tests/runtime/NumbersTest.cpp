@@ -102,6 +102,17 @@ TEST(Numbers, RoundingTakesOfTwoEquallyNearTheEvenOne)
     EXPECT_EQ(RoundHalfToEven(100, 1), 100);
 }
 
+TEST(Numbers, ANumberIsNotRoundedAndInfiniteBeyondADouble)
+{
+    EXPECT_EQ(NumberOf(u" -99.95 "), -99.95);
+    EXPECT_EQ(NumberOf(u"+.5e1"), 5.0);
+    EXPECT_EQ(NumberOf(u"2147483648"), 2147483648.0);
+    EXPECT_EQ(NumberOf(u"1e-400"), 0.0);
+    EXPECT_EQ(NumberOf(u"1e400"), std::numeric_limits<double>::infinity());
+    for (const QString& text : {u""_q, u"abc"_q, u"1,000"_q, u"nan"_q, u"inf"_q})
+        EXPECT_EQ(NumberOf(text), std::nullopt) << text.toStdString();
+}
+
 TEST(Numbers, ACountIsGroupedInThreesAndNothingForZero)
 {
     EXPECT_EQ(FormatCount(0), u""_q);
