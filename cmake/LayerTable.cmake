@@ -10,6 +10,6 @@ set(TSMS_LAYERS
   "toolkit: runtime session"
   "compose: runtime session store gateway services toolkit"
   "templates: runtime session store services toolkit"
-  "history: runtime session store gateway services toolkit compose"
+  "history: runtime session store gateway services spreadsheet toolkit compose"
   "account: runtime session store services toolkit"
   "shell: runtime session store gateway services toolkit compose templates history account")

@@ -58,7 +58,6 @@ AccountPage::AccountPage(Services& services, Window window, QWidget* parent)
 PushButton* AccountPage::BuildButton(int index, const QString& caption)
 {
     auto* button = new PushButton(this, IndexedName(u"BtnChargeFunc", index), caption);
-    button->setEnabled(index < ExportLedger || window_.exportGrid);
     button->OnClick = [this, index] { BtnChargeFuncClick(index); };
     return button;
 }

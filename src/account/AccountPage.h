@@ -23,8 +23,8 @@ public:
     {
         /// The active row of the recipient list. A delete tests that row of the ledger for being there.
         std::function<int()> recipientRow;
-        /// Writes a grid to a spreadsheet under a title. Without it the buttons for it cannot be used.
-        std::function<void(fpSpread& grid, const QString& title)> exportGrid;
+        /// Takes a grid away as a workbook of that title.
+        std::function<void(const fpSpread& grid, const QString& title)> exportGrid;
     };
 
     AccountPage(Services& services, Window window, QWidget* parent);

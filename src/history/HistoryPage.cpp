@@ -160,7 +160,6 @@ void HistoryPage::BuildButtons(QVBoxLayout& page)
     for (int i = 0; i < captions.size(); ++i) {
         auto* button = new PushButton(this, IndexedName(u"BtnSendListFun", i), captions[i]);
         button->OnClick = [this, i] { BtnSendListFunClick(i); };
-        button->setEnabled(i != 2); // the export is not there yet
         row->addWidget(button);
     }
     page.addLayout(row);
@@ -286,6 +285,7 @@ void HistoryPage::BtnSendListFunClick(int index)
         CancelTicked();
         break;
     default:
+        window_.exportGrid(*list_, QStringLiteral("문자메시지 발송내역"));
         break;
     }
 }

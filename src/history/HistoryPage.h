@@ -31,6 +31,8 @@ public:
     {
         /// Withdraws the ticked rows, `count` of them, and returns when that is over.
         std::function<void(const SentRows& rows, std::int32_t count)> cancel;
+        /// Takes the list away as a workbook.
+        std::function<void(const fpSpread& list, const QString& title)> exportGrid;
     };
 
     HistoryPage(Services& services, Window window, QWidget* parent);

@@ -8,6 +8,7 @@
 #include "compose/TemplateEditor.h"
 #include "gateway/ModSMS.h"
 #include "history/HistoryPage.h"
+#include "history/UserSetMakeEXCEL.h"
 #include "runtime/Desktop.h"
 #include "runtime/DoEvents.h"
 #include "services/Services.h"
@@ -138,9 +139,16 @@ void frmSMSMain::BuildPages()
         [this](QWidget* page) { return new TemplateCards(services_, TemplateCards::ComposeSide, page); },
         ground_);
     history_ = new HistoryPage(
-        services_, {[this](const SentRows& rows, std::int32_t count) { CancelSent(rows, count); }}, ground_);
-    account_ =
-        new AccountPage(services_, {[this] { return compose_->RecipientGrid().ActiveRow(); }, {}}, ground_);
+    const auto exportGrid = [this](const fpSpread& grid, const QString& title) {
+        MakeExcel(services_, grid, title);
+    };
+    history_ = new HistoryPage(
+        services_,
+        {[this](const SentRows& rows, std::int32_t count) {
+        CancelSent(rows, count); }, exportGrid}, ground_);
+    account_ = new AccountPage(
+        services_, {[this] {
+        return compose_->RecipientGrid().ActiveRow(); }, exportGrid}, ground_);
     editor_ = new TemplateEditor(services_, *this, ground_);
     templates_ = new TemplatePage(services_, editor_, ground_);
     pages_ = {compose_, history_, account_, templates_};

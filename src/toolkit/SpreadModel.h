@@ -32,6 +32,7 @@ public:
     QString Text(int col, int row) const;
     void SetText(int col, int row, const QString& text);
     void SetFormula(int col, int row, const QString& formula);
+    bool HasFormula(int col, int row) const { return formulas_.contains({row, col}); }
     void SetDataSource(std::shared_ptr<const CellSource> source);
 
     fpSpread::CellType Type(int col) const;

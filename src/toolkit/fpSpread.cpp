@@ -204,6 +204,11 @@ void fpSpread::SetFormula(int col, int row, const QString& formula)
     model_->SetFormula(col, row, formula);
 }
 
+bool fpSpread::HasFormula(int col, int row) const
+{
+    return model_->HasFormula(col, row);
+}
+
 void fpSpread::SetDataSource(std::shared_ptr<const CellSource> source)
 {
     CancelEdit();
@@ -338,6 +343,11 @@ void fpSpread::SetColMaxLength(int col, int characters)
 void fpSpread::SetColAlignment(int col, Qt::Alignment alignment)
 {
     model_->SetAlignment(col, alignment);
+}
+
+Qt::Alignment fpSpread::ColAlignment(int col) const
+{
+    return model_->Alignment(col);
 }
 
 void fpSpread::SetColButton(int col, const QString& caption, const QColor& face, const QColor& text)

@@ -65,6 +65,7 @@ public:
     /// Understands "SUM(<cell>:<cell>)", cells in the manner A1: the sum of the texts that are numbers,
     /// formulas left out. Any other formula shows nothing. SetText puts the formula away again.
     void SetFormula(int col, int row, const QString& formula);
+    bool HasFormula(int col, int row) const;
 
     /// Shows the source's rows by position, from row 1 and column 1. Neither size changes. Texts set before
     /// in its columns are gone; SetText overrides a cell afterwards. Null: none.
@@ -99,6 +100,7 @@ public:
     CellType ColType(int col) const;
     void SetColMaxLength(int col, int characters); ///< what a person can type or paste; 0: no limit
     void SetColAlignment(int col, Qt::Alignment alignment);
+    Qt::Alignment ColAlignment(int col) const;
 
     /// Makes the column one of buttons, all with the same caption, which is also the text of its cells.
     void SetColButton(int col, const QString& caption, const QColor& face, const QColor& text);

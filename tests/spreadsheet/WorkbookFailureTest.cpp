@@ -2,7 +2,7 @@
 
 #include "runtime/RuntimeError.h"
 #include "spreadsheet/CompoundFile.h"
-#include "spreadsheet/FreeXlReader.h"
+#include "support/workbooks/FreeXlReader.h"
 #include "spreadsheet/TableSheet.h"
 #include "support/Words.h"
 

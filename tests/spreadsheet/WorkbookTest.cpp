@@ -1,6 +1,6 @@
 #include "spreadsheet/WriteWorkbook.h"
 
-#include "spreadsheet/FreeXlReader.h"
+#include "support/workbooks/FreeXlReader.h"
 #include "spreadsheet/TableSheet.h"
 #include "support/Words.h"
 

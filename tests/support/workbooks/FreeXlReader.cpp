@@ -1,4 +1,4 @@
-#include "spreadsheet/FreeXlReader.h"
+#include "support/workbooks/FreeXlReader.h"
 
 #include <QFile>
 

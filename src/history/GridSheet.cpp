@@ -1,0 +1,58 @@
+#include "history/GridSheet.h"
+
+#include "runtime/Text.h"
+#include "toolkit/fpSpread.h"
+
+namespace tsms {
+
+namespace {
+
+bool HasFormula(const fpSpread& grid, int col)
+{
+    for (int row = 1; row <= grid.MaxRows(); ++row)
+        if (grid.HasFormula(col, row))
+            return true;
+    return false;
+}
+
+SheetAlignment AlignmentOf(Qt::Alignment alignment)
+{
+    if (alignment & Qt::AlignHCenter)
+        return SheetAlignment::Center;
+    return alignment & Qt::AlignRight ? SheetAlignment::Right : SheetAlignment::General;
+}
+
+SheetColumn ColumnOf(const fpSpread& grid, int col)
+{
+    SheetColumn column;
+    column.width = grid.ColWidth(col);
+    column.hidden = grid.ColHidden(col);
+    column.number = grid.ColNumber(col) || HasFormula(grid, col);
+    column.alignment = AlignmentOf(grid.ColAlignment(col));
+    return column;
+}
+
+QString CellText(const fpSpread& grid, int col, int sheetRow)
+{
+    const int row = sheetRow - 1;
+    if (row == 0)
+        return Trim(grid.GetText(col, 0));
+    return grid.CellPicture(col, row) >= 0 ? QString() : grid.GetText(col, row);
+}
+
+} // namespace
+
+Sheet SheetOf(const fpSpread& grid)
+{
+    Sheet sheet;
+    for (int col = 1; col <= grid.MaxCols(); ++col)
+        sheet.columns.push_back(ColumnOf(grid, col));
+    sheet.rows = grid.MaxRows() + sheet.titleRows;
+    sheet.text = [&grid, text = QString()](int col, int row) mutable -> QStringView {
+        text = CellText(grid, col, row);
+        return text;
+    };
+    return sheet;
+}
+
+} // namespace tsms

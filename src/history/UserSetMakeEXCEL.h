@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+namespace tsms {
+
+class fpSpread;
+struct Services;
+
+/// Takes what a grid shows away as a workbook: asks for a folder, writes "<title><YYYYMMDD>.xls" there, with
+/// the column titles above the rows, and opens it in the program that the user has for it. Where a file of
+/// that name stands, a question comes first. The grid stays as it is.
+///
+/// A failure ends it without a word, as is meant; the file that is to be opened is then not there.
+void MakeExcel(Services& services, const fpSpread& grid, const QString& title);
+
+} // namespace tsms
