@@ -138,17 +138,14 @@ void frmSMSMain::BuildPages()
          [this] { ShowComingDialog(services_, ComingDialog::Import, this); }},
         [this](QWidget* page) { return new TemplateCards(services_, TemplateCards::ComposeSide, page); },
         ground_);
-    history_ = new HistoryPage(
     const auto exportGrid = [this](const fpSpread& grid, const QString& title) {
         MakeExcel(services_, grid, title);
     };
     history_ = new HistoryPage(
         services_,
-        {[this](const SentRows& rows, std::int32_t count) {
-        CancelSent(rows, count); }, exportGrid}, ground_);
+        {[this](const SentRows& rows, std::int32_t count) { CancelSent(rows, count); }, exportGrid}, ground_);
     account_ = new AccountPage(
-        services_, {[this] {
-        return compose_->RecipientGrid().ActiveRow(); }, exportGrid}, ground_);
+        services_, {[this] { return compose_->RecipientGrid().ActiveRow(); }, exportGrid}, ground_);
     editor_ = new TemplateEditor(services_, *this, ground_);
     templates_ = new TemplatePage(services_, editor_, ground_);
     pages_ = {compose_, history_, account_, templates_};

@@ -223,13 +223,6 @@ TEST_F(Ledger, DeletingFromAnEmptyOneDoesNothing)
     EXPECT_TRUE(program.desktop.boxes.isEmpty());
 }
 
-TEST_F(Ledger, TheExportsAreThereAndCannotBeUsedYet)
-{
-    Enter();
-    EXPECT_FALSE(program.Control(u"BtnChargeFunc(2)"_q).isEnabled());
-    EXPECT_FALSE(program.Control(u"BtnChargeFunc(3)"_q).isEnabled());
-}
-
 TEST_F(Ledger, ADeleteTakesTheActiveRowAndItsCount)
 {
     AddThree();
