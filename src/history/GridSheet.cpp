@@ -25,7 +25,7 @@ SheetAlignment AlignmentOf(Qt::Alignment alignment)
 SheetColumn ColumnOf(const fpSpread& grid, int col)
 {
     SheetColumn column;
-    column.width = grid.ColWidth(col);
+    column.width = grid.ColWidthInDigits(col);
     column.hidden = grid.ColHidden(col);
     column.number = grid.ColNumber(col) || HasFormula(grid, col);
     column.alignment = AlignmentOf(grid.ColAlignment(col));

@@ -27,6 +27,11 @@ constexpr double DefaultRowHeight = 14.0;
 constexpr QColor TitleBack{233, 240, 243};
 constexpr QColor TitleLine{205, 216, 220};
 
+int DigitWidth(const QWidget& grid)
+{
+    return grid.fontMetrics().horizontalAdvance(QLatin1Char('0'));
+}
+
 int PixelsOfPoints(double points)
 {
     return qRound(points * 4.0 / 3.0);
@@ -247,6 +252,11 @@ double fpSpread::ColWidth(int col) const
 {
     const auto width = colWidths_.find(col);
     return width == colWidths_.end() ? DefaultColWidth : width->second;
+}
+
+double fpSpread::ColWidthInDigits(int col) const
+{
+    return ColWidth(col) * UnitWidth() / DigitWidth(*this);
 }
 
 void fpSpread::SetRowHeight(int row, double points)
@@ -683,7 +693,7 @@ void fpSpread::UpdateRow(const QModelIndex& index)
 /// A digit and the air about it, so that a phone number with its hyphens stands in 10.5 units.
 int fpSpread::UnitWidth() const
 {
-    return std::max(8, qRound(fontMetrics().horizontalAdvance(QLatin1Char('0')) * 1.25));
+    return std::max(8, qRound(DigitWidth(*this) * 1.25));
 }
 
 } // namespace tsms

@@ -58,14 +58,20 @@ TEST_F(GridSheet, TakesAHiddenColumnAlong)
     EXPECT_EQ(Text(1, 2), u"김하늘"_q);
 }
 
-TEST_F(GridSheet, KeepsWidthsAndAlignments)
+TEST_F(GridSheet, HasRoomForWhatHasRoomInTheGrid)
 {
-    grid.SetColWidth(1, 7.5);
-    grid.SetColWidth(2, 50);
+    grid.SetColWidth(1, 11);
+    grid.SetColWidth(2, 22);
+    const Sheet sheet = SheetOf(grid);
+    EXPECT_GE(sheet.columns[0].width, 13);
+    EXPECT_LE(sheet.columns[0].width, 16);
+    EXPECT_EQ(sheet.columns[1].width, 2 * sheet.columns[0].width);
+}
+
+TEST_F(GridSheet, KeepsAlignments)
+{
     GridHelper().FormatColumn(grid, 2, 2);
     const Sheet sheet = SheetOf(grid);
-    EXPECT_EQ(sheet.columns[0].width, 7.5);
-    EXPECT_EQ(sheet.columns[1].width, 50);
     EXPECT_EQ(sheet.columns[0].alignment, SheetAlignment::General);
     EXPECT_EQ(sheet.columns[1].alignment, SheetAlignment::Center);
 }
