@@ -3,7 +3,7 @@
 #include "account/ChargeRows.h"
 #include "account/ChargeStatements.h"
 #include "account/MonthFigures.h"
-#include "account/ScreenBusy.h"
+#include "services/ScreenBusy.h"
 #include "runtime/Desktop.h"
 #include "runtime/Numbers.h"
 #include "runtime/RuntimeError.h"

@@ -1,6 +1,6 @@
 #include "account/dlgSMSCharge.h"
 
-#include "account/ScreenBusy.h"
+#include "services/ScreenBusy.h"
 #include "runtime/Clock.h"
 #include "runtime/Numbers.h"
 #include "runtime/Text.h"

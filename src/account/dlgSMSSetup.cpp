@@ -1,6 +1,6 @@
 #include "account/dlgSMSSetup.h"
 
-#include "account/ScreenBusy.h"
+#include "services/ScreenBusy.h"
 #include "runtime/Numbers.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"

@@ -9,6 +9,7 @@
 #include "runtime/Desktop.h"
 #include "runtime/Numbers.h"
 #include "runtime/RuntimeError.h"
+#include "services/ScreenBusy.h"
 #include "services/Services.h"
 #include "session/Session.h"
 #include "store/DBConnect.h"
@@ -208,8 +209,7 @@ void HistoryPage::RunQuery(const QString& period)
 
 void HistoryPage::FillList(const QString& period)
 {
-    services_.session.Busy = Boolean::True;
-    services_.desktop.SetMousePointer(MousePointer::Hourglass);
+    SetScreenBusy(services_, Boolean::True);
     if (services_.db.OpenRecordset(SendListStatement(Asked(period))) == Boolean::True) {
         const auto records = services_.db.ShareRecords();
         list_->SetMaxRows(records->RecordCount());
@@ -217,8 +217,7 @@ void HistoryPage::FillList(const QString& period)
         ShowCount(records->RecordCount());
         SetFirstMarks(*list_, services_.clock.Date());
     }
-    services_.desktop.SetMousePointer(MousePointer::Default);
-    services_.session.Busy = Boolean::False;
+    SetScreenBusy(services_, Boolean::False);
 }
 
 SendListSearch HistoryPage::Asked(const QString& period)

@@ -5,8 +5,8 @@
 #include "runtime/Desktop.h"
 #include "runtime/DoEvents.h"
 #include "runtime/RuntimeError.h"
+#include "services/ScreenBusy.h"
 #include "services/Services.h"
-#include "session/Session.h"
 #include "spreadsheet/WriteWorkbook.h"
 
 #include <QDir>
@@ -53,8 +53,7 @@ void MakeExcel(Services& services, const fpSpread& grid, const QString& title)
     if (!QFileInfo(file).isFile())
         return; // without a word, as is meant
     services.desktop.OpenDocument(file);
-    services.desktop.SetMousePointer(MousePointer::Default);
-    services.session.Busy = Boolean::False;
+    SetScreenBusy(services, Boolean::False);
 }
 
 } // namespace tsms

@@ -11,6 +11,7 @@
 #include "history/UserSetMakeEXCEL.h"
 #include "runtime/Desktop.h"
 #include "runtime/DoEvents.h"
+#include "runtime/Text.h"
 #include "services/Services.h"
 #include "session/Session.h"
 #include "shell/ComingDialog.h"
@@ -19,6 +20,7 @@
 #include "templates/TemplateCache.h"
 #include "templates/TemplateCards.h"
 #include "templates/TemplatePage.h"
+#include "templates/TemplatePicker.h"
 #include "toolkit/Controls.h"
 #include "toolkit/fpSpread.h"
 #include "toolkit/MemoBox.h"
@@ -136,8 +138,12 @@ void frmSMSMain::BuildPages()
         {[this] { BtnWindowsClick(2); },
          [this] { ShowComingDialog(services_, ComingDialog::AddressBook, this); },
          [this] { ShowComingDialog(services_, ComingDialog::Import, this); }},
-        [this](QWidget* page) { return new TemplateCards(services_, TemplateCards::ComposeSide, page); },
+        [this](QWidget* page) {
+            return cards_ = new TemplateCards(services_, TemplateCards::ComposeSide, page);
+        },
         ground_);
+    picker_ = std::make_unique<TemplatePicker>(services_, *templateCache_, *cards_,
+                                               [this](int card) { TakeTemplate(card); });
     const auto exportGrid = [this](const fpSpread& grid, const QString& title) {
         MakeExcel(services_, grid, title);
     };
@@ -147,7 +153,9 @@ void frmSMSMain::BuildPages()
     account_ = new AccountPage(
         services_, {[this] { return compose_->RecipientGrid().ActiveRow(); }, exportGrid}, ground_);
     editor_ = new TemplateEditor(services_, *this, ground_);
-    templates_ = new TemplatePage(services_, editor_, ground_);
+    templates_ = new TemplatePage(
+        services_, *templateCache_,
+        {editor_, editor_->Body(), editor_->Subject(), [this] { editor_->Clear(); }}, ground_);
     pages_ = {compose_, history_, account_, templates_};
     for (QWidget* page : pages_) {
         page->resize(PageSize);
@@ -209,7 +217,16 @@ void frmSMSMain::FirstActivation()
 {
     SetBusy(Boolean::True);
     ShowVersion();
+    picker_->Enter();
     SetBusy(Boolean::False);
+}
+
+/// A template into the message; the counter beside it keeps its number until the next key.
+void frmSMSMain::TakeTemplate(int card)
+{
+    const QString body = cards_->Content(card).Caption();
+    if (!IsBlank(body))
+        compose_->Message().SetText(body);
 }
 
 void frmSMSMain::ShowVersion()
@@ -245,6 +262,7 @@ void frmSMSMain::EnterPage(int index)
     switch (index) {
     case 0:
         compose_->FocusMessage();
+        picker_->Enter();
         compose_->ResetSenderNumber();
         break;
     case 1:
@@ -254,6 +272,7 @@ void frmSMSMain::EnterPage(int index)
         account_->Enter();
         break;
     case 3:
+        templates_->Enter();
         editor_->RefreshSymbols();
         editor_->Body().SetFocus();
         break;

@@ -3,6 +3,7 @@
 #include "toolkit/Form.h"
 
 #include <array>
+#include <memory>
 
 namespace tsms {
 
@@ -15,7 +16,9 @@ class Panel;
 class PictureButton;
 class SentRows;
 class TemplateEditor;
+class TemplateCards;
 class TemplatePage;
+class TemplatePicker;
 struct Services;
 
 /// The program's one main window: toolbar, four pages on one spot, window and web buttons, balance, version.
@@ -51,6 +54,7 @@ private:
     void EnterPage(int index);
     void CancelSent(const SentRows& rows, std::int32_t count);
     void FirstActivation();
+    void TakeTemplate(int card);
     void ShowBalance();
     void ShowVersion();
     void ShowSettings();
@@ -65,6 +69,8 @@ private:
     AccountPage* account_ = nullptr;
     TemplateEditor* editor_ = nullptr;
     TemplatePage* templates_ = nullptr;
+    TemplateCards* cards_ = nullptr; // of the compose page
+    std::unique_ptr<TemplatePicker> picker_;
     fpSpread* templateCache_ = nullptr; // fpSpreadHidden
     Label* balance_ = nullptr;
     Label* version_ = nullptr;

@@ -9,6 +9,48 @@
 
 namespace tsms {
 
+namespace {
+
+/// The lines of one paragraph, without an end.
+QStringList LinesOf(const QString& paragraph, const QFont& font, int width)
+{
+    QTextLayout layout(paragraph, font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    QStringList lines;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        lines += paragraph.mid(line.textStart(), line.textLength());
+    }
+    layout.endLayout();
+    return lines;
+}
+
+/// A line behind which the text goes on.
+QString WithEllipsis(QString line, const QFontMetrics& metrics, int width)
+{
+    while (line.endsWith(u' '))
+        line.chop(1);
+    return metrics.elidedText(line + QStringLiteral("…"), Qt::ElideRight, width);
+}
+
+} // namespace
+
+WrappedText WrapText(const QString& text, const QFont& font, int width, int most)
+{
+    WrappedText wrapped;
+    for (const QString& paragraph : text.split(u'\n'))
+        wrapped.lines += LinesOf(paragraph, font, width);
+    wrapped.cut = wrapped.lines.size() > std::max(1, most);
+    if (wrapped.cut) {
+        wrapped.lines.resize(std::max(1, most));
+        wrapped.lines.last() = WithEllipsis(wrapped.lines.last(), QFontMetrics(font), width);
+    }
+    return wrapped;
+}
+
 CardLabel::CardLabel(QWidget* parent, const QString& name) : Label(parent, name)
 {
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
@@ -22,50 +64,23 @@ QSize CardLabel::sizeHint() const
     return QSize(40, fontMetrics().height() + margins.top() + margins.bottom());
 }
 
-int CardLabel::LinesShown() const
+WrappedText CardLabel::Shown() const
 {
-    return std::max(1, contentsRect().height() / fontMetrics().lineSpacing());
+    const QFontMetrics metrics = fontMetrics();
+    // The last line needs no room for the gap behind it.
+    const int most = (contentsRect().height() + metrics.leading()) / metrics.lineSpacing();
+    return WrapText(text(), font(), contentsRect().width(), most);
 }
 
 void CardLabel::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setPen(palette().color(QPalette::WindowText));
-    const QRect room = contentsRect();
-    const QFontMetrics metrics = fontMetrics();
-    const int last = LinesShown() - 1;
-    QPointF place = room.topLeft();
-    int drawn = 0;
-    cut_ = false;
-    const QStringList paragraphs = text().split(u'\n');
-    for (qsizetype paragraph = 0; paragraph < paragraphs.size() && !cut_; ++paragraph) {
-        QTextLayout layout(paragraphs[paragraph], font());
-        QTextOption option(alignment());
-        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-        layout.setTextOption(option);
-        layout.beginLayout();
-        QTextLine line = layout.createLine();
-        while (line.isValid()) {
-            line.setLineWidth(room.width());
-            const bool more = line.textStart() + line.textLength() < paragraphs[paragraph].size() ||
-                              paragraph + 1 < paragraphs.size();
-            if (drawn == last && more) {
-                QString rest = paragraphs[paragraph].mid(line.textStart());
-                if (paragraph + 1 < paragraphs.size())
-                    rest += QStringLiteral("…");
-                painter.drawText(QRectF(place, QSizeF(room.width(), metrics.height())),
-                                 static_cast<int>(alignment() & Qt::AlignHorizontal_Mask) |
-                                     Qt::TextSingleLine,
-                                 metrics.elidedText(rest, Qt::ElideRight, room.width()));
-                cut_ = true;
-                break;
-            }
-            line.draw(&painter, place);
-            place.ry() += metrics.lineSpacing();
-            ++drawn;
-            line = layout.createLine();
-        }
-        layout.endLayout();
+    const int across = static_cast<int>(alignment() & Qt::AlignHorizontal_Mask);
+    QRect place = contentsRect();
+    for (const QString& line : Shown().lines) {
+        painter.drawText(place, across | Qt::AlignTop | Qt::TextSingleLine, line);
+        place.setTop(place.top() + fontMetrics().lineSpacing());
     }
 }
 
@@ -74,10 +89,10 @@ bool CardLabel::event(QEvent* event)
 {
     if (event->type() != QEvent::ToolTip)
         return Label::event(event);
-    if (cut_) {
-        const QString words = text().toHtmlEscaped().replace(u'\n', QStringLiteral("<br>"));
+    if (Shown().cut) {
+        const QString words = text().toHtmlEscaped();
         QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
-                           QStringLiteral("<qt>%1</qt>").arg(words), this);
+                           QStringLiteral("<p style=\"white-space:pre-wrap\">%1</p>").arg(words), this);
     } else {
         QToolTip::hideText();
     }

@@ -1,16 +1,18 @@
 #include "templates/TemplateCards.h"
 
+#include "runtime/Text.h"
 #include "services/Services.h"
 #include "session/Session.h"
-#include "templates/CardLabel.h"
+#include "templates/CardBody.h"
 #include "toolkit/ComboBox.h"
 #include "toolkit/Naming.h"
+#include "toolkit/PhonePanel.h"
 #include "toolkit/Theme.h"
 
+#include <QAbstractItemView>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QVBoxLayout>
 
 namespace tsms {
@@ -18,10 +20,8 @@ namespace tsms {
 namespace {
 
 constexpr int CardsInRow = 4;
-constexpr int EarPiece = 14; // height of a card's top, with the slit to listen at
-constexpr int HomeKey = 12;  // height of its foot
 constexpr int PageButtonWidth = 40;
-constexpr QColor PhoneBody{112, 130, 138};
+constexpr int CategoryWidth = 220;
 
 /// The names of one card set.
 struct CardNames
@@ -57,26 +57,10 @@ CardNames NamesOf(TemplateCards::Side side)
             1};
 }
 
-/// The background of a card: a small phone.
-class CardPicture final : public Panel
+std::size_t SlotOf(int card)
 {
-public:
-    using Panel::Panel;
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(PhoneBody);
-        painter.drawRoundedRect(QRectF(rect()), 10, 10);
-        painter.setBrush(PhoneBody.lighter(150));
-        const qreal middle = width() / 2.0;
-        painter.drawRoundedRect(QRectF(middle - 14, EarPiece / 2.0 - 1.5, 28, 3), 1.5, 1.5);
-        painter.drawEllipse(QPointF(middle, height() - HomeKey / 2.0), 3, 3);
-    }
-};
+    return static_cast<std::size_t>(card - 1);
+}
 
 } // namespace
 
@@ -97,6 +81,7 @@ TemplateCards::TemplateCards(Services& services, Side side, QWidget* parent)
     column->addLayout(cards, 1);
     column->addWidget(pageCount_);
     ShowPressed(0);
+    StopTabAt(1);
 }
 
 void TemplateCards::BuildHead(QHBoxLayout& row)
@@ -106,13 +91,16 @@ void TemplateCards::BuildHead(QHBoxLayout& row)
     heading->SetBold(true);
     category_ = new ComboBox(this, names.category);
     category_->setPlaceholderText(QStringLiteral("전체")); // until the categories are read
-    category_->setMinimumWidth(180);
+    category_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon); // names of any length
+    category_->setIconSize(QSize(0, 0));
+    category_->setMinimumWidth(CategoryWidth);
     category_->OnClick = [this] {
         if (handlers_.chooseCategory)
             handlers_.chooseCategory();
     };
     if (side_ == ComposeSide)
-        category_->installEventFilter(this);
+        for (QWidget* typedIn : {static_cast<QWidget*>(category_), static_cast<QWidget*>(category_->view())})
+            typedIn->installEventFilter(this);
     row.addWidget(heading);
     row.addStretch(1);
     row.addWidget(category_);
@@ -121,28 +109,36 @@ void TemplateCards::BuildHead(QHBoxLayout& row)
 QWidget* TemplateCards::BuildCard(int card)
 {
     const CardNames names = NamesOf(side_);
-    auto* picture = new CardPicture(this, IndexedName(u"PicTmpContent", names.firstPicture + card - 1));
-    auto* subject = new CardLabel(picture, IndexedName(names.subject, card));
+    auto* phone = new PhonePanel(this, IndexedName(u"PicTmpContent", names.firstPicture + card - 1));
+    auto* subject = new CardLabel(phone, IndexedName(names.subject, card));
     subject->SetBackColor(theme::White);
     subject->SetTextColor(QColor(0, 0, 128));
     subject->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-    auto* content = new CardLabel(picture, IndexedName(names.content, card));
-    content->SetBackColor(theme::Phone);
+    subject->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // one line
+    subject->setContentsMargins(5, 2, 5, 2);
+    phones_[SlotOf(card)] = phone;
+    subjects_[SlotOf(card)] = subject;
+    BuildBody(card, *phone);
+    auto* column = new QVBoxLayout(phone);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(subject);
+    column->addWidget(contents_[SlotOf(card)], 1);
+    Show(card, QString(), QString());
+    return phone;
+}
+
+void TemplateCards::BuildBody(int card, PhonePanel& phone)
+{
+    auto* content = new CardBody(phone, IndexedName(NamesOf(side_).content, card));
     content->SetTextColor(QColor(64, 64, 64));
-    content->setCursor(Qt::PointingHandCursor);
     content->OnClick = [this, card] {
         if (handlers_.takeCard)
             handlers_.takeCard(card);
     };
-    subjects_[static_cast<std::size_t>(card - 1)] = subject;
-    contents_[static_cast<std::size_t>(card - 1)] = content;
-    subject->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // one line
-    auto* column = new QVBoxLayout(picture);
-    column->setContentsMargins(6, EarPiece, 6, HomeKey);
-    column->setSpacing(1);
-    column->addWidget(subject);
-    column->addWidget(content, 1);
-    return picture;
+    content->OnArrow = [this, card](int key) { WalkFrom(card, key); };
+    content->OnGotFocus = [this, card] { StopTabAt(card); };
+    contents_[SlotOf(card)] = content;
 }
 
 void TemplateCards::BuildPageButtons()
@@ -157,7 +153,6 @@ void TemplateCards::BuildPageButtons()
         auto* button = new PushButton(pageCount_, IndexedName(u"BtnPageCount", names.firstPage + page),
                                       QString::number(page + 1), PushButton::Look::Flat);
         button->setMinimumWidth(PageButtonWidth); // the same for all, whatever their look asks for
-        button->setEnabled(false);
         button->OnClick = [this, page] { BtnPageCountClick(page); };
         pages_[static_cast<std::size_t>(page)] = button;
         row->addWidget(button, 1);
@@ -167,18 +162,26 @@ void TemplateCards::BuildPageButtons()
 void TemplateCards::Serve(Handlers handlers)
 {
     handlers_ = std::move(handlers);
-    for (PushButton* button : pages_)
-        button->setEnabled(static_cast<bool>(handlers_.showPage));
+}
+
+void TemplateCards::Show(int card, const QString& subject, const QString& content)
+{
+    Subject(card).SetCaption(subject);
+    Content(card).SetCaption(content);
+    const bool empty = IsBlank(content);
+    phones_.at(SlotOf(card))->SetOn(!empty);
+    // On the template page an empty card begins a new template.
+    contents_.at(SlotOf(card))->SetUsable(!empty || side_ == TemplateSide);
 }
 
 Label& TemplateCards::Subject(int card)
 {
-    return *subjects_.at(static_cast<std::size_t>(card - 1));
+    return *subjects_.at(SlotOf(card));
 }
 
 Label& TemplateCards::Content(int card)
 {
-    return *contents_.at(static_cast<std::size_t>(card - 1));
+    return *contents_.at(SlotOf(card));
 }
 
 int TemplateCards::Page() const
@@ -192,7 +195,8 @@ void TemplateCards::BtnPageCountClick(int page)
         return;
     pageCount_->Tag = QString::number(page);
     ShowPressed(page);
-    handlers_.showPage(page);
+    if (handlers_.showPage)
+        handlers_.showPage(page);
 }
 
 void TemplateCards::ShowPressed(int page)
@@ -202,10 +206,30 @@ void TemplateCards::ShowPressed(int page)
     pages_.at(static_cast<std::size_t>(page))->SetLook(PushButton::Look::Primary);
 }
 
-/// The list of the compose page cannot be typed in; the keys that walk in it and open it pass.
+/// To the neighbour that an arrow key points at, and at the rim nowhere.
+void TemplateCards::WalkFrom(int card, int key)
+{
+    const int step = key == Qt::Key_Left    ? -1
+                     : key == Qt::Key_Right ? 1
+                     : key == Qt::Key_Up    ? -CardsInRow
+                                            : CardsInRow;
+    if (card + step >= 1 && card + step <= Cards)
+        contents_.at(SlotOf(card + step))->setFocus(Qt::TabFocusReason);
+}
+
+/// The Tab key visits one card, the one that had the focus last.
+void TemplateCards::StopTabAt(int card)
+{
+    for (CardBody* content : contents_)
+        content->setFocusPolicy(content == contents_.at(SlotOf(card)) ? Qt::TabFocus : Qt::NoFocus);
+}
+
+/// The list of the compose page cannot be typed in, open or closed; the keys that walk in it and open it
+/// pass.
 bool TemplateCards::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched != category_ || event->type() != QEvent::KeyPress)
+    const bool list = watched == category_ || watched == category_->view();
+    if (!list || event->type() != QEvent::KeyPress)
         return Panel::eventFilter(watched, event);
     const QString text = static_cast<QKeyEvent*>(event)->text();
     return !text.isEmpty() && text.front().isPrint();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "templates/CardRows.h"
 #include "toolkit/Controls.h"
 
 #include <array>
@@ -9,12 +10,15 @@ class QHBoxLayout;
 
 namespace tsms {
 
+class CardBody;
 class CardLabel;
 class ComboBox;
+class PhonePanel;
 struct Services;
 
 /// Eight templates as small phones, with their category and their page. It stands on the compose page and on
-/// the template page, with names of its own on each.
+/// the template page, with names of its own on each. For the Tab key the cards are one stop; the arrow keys
+/// walk from card to card, Enter and the space bar choose.
 class TemplateCards : public Panel
 {
     Q_OBJECT
@@ -22,19 +26,24 @@ class TemplateCards : public Panel
 public:
     enum Side : int { ComposeSide = 0, TemplateSide = 1 }; ///< the mode number of the operations
 
-    static constexpr int Cards = 8;
+    static constexpr int Cards = CardsOfPage;
     static constexpr int Pages = 10;
 
     TemplateCards(Services& services, Side side, QWidget* parent);
 
-    /// What the page that owns the cards does. Page buttons can be used once `showPage` is given.
+    /// What whoever works the cards does.
     struct Handlers
     {
         std::function<void(int page)> showPage; ///< the page has become the current one; not while Busy
-        std::function<void(int card)> takeCard; ///< a click on the body of card 1 to 8
+        std::function<void(int card)> takeCard; ///< card 1 to 8 was chosen
         std::function<void()> chooseCategory;   ///< a click on the category list
     };
     void Serve(Handlers handlers);
+
+    Side Mode() const { return side_; }
+
+    /// Writes the captions of card 1 to 8. Without a body it looks empty.
+    void Show(int card, const QString& subject, const QString& content);
 
     Label& Subject(int card); ///< LblTmpSubject, LblTmpSubjectEdit: 1 to 8
     Label& Content(int card); ///< LblTmpContent, LblTmpContentEdit: 1 to 8
@@ -48,10 +57,13 @@ protected:
 
 private:
     QWidget* BuildCard(int card);
+    void BuildBody(int card, PhonePanel& phone);
     void BuildHead(QHBoxLayout& row);
     void BuildPageButtons();
     void BtnPageCountClick(int page);
     void ShowPressed(int page);
+    void WalkFrom(int card, int key);
+    void StopTabAt(int card);
 
     Services& services_;
     Side side_;
@@ -59,7 +71,8 @@ private:
     ComboBox* category_ = nullptr;
     Panel* pageCount_ = nullptr;
     std::array<CardLabel*, Cards> subjects_{};
-    std::array<CardLabel*, Cards> contents_{};
+    std::array<CardBody*, Cards> contents_{};
+    std::array<PhonePanel*, Cards> phones_{};
     std::array<PushButton*, Pages> pages_{};
 };
 

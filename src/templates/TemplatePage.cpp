@@ -1,6 +1,7 @@
 #include "templates/TemplatePage.h"
 
 #include "services/Services.h"
+#include "session/Session.h"
 #include "templates/TemplateCards.h"
 #include "toolkit/ComboBox.h"
 #include "toolkit/Naming.h"
@@ -17,6 +18,8 @@ constexpr int PhoneWidth = 196;   // ends where the popups of the editor begin
 constexpr int HeadingHeight = 22; // in line with the heading of the cards, which has a list beside it
 constexpr int ButtonWidth = 52;   // three in a row
 
+enum Command : int { NewCommand, SaveCommand, DeleteCommand };
+
 /// The editor was made before the page: its fields take their place in the order of reading.
 QWidget* PlaceInTabOrder(QWidget* previous, const QWidget& editor)
 {
@@ -31,20 +34,25 @@ QWidget* PlaceInTabOrder(QWidget* previous, const QWidget& editor)
 
 } // namespace
 
-TemplatePage::TemplatePage(Services& services, QWidget* editor, QWidget* parent)
+TemplatePage::TemplatePage(Services& services, fpSpread& cache, const Editor& editor, QWidget* parent)
     : Panel(parent, IndexedName(u"PlToolBg", 3)), services_(services)
 {
     SetBackColor(theme::Page);
     auto* page = new QHBoxLayout(this);
     page->setContentsMargins(12, 12, 12, 12);
     page->setSpacing(14);
-    page->addWidget(BuildPhone(editor));
+    page->addWidget(BuildPhone(editor.widget));
     cards_ = new TemplateCards(services_, TemplateCards::TemplateSide, this);
     auto* right = new QVBoxLayout;
     right->setSpacing(10);
     right->addWidget(cards_, 1);
     right->addWidget(BuildNotes());
     page->addLayout(right, 1);
+    picker_ = std::make_unique<TemplatePicker>(services_, cache, *cards_,
+                                               [this](int card) { commands_->Take(*cards_, card); });
+    commands_ = std::make_unique<TemplateCommands>(
+        services_, TemplateFields{editor.body, editor.subject, *category_, editor.clear},
+        [this] { picker_->ChooseCategory(); });
 }
 
 QWidget* TemplatePage::BuildPhone(QWidget* editor)
@@ -60,6 +68,8 @@ QWidget* TemplatePage::BuildPhone(QWidget* editor)
     row->addWidget(new Label(phone, QStringLiteral("Label10"), QStringLiteral("분류")));
     category_ = new ComboBox(phone, IndexedName(u"CbSMSGroup", 1));
     category_->setPlaceholderText(QStringLiteral("전체")); // until the categories are read
+    category_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon); // names of any length
+    category_->setIconSize(QSize(0, 0));
     row->addWidget(category_, 1);
 
     editor->setParent(phone);
@@ -68,9 +78,9 @@ QWidget* TemplatePage::BuildPhone(QWidget* editor)
     buttons->setSpacing(6);
     for (int i = 0; i < captions.size(); ++i) {
         auto* button = new PushButton(phone, IndexedName(u"BtnFuncDoc", i), captions[i],
-                                      i == 1 ? PushButton::Look::Primary : PushButton::Look::Plain);
+                                      i == SaveCommand ? PushButton::Look::Primary : PushButton::Look::Plain);
         button->setMinimumWidth(ButtonWidth);
-        button->setEnabled(false);
+        button->OnClick = [this, i] { BtnFuncDocClick(i); };
         buttons_[static_cast<std::size_t>(i)] = button;
         buttons->addWidget(button, 1);
     }
@@ -112,6 +122,23 @@ QWidget* TemplatePage::BuildNotes()
         column->addWidget(note);
     }
     return panel;
+}
+
+void TemplatePage::BtnFuncDocClick(int index)
+{
+    if (services_.session.IsBusy())
+        return;
+    switch (index) {
+    case NewCommand:
+        commands_->New();
+        break;
+    case SaveCommand:
+        commands_->Save();
+        break;
+    case DeleteCommand:
+        commands_->Delete();
+        break;
+    }
 }
 
 } // namespace tsms

@@ -5,7 +5,8 @@
 #include "toolkit/Naming.h"
 #include "toolkit/Theme.h"
 
-#include <QPainter>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -86,13 +87,22 @@ void ComboBox::SetBackColor(const QColor& color)
     setPalette(colors);
 }
 
-void ComboBox::paintEvent(QPaintEvent* event)
+void ComboBox::paintEvent(QPaintEvent*)
 {
-    QComboBox::paintEvent(event);
-    if (!hasFocus())
-        return;
-    QPainter painter(this);
-    theme::DrawFocusRing(painter, rect(), 3);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    if (ListIndex() < 0) {
+        option.currentText = placeholderText();
+        option.palette.setBrush(QPalette::ButtonText, option.palette.placeholderText());
+    }
+    const QRect room =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    option.currentText = fontMetrics().elidedText(option.currentText, Qt::ElideRight, room.width() - 2);
+    QStylePainter painter(this);
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+    if (hasFocus())
+        theme::DrawFocusRing(painter, rect(), 3);
 }
 
 void ComboBox::wheelEvent(QWheelEvent* event)

@@ -9,12 +9,13 @@ class QRectF;
 
 namespace tsms::theme {
 
-inline constexpr QColor Page{255, 255, 255};   ///< page background
-inline constexpr QColor Ground{240, 240, 240}; ///< what pages stand on
-inline constexpr QColor Strip{182, 204, 211};  ///< title strips and running numbers
-inline constexpr QColor Phone{144, 215, 250};  ///< the message "phone"
-inline constexpr QColor Line{223, 223, 223};   ///< lines between things
-inline constexpr QColor Focus{255, 224, 192};  ///< back of a text box with the focus
+inline constexpr QColor Page{255, 255, 255};      ///< page background
+inline constexpr QColor Ground{240, 240, 240};    ///< what pages stand on
+inline constexpr QColor Strip{182, 204, 211};     ///< title strips and running numbers
+inline constexpr QColor Phone{144, 215, 250};     ///< the message "phone"
+inline constexpr QColor PhoneBody{112, 130, 138}; ///< what holds its screen
+inline constexpr QColor Line{223, 223, 223};      ///< lines between things
+inline constexpr QColor Focus{255, 224, 192};     ///< back of a text box with the focus
 inline constexpr QColor White{255, 255, 255};
 inline constexpr QColor Text{34, 40, 44};          ///< near black
 inline constexpr QColor Faint{104, 116, 122};      ///< notes

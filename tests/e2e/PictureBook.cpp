@@ -56,6 +56,8 @@ public:
     void History();
     void Cancellation();
     void Details();
+    void ComposeCards();
+    void EditorCards();
     void Frames();
     void SettingsWork();
     void ChargeWork();
@@ -70,6 +72,7 @@ public:
 private:
     QString LaunchLine() const { return database_.Path() + u"■(embedded)■0■sa■secret■7■본사"_q; }
     void FillDatabase();
+    void FillTemplates();
     void Start(const QString& command);
     void End();
 
@@ -146,6 +149,32 @@ void PictureBook::FillDatabase()
     connection->ConnectionString = AssembleConnectionText(session);
     connection->Open();
     FillDemo(*connection, clock_.Now(), {2010, 2030});
+    FillTemplates();
+}
+
+/// Two categories behind those of the demonstration: one of bodies that are hard to show, on two pages,
+/// and one without templates.
+void PictureBook::FillTemplates()
+{
+    database_.Execute(u"INSERT INTO SMSTempLMst VALUES (6,'여러 가지 본문'),(7,'빈 분류')"_q);
+    QList<std::pair<QString, QString>> templates{
+        {u"가득 찬 글"_q, QString(40, u'가')},
+        {u"긴 글 한 편을 담은 긴 제목"_q,
+         u"책 읽기 좋은 계절입니다. 새로 들어온 책을 만나러 오세요. 매주 토요일 오후 2시에는 2층 강당에서 "_q
+         u"저자와 함께하는 이야기 마당이 열리고, 일요일 오전에는 그림책 교실이 있습니다. 누구나 환영합니다. "_q
+         u"문의는 안내 데스크로 주세요. 고맙습니다."_q},
+        {u"줄바꿈"_q, u"안녕하세요.\r\n\r\n내일 모임은\r\n저녁 7시입니다.\r\n\r\n[보내는사람]"_q},
+        {u"기호"_q, u"☆☎☏☜＠♪℡※★○●◎◇◆□■△▲▽▼→←↑↓↔〓◁◀▷▶♤♠♡♥♧♣⊙◈▣◐"_q},
+        {u"따옴표"_q, u"\"겹\" `뒤` “둥근” ‘홑’ 「낫」"_q},
+        {u"부호 밖의 글자"_q, u"뷁 똠방각하 ☃ ñ é"_q},
+        {u"English"_q, u"The quick brown fox jumps over the lazy dog. Supercalifragilisticexpialidocious!"_q},
+        {u"줄이 많은 글"_q, u"1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8\r\n9\r\n10"_q}};
+    for (int more = 9; more <= 13; ++more)
+        templates.emplaceBack(u"제목 %1"_q.arg(more), u"%1번째 서식의 본문입니다."_q.arg(more));
+    for (const auto& [title, body] : templates)
+        database_.Execute(
+            u"INSERT INTO SMSTempLSub (TempLCd, TempLSubNm, TempLContent) VALUES (6,'%1','%2')"_q.arg(title,
+                                                                                                      body));
 }
 
 void PictureBook::Start(const QString& command)
@@ -279,6 +308,7 @@ void PictureBook::Pages()
     Take(*form_, u"compose"_q);
     FillComposePage();
     Take(*form_, u"compose-filled"_q);
+    ComposeCards();
     Click(u"BtnToolbarDis(1)"_q);
     Take(*form_, u"history"_q);
     Click(u"BtnToolbarDis(2)"_q);
@@ -291,7 +321,59 @@ void PictureBook::Pages()
     Click(u"BtnFuncDocEdit(1)"_q);
     Take(*form_, u"templates-placeholders"_q);
     Click(u"BtnDocEdit(1)"_q);
+    EditorCards();
     Click(u"BtnToolbarDis(0)"_q);
+}
+
+void PictureBook::ComposeCards()
+{
+    auto& categories = The<ComboBox>(u"CbTempCd"_q);
+    categories.SetListIndex(5);
+    Take(*form_, u"compose-cards-long"_q);
+    Click(u"BtnPageCount(1)"_q);
+    The<QWidget>(u"LblTmpContent(1)"_q).setFocus();
+    PressKey(The<QWidget>(u"LblTmpContent(1)"_q), Qt::Key_Right);
+    Take(*form_, u"compose-cards-second-page"_q);
+    categories.SetListIndex(6);
+    Take(*form_, u"compose-cards-empty"_q);
+    Click(u"BtnPageCount(0)"_q);
+}
+
+void PictureBook::EditorCards()
+{
+    auto& categories = The<ComboBox>(u"CbSMSGroup(0)"_q);
+    categories.SetListIndex(5);
+    ClickOn(The<QWidget>(u"LblTmpContentEdit(2)"_q));
+    Take(*form_, u"templates-cards-long"_q);
+    Click(u"BtnPageCount(11)"_q);
+    ClickOn(The<QWidget>(u"LblTmpContentEdit(1)"_q));
+    Take(*form_, u"templates-cards-second-page"_q);
+    desk_.Await(u"box-template-change"_q, AnswerNo);
+    Click(u"BtnFuncDoc(1)"_q);
+    desk_.Await(u"box-template-delete"_q, AnswerNo);
+    Click(u"BtnFuncDoc(2)"_q);
+    Click(u"BtnPageCount(10)"_q);
+    categories.SetListIndex(6);
+    ClickOn(The<QWidget>(u"LblTmpContentEdit(1)"_q)); // empty: begins a new one in this category
+    Take(*form_, u"templates-cards-empty"_q);
+    desk_.Await(u"box-template-no-body"_q);
+    Click(u"BtnFuncDoc(1)"_q);
+    TypeText(The<QWidget>(u"txtEditBox"_q), u"[받는사람]님 안녕하세요."_q);
+    desk_.Await(u"box-template-no-title"_q);
+    Click(u"BtnFuncDoc(1)"_q);
+    TypeText(The<QWidget>(u"txtEditSubject"_q), u"인사"_q);
+    desk_.Await(u"box-template-new"_q, AnswerYes);
+    desk_.Await(u"box-template-stored"_q);
+    Click(u"BtnFuncDoc(1)"_q);
+    ClickOn(The<QWidget>(u"LblTmpContentEdit(1)"_q));
+    desk_.Await(QString(), AnswerYes);
+    desk_.Await(u"box-template-changed"_q);
+    Click(u"BtnFuncDoc(1)"_q);
+    ClickOn(The<QWidget>(u"LblTmpContentEdit(1)"_q));
+    desk_.Await(QString(), AnswerYes);
+    desk_.Await(u"box-template-deleted"_q);
+    Click(u"BtnFuncDoc(2)"_q);
+    desk_.ExpectNoneLeft();
 }
 
 void PictureBook::Frames()

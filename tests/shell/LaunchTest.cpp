@@ -206,8 +206,11 @@ TEST_F(Launching, AnUnreachableDatabaseOpensAnEmptySession)
     for (int i = 0; i < 3; ++i) // two attempts to connect, and the query's own
         program.desktop.Expect(ServerDownBox());
     program.desktop.Expect(SignUpBox());
+    for (int i = 0; i < 4; ++i) // the same again for the templates, which take two queries
+        program.desktop.Expect(ServerDownBox());
     ASSERT_TRUE(program.Start());
     EXPECT_EQ(program.session.SMSRemainCnt, 0);
+    EXPECT_FALSE(program.session.IsBusy());
     EXPECT_EQ(program.session.SMSID, QString());
 }
 
@@ -222,7 +225,7 @@ TEST_F(Launching, AFileThatIsNoDatabaseIsReportedAsADeadServer)
     ASSERT_TRUE(program.Start(path + u"■(embedded)■0■sa■■1■x"_q));
     ASSERT_FALSE(program.desktop.boxes.isEmpty());
     EXPECT_EQ(program.desktop.boxes.first(), ServerDownBox());
-    EXPECT_EQ(program.desktop.boxes.last(), SignUpBox());
+    EXPECT_EQ(program.desktop.boxes.count(SignUpBox()), 1);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_TRUE(file.readAll().startsWith("이것은"));
 }

@@ -195,6 +195,21 @@ protected:
         });
         program.Click(button);
     }
+    void AddTemplate(const QString& body)
+    {
+        program.database.Execute(u"INSERT INTO SMSTempLSub (TempLCd, TempLSubNm, TempLContent) "
+                                 u"VALUES (1,'제목이 조금 길어도','%1')"_q.arg(body));
+    }
+    void AddCategory(const QString& name)
+    {
+        program.database.Execute(u"INSERT INTO SMSTempLMst VALUES (1,'%1')"_q.arg(name));
+    }
+    /// The template page, and the compose page again behind it: both with what the database holds now.
+    void EnterBothPages()
+    {
+        program.Click(u"BtnToolbarDis(3)"_q);
+        program.Click(u"BtnToolbarDis(0)"_q);
+    }
 
     Program program;
 };
@@ -262,6 +277,65 @@ TEST_F(Layout, NothingIsCutOrOverlapsOnTheTemplatePage)
 {
     program.Click(u"BtnToolbarDis(3)"_q);
     ExpectGood(*program.form, 36);
+}
+
+TEST_F(Layout, NothingIsCutOrOverlapsWithTemplatesOnTheCards)
+{
+    AddCategory(u"행사 안내"_q);
+    for (int card = 1; card <= 8; ++card)
+        AddTemplate(QString(20 * card, u'가'));
+    EnterBothPages();
+    ExpectGood(*program.form, 30);
+    program.Click(u"BtnToolbarDis(3)"_q);
+    ExpectGood(*program.form, 36);
+}
+
+TEST_F(Layout, AMessageOfEightyBytesIsWholeOnTheCardsOfBothPages)
+{
+    AddCategory(u"행사 안내"_q);
+    const QStringList messages{QString(40, u'가'), QString(80, u'W'),
+                               u"한 줄\r\n\r\n세 줄\r\n\r\n\r\n여섯\r\n일곱"_q};
+    for (const QString& message : messages)
+        AddTemplate(message);
+    EnterBothPages();
+    for (int card = 1; card <= messages.size(); ++card)
+        for (const QString& name : {u"LblTmpContent(%1)"_q, u"LblTmpContentEdit(%1)"_q}) {
+            const auto& body = program.The<CardLabel>(name.arg(card));
+            EXPECT_EQ(body.Caption(), messages[card - 1]);
+            EXPECT_FALSE(body.Shown().cut) << body.Caption().toStdString();
+        }
+}
+
+TEST_F(Layout, TheHeadingsOfAPageStandInLine)
+{
+    const auto middle = [this](const QString& name) {
+        QWidget& heading = program.Control(name);
+        return heading.mapTo(program.form.get(), heading.rect().center()).y();
+    };
+    EXPECT_EQ(middle(u"Label2(0)"_q), middle(u"Label2(1)"_q));
+    program.Click(u"BtnToolbarDis(3)"_q);
+    EXPECT_EQ(middle(u"Label2(4)"_q), middle(u"Label2(2)"_q));
+}
+
+TEST_F(Layout, ALongCategoryNameMovesNothing)
+{
+    const QStringList names{u"CbTempCd"_q, u"CbSMSGroup(0)"_q, u"CbSMSGroup(1)"_q, u"Label2(1)"_q,
+                            u"Label2(2)"_q};
+    EnterBothPages();
+    QList<QRect> places;
+    QList<QSize> hints;
+    for (const QString& name : names) {
+        places += program.Control(name).geometry();
+        hints += program.Control(name).sizeHint();
+    }
+    AddCategory(QString(100, u'가'));
+    EnterBothPages();
+    Settle();
+    EXPECT_EQ(program.The<ComboBox>(u"CbTempCd"_q).Text(), QString(100, u'가'));
+    for (int i = 0; i < names.size(); ++i) {
+        EXPECT_EQ(program.Control(names[i]).geometry(), places[i]) << names[i].toStdString();
+        EXPECT_EQ(program.Control(names[i]).sizeHint(), hints[i]) << names[i].toStdString();
+    }
 }
 
 TEST_F(Layout, NothingIsCutOrOverlapsInThePopups)

@@ -7,11 +7,16 @@
 #include "support/FixedClock.h"
 #include "support/ScriptedDesktop.h"
 #include "support/Words.h"
+#include "templates/CardLabel.h"
 #include "templates/TemplateCache.h"
 #include "toolkit/ComboBox.h"
 #include "toolkit/fpSpread.h"
 #include "toolkit/Naming.h"
+#include "toolkit/PhonePanel.h"
+#include "toolkit/Theme.h"
 
+#include <QAbstractItemView>
+#include <QApplication>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -35,6 +40,30 @@ protected:
         auto* control = cards.findChild<QWidget*>(name);
         ASSERT_TRUE(control) << name.toStdString();
         QTest::mouseClick(control, Qt::LeftButton);
+    }
+
+    static void Activate(QWidget& window)
+    {
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+    PhonePanel& Phone(TemplateCards& cards, int card)
+    {
+        const int first = cards.Mode() == TemplateCards::ComposeSide ? 0 : TemplateCards::Cards;
+        return *cards.findChild<PhonePanel*>(IndexedName(u"PicTmpContent", first + card - 1));
+    }
+    static QColor ScreenAtRest(const PhonePanel& phone)
+    {
+        return phone.IsOn() ? theme::Phone : theme::Ground;
+    }
+    static void PressTab(TemplateCards& cards) { QTest::keyClick(cards.focusWidget(), Qt::Key_Tab); }
+    /// The card that has the keyboard, 0 when none has.
+    static int Focused(TemplateCards& cards)
+    {
+        for (int card = 1; card <= TemplateCards::Cards; ++card)
+            if (cards.Content(card).hasFocus())
+                return card;
+        return 0;
     }
 
     FixedClock clock;
@@ -120,6 +149,132 @@ TEST_F(TemplateCardsTest, ACardTakesTheClickWhileBusyToo)
     EXPECT_EQ(taken, QList<int>{1});
 }
 
+TEST_F(TemplateCardsTest, TheTabKeyStopsAtOneCardTheOneLastUsed)
+{
+    Serve(compose);
+    Activate(compose);
+    compose.Category().setFocus();
+    PressTab(compose);
+    EXPECT_EQ(Focused(compose), 1);
+    QTest::keyClick(&compose.Content(1), Qt::Key_Right);
+    PressTab(compose);
+    EXPECT_EQ(compose.focusWidget()->objectName(), u"BtnPageCount(0)"_q);
+    QTest::keyClick(compose.focusWidget(), Qt::Key_Backtab);
+    EXPECT_EQ(Focused(compose), 2);
+}
+
+TEST_F(TemplateCardsTest, ArrowKeysWalkTheCardsAndStopAtTheRim)
+{
+    Serve(compose);
+    Activate(compose);
+    compose.Content(1).setFocus();
+    const std::pair<Qt::Key, int> walk[] = {{Qt::Key_Left, 1},  {Qt::Key_Up, 1},   {Qt::Key_Right, 2},
+                                            {Qt::Key_Down, 6},  {Qt::Key_Down, 6}, {Qt::Key_Left, 5},
+                                            {Qt::Key_Left, 4},  {Qt::Key_Down, 8}, {Qt::Key_Right, 8},
+                                            {Qt::Key_Right, 8}, {Qt::Key_Up, 4}};
+    for (const auto& [key, card] : walk) {
+        QTest::keyClick(compose.focusWidget(), key);
+        EXPECT_EQ(Focused(compose), card) << key;
+    }
+    EXPECT_TRUE(taken.isEmpty());
+}
+
+TEST_F(TemplateCardsTest, EnterAndTheSpaceBarChooseWhenTheyAreLetGo)
+{
+    Serve(edit);
+    Activate(edit);
+    edit.Content(3).setFocus();
+    int count = 0;
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+        QTest::keyPress(&edit.Content(3), key);
+        EXPECT_EQ(taken.size(), count);
+        QTest::keyRelease(&edit.Content(3), key);
+        EXPECT_EQ(taken.size(), ++count);
+    }
+    EXPECT_EQ(taken, QList<int>({3, 3, 3}));
+}
+
+TEST_F(TemplateCardsTest, AKeyThatWasPressedElsewhereChoosesNothing)
+{
+    Serve(edit);
+    Activate(edit);
+    edit.Content(3).setFocus();
+    QTest::keyRelease(&edit.Content(3), Qt::Key_Return);
+    QTest::keyPress(&edit.Content(3), Qt::Key_Return);
+    edit.Content(4).setFocus();
+    edit.Content(3).setFocus();
+    QTest::keyRelease(&edit.Content(3), Qt::Key_Return);
+    EXPECT_TRUE(taken.isEmpty());
+}
+
+TEST_F(TemplateCardsTest, AClickDoesNotTakeTheFocus)
+{
+    Serve(compose);
+    Activate(compose);
+    compose.Category().setFocus();
+    ClickOn(compose, u"LblTmpContent(1)"_q);
+    EXPECT_TRUE(compose.Category().hasFocus());
+}
+
+TEST_F(TemplateCardsTest, TheCardWithTheFocusHasTheRing)
+{
+    Serve(compose);
+    Activate(compose);
+    compose.Content(2).setFocus();
+    EXPECT_TRUE(Phone(compose, 2).HasRing());
+    QTest::keyClick(&compose.Content(2), Qt::Key_Right);
+    EXPECT_FALSE(Phone(compose, 2).HasRing());
+    EXPECT_TRUE(Phone(compose, 3).HasRing());
+}
+
+TEST_F(TemplateCardsTest, ACardWithoutABodyLooksEmpty)
+{
+    Serve(compose);
+    EXPECT_FALSE(Phone(compose, 1).IsOn());
+    compose.Show(1, u"제목"_q, u"내용"_q);
+    EXPECT_TRUE(Phone(compose, 1).IsOn());
+    compose.Show(1, u"제목"_q, u"  "_q);
+    EXPECT_FALSE(Phone(compose, 1).IsOn());
+}
+
+TEST_F(TemplateCardsTest, TheMouseShowsOnCardsThatDoSomething)
+{
+    for (TemplateCards* cards : {&compose, &edit}) {
+        Serve(*cards);
+        cards->Show(1, u"제목"_q, u"내용"_q);
+        for (const int card : {1, 2}) {
+            QTest::mouseMove(&cards->Subject(card)); // first onto the window
+            QTest::mouseMove(&cards->Content(card));
+            const bool acts = card == 1 || cards->Mode() == TemplateCards::TemplateSide;
+            EXPECT_EQ(Phone(*cards, card).ScreenColor() != ScreenAtRest(Phone(*cards, card)), acts);
+            EXPECT_EQ(cards->Content(card).cursor().shape() == Qt::PointingHandCursor, acts);
+        }
+        cards->hide();
+    }
+}
+
+TEST_F(TemplateCardsTest, TitlesAndBodiesHaveTheirColours)
+{
+    for (TemplateCards* cards : {&compose, &edit}) {
+        const Label& subject = cards->Subject(8);
+        EXPECT_EQ(subject.palette().color(QPalette::Window), QColor(255, 255, 255));
+        EXPECT_EQ(subject.TextColor(), QColor(0, 0, 128));
+        EXPECT_EQ(cards->Content(8).TextColor(), QColor(64, 64, 64));
+    }
+}
+
+TEST_F(TemplateCardsTest, AMessageOfEightyBytesIsWholeOnItsCard)
+{
+    Serve(compose);
+    auto& body = dynamic_cast<CardLabel&>(compose.Content(1));
+    for (const QString& message : {QString(40, u'가'), QString(80, u'W'), u"한 줄\r\n두 줄\r\n\r\n네 줄"_q}) {
+        compose.Show(1, u"제목"_q, message);
+        EXPECT_FALSE(body.Shown().cut) << message.toStdString();
+    }
+    compose.Show(1, u"제목"_q, QString(160, u'가'));
+    EXPECT_TRUE(body.Shown().cut);
+}
+
 TEST_F(TemplateCardsTest, ACaptionTooLongForItsCardStaysWhole)
 {
     const QString caption = QString(160, u'가') + u"\r\n끝"_q;
@@ -141,6 +296,21 @@ TEST_F(TemplateCardsTest, TheListOfTheComposePageCannotBeTypedIn)
     EXPECT_EQ(edit.Category().ListIndex(), 1);
     QTest::keyClick(&compose.Category(), Qt::Key_Down);
     EXPECT_EQ(compose.Category().ListIndex(), 1);
+}
+
+TEST_F(TemplateCardsTest, NorCanItWhileItIsOpen)
+{
+    for (TemplateCards* cards : {&compose, &edit}) {
+        Serve(*cards);
+        cards->Category().AddItem(u"first"_q);
+        cards->Category().AddItem(u"second"_q);
+        cards->Category().SetListIndex(0);
+        cards->Category().showPopup();
+        QAbstractItemView& list = *cards->Category().view();
+        QTest::keyClick(&list, 's');
+        EXPECT_EQ(list.currentIndex().row(), cards->Mode() == TemplateCards::ComposeSide ? 0 : 1);
+        cards->Category().hidePopup();
+    }
 }
 
 TEST(TemplateCache, HasFourTitledColumns)

@@ -6,10 +6,12 @@
 #include "support/FixedClock.h"
 #include "support/ScriptedDesktop.h"
 #include "support/Words.h"
-#include "templates/TemplateCards.h"
 #include "toolkit/ComboBox.h"
+#include "toolkit/fpSpread.h"
+#include "toolkit/MemoBox.h"
+#include "toolkit/TextBox.h"
 
-#include <QLineEdit>
+#include <QApplication>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -21,12 +23,6 @@ namespace {
 class TemplatePageTest : public ::testing::Test
 {
 protected:
-    TemplatePageTest()
-    {
-        title->setObjectName(u"title"_q);
-        body->setObjectName(u"body"_q);
-    }
-
     FixedClock clock;
     ScriptedDesktop desktop;
     Session session;
@@ -34,10 +30,11 @@ protected:
     ModSMS sms{session, db, desktop, clock, QString()};
     Services services{session, desktop, clock, db, sms};
     QWidget window;
+    fpSpread cache;
     QWidget* editor = new QWidget(&window);
-    QLineEdit* title = new QLineEdit(editor);
-    QLineEdit* body = new QLineEdit(editor);
-    TemplatePage page{services, editor, &window};
+    TextBox* title = new TextBox(editor, u"title"_q);
+    MemoBox* body = new MemoBox(editor, u"body"_q);
+    TemplatePage page{services, cache, {editor, *body, *title, [] {}}, &window};
 };
 
 TEST_F(TemplatePageTest, BearsItsCaptions)
@@ -54,14 +51,12 @@ TEST_F(TemplatePageTest, BearsItsCaptions)
 
 TEST_F(TemplatePageTest, TabRunsFromTheCategoryThroughTheFieldsToTheCards)
 {
-    for (auto* button : page.findChildren<PushButton*>())
-        button->setEnabled(true);
     page.resize(970, 586);
     window.resize(970, 586);
     window.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    page.Category().setFocus();
+    page.findChild<ComboBox*>(u"CbSMSGroup(1)"_q)->setFocus();
     QStringList order;
     for (int i = 0; i < 7; ++i) {
         order << QApplication::focusWidget()->objectName();

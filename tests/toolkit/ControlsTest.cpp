@@ -16,6 +16,7 @@
 #include <QPainter>
 #include <QPaintEvent>
 #include <QTableView>
+#include <QStyleOptionComboBox>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -363,6 +364,24 @@ TEST_F(ComboBoxTest, ANewListHasNothingSelected)
     EXPECT_EQ(combo.ListIndex(), -1);
     EXPECT_EQ(combo.Text(), QString());
     EXPECT_EQ(combo.ListCount(), 3);
+}
+
+TEST_F(ComboBoxTest, ATextLongerThanItsListEndsInASign)
+{
+    combo.resize(90, 24);
+    combo.AddItem(QString(100, u'가'));
+    combo.SetListIndex(0);
+    const QImage cut = combo.grab().toImage();
+    QStyleOptionComboBox option;
+    option.initFrom(&combo);
+    const int room = combo.style()
+                         ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &combo)
+                         .width();
+    QString whole = u"…"_q; // the longest such text that is shown whole
+    while (combo.fontMetrics().horizontalAdvance(u"가"_q + whole) <= room - 2)
+        whole.prepend(u'가');
+    combo.setItemText(0, whole);
+    EXPECT_EQ(combo.grab().toImage(), cut);
 }
 
 TEST_F(ComboBoxTest, AnIndexPastTheEndTakesTheLastEntry)

@@ -1,0 +1,70 @@
+#include "templates/ModAllStep.h"
+
+#include "runtime/RuntimeError.h"
+#include "runtime/Text.h"
+#include "services/ScreenBusy.h"
+#include "services/Services.h"
+#include "store/DBConnect.h"
+#include "store/RecordsetCells.h"
+#include "templates/CardRows.h"
+#include "templates/TemplateCache.h"
+#include "templates/TemplateCards.h"
+#include "toolkit/fpSpread.h"
+#include "toolkit/GridHelper.h"
+
+namespace tsms {
+
+namespace {
+
+void ShowTemplate(const fpSpread& cache, int row, TemplateCards& cards, int card)
+{
+    const auto cell = [&](int column) { return Trim(GridHelper().GetCellText(cache, column, row)); };
+    cards.Show(card, cell(CacheSubject), cell(CacheContent));
+    if (cards.Mode() == TemplateCards::TemplateSide) {
+        cards.Content(card).Tag = cell(CacheSeq);
+        cards.Subject(card).Tag = cell(CacheCategory);
+    }
+}
+
+} // namespace
+
+Statement TemplateQuery(std::int32_t category)
+{
+    return Statement(u"SELECT  TempLSeq,")
+        .Own(u" TempLCd, TempLSubNm, TempLContent ")
+        .Own(u" FROM SMSTempLSub AS P WHERE  1 = 1 ")
+        .Own(u" AND TempLCd=")
+        .Bare(QString::number(category))
+        .Own(u" ORDER BY TempLSeq");
+}
+
+void LoadTemplates(Services& services, fpSpread& cache, std::int32_t category)
+{
+    WithHandler(
+        [&] {
+            SetScreenBusy(services, Boolean::True);
+            if (services.db.OpenRecordset(TemplateQuery(category)) == Boolean::True) {
+                cache.SetMaxRows(services.db.Records().RecordCount());
+                cache.SetDataSource(std::make_shared<RecordsetCells>(services.db.ShareRecords()));
+            }
+            SetScreenBusy(services, Boolean::False);
+        },
+        [&] { services.db.ReportDBError(); });
+}
+
+void ShowTemplateCards(Services& services, const fpSpread& cache, TemplateCards& cards, int page)
+{
+    WithHandler(
+        [&] {
+            SetScreenBusy(services, Boolean::True);
+            for (int card = 1; card <= CardsOfPage; ++card)
+                cards.Show(card, QString(), QString());
+            int card = 0;
+            for (const int row : CardRows(page, cache.MaxRows()))
+                ShowTemplate(cache, row, cards, ++card);
+            SetScreenBusy(services, Boolean::False);
+        },
+        [&] { services.db.ReportDBError(); });
+}
+
+} // namespace tsms

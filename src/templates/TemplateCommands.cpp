@@ -1,0 +1,140 @@
+#include "templates/TemplateCommands.h"
+
+#include "runtime/Desktop.h"
+#include "runtime/Numbers.h"
+#include "runtime/Text.h"
+#include "services/Services.h"
+#include "store/DBConnect.h"
+#include "templates/ModStep4.h"
+#include "templates/TemplateCards.h"
+#include "toolkit/ComboBox.h"
+#include "toolkit/MemoBox.h"
+#include "toolkit/TextBox.h"
+
+namespace tsms {
+
+namespace {
+
+void FillField(TextField& field, const QString& text, const QString& tag)
+{
+    field.SetText(text);
+    field.Tag = tag;
+}
+
+/// What a save asks and tells.
+struct SaveWords
+{
+    QString title;
+    QString question;
+    QString done;
+};
+
+SaveWords WordsOf(bool isNew)
+{
+    if (isNew)
+        return {QStringLiteral("문자서식 등록"),
+                QStringLiteral("신규 문자서식 등록확인 : 입력한 문자서식을 등록하시겠습니까?"),
+                QStringLiteral("등록성공알림 : 신규 문자서식 등록이 정상적으로 완료 되었습니다.")};
+    return {QStringLiteral("문자서식 수정"),
+            QStringLiteral("문자서식 수정확인 : 입력한 문자서식을 수정하시겠습니까?"),
+            QStringLiteral("수정성공알림 : 문자서식을 정상적으로 수정완료 되었습니다.")};
+}
+
+} // namespace
+
+TemplateCommands::TemplateCommands(Services& services, TemplateFields fields, std::function<void()> reload)
+    : services_(services), fields_(std::move(fields)), reload_(std::move(reload))
+{
+}
+
+void TemplateCommands::New()
+{
+    fields_.clear();
+}
+
+void TemplateCommands::Save()
+{
+    if (!BodyIsThere() || !SubjectIsThere())
+        return;
+    const bool isNew = IsNew();
+    const SaveWords words = WordsOf(isNew);
+    if (services_.desktop.MsgBox(words.question, MsgBoxQuestion, words.title) != AnswerYes)
+        return;
+    if (!Store(isNew))
+        return;
+    services_.desktop.MsgBox(words.done, MsgBoxInformation, words.title);
+    reload_();
+    New();
+}
+
+void TemplateCommands::Delete()
+{
+    if (IsNew() || !AskDelete())
+        return;
+    if (services_.db.ConnectDB() != Boolean::True) // not tried again, unlike elsewhere
+        return;
+    if (services_.db.ExecuteSQL(TemplateDelete(fields_.body.Tag)) == Boolean::True) {
+        services_.desktop.MsgBox(QStringLiteral("삭제성공알림 : 문자서식 정상적으로 삭제완료 되었습니다."),
+                                 MsgBoxInformation, QStringLiteral("문자서식 삭제"));
+        reload_();
+        New();
+    }
+    services_.db.CloseDB();
+}
+
+void TemplateCommands::Take(TemplateCards& cards, int card)
+{
+    const Label& subject = cards.Subject(card);
+    const Label& content = cards.Content(card);
+    if (IsBlank(content.Caption())) {
+        FillField(fields_.body, QString(), QString());
+        FillField(fields_.subject, QString(), QString());
+    } else {
+        FillField(fields_.body, content.Caption(), content.Tag);
+        FillField(fields_.subject, subject.Caption(), subject.Tag);
+    }
+    fields_.category.SetListIndex(cards.Category().ListIndex());
+    fields_.body.SetFocus();
+}
+
+bool TemplateCommands::IsNew() const
+{
+    return IsBlank(fields_.body.Tag);
+}
+
+bool TemplateCommands::BodyIsThere()
+{
+    if (!IsBlank(fields_.body.Text()))
+        return true;
+    services_.desktop.MsgBox(QStringLiteral("문자서식 :'문자메시지 내용'을 입력해 주십시오."),
+                             MsgBoxExclamation, QStringLiteral("문자서식"));
+    fields_.body.SetFocus();
+    return false;
+}
+
+bool TemplateCommands::SubjectIsThere()
+{
+    if (!IsBlank(fields_.subject.Text()))
+        return true;
+    services_.desktop.MsgBox(QStringLiteral("문자서식 :'문자메시지 제목'을 입력해 주십시오."),
+                             MsgBoxExclamation, QStringLiteral("문자서식"));
+    fields_.subject.SetFocus();
+    return false;
+}
+
+bool TemplateCommands::Store(bool isNew)
+{
+    const std::int32_t category = fields_.category.SelectedData();
+    const std::int32_t key = isNew ? 0 : ToLong(fields_.body.Tag);
+    return SaveTemplate(services_, ToBooleanValue(isNew), category, fields_.subject.Text(),
+                        fields_.body.Text(), key) == Boolean::True;
+}
+
+bool TemplateCommands::AskDelete()
+{
+    const QString question = QStringLiteral("삭제확인 :") + QStringLiteral("[") + fields_.subject.Text() +
+                             QStringLiteral("]의 문자서식을 삭제하시겠습니까?");
+    return services_.desktop.MsgBox(question, MsgBoxQuestion, QStringLiteral("문자서식 삭제")) == AnswerYes;
+}
+
+} // namespace tsms
