@@ -152,7 +152,9 @@ void AccountPage::BtnChargeFuncClick(int index)
 
 void AccountPage::EnterCharge()
 {
-    dlgSMSCharge(services_, [this] { QueryCharges(services_, *ledger_); }).ShowModal();
+    dlgSMSCharge(
+        services_, [this] { QueryCharges(services_, *ledger_); }, window())
+        .ShowModal();
 }
 
 void AccountPage::CbMonthYearClick()

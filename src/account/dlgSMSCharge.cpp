@@ -1,9 +1,9 @@
 #include "account/dlgSMSCharge.h"
 
-#include "services/ScreenBusy.h"
 #include "runtime/Clock.h"
 #include "runtime/Numbers.h"
 #include "runtime/Text.h"
+#include "services/ScreenBusy.h"
 #include "services/Services.h"
 #include "store/DBConnect.h"
 #include "store/LoadSMSSetup.h"
@@ -88,10 +88,10 @@ ChargeEntry dlgSMSCharge::Typed()
 
 void dlgSMSCharge::OnButton(int index)
 {
-    if (index != 0)
-        Unload();
-    else
+    if (index == 0)
         Save();
+    else
+        DialogForm::OnButton(index);
 }
 
 void dlgSMSCharge::Save()

@@ -1,9 +1,9 @@
 #include "account/dlgSMSSetup.h"
 
-#include "services/ScreenBusy.h"
 #include "runtime/Numbers.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
+#include "services/ScreenBusy.h"
 #include "services/Services.h"
 #include "store/DBConnect.h"
 #include "store/LoadSMSSetup.h"
@@ -141,10 +141,10 @@ Settings dlgSMSSetup::Typed() const
 
 void dlgSMSSetup::OnButton(int index)
 {
-    if (index != 0)
-        Unload();
-    else
+    if (index == 0)
         Save();
+    else
+        DialogForm::OnButton(index);
 }
 
 void dlgSMSSetup::Save()

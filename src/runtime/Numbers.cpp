@@ -47,7 +47,8 @@ bool HasNumberShape(QStringView text)
 QString WithoutInnerSeparators(QStringView text)
 {
     const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
-    const qsizetype first = std::find_if(text.begin(), text.end(), isDigit) - text.begin();
+    const auto begins = [&](QChar c) { return isDigit(c) || c == u'.'; }; // behind a point there are none
+    const qsizetype first = std::find_if(text.begin(), text.end(), begins) - text.begin();
     qsizetype end = first;
     while (end < text.size() && (isDigit(text[end]) || text[end] == u','))
         ++end;

@@ -79,6 +79,13 @@ TEST_F(AccountPageTest, BearsItsCaptions)
     const QStringList captions{u"등록"_q, u"삭제"_q, u"엑셀변환"_q, u"엑셀변환"_q};
     for (int i = 0; i < captions.size(); ++i)
         EXPECT_EQ(Button(page, i).Caption(), captions[i]);
+    const std::pair<QString, QString> labels[] = {
+        {u"LblChargeTitle"_q, u"요금충전현황"_q},
+        {u"LblChargeNote"_q, u"(문자메시지 충전내역을 등록하시면 잔여발송건수를 계산하여 드립니다.)"_q},
+        {u"LblMonthTitle"_q, u"월별발송현황"_q},
+        {u"LblMonthNote"_q, u"(검색하실 연도를 선택하여 주십시오.)"_q}};
+    for (const auto& [name, words] : labels)
+        EXPECT_EQ(page.findChild<Label*>(name)->Caption(), words);
 }
 
 class ExportingPage : public AccountPageTest

@@ -53,8 +53,19 @@ protected:
 TEST_F(Export, WritesTheListUnderItsTitleAndTheDayAndOpensIt)
 {
     Click();
+    EXPECT_EQ(program.desktop.folderPrompts, QStringList{u"엑셀파일을 저장하실 폴더를 선택하여 주십시오."_q});
     EXPECT_EQ(FolderContent(), QStringList{FileName});
     EXPECT_EQ(program.desktop.documents, QStringList{File()});
+}
+
+TEST_F(Export, ClearsBusyAndThePointerAtItsEnd)
+{
+    PutFile("the former one");
+    program.desktop.Expect(StandsBox(), AnswerYes, [this] { program.session.Busy = Boolean::True; });
+    program.desktop.pointers.clear();
+    Click();
+    EXPECT_FALSE(program.session.IsBusy());
+    EXPECT_EQ(program.desktop.pointers, QList<MousePointer>{MousePointer::Default});
 }
 
 TEST_F(Export, HoldsTheTitlesAndAllRowsWithTheHiddenKeyAndNoMarks)

@@ -71,7 +71,9 @@ TEST_F(GridSheet, HasRoomForWhatHasRoomInTheGrid)
 TEST_F(GridSheet, KeepsAlignments)
 {
     GridHelper().FormatColumn(grid, 2, 2);
+    GridHelper().NumberColumn(grid, 3);
     const Sheet sheet = SheetOf(grid);
+    EXPECT_EQ(sheet.columns[2].alignment, SheetAlignment::Right);
     EXPECT_EQ(sheet.columns[0].alignment, SheetAlignment::General);
     EXPECT_EQ(sheet.columns[1].alignment, SheetAlignment::Center);
 }

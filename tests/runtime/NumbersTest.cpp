@@ -85,7 +85,7 @@ TEST(Numbers, ATextIsNumericAlsoAsItIsShown)
                                 u"1,000"_q, u"-1,234,567.89"_q, u"12,345,678"_q})
         EXPECT_TRUE(IsNumeric(text)) << text.toStdString();
     for (const QString& text : {u""_q, u" "_q, u"-"_q, u"1-2"_q, u"1/2"_q, u"12a"_q, u"5-"_q, u"--5"_q,
-                                u","_q, u",5"_q, u"1.0,5"_q, u"1.2.3"_q, u"１２"_q})
+                                u","_q, u",5"_q, u".5,0"_q, u"1.0,5"_q, u"1.2.3"_q, u"１２"_q})
         EXPECT_FALSE(IsNumeric(text)) << text.toStdString();
 }
 

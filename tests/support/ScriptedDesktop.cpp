@@ -54,8 +54,9 @@ QString ScriptedDesktop::PickFile(const QString&, const QString&)
     return fileToPick;
 }
 
-QString ScriptedDesktop::PickFolder(const QString&)
+QString ScriptedDesktop::PickFolder(const QString& prompt)
 {
+    folderPrompts += prompt;
     return folderToPick;
 }
 

@@ -47,6 +47,7 @@ public:
     QList<MousePointer> pointers; ///< all settings of the screen's pointer so far
     QString fileToPick;           ///< what the file picker answers
     QString folderToPick;         ///< what the folder picker answers
+    QStringList folderPrompts;    ///< what the folder picker was opened with so far
 
     MsgBoxAnswer MsgBox(const QString& text, MsgBoxStyle style, const QString& title) override;
     void SetMousePointer(MousePointer pointer) override;
