@@ -82,7 +82,7 @@ public:
     // Sizes and what is on view.
     void SetColWidth(int col, double width);
     double ColWidth(int col) const;
-    double ColWidthInDigits(int col) const; ///< how many digits of the grid's font have room side by side
+    double ColWidthInDigits(int col) const;    ///< how many digits of the grid's font have room side by side
     void SetRowHeight(int row, double points); ///< row 0: the title row; All: all but the title row
     bool RowHidden(int row) const;
     void SetRowHidden(int row, bool hidden); ///< a hidden row keeps its content and may stay the active one

@@ -2,9 +2,9 @@
 
 #include "runtime/RuntimeError.h"
 #include "spreadsheet/CompoundFile.h"
-#include "support/workbooks/FreeXlReader.h"
 #include "spreadsheet/TableSheet.h"
 #include "support/Words.h"
+#include "support/workbooks/FreeXlReader.h"
 
 #include <QDir>
 #include <QFile>

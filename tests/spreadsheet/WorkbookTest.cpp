@@ -1,8 +1,8 @@
 #include "spreadsheet/WriteWorkbook.h"
 
-#include "support/workbooks/FreeXlReader.h"
 #include "spreadsheet/TableSheet.h"
 #include "support/Words.h"
+#include "support/workbooks/FreeXlReader.h"
 
 #include <QFile>
 #include <QTemporaryDir>

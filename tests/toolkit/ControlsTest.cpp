@@ -15,8 +15,8 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPaintEvent>
-#include <QTableView>
 #include <QStyleOptionComboBox>
+#include <QTableView>
 #include <QTest>
 
 #include <gtest/gtest.h>
