@@ -4,6 +4,7 @@
 #include "compose/RunDisplay.h"
 #include "compose/RunFrame.h"
 #include "gateway/ModSMS.h"
+#include "runtime/MobileNumber.h"
 #include "runtime/Numbers.h"
 #include "runtime/Text.h"
 #include "session/Session.h"

@@ -1,17 +1,10 @@
 #pragma once
 
+#include "services/RecipientColumn.h"
+
 namespace tsms {
 
 class fpSpread;
-
-/// The columns of the recipient grid.
-enum RecipientColumn : int {
-    NumberColumn = 1,
-    NameColumn = 2,
-    PhoneColumn = 3,
-    RemoveColumn = 4,
-    ThirdValueColumn = 5, ///< hidden; written by the spreadsheet import, read by nothing
-};
 
 /// Brings a recipient grid to its first state: 20 numbered, empty rows, whatever it held before.
 void InitRecipientGrid(fpSpread& grid);

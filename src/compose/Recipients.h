@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <QStringView>
 
 #include <cstdint>
 
@@ -23,11 +22,5 @@ std::int32_t CountFilled(const RecipientRows& rows);
 
 /// Rows with any number that are not removed: the recipients, whether their numbers are good or not.
 std::int32_t CountRecipients(const RecipientRows& rows);
-
-/// True when the first three characters of a trimmed number are those of a mobile number.
-bool HasMobilePrefix(QStringView number);
-
-/// The least length in characters of a trimmed number that a message is sent to.
-inline constexpr int MobileNumberLength = 10;
 
 } // namespace tsms

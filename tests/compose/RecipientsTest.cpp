@@ -33,12 +33,4 @@ TEST(Recipients, TheFirstCountSeesRemovedRowsAndTheSecondDoesNot)
     EXPECT_EQ(CountRecipients(rows), 2);
 }
 
-TEST(Recipients, SixPrefixesAreThoseOfMobileNumbers)
-{
-    for (const char16_t* good : {u"010", u"011", u"016", u"017", u"018", u"019-1"})
-        EXPECT_TRUE(HasMobilePrefix(good));
-    for (const char16_t* bad : {u"", u"01", u"012", u"013", u"014", u"015", u"02-010", u" 010", u"+82010"})
-        EXPECT_FALSE(HasMobilePrefix(bad));
-}
-
 } // namespace

@@ -1,0 +1,15 @@
+#include "runtime/MobileNumber.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tsms {
+
+bool HasMobilePrefix(QStringView number)
+{
+    static constexpr std::array<QStringView, 6> prefixes{u"010", u"011", u"016", u"017", u"018", u"019"};
+    return std::any_of(prefixes.begin(), prefixes.end(),
+                       [&](QStringView prefix) { return number.startsWith(prefix); });
+}
+
+} // namespace tsms
