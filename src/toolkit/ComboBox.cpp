@@ -2,9 +2,11 @@
 
 #include "runtime/RuntimeError.h"
 #include "toolkit/Guarded.h"
+#include "toolkit/KeyFilter.h"
 #include "toolkit/Naming.h"
 #include "toolkit/Theme.h"
 
+#include <QKeyEvent>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
 #include <QWheelEvent>
@@ -87,6 +89,22 @@ void ComboBox::SetBackColor(const QColor& color)
     setPalette(colors);
 }
 
+void ComboBox::initStyleOption(QStyleOptionComboBox* option) const
+{
+    QComboBox::initStyleOption(option);
+    const QRect field =
+        style()->subControlRect(QStyle::CC_ComboBox, option, QStyle::SC_ComboBoxEditField, this);
+    const int room = field.width() - 2; // the style keeps a pixel free on each side
+    option->currentText = fontMetrics().elidedText(option->currentText, Qt::ElideRight, room);
+}
+
+void ComboBox::keyPressEvent(QKeyEvent* event)
+{
+    SendFilteredKey(
+        *event, [this](QStringView keys) { return OfferKeys(*this, OnKeyPress, keys); },
+        [this](QKeyEvent* key) { QComboBox::keyPressEvent(key); });
+}
+
 void ComboBox::paintEvent(QPaintEvent*)
 {
     QStyleOptionComboBox option;
@@ -95,9 +113,6 @@ void ComboBox::paintEvent(QPaintEvent*)
         option.currentText = placeholderText();
         option.palette.setBrush(QPalette::ButtonText, option.palette.placeholderText());
     }
-    const QRect room =
-        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
-    option.currentText = fontMetrics().elidedText(option.currentText, Qt::ElideRight, room.width() - 2);
     QStylePainter painter(this);
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);

@@ -45,9 +45,14 @@ public:
 
     /// An entry was chosen, by a person (also the same again) or by SetListIndex.
     std::function<void()> OnClick;
+    /// Each character before it acts on the closed list, also Enter (13). Set to 0 it is swallowed.
+    std::function<void(char16_t& key)> OnKeyPress;
     QString Tag;
 
 protected:
+    /// What is drawn: a text that does not fit ends with a sign of it.
+    void initStyleOption(QStyleOptionComboBox* option) const override;
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 };

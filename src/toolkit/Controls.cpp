@@ -126,12 +126,17 @@ PictureButton::PictureButton(QWidget* parent, const QString& name, const QString
                              const QString& words, Look look)
     : QAbstractButton(parent), picture_(picture), words_(words), look_(look)
 {
-    const bool onBar = look == Look::Idle || look == Look::Selected;
-    setFocusPolicy(onBar ? Qt::StrongFocus : Qt::NoFocus);
+    setFocusPolicy(HasRoomForWords() ? Qt::StrongFocus : Qt::NoFocus);
     setAttribute(Qt::WA_Hover);
     SetName(*this, name);
     setAccessibleDescription(words);
     connect(this, &QAbstractButton::clicked, this, [this] { RaiseEvent(*this, OnClick); });
+}
+
+/// On title strips there is room for a small picture alone.
+bool PictureButton::HasRoomForWords() const
+{
+    return look_ == Look::Idle || look_ == Look::Selected || look_ == Look::Framed;
 }
 
 QSize PictureButton::sizeHint() const
@@ -142,7 +147,16 @@ QSize PictureButton::sizeHint() const
         return {26, 28};
     const QFontMetrics metrics = fontMetrics();
     const int words = words_.isEmpty() ? 0 : PictureGap + metrics.horizontalAdvance(words_);
-    return {PictureSize + words + 24, std::max(PictureSize, metrics.height()) + 14};
+    const int air = look_ == Look::Framed ? 10 : 14; // no higher than the push buttons beside it
+    return {PictureSize + words + 24, std::max(PictureSize, metrics.height()) + air};
+}
+
+/// The face at rest, or what the mouse makes of the other one.
+QColor PictureButton::Touched(const QColor& rest, const QColor& touched) const
+{
+    if (isEnabled() && isDown())
+        return theme::Pressed(touched);
+    return isEnabled() && underMouse() ? theme::Hovered(touched) : rest;
 }
 
 QColor PictureButton::Face() const
@@ -156,20 +170,17 @@ QColor PictureButton::Face() const
         if (isEnabled() && (isDown() || underMouse()))
             return isDown() ? theme::Pressed(theme::Warning) : theme::Warning;
         return Qt::transparent;
+    case Look::Framed:
+        return Touched(theme::ButtonFace, theme::ButtonFace);
     case Look::Idle:
     case Look::Window:
         break;
     }
-    if (isEnabled() && isDown())
-        return theme::Pressed(theme::Strip);
-    if (isEnabled() && underMouse())
-        return theme::Hovered(theme::Strip);
-    return Qt::transparent;
+    return Touched(Qt::transparent, theme::Strip);
 }
 
 void PictureButton::paintEvent(QPaintEvent*)
 {
-    const bool onBar = look_ == Look::Idle || look_ == Look::Selected;
     const bool warns = look_ == Look::Closing && isEnabled() && (isDown() || underMouse());
     const QColor ink = !isEnabled()              ? theme::Disabled
                        : warns                   ? theme::White
@@ -177,14 +188,14 @@ void PictureButton::paintEvent(QPaintEvent*)
                                                  : theme::StripText;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
+    painter.setPen(look_ == Look::Framed ? QPen(theme::Frame, 1) : QPen(Qt::NoPen));
     painter.setBrush(Face());
-    painter.drawRoundedRect(rect(), Radius, Radius);
+    painter.drawRoundedRect(look_ == Look::Framed ? HalfPixelInside(rect()) : QRectF(rect()), Radius, Radius);
 
     QFont font = this->font();
     font.setBold(look_ == Look::Selected);
     const QFontMetrics metrics(font);
-    const int size = onBar || look_ == Look::Sign ? PictureSize : SmallPictureSize;
+    const int size = HasRoomForWords() || look_ == Look::Sign ? PictureSize : SmallPictureSize;
     const int words = words_.isEmpty() ? 0 : PictureGap + metrics.horizontalAdvance(words_);
     const int left = (width() - size - words) / 2;
     DrawPicture(painter, QRectF(left, (height() - size) / 2.0, size, size), picture_, ink);

@@ -59,6 +59,7 @@ public:
     enum class Look {
         Idle,     ///< toolbar: rests on the bar
         Selected, ///< toolbar: the page on view
+        Framed,   ///< on a page, with the frame of a push button
         Window,   ///< small, on a title strip
         Closing,  ///< as Window; warns when the mouse is over it
         Sign,     ///< a picture at the head of a strip, which shows no sign of the mouse
@@ -79,6 +80,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    bool HasRoomForWords() const;
+    QColor Touched(const QColor& rest, const QColor& touched) const;
     QColor Face() const;
 
     QString picture_;

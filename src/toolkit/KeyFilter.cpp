@@ -1,5 +1,7 @@
 #include "toolkit/KeyFilter.h"
 
+#include "toolkit/Guarded.h"
+
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 
@@ -37,6 +39,20 @@ QString CharactersOf(const QKeyEvent& event)
 }
 
 } // namespace
+
+QString OfferKeys(const QWidget& control, const std::function<void(char16_t& key)>& handler, QStringView keys)
+{
+    if (!handler)
+        return keys.toString();
+    QString passed;
+    for (const QChar c : keys) {
+        char16_t key = c.unicode();
+        RaiseEvent(control, [&] { handler(key); });
+        if (key != 0)
+            passed += QChar(key);
+    }
+    return passed;
+}
 
 bool SwallowsTab(QEvent& event, const PassKeysFunction& pass)
 {

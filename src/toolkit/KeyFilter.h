@@ -8,11 +8,17 @@
 class QEvent;
 class QInputMethodEvent;
 class QKeyEvent;
+class QWidget;
 
 namespace tsms {
 
 /// Answers the characters of `keys` that pass.
 using PassKeysFunction = std::function<QString(QStringView keys)>;
+
+/// Offers each character of `keys` to a control's handler, which may change it, or swallow it by a 0. Answers
+/// what is left; without a handler everything passes.
+QString OfferKeys(const QWidget& control, const std::function<void(char16_t& key)>& handler,
+                  QStringView keys);
 
 /// True when the event is a Tab that the filter swallowed; it is then used up.
 bool SwallowsTab(QEvent& event, const PassKeysFunction& pass);

@@ -2,6 +2,7 @@
 
 #include "runtime/CodePage949.h"
 #include "toolkit/Guarded.h"
+#include "toolkit/KeyFilter.h"
 #include "toolkit/LimitRule.h"
 #include "toolkit/Theme.h"
 
@@ -196,16 +197,7 @@ QString TextField::WithRoom(const QString& key) const
 
 QString TextField::PassKeys(QStringView keys)
 {
-    if (!OnKeyPress)
-        return keys.toString();
-    QString passed;
-    for (const QChar c : keys) {
-        char16_t key = c.unicode();
-        RaiseEvent(Widget(), [&] { OnKeyPress(key); });
-        if (key != 0)
-            passed += QChar(key);
-    }
-    return passed;
+    return OfferKeys(Widget(), OnKeyPress, keys);
 }
 
 } // namespace tsms

@@ -145,6 +145,29 @@ TEST(PictureButton, OnATitleStripIsNoStopOfTheTabKey)
     EXPECT_EQ(closing.focusPolicy(), Qt::NoFocus);
 }
 
+TEST(PictureButton, WithAFrameIsAStopOfTheTabKeyAndNoHigherThanAPushButton)
+{
+    const PictureButton framed(nullptr, u"BtnAdd(0)"_q, u"book-member"_q, u"구성원 등록"_q,
+                               PictureButton::Look::Framed);
+    const PushButton beside(nullptr, u"Btn"_q, u"추가"_q);
+    EXPECT_EQ(framed.focusPolicy(), Qt::StrongFocus);
+    EXPECT_LE(framed.sizeHint().height(), beside.sizeHint().height());
+}
+
+TEST(PictureButton, WithAFrameShowsThatItIsPressedOrCannotBeUsed)
+{
+    PictureButton button(nullptr, u"BtnAdd(0)"_q, u"book-member"_q, u"구성원 등록"_q,
+                         PictureButton::Look::Framed);
+    button.resize(button.sizeHint());
+    const QImage rest = button.grab().toImage();
+    button.setDown(true);
+    EXPECT_NE(button.grab().toImage(), rest);
+    button.setDown(false);
+    EXPECT_EQ(button.grab().toImage(), rest);
+    button.setEnabled(false);
+    EXPECT_NE(button.grab().toImage(), rest);
+}
+
 TEST(Label, ShowsALineBreakAndKeepsItsCaption)
 {
     Label label(nullptr, u"Label1"_q, u"a\r\nb"_q);
@@ -460,6 +483,55 @@ TEST_F(ComboBoxTest, AChoiceByThePersonAndByTheProgramIsToldAsAClick)
     EXPECT_EQ(clicks, 2);
     combo.AddItem(u"d"_q);
     EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(ComboBoxTest, AKeyIsOfferedBeforeItActsAndMayBeSwallowed)
+{
+    Fill();
+    combo.SetListIndex(0);
+    QList<int> offered;
+    combo.OnKeyPress = [&](char16_t& key) {
+        offered += key;
+        if (key == u'b')
+            key = 0;
+    };
+    QTest::keyClick(&combo, Qt::Key_Return);
+    QTest::keyClick(&combo, Qt::Key_B);
+    EXPECT_EQ(combo.ListIndex(), 0);
+    QTest::keyClick(&combo, Qt::Key_C);
+    EXPECT_EQ(combo.ListIndex(), 2);
+    EXPECT_EQ(offered, QList<int>({'\r', 'b', 'c'}));
+}
+
+TEST(ComboBox, ATextThatDoesNotFitEndsWithASignOfIt)
+{
+    struct Drawn : ComboBox
+    {
+        using ComboBox::ComboBox;
+        QString Words() const
+        {
+            QStyleOptionComboBox option;
+            initStyleOption(&option);
+            return option.currentText;
+        }
+    };
+    Drawn combo(nullptr, u"CbGroup"_q);
+    combo.AddItem(QString(u"가"_q).repeated(20));
+    combo.SetListIndex(0);
+    combo.resize(400, 24);
+    EXPECT_EQ(combo.Words(), combo.Text());
+    combo.resize(100, 24);
+    EXPECT_TRUE(combo.Words().endsWith(u'…')) << combo.Words().toStdString();
+    EXPECT_EQ(combo.Text().size(), 20);
+}
+
+TEST_F(ComboBoxTest, KeysWithoutACharacterAreNotOffered)
+{
+    Fill();
+    combo.SetListIndex(0);
+    combo.OnKeyPress = [](char16_t&) { FAIL(); };
+    QTest::keyClick(&combo, Qt::Key_Down);
+    EXPECT_EQ(combo.ListIndex(), 1);
 }
 
 TEST_F(ComboBoxTest, TheWheelOverAListWithoutTheFocusChangesNothing)
