@@ -9,7 +9,8 @@ set(TSMS_LAYERS
   "services: runtime session store gateway"
   "toolkit: runtime session"
   "compose: runtime session store gateway services toolkit"
+  "addressbook: runtime session store gateway services toolkit"
   "templates: runtime session store services toolkit"
   "history: runtime session store gateway services spreadsheet toolkit compose"
   "account: runtime session store services toolkit"
-  "shell: runtime session store gateway services toolkit compose templates history account")
+  "shell: runtime session store gateway services toolkit compose addressbook templates history account")

@@ -89,6 +89,9 @@ title_of() {
     MakeSMSTransport) echo '문자메시지 발송하기' ;;
     dlgSMSCharge) echo '문자메시지 충전' ;;
     dlgSMSSetup) echo '문자메시지 환경설정' ;;
+    dlgSMSGroupSelect) echo '주소록' ;;
+    dlgSMSGroupMst) echo '그룹 등록' ;;
+    dlgSMSGroupSub) echo '구성원 등록' ;;
   esac
 }
 click() { # FORM CONTROL [SIDESTEP]

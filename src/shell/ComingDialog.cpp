@@ -18,11 +18,6 @@ DialogFrame FrameOf(ComingDialog which)
     frame.buttons = {QString(), QStringLiteral("취소(ESC)")};
     frame.f12RunsButton0 = false;
     switch (which) {
-    case ComingDialog::AddressBook:
-        frame.name = QStringLiteral("dlgSMSGroupSelect");
-        frame.title = QStringLiteral("주소록");
-        frame.note = QStringLiteral("문자메시지 발송 주소록");
-        break;
     case ComingDialog::Import:
         frame.name = QStringLiteral("MakeSMSExcel");
         frame.title = QStringLiteral("문자메시지 엑셀 가져오기");

@@ -2,6 +2,7 @@
 
 #include "account/AccountPage.h"
 #include "account/dlgSMSSetup.h"
+#include "addressbook/dlgSMSGroupSelect.h"
 #include "compose/ComposeBoxes.h"
 #include "compose/ComposePage.h"
 #include "compose/MakeSMSTransport.h"
@@ -136,7 +137,7 @@ void frmSMSMain::BuildPages()
     compose_ = new ComposePage(
         services_,
         {[this] { BtnWindowsClick(2); },
-         [this] { ShowComingDialog(services_, ComingDialog::AddressBook, this); },
+         [this] { dlgSMSGroupSelect(services_, compose_->RecipientGrid(), this).ShowModal(); },
          [this] { ShowComingDialog(services_, ComingDialog::Import, this); }},
         [this](QWidget* page) {
             return cards_ = new TemplateCards(services_, TemplateCards::ComposeSide, page);

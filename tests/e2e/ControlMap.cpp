@@ -1,10 +1,14 @@
 // Prints where each named control stands, for a driver that works the real program with a real mouse:
 //   control-map "<launch line>"
 // A line is "<window>\t<control>\t<x>\t<y>", the middle of the control counted from its window's corner.
-// Cells of the recipient list are "fpSpread[column,row]". The windows are those of the program, laid out on
-// the same screen with the same fonts, and never shown.
+// Cells of the recipient list and of the lists of the address book are "fpSpread[column,row]" by the name of
+// their grid. The windows are those of the program, laid out on the same screen with the same fonts, and
+// never shown.
 #include "account/dlgSMSCharge.h"
 #include "account/dlgSMSSetup.h"
+#include "addressbook/dlgSMSGroupMst.h"
+#include "addressbook/dlgSMSGroupSelect.h"
+#include "addressbook/dlgSMSGroupSub.h"
 #include "compose/GridRecipients.h"
 #include "compose/MakeSMSTransport.h"
 #include "gateway/ModSMS.h"
@@ -49,11 +53,25 @@ void PrintDialog(QWidget& dialog)
 void PrintCells(QWidget& window, fpSpread& grid)
 {
     for (int row = 1; row <= 5; ++row)
-        for (int column = 1; column <= 4; ++column) {
+        for (int column = 1; column <= grid.MaxCols(); ++column) {
             const QRect cell = grid.visualRect(grid.model()->index(row - 1, column - 1));
-            Print(window, QStringLiteral("fpSpread[%1,%2]").arg(column).arg(row),
+            Print(window, QStringLiteral("%1[%2,%3]").arg(grid.objectName()).arg(column).arg(row),
                   grid.viewport()->mapTo(&window, cell.center()));
         }
+}
+
+void PrintAddressBook(Services& services, fpSpread& recipients)
+{
+    dlgSMSGroupSelect book(services, recipients);
+    PrintDialog(book);
+    for (auto* grid : book.findChildren<fpSpread*>()) {
+        grid->SetMaxRows(5);
+        PrintCells(book, *grid);
+    }
+    dlgSMSGroupMst group(services, {});
+    PrintDialog(group);
+    dlgSMSGroupSub member(services, {});
+    PrintDialog(member);
 }
 
 } // namespace
@@ -84,5 +102,6 @@ int main(int argc, char** argv)
     PrintDialog(charge);
     dlgSMSSetup settings(services);
     PrintDialog(settings);
+    PrintAddressBook(services, *grid);
     return 0;
 }

@@ -61,6 +61,7 @@ public:
     void Frames();
     void SettingsWork();
     void ChargeWork();
+    void AddressBook();
     void PreflightBoxes();
     void AccountBoxes();
     void Dispatch();
@@ -98,6 +99,11 @@ private:
     void EmptyComposePage();
     void Refuse(const QString& box);
     void Send(std::function<void(QWidget& dialog)> act = {});
+    void MemberView(QWidget& book);
+    void GroupView(QWidget& book);
+    void EmptyBook(QWidget& book);
+    void InBookDialog(const QString& form, const std::function<void()>& open, const QString& name,
+                      const std::function<void(QWidget&)>& act = {});
     void RefuseReservation(QWidget& dialog, const QString& box);
     void Ask(QWidget& dialog, const QString& box);
     void AwaitFailures(int count);
@@ -385,7 +391,6 @@ void PictureBook::Frames()
         });
         Click(button);
     };
-    see(u"dlgSMSGroupSelect"_q, u"BtnFuncMain(0)"_q, u"address-book"_q);
     see(u"MakeSMSExcel"_q, u"BtnFuncMain(1)"_q, u"import"_q);
 }
 
@@ -573,6 +578,109 @@ void PictureBook::Ask(QWidget& dialog, const QString& box)
     desk_.ExpectNoneLeft();
 }
 
+/// The address book with its two small dialogs, in which nothing is stored.
+void PictureBook::AddressBook()
+{
+    const auto inBook = [this](const std::function<void(QWidget&)>& act) {
+        WhenShown(u"dlgSMSGroupSelect"_q, [act](QWidget& book) {
+            act(book);
+            PressKey(book, Qt::Key_Escape);
+        });
+        Click(u"BtnFuncMain(0)"_q);
+        desk_.ExpectNoneLeft();
+    };
+    inBook([this](QWidget& book) { MemberView(book); });
+    inBook([this](QWidget& book) { GroupView(book); });
+    database_.Execute(u"DELETE FROM SMSGroupSub"_q);
+    database_.Execute(u"DELETE FROM SMSGroupMst"_q);
+    inBook([this](QWidget& book) { EmptyBook(book); });
+}
+
+void PictureBook::MemberView(QWidget& book)
+{
+    Take(book, u"address-book"_q);
+    auto& browse = On<fpSpread>(book, u"fpSpreadMst"_q);
+    for (const int row : {1, 2, 3, 16})
+        ClickCell(browse, 2, row);
+    browse.scrollToTop();
+    ClickOn(On<QWidget>(book, u"BtnFuncAdd(0)"_q));
+    ClickCell(On<fpSpread>(book, u"fpSpread"_q), 2, 3);
+    Take(book, u"address-book-members"_q);
+    const auto inBox = [this, &book](const QString& box, const QString& button, MsgBoxAnswer answer) {
+        desk_.Await(box, answer);
+        ClickOn(On<QWidget>(book, button));
+        desk_.ExpectNoneLeft();
+    };
+    inBox(u"box-empty-chosen"_q, u"BtnFuncAdd(1)"_q, AnswerYes);
+    inBox(u"box-nobody-chosen"_q, u"BtnFunc(0)"_q, AnswerOK);
+    desk_.Await(u"box-delete-member"_q, AnswerNo);
+    ClickCell(browse, 7, 2);
+    InBookDialog(
+        u"dlgSMSGroupSub"_q, [&] { ClickCell(browse, 6, 2); }, u"member-edit"_q);
+}
+
+void PictureBook::GroupView(QWidget& book)
+{
+    ClickOn(On<QWidget>(book, u"OptType(1)"_q));
+    auto& browse = On<fpSpread>(book, u"fpSpreadMst"_q);
+    for (const int row : {1, 2, browse.MaxRows()})
+        ClickCell(browse, 2, row);
+    ClickOn(On<QWidget>(book, u"BtnFuncAdd(0)"_q));
+    ClickCell(On<fpSpread>(book, u"fpSpread"_q), 5, 4);
+    Take(book, u"address-book-groups"_q);
+    for (const auto& [box, column] :
+         {std::pair(u"box-edit-other-group"_q, 4), std::pair(u"box-delete-other-group"_q, 5)}) {
+        desk_.Await(box);
+        ClickCell(browse, column, browse.MaxRows());
+        desk_.ExpectNoneLeft();
+    }
+    InBookDialog(
+        u"dlgSMSGroupMst"_q, [&] { ClickCell(browse, 4, 1); }, u"group-edit"_q);
+    InBookDialog(
+        u"dlgSMSGroupMst"_q, [&] { ClickOn(On<QWidget>(book, u"BtnAdd(1)"_q)); }, u"group-add"_q,
+        [this](QWidget& dialog) {
+            desk_.Await(u"box-no-group-name"_q);
+            PressKey(dialog, Qt::Key_F12);
+            TypeText(On<QWidget>(dialog, u"txtGroupNm"_q), u"운영 위원"_q);
+            desk_.Await(u"box-group-name-taken"_q);
+            PressKey(dialog, Qt::Key_F12);
+        });
+    InBookDialog(
+        u"dlgSMSGroupSub"_q, [&] { ClickOn(On<QWidget>(book, u"BtnAdd(0)"_q)); }, u"member-add"_q,
+        [this](QWidget& dialog) {
+            desk_.Await(u"box-no-member-name"_q);
+            PressKey(dialog, Qt::Key_F12);
+            TypeText(On<QWidget>(dialog, u"txtGroupSub(0)"_q), u"김민준"_q);
+            TypeText(On<QWidget>(dialog, u"txtGroupSub(1)"_q), u"02-0000-0001"_q);
+            desk_.Await(u"box-no-mobile-number"_q);
+            PressKey(dialog, Qt::Key_F12);
+            On<TextField>(dialog, u"txtGroupSub(1)"_q).SetText(u"010-0000-0001"_q);
+            desk_.Await(u"box-member-name-taken"_q);
+            PressKey(dialog, Qt::Key_F12);
+        });
+}
+
+void PictureBook::EmptyBook(QWidget& book)
+{
+    Take(book, u"address-book-empty"_q);
+    ClickOn(On<QWidget>(book, u"OptType(1)"_q));
+    Take(book, u"address-book-no-groups"_q);
+}
+
+/// Opens one of the address book's dialogs, takes its picture, acts in it, and leaves it by Esc.
+void PictureBook::InBookDialog(const QString& form, const std::function<void()>& open, const QString& name,
+                               const std::function<void(QWidget&)>& act)
+{
+    WhenShown(form, [this, name, act](QWidget& dialog) {
+        Take(dialog, name);
+        if (act)
+            act(dialog);
+        desk_.ExpectNoneLeft();
+        PressKey(dialog, Qt::Key_Escape);
+    });
+    open();
+}
+
 void PictureBook::PreflightBoxes()
 {
     EmptyComposePage();
@@ -737,6 +845,7 @@ int main(int argc, char** argv)
     book.Frames();
     book.SettingsWork();
     book.ChargeWork();
+    book.AddressBook();
     book.PreflightBoxes();
     book.AccountBoxes();
     book.Dispatch();

@@ -9,7 +9,9 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QHeaderView>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QStyleOptionComboBox>
 
 using namespace tsms;
@@ -56,8 +58,10 @@ Room RoomOf(const QWidget& control)
         return {WordsSize(metrics, button->Caption()), CaptionRoom(*button)};
     if (const auto* button = dynamic_cast<const PictureButton*>(&control)) {
         const QString words = button->accessibleDescription();
-        const int picture = button->sizeHint().width() - metrics.horizontalAdvance(words);
-        return {QSize(picture, 0) + WordsSize(BoldMetrics(*button), words), button->size()};
+        const int picture = button->sizeHint().width() - WordsSize(metrics, words).width();
+        const bool boldAtTimes = button->objectName().startsWith(u"BtnToolbar");
+        const QSize size = WordsSize(boldAtTimes ? BoldMetrics(*button) : metrics, words);
+        return {QSize(picture, 0) + size, button->size()};
     }
     if (dynamic_cast<const RadioButton*>(&control) || dynamic_cast<const CheckBox*>(&control))
         return {control.sizeHint(), control.size()};
@@ -380,6 +384,90 @@ TEST_F(Layout, NothingIsCutOrOverlapsInTheDispatchDialog)
         PressKey(dialog, Qt::Key_Escape);
     });
     program.Click(u"BtnSend(0)"_q);
+}
+
+class AddressBookLayout : public Layout
+{
+protected:
+    void SetUp() override
+    {
+        const QString longest = QString(u"가"_q).repeated(20); // 40 bytes
+        program.database.Execute(
+            u"INSERT INTO SMSGroupMst (GroupNm) VALUES ('청년부'), ('%1')"_q.arg(longest));
+        program.database.Execute(
+            u"INSERT INTO SMSGroupSub (GroupCd, GSubNm, GSPhone) VALUES "
+            "(1, '김하늘', '010-0000-0001'), (2, '%1', '010-0000-00012')"_q.arg(longest));
+        Layout::SetUp();
+    }
+
+    /// Runs `look` in the address book, which is then left.
+    void InBook(std::function<void(QWidget& book)> look)
+    {
+        WhenShown(u"dlgSMSGroupSelect"_q, [look](QWidget& book) {
+            look(book);
+            PressKey(book, Qt::Key_Escape);
+        });
+        program.Click(u"BtnFuncMain(0)"_q);
+    }
+
+    void InDialog(QWidget& book, const QString& form, const QString& button, int leastControls)
+    {
+        WhenShown(form, [this, leastControls](QWidget& dialog) {
+            ExpectGood(dialog, leastControls);
+            PressKey(dialog, Qt::Key_Escape);
+        });
+        ClickOn(program.On<QWidget>(book, button));
+    }
+};
+
+TEST_F(AddressBookLayout, NothingIsCutOrOverlapsInEitherViewOfTheAddressBook)
+{
+    InBook([this](QWidget& book) {
+        ExpectGood(book, 11);
+        ClickOn(program.On<QWidget>(book, u"OptType(1)"_q));
+        ExpectGood(book, 10);
+    });
+}
+
+TEST_F(AddressBookLayout, TheListsFitTheirColumnsAndShowWholeRows)
+{
+    InBook([this](QWidget& book) {
+        for (const QString& name : {u"fpSpreadMst"_q, u"fpSpread"_q}) {
+            const auto& grid = program.On<fpSpread>(book, name);
+            EXPECT_FALSE(grid.horizontalScrollBar()->isVisible()) << name.toStdString();
+            EXPECT_EQ(grid.viewport()->height() % grid.verticalHeader()->defaultSectionSize(), 0)
+                << name.toStdString();
+        }
+    });
+}
+
+TEST_F(AddressBookLayout, NothingMovesWhenTheFilterGoes)
+{
+    InBook([this](QWidget& book) {
+        QWidget& add = program.On<QWidget>(book, u"BtnAdd(0)"_q);
+        const QRect before = add.geometry();
+        const QSize size = book.size();
+        ClickOn(program.On<QWidget>(book, u"OptType(1)"_q));
+        Settle();
+        EXPECT_EQ(add.geometry(), before);
+        EXPECT_EQ(book.size(), size);
+    });
+}
+
+TEST_F(AddressBookLayout, TheAddressBookKeepsInsideTheMainWindowWhateverTheNames)
+{
+    InBook([this](QWidget& book) {
+        EXPECT_LE(book.width(), program.form->width());
+        EXPECT_LE(book.height(), program.form->height());
+    });
+}
+
+TEST_F(AddressBookLayout, NothingIsCutOrOverlapsInTheDialogsOfGroupsAndMembers)
+{
+    InBook([this](QWidget& book) {
+        InDialog(book, u"dlgSMSGroupMst"_q, u"BtnAdd(1)"_q, 5);
+        InDialog(book, u"dlgSMSGroupSub"_q, u"BtnAdd(0)"_q, 8);
+    });
 }
 
 } // namespace

@@ -258,10 +258,8 @@ TEST_F(MainWindow, EachEntryToTheAccountPageLaysItsGridsOutAnew)
 
 TEST_F(MainWindow, FramesOfDialogsToComeReadAsTheyShould)
 {
-    const QList<QStringList> frames{
-        {u"BtnFuncMain(0)"_q, u"dlgSMSGroupSelect"_q, u"주소록"_q, u"문자메시지 발송 주소록"_q},
-        {u"BtnFuncMain(1)"_q, u"MakeSMSExcel"_q, u"문자메시지 엑셀 가져오기"_q,
-         u"엑셀파일(*.xls)에 있는 데이터를 전송대상에 포함합니다."_q}};
+    const QList<QStringList> frames{{u"BtnFuncMain(1)"_q, u"MakeSMSExcel"_q, u"문자메시지 엑셀 가져오기"_q,
+                                     u"엑셀파일(*.xls)에 있는 데이터를 전송대상에 포함합니다."_q}};
     for (const QStringList& frame : frames) {
         WhenShown(frame[1], [&](QWidget& dialog) {
             EXPECT_EQ(dialog.windowTitle(), frame[2]);

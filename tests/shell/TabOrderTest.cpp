@@ -175,6 +175,41 @@ TEST_F(TabOrder, TheSettingsRunFromTheFirstBoxToTheButtons)
     program.Click(u"BtnToolbarDis(4)"_q);
 }
 
+TEST_F(TabOrder, TheAddressBookRunsFromTheViewOverTheTwoListsToTheButtons)
+{
+    WhenShown(u"dlgSMSGroupSelect"_q, [this](QWidget& book) {
+        EXPECT_TRUE(program.On<QWidget>(book, u"OptType(0)"_q).hasFocus());
+        // Of the two views only the chosen one is a stop.
+        const QStringList order = QStringList{u"OptType(0)"_q, u"CbGroup"_q} + Names(u"BtnAdd(%1)"_q, 0, 1) +
+                                  QStringList{u"fpSpreadMst"_q} + Names(u"BtnFuncAdd(%1)"_q, 0, 1) +
+                                  QStringList{u"fpSpread"_q} + Names(u"BtnFunc(%1)"_q, 0, 1);
+        EXPECT_EQ(Walk(program.On<QWidget>(book, u"OptType(0)"_q)), order);
+        PressKey(book, Qt::Key_Escape);
+    });
+    program.Click(u"BtnFuncMain(0)"_q);
+}
+
+TEST_F(TabOrder, TheDialogsOfGroupsAndMembersRunFromTheirFirstFieldToTheButtons)
+{
+    const auto see = [this](QWidget& book, const QString& form, const QString& button,
+                            const QStringList& fields) {
+        WhenShown(form, [this, fields](QWidget& dialog) {
+            EXPECT_TRUE(program.On<QWidget>(dialog, fields.first()).hasFocus());
+            EXPECT_EQ(Walk(program.On<QWidget>(dialog, fields.first())),
+                      fields + Names(u"BtnFunc(%1)"_q, 0, 1));
+            PressKey(dialog, Qt::Key_Escape);
+        });
+        ClickOn(program.On<QWidget>(book, button));
+    };
+    WhenShown(u"dlgSMSGroupSelect"_q, [see](QWidget& book) {
+        see(book, u"dlgSMSGroupMst"_q, u"BtnAdd(1)"_q, {u"txtGroupNm"_q});
+        see(book, u"dlgSMSGroupSub"_q, u"BtnAdd(0)"_q,
+            {u"CbGroup"_q, u"txtGroupSub(0)"_q, u"txtGroupSub(1)"_q});
+        PressKey(book, Qt::Key_Escape);
+    });
+    program.Click(u"BtnFuncMain(0)"_q);
+}
+
 class DispatchTabOrder : public TabOrder
 {
 protected:

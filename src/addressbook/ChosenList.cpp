@@ -1,0 +1,60 @@
+#include "addressbook/ChosenList.h"
+
+#include "addressbook/BookGrids.h"
+#include "runtime/Text.h"
+#include "toolkit/fpSpread.h"
+#include "toolkit/GridHelper.h"
+#include "toolkit/Pictures.h"
+
+namespace tsms {
+
+ChosenList::ChosenList(fpSpread& grid) : grid_(grid)
+{
+    InitChosenGrid(grid_);
+}
+
+void ChosenList::AddMembers(const QList<BookPerson>& members)
+{
+    Append(TakeUnchosen(members, numbers_));
+}
+
+void ChosenList::AddGroup(const QList<BookPerson>& group)
+{
+    Append(TakeUpToChosen(group, numbers_));
+}
+
+void ChosenList::Append(const QList<BookPerson>& people)
+{
+    if (people.isEmpty())
+        return;
+    int row = grid_.MaxRows();
+    grid_.SetReDraw(false);
+    grid_.SetMaxRows(row + static_cast<int>(people.size()));
+    for (const BookPerson& person : people) {
+        ++row;
+        grid_.SetText(ChosenCode, row, Trim(person.code));
+        grid_.SetCellPicture(ChosenTick, row, CheckTicked);
+        grid_.SetText(ChosenName, row, Trim(person.name));
+        grid_.SetText(ChosenPhone, row, Trim(person.phone));
+    }
+    grid_.SetReDraw(true);
+}
+
+void ChosenList::HideActiveRow()
+{
+    const int row = grid_.ActiveRow();
+    if (grid_.RowHidden(row))
+        return; // its number may stand in another row by now
+    numbers_.Remove(GridHelper().GetCellText(grid_, ChosenPhone, row));
+    grid_.SetRowHidden(row, true);
+}
+
+void ChosenList::Clear()
+{
+    grid_.SetReDraw(false);
+    GridHelper().ClearGrid(grid_, true);
+    grid_.SetReDraw(true);
+    numbers_.Clear();
+}
+
+} // namespace tsms

@@ -1,0 +1,137 @@
+#include "addressbook/dlgSMSGroupMst.h"
+
+#include "addressbook/GroupStatements.h"
+#include "runtime/Desktop.h"
+#include "runtime/Text.h"
+#include "services/ScreenBusy.h"
+#include "store/DBConnect.h"
+#include "toolkit/Controls.h"
+#include "toolkit/Naming.h"
+#include "toolkit/TextBox.h"
+#include "toolkit/Theme.h"
+
+#include <QHBoxLayout>
+
+namespace tsms {
+
+namespace {
+
+constexpr int NameLimit = 40;      // bytes
+constexpr int LeastBoxWidth = 260; // the longest group name fits
+
+DialogFrame Frame()
+{
+    DialogFrame frame;
+    frame.name = QStringLiteral("dlgSMSGroupMst");
+    frame.caption = QStringLiteral("그룹 등록");
+    frame.title = frame.caption;
+    frame.titleLabel = QStringLiteral("lblTitle(1)");
+    frame.note = QStringLiteral("문자메시지 발송그룹을 설정합니다.");
+    frame.noteLabel = QStringLiteral("lblTitle(0)");
+    frame.buttons = {QStringLiteral("저장(F12)"), QStringLiteral("취소(ESC)")};
+    return frame;
+}
+
+} // namespace
+
+dlgSMSGroupMst::dlgSMSGroupMst(Services& services, std::function<void()> reload, QWidget* owner)
+    : DialogForm(services.session, services.desktop, Frame(), owner),
+      services_(services),
+      textHelper_(services.desktop),
+      reload_(std::move(reload))
+{
+    BuildName();
+}
+
+void dlgSMSGroupMst::BuildName()
+{
+    auto* backing = new FieldPanel(&Body(), IndexedName(u"PLtxtBack", 0));
+    name_ = new TextBox(backing, QStringLiteral("txtGroupNm"));
+    name_->SetBackColor(theme::White);
+    name_->SetImeMode(ImeMode::Hangul);
+    name_->OnChange = [this] { textHelper_.LimitBytes(*name_, NameLimit); };
+    name_->OnKeyPress = [this](char16_t& key) { NameKeyPress(key); };
+    backing->Hold(*name_);
+    backing->setMinimumWidth(LeastBoxWidth);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(10);
+    row->addWidget(new Label(&Body(), QStringLiteral("Label2"), QStringLiteral("그룹 명칭 :")));
+    row->addWidget(backing, 1);
+    BodyLayout().addLayout(row);
+}
+
+void dlgSMSGroupMst::SetGroup(const QString& code, const QString& name)
+{
+    name_->SetText(name);
+    name_->Tag = code;
+}
+
+void dlgSMSGroupMst::NameKeyPress(char16_t& key)
+{
+    if (key != u'\r')
+        return;
+    Button(0)->Click();
+    key = 0;
+}
+
+void dlgSMSGroupMst::OnButton(int index)
+{
+    if (index != 0)
+        Unload();
+    else
+        Save();
+}
+
+void dlgSMSGroupMst::Save()
+{
+    if (IsBlank(name_->Text())) {
+        services_.desktop.MsgBox(QStringLiteral("그룹명칭을 입력하여 주십시오."), MsgBoxCritical,
+                                 QStringLiteral("그룹등록"));
+        name_->SetFocus();
+        return;
+    }
+    SetScreenBusy(services_, Boolean::True);
+    services_.db.ConnectWithRetry();
+    // A rename is not looked at: two groups may come to bear one name.
+    if (AddMode == Boolean::True && IsTaken()) {
+        TellTaken();
+        return;
+    }
+    const Boolean saved = services_.db.ExecuteSQL(
+        AddMode == Boolean::True ? InsertGroup(name_->Text()) : RenameGroup(name_->Tag, name_->Text()));
+    services_.db.CloseDB();
+    SetScreenBusy(services_, Boolean::False);
+    if (saved != Boolean::True)
+        return;
+    TellSaved();
+    Unload();
+    reload_();
+}
+
+/// A query that fails does not hold the insert up.
+bool dlgSMSGroupMst::IsTaken()
+{
+    return services_.db.OpenRecordset(GroupsNamed(name_->Text())) == Boolean::True &&
+           services_.db.Records().RecordCount() > 0;
+}
+
+void dlgSMSGroupMst::TellTaken()
+{
+    services_.desktop.MsgBox(QStringLiteral("이미 등록된 그룹명칭입니다. 확인하여 주십시오.!"),
+                             MsgBoxCritical, QStringLiteral("기 등록된 그룹"));
+    services_.db.CloseDB();
+    SetScreenBusy(services_, Boolean::False);
+    name_->SetFocus();
+}
+
+void dlgSMSGroupMst::TellSaved()
+{
+    if (AddMode == Boolean::True)
+        services_.desktop.MsgBox(QStringLiteral("정상적으로 그룹을 등록 하였습니다."), MsgBoxInformation,
+                                 QStringLiteral("그룹등록"));
+    else
+        services_.desktop.MsgBox(QStringLiteral("정상적으로 그룹을 수정 하였습니다."), MsgBoxInformation,
+                                 QStringLiteral("그룹수정"));
+}
+
+} // namespace tsms

@@ -1,0 +1,526 @@
+#include "addressbook/dlgSMSGroupSelect.h"
+
+#include "addressbook/BookGrids.h"
+#include "addressbook/BookStatements.h"
+#include "addressbook/BrowseList.h"
+#include "addressbook/ChosenList.h"
+#include "addressbook/dlgSMSGroupMst.h"
+#include "addressbook/dlgSMSGroupSub.h"
+#include "addressbook/HandOver.h"
+#include "runtime/Desktop.h"
+#include "runtime/Numbers.h"
+#include "runtime/RuntimeError.h"
+#include "runtime/Text.h"
+#include "services/Services.h"
+#include "store/DBConnect.h"
+#include "toolkit/ComboBox.h"
+#include "toolkit/Controls.h"
+#include "toolkit/fpSpread.h"
+#include "toolkit/GridHelper.h"
+#include "toolkit/Guarded.h"
+#include "toolkit/Naming.h"
+#include "toolkit/Pictures.h"
+
+#include <QAbstractItemView>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QVBoxLayout>
+
+namespace tsms {
+
+namespace {
+
+constexpr int BrowseWidth = 460;
+constexpr int ChosenWidth = 360;
+constexpr int RowsOnView = 20;  // of each list, none of them cut
+constexpr int NamesWidth = 280; // room for the longest group name in the opened filter
+
+DialogFrame Frame()
+{
+    DialogFrame frame;
+    frame.name = QStringLiteral("dlgSMSGroupSelect");
+    frame.caption = QStringLiteral("주소록");
+    frame.title = frame.caption;
+    frame.titleLabel = QStringLiteral("lblTitle1(1)");
+    frame.note = QStringLiteral("문자메시지 발송 주소록");
+    frame.noteLabel = QStringLiteral("lblTitle1(0)");
+    frame.buttons = {QStringLiteral("포함(F12)"), QStringLiteral("취소(ESC)")};
+    frame.f12RunsButton0 = false; // meant, in spite of the caption
+    return frame;
+}
+
+int HeightOf(const fpSpread& grid, int rows)
+{
+    return grid.horizontalHeader()->minimumHeight() + rows * grid.verticalHeader()->defaultSectionSize() +
+           2 * grid.frameWidth();
+}
+
+} // namespace
+
+dlgSMSGroupSelect::dlgSMSGroupSelect(Services& services, fpSpread& recipients, QWidget* owner)
+    : DialogForm(services.session, services.desktop, Frame(), owner),
+      services_(services),
+      recipients_(recipients)
+{
+    auto* body = new QHBoxLayout;
+    body->setSpacing(12);
+    BuildBrowse(*body);
+    BuildTransfer(*body);
+    BuildChosen(*body);
+    BodyLayout().addLayout(body);
+    Load();
+}
+
+dlgSMSGroupSelect::~dlgSMSGroupSelect() = default;
+
+void dlgSMSGroupSelect::BuildBrowse(QHBoxLayout& body)
+{
+    auto* layout = new QVBoxLayout;
+    layout->setSpacing(6);
+    layout->addLayout(BuildView());
+    browse_ = Named(new fpSpread(&Body()), QStringLiteral("fpSpreadMst"));
+    browse_->SetFillWidth(true);
+    browse_->setFixedWidth(BrowseWidth);
+    book_ = std::make_unique<BrowseList>(*browse_);
+    connect(browse_, &fpSpread::Click, this,
+            Guarded(services_.desktop, [this](int column, int) { BrowseClick(column); }));
+    layout->addWidget(browse_);
+    body.addLayout(layout);
+}
+
+QHBoxLayout* dlgSMSGroupSelect::BuildView()
+{
+    const std::array<QString, 2> views{QStringLiteral("개인"), QStringLiteral("그룹")};
+    auto* row = new QHBoxLayout;
+    row->setSpacing(4);
+    for (std::size_t i = 0; i < views.size(); ++i) {
+        const int index = static_cast<int>(i);
+        view_[i] = new RadioButton(&Body(), IndexedName(u"OptType", index), views[i]);
+        view_[i]->SetValue(index == 0);
+        view_[i]->OnClick = [this, index] { OptTypeClick(index); };
+        row->addWidget(view_[i]);
+    }
+    BuildFilter();
+    row->addWidget(filter_, 1);
+    row->addSpacing(4);
+    BuildAddButtons(*row);
+    return row;
+}
+
+void dlgSMSGroupSelect::BuildFilter()
+{
+    filter_ = new ComboBox(&Body(), QStringLiteral("CbGroup"));
+    filter_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon); // whatever the names
+    filter_->view()->setMinimumWidth(NamesWidth);
+    filter_->OnClick = [this] { CbGroupClick(); };
+    QSizePolicy place = filter_->sizePolicy();
+    place.setRetainSizeWhenHidden(true); // nothing moves when it goes
+    filter_->setSizePolicy(place);
+}
+
+void dlgSMSGroupSelect::BuildAddButtons(QHBoxLayout& row)
+{
+    const std::array<QString, 2> pictures{QStringLiteral("book-member"), QStringLiteral("book-group")};
+    const std::array<QString, 2> words{QStringLiteral("구성원 등록"), QStringLiteral("그룹 등록")};
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        const int index = static_cast<int>(i);
+        auto* button = new PictureButton(&Body(), IndexedName(u"BtnAdd", index), pictures[i], words[i],
+                                         PictureButton::Look::Framed);
+        button->OnClick = [this, index] { BtnAddClick(index); };
+        row.addWidget(button);
+    }
+}
+
+void dlgSMSGroupSelect::BuildTransfer(QHBoxLayout& body)
+{
+    const std::array<QString, 2> captions{QStringLiteral("추가"), QStringLiteral("제거")};
+    auto* layout = new QVBoxLayout;
+    layout->setSpacing(8);
+    layout->addStretch(1);
+    for (std::size_t i = 0; i < captions.size(); ++i) {
+        const int index = static_cast<int>(i);
+        auto* button = new PushButton(&Body(), IndexedName(u"BtnFuncAdd", index), captions[i]);
+        button->OnClick = [this, index] { BtnFuncAddClick(index); };
+        layout->addWidget(button);
+    }
+    layout->addStretch(1);
+    body.addLayout(layout);
+}
+
+void dlgSMSGroupSelect::BuildChosen(QHBoxLayout& body)
+{
+    auto* heading = new Label(&Body(), QStringLiteral("lblChosen"), QStringLiteral("문자메시지 발송대상"));
+    heading->SetBold(true);
+    chosen_ = Named(new fpSpread(&Body()), QStringLiteral("fpSpread"));
+    chosen_->SetFillWidth(true);
+    chosen_->setFixedWidth(ChosenWidth);
+    connect(chosen_, &fpSpread::Click, this,
+            Guarded(services_.desktop, [this](int column, int) { ChosenClick(column); }));
+    auto* layout = new QVBoxLayout;
+    layout->setSpacing(6);
+    layout->addWidget(heading, 1);
+    layout->addWidget(chosen_);
+    body.addLayout(layout);
+}
+
+void dlgSMSGroupSelect::Load()
+{
+    SetBusy(Boolean::True);
+    InitMemberGrid();
+    InitChosenGrid();
+    for (fpSpread* grid : {browse_, chosen_})
+        grid->setFixedHeight(HeightOf(*grid, RowsOnView));
+    SetBusy(Boolean::False);
+}
+
+void dlgSMSGroupSelect::Activate()
+{
+    // Whether it is the first is all that counts.
+    if (!activated_) {
+        activated_ = true;
+        FirstActivation();
+    }
+}
+
+void dlgSMSGroupSelect::FirstActivation()
+{
+    SetBusy(Boolean::True);
+    if (services_.db.ConnectDB() == Boolean::True) {
+        FillGroupCombo();
+        GetGroupMst();
+        services_.db.CloseDB();
+    }
+    SetBusy(Boolean::False);
+}
+
+bool dlgSMSGroupSelect::ShowsMembers() const
+{
+    return view_[0]->Value();
+}
+
+void dlgSMSGroupSelect::InitMemberGrid()
+{
+    Trapped([this] { tsms::InitMemberGrid(*browse_); });
+}
+
+void dlgSMSGroupSelect::InitGroupGrid()
+{
+    Trapped([this] { tsms::InitGroupGrid(*browse_); });
+}
+
+void dlgSMSGroupSelect::InitChosenGrid()
+{
+    Trapped([this] { list_ = std::make_unique<ChosenList>(*chosen_); });
+}
+
+void dlgSMSGroupSelect::FillGroupCombo()
+{
+    // Meant: Busy is clear behind this, also for a caller that had set it.
+    Trapped([this] {
+        SetBusy(Boolean::True);
+        filter_->Clear();
+        filter_->AddItem(QStringLiteral("전체"), 0);
+        if (services_.db.OpenRecordset(GroupList()) == Boolean::True)
+            for (Recordset& groups = services_.db.Records(); !groups.Eof(); groups.MoveNext())
+                filter_->AddItem(groups.Field(u"GroupNm"), ToLong(groups.Field(u"GroupCd")));
+        // A failure has cleared it by now, and the choice below is none of a person's.
+        SetBusy(Boolean::True);
+        filter_->AddItem(OtherGroup(), 0);
+        filter_->SetListIndex(0);
+        SetBusy(Boolean::False);
+    });
+}
+
+void dlgSMSGroupSelect::GetGroupMst()
+{
+    Trapped([this] {
+        SetBusy(Boolean::True);
+        if (services_.db.OpenRecordset(BrowseStatement()) == Boolean::True) {
+            if (ShowsMembers())
+                book_->ShowMembers(services_.db.ShareRecords());
+            else
+                book_->ShowGroups(services_.db.ShareRecords());
+        }
+        SetBusy(Boolean::False);
+    });
+}
+
+Statement dlgSMSGroupSelect::BrowseStatement() const
+{
+    if (!ShowsMembers())
+        return BrowseGroups();
+    MemberFilter filter{filter_->ListIndex()};
+    if (filter.entry >= 1)
+        filter.groupCode = filter_->SelectedData();
+    return BrowseMembers(filter);
+}
+
+void dlgSMSGroupSelect::LayOutBrowse(bool members)
+{
+    browse_->SetReDraw(false);
+    GridHelper().ClearGrid(*browse_, true);
+    filter_->setVisible(members);
+    if (members)
+        InitMemberGrid();
+    else
+        InitGroupGrid();
+    browse_->SetReDraw(true);
+}
+
+void dlgSMSGroupSelect::Reload()
+{
+    services_.db.ConnectWithRetry();
+    GetGroupMst();
+    services_.db.CloseDB();
+}
+
+void dlgSMSGroupSelect::OptTypeClick(int index)
+{
+    if (IsBusy())
+        return;
+    LayOutBrowse(index == 0);
+    services_.db.ConnectWithRetry();
+    FillGroupCombo();
+    GetGroupMst();
+    services_.db.CloseDB();
+}
+
+void dlgSMSGroupSelect::CbGroupClick()
+{
+    if (IsBusy())
+        return;
+    LayOutBrowse(true);
+    Reload();
+}
+
+void dlgSMSGroupSelect::BtnAddClick(int index)
+{
+    if (IsBusy())
+        return;
+    view_[static_cast<std::size_t>(index)]->SetValue(true);
+    if (index == 0) {
+        dlgSMSGroupSub dialog(
+            services_, [this] { Reload(); }, this);
+        dialog.AddMode = Boolean::True;
+        dialog.ShowModal();
+    } else {
+        dlgSMSGroupMst dialog(
+            services_, [this] { Reload(); }, this);
+        dialog.AddMode = Boolean::True;
+        dialog.ShowModal();
+    }
+}
+
+void dlgSMSGroupSelect::BrowseClick(int column)
+{
+    if (IsBusy())
+        return;
+    if (ShowsMembers())
+        BrowseMemberClick(column);
+    else
+        BrowseGroupClick(column);
+}
+
+void dlgSMSGroupSelect::BrowseMemberClick(int column)
+{
+    if (column >= MemberTick && column <= MemberPhone)
+        TurnTick(*browse_, MemberTick, browse_->ActiveRow());
+    else if (column == MemberEdit && browse_->MaxRows() > 0)
+        EditMember();
+    else if (column == MemberDelete && browse_->MaxRows() > 0)
+        DeleteMember();
+}
+
+void dlgSMSGroupSelect::BrowseGroupClick(int column)
+{
+    if (column == GroupTick || column == GroupName)
+        TurnTick(*browse_, GroupTick, browse_->ActiveRow());
+    else if (column == GroupEdit && browse_->MaxRows() > 0)
+        EditGroup();
+    else if (column == GroupDelete && browse_->MaxRows() > 0)
+        DeleteGroup();
+}
+
+void dlgSMSGroupSelect::ChosenClick(int column)
+{
+    if (IsBusy())
+        return;
+    if (column != ChosenDelete)
+        TurnTick(*chosen_, ChosenTick, chosen_->ActiveRow());
+    else if (chosen_->MaxRows() > 0)
+        list_->HideActiveRow();
+}
+
+void dlgSMSGroupSelect::EditMember()
+{
+    const QString title = QStringLiteral("구성원 수정");
+    const QString code = book_->ActiveText(MemberCode);
+    if (code.isEmpty()) {
+        services_.desktop.MsgBox(QStringLiteral("수정확인 : 수정할 대상을 선택하여 주십시오."),
+                                 MsgBoxExclamation, title);
+        return;
+    }
+    dlgSMSGroupSub dialog(
+        services_, [this] { Reload(); }, this);
+    dialog.SetCaption(title);
+    dialog.SetTitle(title);
+    dialog.AddMode = Boolean::False;
+    dialog.GetGroupSubData(code);
+    dialog.ShowModal();
+}
+
+void dlgSMSGroupSelect::DeleteMember()
+{
+    const QString title = QStringLiteral("구성원 삭제");
+    const QString code = book_->ActiveText(MemberCode);
+    if (code.isEmpty()) {
+        services_.desktop.MsgBox(QStringLiteral("삭제확인 : 삭제하실 대상을 선택하여 주십시오.!!!"),
+                                 MsgBoxCritical, title);
+        return;
+    }
+    if (!ConfirmDelete(book_->ActiveText(MemberName), title))
+        return;
+    services_.db.ConnectWithRetry();
+    if (services_.db.ExecuteSQL(tsms::DeleteMember(code)) == Boolean::True) {
+        GetGroupMst();
+        TellDeleted();
+    }
+    services_.db.CloseDB();
+}
+
+void dlgSMSGroupSelect::EditGroup()
+{
+    const QString title = QStringLiteral("그룹 수정");
+    // "기타" is told by its place here, and by its empty code where a group is deleted.
+    if (browse_->ActiveRow() == browse_->MaxRows()) {
+        services_.desktop.MsgBox(QStringLiteral("수정확인 : 기타그룹은 수정을 하실수가 없습니다."),
+                                 MsgBoxCritical, title);
+        return;
+    }
+    dlgSMSGroupMst dialog(
+        services_, [this] { Reload(); }, this);
+    dialog.SetCaption(title);
+    dialog.SetTitle(title);
+    dialog.AddMode = Boolean::False;
+    dialog.SetGroup(book_->ActiveText(GroupCode), book_->ActiveText(GroupName));
+    dialog.ShowModal();
+}
+
+void dlgSMSGroupSelect::DeleteGroup()
+{
+    const QString title = QStringLiteral("그룹 삭제");
+    const QString code = book_->ActiveText(GroupCode);
+    if (code.isEmpty()) {
+        services_.desktop.MsgBox(QStringLiteral("삭제확인 : 기타그룹은 삭제를 하실수가 없습니다."),
+                                 MsgBoxCritical, title);
+        return;
+    }
+    if (!ConfirmDelete(book_->ActiveText(GroupName), title))
+        return;
+    services_.db.ConnectWithRetry();
+    if (services_.db.ExecuteSQL(tsms::DeleteGroup(code)) == Boolean::True &&
+        services_.db.ExecuteSQL(ReleaseMembers(code)) == Boolean::True) {
+        FillGroupCombo();
+        GetGroupMst();
+        TellDeleted();
+    }
+    services_.db.CloseDB();
+}
+
+bool dlgSMSGroupSelect::ConfirmDelete(const QString& name, const QString& title)
+{
+    const QString question =
+        QStringLiteral("삭제확인 : ") + name + QStringLiteral("을(를) 삭제하시겠습니까.?");
+    return services_.desktop.MsgBox(question, MsgBoxQuestion, title) == AnswerYes;
+}
+
+void dlgSMSGroupSelect::TellDeleted()
+{
+    services_.desktop.MsgBox(QStringLiteral("삭제완료 : 정상적으로 삭제 되었습니다."), MsgBoxInformation,
+                             QStringLiteral("삭제완료"));
+}
+
+void dlgSMSGroupSelect::BtnFuncAddClick(int index)
+{
+    if (IsBusy())
+        return;
+    Trapped([this, index] {
+        SetBusy(Boolean::True);
+        if (index == 0)
+            AddTicked();
+        else
+            EmptyChosen();
+        SetBusy(Boolean::False);
+    });
+}
+
+void dlgSMSGroupSelect::AddTicked()
+{
+    if (ShowsMembers())
+        list_->AddMembers(book_->TickedMembers());
+    else
+        AddTickedGroups();
+}
+
+void dlgSMSGroupSelect::AddTickedGroups()
+{
+    const QStringList codes = book_->TickedGroups();
+    services_.db.ConnectWithRetry();
+    for (const QString& code : codes)
+        if (!AddGroup(code))
+            break;
+    services_.db.CloseDB();
+}
+
+/// False when its members could not be read, which has been reported.
+bool dlgSMSGroupSelect::AddGroup(const QString& code)
+{
+    if (services_.db.OpenRecordset(MembersOfGroup(code)) != Boolean::True)
+        return false;
+    QList<BookPerson> group;
+    for (Recordset& members = services_.db.Records(); !members.Eof(); members.MoveNext())
+        group += BookPerson{members.Field(u"GSubCd"), members.Field(u"GSubNm"), members.Field(u"GSPhone")};
+    list_->AddGroup(group);
+    return true;
+}
+
+void dlgSMSGroupSelect::EmptyChosen()
+{
+    const MsgBoxAnswer answer = services_.desktop.MsgBox(
+        QStringLiteral("전체삭제 확인 : 발송대상에 포함된 리스트를 전부 삭제 하시겠습니까?"), MsgBoxQuestion,
+        QStringLiteral("전체삭제"));
+    if (answer == AnswerYes)
+        list_->Clear();
+}
+
+void dlgSMSGroupSelect::OnButton(int index)
+{
+    if (index != 0)
+        Unload();
+    else
+        Include();
+}
+
+void dlgSMSGroupSelect::Include()
+{
+    if (CountChosen(*chosen_) <= 0) {
+        services_.desktop.MsgBox(QStringLiteral("문자메시지 발송대상 : 선택된 발송대상이 없습니다."),
+                                 MsgBoxCritical, QStringLiteral("발송대상 선택"));
+        return;
+    }
+    SetBusy(Boolean::True);
+    HandOver(*chosen_, recipients_);
+    SetBusy(Boolean::False);
+    Unload();
+}
+
+/// The error trap of the routines that have one.
+void dlgSMSGroupSelect::Trapped(const std::function<void()>& body)
+{
+    WithHandler(body, [this] {
+        SetBusy(Boolean::False);
+        services_.db.ReportDBError();
+    });
+}
+
+} // namespace tsms

@@ -1,0 +1,98 @@
+#pragma once
+
+#include "toolkit/DialogForm.h"
+
+#include <array>
+#include <functional>
+#include <memory>
+
+class QHBoxLayout;
+
+namespace tsms {
+
+class BrowseList;
+class ChosenList;
+class ComboBox;
+class fpSpread;
+class PictureButton;
+class RadioButton;
+class Statement;
+struct Services;
+
+/// The address book: the browse list, which shows members or groups, and the chosen list, which collects
+/// recipients until they are handed over to the recipient list. The chosen list lives as long as the dialog.
+///
+/// "기타" stands for the members without a group. It is no row of the database: the browse list of groups
+/// ends with it, in a row without a code.
+class dlgSMSGroupSelect : public DialogForm
+{
+    Q_OBJECT
+
+public:
+    /// `recipients` is the grid of the compose page, which takes what is handed over.
+    dlgSMSGroupSelect(Services& services, fpSpread& recipients, QWidget* owner = nullptr);
+    ~dlgSMSGroupSelect() override;
+
+    /// Fills the browse list for the present view and filter, on an open connection. Ticks stay on their
+    /// rows.
+    void GetGroupMst();
+
+protected:
+    void Activate() override;
+    void OnButton(int index) override;
+
+private:
+    void BuildBrowse(QHBoxLayout& body);
+    QHBoxLayout* BuildView();
+    void BuildFilter();
+    void BuildAddButtons(QHBoxLayout& row);
+    void BuildTransfer(QHBoxLayout& body);
+    void BuildChosen(QHBoxLayout& body);
+    void Load();
+    void FirstActivation();
+
+    bool ShowsMembers() const;
+    void InitMemberGrid();
+    void InitGroupGrid();
+    void InitChosenGrid();
+    void FillGroupCombo();
+    Statement BrowseStatement() const;
+    void LayOutBrowse(bool members);
+    void Reload();
+
+    void OptTypeClick(int index);
+    void CbGroupClick();
+    void BtnAddClick(int index);
+    void BtnFuncAddClick(int index);
+    void BrowseClick(int column);
+    void BrowseMemberClick(int column);
+    void BrowseGroupClick(int column);
+    void ChosenClick(int column);
+
+    void EditMember();
+    void DeleteMember();
+    void EditGroup();
+    void DeleteGroup();
+    bool ConfirmDelete(const QString& name, const QString& title);
+    void TellDeleted();
+
+    void AddTicked();
+    void AddTickedGroups();
+    bool AddGroup(const QString& code);
+    void EmptyChosen();
+    void Include();
+
+    void Trapped(const std::function<void()>& body);
+
+    Services& services_;
+    fpSpread& recipients_;
+    std::array<RadioButton*, 2> view_{}; // OptType
+    ComboBox* filter_ = nullptr;         // CbGroup
+    fpSpread* browse_ = nullptr;         // fpSpreadMst
+    fpSpread* chosen_ = nullptr;         // fpSpread
+    std::unique_ptr<BrowseList> book_;   // what stands in browse_
+    std::unique_ptr<ChosenList> list_;   // what stands in chosen_
+    bool activated_ = false;
+};
+
+} // namespace tsms

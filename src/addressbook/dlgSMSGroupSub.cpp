@@ -1,0 +1,221 @@
+#include "addressbook/dlgSMSGroupSub.h"
+
+#include "addressbook/MemberStatements.h"
+#include "addressbook/ModFuncPublic.h"
+#include "runtime/Desktop.h"
+#include "runtime/RuntimeError.h"
+#include "runtime/Text.h"
+#include "services/ScreenBusy.h"
+#include "store/DBConnect.h"
+#include "toolkit/ComboBox.h"
+#include "toolkit/Controls.h"
+#include "toolkit/Naming.h"
+#include "toolkit/TextBox.h"
+#include "toolkit/Theme.h"
+
+#include <QGridLayout>
+#include <QVBoxLayout>
+
+namespace tsms {
+
+namespace {
+
+enum Field : int { NameBox, PhoneBox };
+
+constexpr int NameLimit = 40;      // bytes
+constexpr int PhoneLimit = 15;     // bytes
+constexpr int LeastBoxWidth = 260; // the longest group name fits
+
+DialogFrame Frame()
+{
+    DialogFrame frame;
+    frame.name = QStringLiteral("dlgSMSGroupSub");
+    frame.caption = QStringLiteral("구성원 등록");
+    frame.title = frame.caption;
+    frame.titleLabel = QStringLiteral("lblTitle1(1)");
+    frame.note = QStringLiteral("그룹에 소속된 발송대상을 설정합니다.");
+    frame.noteLabel = QStringLiteral("lblTitle1(0)");
+    frame.buttons = {QStringLiteral("저장(F12)"), QStringLiteral("취소(ESC)")};
+    frame.arrowsWalk = true;
+    return frame;
+}
+
+} // namespace
+
+dlgSMSGroupSub::dlgSMSGroupSub(Services& services, std::function<void()> reload, QWidget* owner)
+    : DialogForm(services.session, services.desktop, Frame(), owner),
+      services_(services),
+      textHelper_(services.desktop),
+      reload_(std::move(reload))
+{
+    BuildFields();
+    LoadGroups();
+}
+
+void dlgSMSGroupSub::BuildFields()
+{
+    auto* rows = new QGridLayout;
+    rows->setHorizontalSpacing(10);
+    rows->setVerticalSpacing(8);
+    rows->setColumnStretch(1, 1);
+    rows->setColumnMinimumWidth(1, LeastBoxWidth);
+    group_ = new ComboBox(&Body(), QStringLiteral("CbGroup"));
+    group_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon); // whatever the names
+    group_->OnKeyPress = [this](char16_t& key) { textHelper_.NextFieldOnEnter(key, *boxes_[NameBox]); };
+    rows->addWidget(new Label(&Body(), QStringLiteral("Label2"), QStringLiteral("그룹명칭 :")), 0, 0);
+    rows->addWidget(group_, 0, 1);
+    BuildBox(NameBox, QStringLiteral("성    명 :"), *rows);
+    BuildBox(PhoneBox, QStringLiteral("휴대번호 :"), *rows);
+    boxes_[NameBox]->SetImeMode(ImeMode::Hangul);
+    boxes_[PhoneBox]->SetImeMode(ImeMode::Latin);
+    BodyLayout().addLayout(rows);
+}
+
+void dlgSMSGroupSub::BuildBox(int index, const QString& caption, QGridLayout& rows)
+{
+    const auto slot = static_cast<std::size_t>(index);
+    captions_[slot] = new Label(&Body(), IndexedName(u"lblTitle", index), caption);
+    auto* backing = new FieldPanel(&Body(), IndexedName(u"PLtxtBack", index));
+    boxes_[slot] = new TextBox(backing, IndexedName(u"txtGroupSub", index));
+    boxes_[slot]->SetBackColor(theme::White);
+    boxes_[slot]->OnChange = [this, index] { BoxChange(index); };
+    boxes_[slot]->OnKeyPress = [this, index](char16_t& key) { BoxKeyPress(index, key); };
+    backing->Hold(*boxes_[slot]);
+    rows.addWidget(captions_[slot], index + 1, 0);
+    rows.addWidget(backing, index + 1, 1);
+}
+
+void dlgSMSGroupSub::LoadGroups()
+{
+    services_.db.ConnectWithRetry();
+    FillMemberGroupCombo(services_.db, *group_, QString());
+    services_.db.CloseDB();
+}
+
+void dlgSMSGroupSub::GetGroupSubData(const QString& code)
+{
+    WithHandler(
+        [&] {
+            services_.db.ConnectWithRetry();
+            if (services_.db.OpenRecordset(MemberByCode(code)) == Boolean::True)
+                ShowMember();
+            services_.db.CloseDB();
+        },
+        [this] { services_.db.ReportDBError(); });
+}
+
+void dlgSMSGroupSub::ShowMember()
+{
+    const Recordset& member = services_.db.Records();
+    boxes_[NameBox]->SetText(Trim(member.Field(u"GSubNm")));
+    boxes_[NameBox]->Tag = Trim(member.Field(u"GSubCd"));
+    boxes_[PhoneBox]->SetText(Trim(member.Field(u"GSPhone")));
+    const QString groupCode = Trim(member.Field(u"GroupCd"));
+    FillMemberGroupCombo(services_.db, *group_, groupCode);
+    if (groupCode.isEmpty())
+        group_->SetListIndex(group_->ListCount() - 1);
+}
+
+void dlgSMSGroupSub::BoxChange(int index)
+{
+    if (IsBusy())
+        return;
+    if (index == NameBox) {
+        textHelper_.LimitBytes(*boxes_[NameBox], NameLimit);
+        return;
+    }
+    textHelper_.GuardPhoneField(*boxes_[PhoneBox]);
+    textHelper_.LimitBytes(*boxes_[PhoneBox], PhoneLimit);
+}
+
+void dlgSMSGroupSub::BoxKeyPress(int index, char16_t& key)
+{
+    if (index == PhoneBox)
+        FilterNumberKey(key);
+    if (key != u'\r')
+        return;
+    if (index == NameBox) {
+        textHelper_.NextFieldOnEnter(key, *boxes_[PhoneBox]);
+        textHelper_.SelectField(*boxes_[PhoneBox]);
+    } else {
+        Button(0)->Click();
+    }
+    key = 0;
+}
+
+void dlgSMSGroupSub::OnButton(int index)
+{
+    if (index != 0)
+        Unload();
+    else
+        Save();
+}
+
+void dlgSMSGroupSub::Save()
+{
+    if (!FieldsPass())
+        return;
+    SetScreenBusy(services_, Boolean::True);
+    services_.db.ConnectWithRetry();
+    // A change is not looked at: two persons may come to bear one name.
+    if (AddMode == Boolean::True && IsTaken()) {
+        TellTaken();
+        return;
+    }
+    const Boolean saved = services_.db.ExecuteSQL(
+        AddMode == Boolean::True ? InsertMember(Typed()) : UpdateMember(boxes_[NameBox]->Tag, Typed()));
+    services_.db.CloseDB();
+    SetScreenBusy(services_, Boolean::False);
+    if (saved != Boolean::True)
+        return;
+    TellSaved();
+    Unload();
+    reload_();
+}
+
+bool dlgSMSGroupSub::FieldsPass()
+{
+    for (const int index : {NameBox, PhoneBox}) {
+        const auto slot = static_cast<std::size_t>(index);
+        if (!textHelper_.RequireText(*boxes_[slot], Trim(WithoutBlanks(captions_[slot]->Caption()))))
+            return false;
+    }
+    if (IsMemberNumber(boxes_[PhoneBox]->Text()))
+        return true;
+    services_.desktop.MsgBox(
+        QStringLiteral("잘못된 전화번호 형식 : 올바른 휴대전화 번호를 입력하여 주십시오."), MsgBoxCritical,
+        QStringLiteral("하위 발송대상"));
+    boxes_[PhoneBox]->SetFocus();
+    return false;
+}
+
+MemberFields dlgSMSGroupSub::Typed() const
+{
+    return {group_->SelectedData(), boxes_[NameBox]->Text(), boxes_[PhoneBox]->Text()};
+}
+
+/// A query that fails does not hold the insert up.
+bool dlgSMSGroupSub::IsTaken()
+{
+    return services_.db.OpenRecordset(MembersNamed(boxes_[NameBox]->Text())) == Boolean::True &&
+           services_.db.Records().RecordCount() > 0;
+}
+
+void dlgSMSGroupSub::TellTaken()
+{
+    services_.desktop.MsgBox(QStringLiteral("이미 등록된 성명입니다. 확인하여 주십시오.!"), MsgBoxCritical,
+                             QStringLiteral("기 등록된 성명"));
+    services_.db.CloseDB();
+    SetScreenBusy(services_, Boolean::False);
+    boxes_[NameBox]->SetFocus();
+}
+
+void dlgSMSGroupSub::TellSaved()
+{
+    services_.desktop.MsgBox(AddMode == Boolean::True
+                                 ? QStringLiteral("정상적으로 하위 발송대상을 등록 하였습니다.")
+                                 : QStringLiteral("정상적으로 하위 발송대상을 수정 하였습니다."),
+                             MsgBoxInformation, QStringLiteral("발송대상"));
+}
+
+} // namespace tsms
