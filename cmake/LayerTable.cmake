@@ -9,7 +9,7 @@ set(TSMS_LAYERS
   "services: runtime session store gateway"
   "toolkit: runtime session"
   "compose: runtime session store gateway services toolkit"
-  "addressbook: runtime session store gateway services toolkit"
+  "addressbook: runtime session store gateway services spreadsheet toolkit"
   "templates: runtime session store services toolkit"
   "history: runtime session store gateway services spreadsheet toolkit compose"
   "account: runtime session store services toolkit"

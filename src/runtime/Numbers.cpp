@@ -6,6 +6,7 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -151,7 +152,14 @@ Counter16& Counter16::operator++()
 
 QString TwoDigits(int n)
 {
-    return (QStringLiteral("00") + QString::number(n)).right(2);
+    // Rows are numbered by the ten thousand: their texts are shared.
+    static const std::array<QString, 100> texts = [] {
+        std::array<QString, 100> made;
+        for (int i = 0; i < 100; ++i)
+            made[static_cast<std::size_t>(i)] = QStringLiteral("%1").arg(i, 2, 10, QChar(u'0'));
+        return made;
+    }();
+    return texts[static_cast<std::size_t>(n % 100)];
 }
 
 } // namespace tsms

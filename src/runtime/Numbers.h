@@ -49,7 +49,7 @@ private:
     std::int16_t value_;
 };
 
-/// The last two characters of "00" followed by the decimal `n`: the running number of a list row.
+/// The last two characters of "00" followed by the decimal `n`, from 0: the running number of a list row.
 QString TwoDigits(int n);
 
 } // namespace tsms

@@ -27,6 +27,8 @@ QString StandardWords(long number)
         return QStringLiteral("경로를 찾을 수 없습니다.");
     case ObjectNotSet:
         return QStringLiteral("개체 변수가 설정되지 않았습니다.");
+    case InvalidFileFormat:
+        return QStringLiteral("파일 형식이 잘못되었습니다.");
     case InvalidPropertyValue:
         return QStringLiteral("속성 값이 잘못되었습니다.");
     case InvalidPropertyArrayIndex:

@@ -20,6 +20,7 @@ enum ErrorNumber : long {
     PathFileAccess = 75,
     PathNotFound = 76,
     ObjectNotSet = 91,
+    InvalidFileFormat = 321,
     InvalidPropertyValue = 380,
     InvalidPropertyArrayIndex = 381,
     AutomationError = 440,

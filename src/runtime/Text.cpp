@@ -20,6 +20,12 @@ QString Trim(QStringView text)
     return Trimmed(text).toString();
 }
 
+QString Trim(const QString& text)
+{
+    const QStringView trimmed = Trimmed(text);
+    return trimmed.size() == text.size() ? text : trimmed.toString();
+}
+
 bool IsBlank(QStringView text)
 {
     return Trimmed(text).isEmpty();

@@ -1,0 +1,135 @@
+#include "spreadsheet/ReadBiff.h"
+
+#include "spreadsheet/Demand.h"
+
+#include <QtEndian>
+
+#include <algorithm>
+#include <bit>
+
+namespace tsms {
+
+namespace {
+
+enum TextFlag : quint8 { Wide = 0x01, HasExtension = 0x04, HasRuns = 0x08 };
+
+/// As many characters as the present record holds of `most`.
+void AppendCharacters(QString& text, BiffReader& reader, qsizetype most, bool wide)
+{
+    const qsizetype size = wide ? 2 : 1;
+    const qsizetype count = std::min(most, reader.Left() / size);
+    const QByteArrayView bytes = reader.Bytes(count * size);
+    if (!wide) {
+        text += QLatin1StringView(bytes);
+        return;
+    }
+    const qsizetype before = text.size();
+    text.resize(before + count);
+    qFromLittleEndian<char16_t>(bytes.data(), count, text.data() + before);
+}
+
+/// Where the present record ends in the middle of something, on to the part in the next one.
+void SkipOver(BiffReader& reader, qint64 size)
+{
+    while (size > reader.Left()) {
+        size -= reader.Left();
+        Demand(reader.NextPart());
+    }
+    reader.Skip(static_cast<qsizetype>(size));
+}
+
+void AppendText(QString& text, BiffReader& reader, int length, quint8 flags)
+{
+    text.reserve(length);
+    AppendCharacters(text, reader, length, flags & Wide);
+    while (text.size() < length) {
+        Demand(reader.Left() == 0 && reader.NextPart()); // half a character never stands at an edge
+        const bool wide = reader.U8() & Wide;            // each part has flags of its own
+        AppendCharacters(text, reader, length - text.size(), wide);
+    }
+}
+
+} // namespace
+
+void BiffReader::MoveTo(quint32 position)
+{
+    Demand(position < stream_.size());
+    end_ = position;
+    content_ = {};
+    at_ = 0;
+}
+
+void BiffReader::Next()
+{
+    Demand(HasHead());
+    const char* head = stream_.data() + end_;
+    const qsizetype size = qFromLittleEndian<quint16>(head + 2);
+    Demand(size <= stream_.size() - end_ - HeadBytes);
+    record_ = static_cast<ReadRecord>(qFromLittleEndian<quint16>(head));
+    content_ = stream_.sliced(end_ + HeadBytes, size);
+    end_ += HeadBytes + size;
+    at_ = 0;
+}
+
+bool BiffReader::NextPart()
+{
+    const bool continues =
+        HasHead() && qFromLittleEndian<quint16>(stream_.data() + end_) == quint16(ReadRecord::Continue);
+    if (continues)
+        Next();
+    return continues;
+}
+
+template <class Value> Value BiffReader::Take()
+{
+    return qFromLittleEndian<Value>(Bytes(sizeof(Value)).data());
+}
+
+quint8 BiffReader::U8()
+{
+    return Take<quint8>();
+}
+
+quint16 BiffReader::U16()
+{
+    return Take<quint16>();
+}
+
+quint32 BiffReader::U32()
+{
+    return Take<quint32>();
+}
+
+double BiffReader::F64()
+{
+    return std::bit_cast<double>(Take<quint64>());
+}
+
+QByteArrayView BiffReader::Bytes(qsizetype size)
+{
+    Demand(size <= Left());
+    const QByteArrayView bytes = content_.sliced(at_, size);
+    at_ += size;
+    return bytes;
+}
+
+QString ReadUnicodeText(BiffReader& reader, int length)
+{
+    QString text;
+    AppendText(text, reader, length, reader.U8());
+    return text;
+}
+
+QString ReadRichText(BiffReader& reader)
+{
+    const int length = reader.U16();
+    const quint8 flags = reader.U8();
+    const qint64 runs = flags & HasRuns ? reader.U16() : 0;
+    const qint64 extension = flags & HasExtension ? reader.U32() : 0;
+    QString text;
+    AppendText(text, reader, length, flags);
+    SkipOver(reader, 4 * runs + extension);
+    return text;
+}
+
+} // namespace tsms

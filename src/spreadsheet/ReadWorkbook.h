@@ -1,0 +1,32 @@
+#pragma once
+
+#include "runtime/CellSource.h"
+
+#include <QByteArray>
+#include <QStringList>
+
+#include <memory>
+
+class QIODevice;
+
+namespace tsms {
+
+/// What the program takes from a workbook.
+struct WorkbookTexts
+{
+    QStringList
+        sheets; ///< the names of its worksheets, in their order, hidden ones too; no charts, no macros
+    std::shared_ptr<const CellSource> firstSheet; ///< null when there is none
+};
+
+/// Reads a workbook of the old binary formats (BIFF8, and BIFF5 in code page 949; the public documents
+/// [MS-XLS] and [MS-CFB]), of its first worksheet the first columns, as a person sees them in the cells.
+///
+/// The file may be anything. Raises 321 for one that is no such workbook, is damaged or cut off, wants a
+/// password, or is beyond all measure, and takes neither long nor much memory to find out.
+WorkbookTexts ReadWorkbook(QIODevice& file, int columns);
+
+/// The same with the stream of a workbook, as it stands in its compound file.
+WorkbookTexts ReadWorkbookStream(const QByteArray& stream, int columns);
+
+} // namespace tsms

@@ -1,0 +1,157 @@
+#include "spreadsheet/ReadWorkbookTables.h"
+
+#include "runtime/CodePage949.h"
+#include "runtime/RuntimeError.h"
+#include "spreadsheet/Demand.h"
+
+#include <limits>
+#include <map>
+
+namespace tsms {
+
+namespace {
+
+constexpr std::size_t MostWorksheets = std::numeric_limits<qint16>::max(); // their count has 16 bits
+constexpr quint32 MostStrings = 1 << 20;
+constexpr std::size_t MostCellFormats = 8192; // spreadsheets make half of them at most
+
+class TablesReader
+{
+public:
+    explicit TablesReader(BiffReader& reader) : reader_(reader) {}
+
+    WorkbookTables Read()
+    {
+        tables_.version = ReadPartHead(reader_, ReadPart::Globals);
+        for (reader_.Next(); reader_.Record() != ReadRecord::Eof; reader_.Next())
+            ReadOne();
+        AddFormats();
+        return std::move(tables_);
+    }
+
+private:
+    bool IsBiff8() const { return tables_.version == BiffVersion::Biff8; }
+
+    void ReadOne()
+    {
+        switch (reader_.Record()) {
+        case ReadRecord::FilePass:
+            throw RuntimeError(InvalidFileFormat); // all that follows is encrypted
+        case ReadRecord::CodePage:
+            tables_.codePage = reader_.U16();
+            break;
+        case ReadRecord::Date1904:
+            tables_.firstDay = reader_.U16() == 0 ? FirstDay::Of1900 : FirstDay::Of1904;
+            break;
+        case ReadRecord::BoundSheet:
+            ReadSheet();
+            break;
+        case ReadRecord::SST:
+            ReadStrings();
+            break;
+        case ReadRecord::Format:
+            ReadFormat();
+            break;
+        case ReadRecord::XF:
+            ReadCellFormat();
+            break;
+        default:
+            break;
+        }
+    }
+
+    /// [MS-XLS] 2.4.28
+    void ReadSheet()
+    {
+        constexpr quint8 worksheet = 0;
+        SheetPlace sheet;
+        sheet.position = reader_.U32();
+        reader_.Skip(1); // whether it is hidden
+        const quint8 kind = reader_.U8();
+        const quint8 length = reader_.U8();
+        sheet.name = IsBiff8() ? ReadUnicodeText(reader_, length) : tables_.ByteText(reader_.Bytes(length));
+        if (kind != worksheet)
+            return;
+        Demand(tables_.worksheets.size() < MostWorksheets);
+        tables_.worksheets.push_back(std::move(sheet));
+    }
+
+    /// [MS-XLS] 2.4.265
+    void ReadStrings()
+    {
+        reader_.Skip(4); // how often they are used
+        const quint32 count = reader_.U32();
+        Demand(count <= MostStrings);
+        tables_.strings.reserve(count);
+        for (quint32 i = 0; i < count; ++i) {
+            if (reader_.Left() == 0)
+                Demand(reader_.NextPart());
+            tables_.strings.push_back(ReadRichText(reader_));
+        }
+    }
+
+    /// [MS-XLS] 2.4.353
+    void ReadCellFormat()
+    {
+        Demand(cellFormats_.size() < MostCellFormats);
+        reader_.Skip(2); // the font
+        cellFormats_.push_back(reader_.U16());
+    }
+
+    /// [MS-XLS] 2.4.126
+    void ReadFormat()
+    {
+        const int number = reader_.U16();
+        codes_[number] = IsBiff8() ? ReadUnicodeText(reader_, reader_.U16())
+                                   : tables_.ByteText(reader_.Bytes(reader_.U8()));
+    }
+
+    /// What cells tell is not the number of a format but that of a record that names it.
+    void AddFormats()
+    {
+        for (const int number : cellFormats_) {
+            const auto code = codes_.find(number);
+            tables_.formats.emplace_back(code != codes_.end() ? code->second
+                                                              : XlsNumberFormat::BuiltInCode(number));
+        }
+    }
+
+    BiffReader& reader_;
+    WorkbookTables tables_;
+    std::map<int, QString> codes_;
+    std::vector<int> cellFormats_;
+};
+
+} // namespace
+
+QString WorkbookTables::ByteText(QByteArrayView bytes) const
+{
+    constexpr quint16 western = 1252;
+    constexpr quint16 westernInBiff5 = 0x8001;
+    if (codePage == western || codePage == westernInBiff5)
+        return QString::fromLatin1(bytes);
+    return FromCodePage949(bytes.toByteArray());
+}
+
+QString WorkbookTables::Shown(double number, quint16 format) const
+{
+    static const XlsNumberFormat general;
+    return (format < formats.size() ? formats[format] : general).Shown(number, firstDay);
+}
+
+BiffVersion ReadPartHead(BiffReader& reader, ReadPart part)
+{
+    reader.Next();
+    Demand(reader.Record() == ReadRecord::BOF);
+    const auto version = static_cast<BiffVersion>(reader.U16());
+    Demand(version == BiffVersion::Biff5 || version == BiffVersion::Biff8);
+    Demand(static_cast<ReadPart>(reader.U16()) == part);
+    return version;
+}
+
+WorkbookTables ReadWorkbookTables(BiffReader& reader)
+{
+    return TablesReader(reader).Read();
+}
+
+} // namespace tsms

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "spreadsheet/ReadBiff.h"
+#include "spreadsheet/XlsNumberFormat.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace tsms {
+
+/// What a part of a workbook's stream is: [MS-XLS] 2.4.21.
+enum class ReadPart : quint16 { Globals = 0x0005, Worksheet = 0x0010 };
+
+/// A worksheet, and where in the workbook's stream its records begin.
+struct SheetPlace
+{
+    QString name;
+    quint32 position = 0;
+};
+
+/// What a workbook says ahead of its sheets.
+struct WorkbookTables
+{
+    BiffVersion version = BiffVersion::Biff8;
+    quint16 codePage = 0;                 ///< of texts in bytes
+    FirstDay firstDay = FirstDay::Of1900; ///< of dates
+    std::vector<SheetPlace> worksheets;   ///< in their order, hidden ones too; charts and macros are none
+    std::vector<QString> strings;         ///< which cells share
+    std::vector<XlsNumberFormat> formats; ///< of cells, by the number that a cell tells
+
+    /// A text in bytes, as BIFF5 has them. Those of code page 1252 read as Latin-1, all others as 949: what
+    /// Korean programs write, also those that tell nothing.
+    QString ByteText(QByteArrayView bytes) const;
+
+    /// What a cell of that format shows.
+    QString Shown(double number, quint16 format) const;
+};
+
+/// Moves on to the record that begins a part, and answers its version. Raises 321 when it begins another one.
+BiffVersion ReadPartHead(BiffReader& reader, ReadPart part);
+
+/// Reads the globals at the beginning of a workbook: [MS-XLS] 2.1.7.20.3. Raises 321 where they are damaged,
+/// for a workbook that wants a password, and for tables beyond all measure.
+WorkbookTables ReadWorkbookTables(BiffReader& reader);
+
+} // namespace tsms

@@ -1,0 +1,164 @@
+#include "spreadsheet/XlsNumberFormat.h"
+#include "support/Words.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+using namespace tsms;
+using namespace tsms::test;
+
+namespace {
+
+struct Case
+{
+    const char16_t* code;
+    double value;
+    QString shown;
+};
+
+void ExpectShown(const std::vector<Case>& cases)
+{
+    for (const Case& each : cases)
+        EXPECT_EQ(XlsNumberFormat(each.code).Shown(each.value), each.shown)
+            << QStringView(each.code).toString().toStdString() << " of " << each.value;
+}
+
+TEST(XlsNumberFormat, LeadingZerosShow)
+{
+    ExpectShown({{u"00000000000", 1012345678, u"01012345678"_q},
+                 {u"000", 7, u"007"_q},
+                 {u"000", 0, u"000"_q},
+                 {u"0#########", 1012345678, u"1012345678"_q}, // only as many as there are signs
+                 {u"000", 12345, u"12345"_q}});
+}
+
+TEST(XlsNumberFormat, HyphensStandBetweenTheDigits)
+{
+    ExpectShown({{u"000-0000-0000", 1012345678, u"010-1234-5678"_q},
+                 {u"000-000-0000", 111234567, u"011-123-4567"_q},
+                 {u"0##-####-####", 1012345678, u"010-1234-5678"_q},
+                 {u"000\\-0000\\-0000", 1012345678, u"010-1234-5678"_q},
+                 {u"000\"-\"0000\"-\"0000", 1012345678, u"010-1234-5678"_q},
+                 {u"(000) 0000-0000", 1012345678, u"(010) 1234-5678"_q},
+                 {u"000.0000", 10.5, u"010.5000"_q},
+                 {u"000-0000-0000", 821012345678, u"8210-1234-5678"_q}}); // the first sign takes the rest
+}
+
+TEST(XlsNumberFormat, AConditionChoosesTheSection)
+{
+    const char16_t* code = u"[<=9999999]###-####;(0##) ###-####";
+    ExpectShown({{code, 1234567, u"123-4567"_q},
+                 {code, 21234567, u"(02) 123-4567"_q},
+                 {code, 311234567, u"(031) 123-4567"_q},
+                 {u"[>100]\"many\";[=7]\"seven\";0", 101, u"many"_q},
+                 {u"[>100]\"many\";[=7]\"seven\";0", 7, u"seven"_q},
+                 {u"[>100]\"many\";[=7]\"seven\";0", 8, u"8"_q},
+                 {u"[<>1]\"other\"", 1, u"1"_q}}); // no section takes it
+}
+
+TEST(XlsNumberFormat, GeneralShowsAWholeNumberWithAllItsDigits)
+{
+    for (const char16_t* code : {u"General", u"GENERAL", u"G/표준", u"@", u""})
+        ExpectShown({{code, 1012345678, u"1012345678"_q},
+                     {code, 821012345678, u"821012345678"_q},
+                     {code, 0, u"0"_q},
+                     {code, -0.0, u"0"_q},
+                     {code, -5, u"-5"_q},
+                     {code, 0.1, u"0.1"_q},
+                     {code, 1e20, u"1E+20"_q}});
+    ExpectShown({{u"General\"명\"", 12, u"12명"_q}});
+}
+
+TEST(XlsNumberFormat, DecimalsGroupsAndPercents)
+{
+    ExpectShown({{u"0.00", 1.005, u"1.00"_q},
+                 {u"0.00", 3.14159, u"3.14"_q},
+                 {u"0.##", 1.5, u"1.5"_q},
+                 {u"0.0?", 1.5, u"1.5 "_q},
+                 {u".00", 0.25, u".25"_q},
+                 {u".00", 12.25, u"12.25"_q},
+                 {u"#,##0", 1234567, u"1,234,567"_q},
+                 {u"#,##0", 0, u"0"_q},
+                 {u"#,###", 0, u""_q},
+                 {u"000,000", 12, u"000,012"_q},
+                 {u"#,##0.0", 1234.56, u"1,234.6"_q},
+                 {u"0,", 1234567, u"1235"_q},
+                 {u"0,,", 1234567, u"1"_q},
+                 {u"0%", 0.25, u"25%"_q},
+                 {u"0.0%", 0.256, u"25.6%"_q},
+                 {u"??0", 5, u"  5"_q}});
+}
+
+TEST(XlsNumberFormat, NegativeNumbersAndZeroMayHaveSectionsOfTheirOwn)
+{
+    ExpectShown({{u"0", -5, u"-5"_q},
+                 {u"0;(0)", -5, u"(5)"_q},
+                 {u"0;(0)", 0, u"0"_q},
+                 {u"0;-0;\"none\"", 0, u"none"_q},
+                 {u"0;-0;\"none\"", -5, u"-5"_q},
+                 {u"0;-0;\"none\";@", 5, u"5"_q},
+                 {u";;;", 5, u""_q}}); // hidden from a person as well
+}
+
+TEST(XlsNumberFormat, WhatOnlyAdornsDoesNotShow)
+{
+    ExpectShown({{u"[Red]0", 5, u"5"_q},
+                 {u"[$-412]0", 5, u"5"_q},
+                 {u"[$₩-412]#,##0", 5000, u"₩5,000"_q},
+                 {u"* 0_)", 5, u"5 "_q},
+                 {u"\"전화 \"000", 7, u"전화 007"_q}});
+}
+
+TEST(XlsNumberFormat, DatesAndTimesComeOutInOneForm)
+{
+    ExpectShown({{u"yyyy\"년\" m\"월\" d\"일\"", 41059, u"2012-05-30"_q},
+                 {u"m/d/yy", 41059, u"2012-05-30"_q},
+                 {u"[$-412]yyyy-mm-dd hh:mm", 41059.5, u"2012-05-30 12:00:00"_q},
+                 {u"h:mm AM/PM", 0.75, u"18:00:00"_q},
+                 {u"mm:ss", 0.5, u"12:00:00"_q},
+                 {u"[h]:mm", 0.25, u"06:00:00"_q},
+                 {u"yyyy-mm-dd", 59, u"1900-02-28"_q},
+                 {u"yyyy-mm-dd", 61, u"1900-03-01"_q},
+                 {u"yyyy-mm-dd", 2958465, u"9999-12-31"_q},
+                 {u"yyyy-mm-dd", -1, u"-1"_q},
+                 {u"yyyy-mm-dd", 1e300, u"1E+300"_q}});
+    EXPECT_EQ(XlsNumberFormat(u"yyyy-mm-dd").Shown(0, FirstDay::Of1904), u"1904-01-01"_q);
+}
+
+TEST(XlsNumberFormat, FractionsAndExponentsAreShownInFull)
+{
+    ExpectShown({{u"# ?/?", 0.5, u"0.5"_q}, {u"0.00E+00", 1012345678, u"1012345678"_q}});
+}
+
+TEST(XlsNumberFormat, FormatsThatNeedNoCodeAreKnown)
+{
+    EXPECT_EQ(XlsNumberFormat(XlsNumberFormat::BuiltInCode(0)).Shown(1012345678), u"1012345678"_q);
+    EXPECT_EQ(XlsNumberFormat(XlsNumberFormat::BuiltInCode(3)).Shown(1012345678), u"1,012,345,678"_q);
+    EXPECT_EQ(XlsNumberFormat(XlsNumberFormat::BuiltInCode(14)).Shown(41059), u"2012-05-30"_q);
+    EXPECT_EQ(XlsNumberFormat(XlsNumberFormat::BuiltInCode(49)).Shown(1012345678), u"1012345678"_q);
+    EXPECT_EQ(XlsNumberFormat(XlsNumberFormat::BuiltInCode(4711)).Shown(5), u"5"_q);
+}
+
+TEST(XlsNumberFormat, WhatIsNoNumberSaysSo)
+{
+    EXPECT_EQ(XlsNumberFormat(u"0").Shown(std::nan("")), u"#NUM!"_q);
+    EXPECT_EQ(XlsNumberFormat(u"0").Shown(std::numeric_limits<double>::infinity()), u"#NUM!"_q);
+}
+
+TEST(XlsNumberFormat, BrokenCodesEndSomewhere)
+{
+    for (const QString& code : {u"\""_q, u"\\"_q, u"["_q, u"[<"_q, u"[<=x]0"_q, u"_"_q, u"*"_q, u";;;;;;"_q,
+                                u","_q, u"0,,,,,,,,,,,,,,,,"_q, u"%%%%0"_q, u"."_q, u"0..0"_q, u"[$"_q,
+                                QString(255, u'%') + u"0"_q, QString(255, u'['), QString(255, u'?')})
+        EXPECT_LE(XlsNumberFormat(code).Shown(1012345678).size(), 1000) << code.toStdString();
+}
+
+TEST(XlsNumberFormat, ACodeLongerThanAnyIsGeneral)
+{
+    EXPECT_EQ(XlsNumberFormat(QString(255, u'0')).Shown(1).size(), 255);
+    EXPECT_EQ(XlsNumberFormat(QString(256, u'0')).Shown(1), u"1"_q);
+}
+
+} // namespace
