@@ -28,7 +28,7 @@ int main(int argc, char** argv)
     Session session;
     DBConnect db(session, desktop, MakeConnections(clock));
     ModSMS sms(session, db, desktop, clock, GatewayDescriptionUrl(QStringLiteral(TSMS_GATEWAY_URL)));
-    Services services{session, desktop, clock, db, sms};
+    Services services{session, desktop, clock, db, sms, Application::applicationDirPath()};
 
     const Launch launch = Main(command, services);
     return launch.form ? Application::exec() : launch.exitStatus;

@@ -1,13 +1,6 @@
 #include "addressbook/ChosenNumbers.h"
 
-#include "runtime/Text.h"
-
 namespace tsms {
-
-QString ComparedNumber(QStringView number)
-{
-    return Trim(number).remove(u'-').remove(u'/').remove(u'.');
-}
 
 QList<BookPerson> TakeUnchosen(const QList<BookPerson>& members, ChosenNumbers& chosen)
 {

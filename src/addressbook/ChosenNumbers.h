@@ -1,5 +1,7 @@
 #pragma once
 
+#include "addressbook/ComparedNumber.h"
+
 #include <QList>
 #include <QSet>
 #include <QString>
@@ -14,9 +16,6 @@ struct BookPerson
     QString name;
     QString phone;
 };
-
-/// The form in which two numbers are the same or not: trimmed, then without any "-", "/" and ".".
-QString ComparedNumber(QStringView number);
 
 /// The numbers that stand in the chosen list, by their compared form, so that looking for one costs the same
 /// however long the list is. Only rows on view count, and no two of these ever hold the same number.

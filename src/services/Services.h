@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 namespace tsms {
 
 class Clock;
@@ -16,6 +18,7 @@ struct Services
     const Clock& clock;
     DBConnect& db;
     ModSMS& sms;
+    QString applicationPath{}; ///< the folder of the program, without a separator at its end
 };
 
 } // namespace tsms

@@ -3,9 +3,13 @@
 #include "account/AccountPage.h"
 #include "account/dlgSMSSetup.h"
 #include "addressbook/dlgSMSGroupSelect.h"
+#include "addressbook/GridRecipientSheet.h"
+#include "addressbook/MakeSMSExcel.h"
+#include "addressbook/UserSMSFileRead.h"
 #include "compose/ComposeBoxes.h"
 #include "compose/ComposePage.h"
 #include "compose/MakeSMSTransport.h"
+#include "compose/ModStep1.h"
 #include "compose/TemplateEditor.h"
 #include "gateway/ModSMS.h"
 #include "history/HistoryPage.h"
@@ -15,7 +19,6 @@
 #include "runtime/Text.h"
 #include "services/Services.h"
 #include "session/Session.h"
-#include "shell/ComingDialog.h"
 #include "shell/Version.h"
 #include "store/DBConnect.h"
 #include "templates/TemplateCache.h"
@@ -138,7 +141,7 @@ void frmSMSMain::BuildPages()
         services_,
         {[this] { BtnWindowsClick(2); },
          [this] { dlgSMSGroupSelect(services_, compose_->RecipientGrid(), this).ShowModal(); },
-         [this] { ShowComingDialog(services_, ComingDialog::Import, this); }},
+         [this] { ShowImport(); }},
         [this](QWidget* page) {
             return cards_ = new TemplateCards(services_, TemplateCards::ComposeSide, page);
         },
@@ -219,7 +222,14 @@ void frmSMSMain::FirstActivation()
     SetBusy(Boolean::True);
     ShowVersion();
     picker_->Enter();
+    ReadRecipients();
     SetBusy(Boolean::False);
+}
+
+void frmSMSMain::ReadRecipients()
+{
+    GridRecipientSheet recipients(compose_->RecipientGrid());
+    ReadRecipientFile(services_.applicationPath, recipients, services_.session, services_.desktop);
 }
 
 /// A template into the message; the counter beside it keeps its number until the next key.
@@ -299,6 +309,11 @@ void frmSMSMain::BtnToolbarEnClick(int index)
 void frmSMSMain::ShowSettings()
 {
     dlgSMSSetup(services_, this).ShowModal();
+}
+
+void frmSMSMain::ShowImport()
+{
+    MakeSMSExcel(services_, {compose_->RecipientGrid(), InitRecipientGrid}, this).ShowModal();
 }
 
 void frmSMSMain::BtnWindowsClick(int index)

@@ -54,10 +54,12 @@ private:
     void EnterPage(int index);
     void CancelSent(const SentRows& rows, std::int32_t count);
     void FirstActivation();
+    void ReadRecipients();
     void TakeTemplate(int card);
     void ShowBalance();
     void ShowVersion();
     void ShowSettings();
+    void ShowImport();
 
     Services& services_;
     Panel* ground_ = nullptr;                          // PictBg

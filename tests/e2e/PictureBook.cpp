@@ -16,6 +16,7 @@
 #include "support/FixedClock.h"
 #include "support/gateway/TestGateway.h"
 #include "support/program/Hands.h"
+#include "support/spreadsheet/WorkbookMaker.h"
 #include "support/Words.h"
 #include "toolkit/Application.h"
 #include "toolkit/ComboBox.h"
@@ -58,10 +59,10 @@ public:
     void Details();
     void ComposeCards();
     void EditorCards();
-    void Frames();
     void SettingsWork();
     void ChargeWork();
     void AddressBook();
+    void Import();
     void PreflightBoxes();
     void AccountBoxes();
     void Dispatch();
@@ -116,6 +117,7 @@ private:
     void SetAccount(const QString& assignment) { database_.Execute(u"UPDATE SMSSetup SET "_q + assignment); }
 
     QDir folder_;
+    QDir home_; // the program's folder, always under the same name, since a picture shows it
     QStringList index_;
     FixedClock clock_;
     TestDatabase database_;
@@ -131,20 +133,23 @@ private:
 
 PictureBook::PictureBook(const QString& folder)
     : folder_(folder),
+      home_(QDir::temp().filePath(u"tsms/bin"_q)),
       database_(clock_),
       connections_(database_.Connections()),
       gateway_(clock_),
       desk_([this](QWidget& of, const QString& name) { Take(of, name); }),
       db_(session_, desk_, connections_.Maker()),
       sms_(session_, db_, desk_, clock_, gateway_.WsdlUrl()),
-      services_{session_, desk_, clock_, db_, sms_}
+      services_{session_, desk_, clock_, db_, sms_, home_.path()}
 {
+    home_.mkpath(u"."_q);
     FillDatabase();
 }
 
 PictureBook::~PictureBook()
 {
     End();
+    QDir(home_.filePath(u".."_q)).removeRecursively();
 }
 
 void PictureBook::FillDatabase()
@@ -380,18 +385,6 @@ void PictureBook::EditorCards()
     desk_.Await(u"box-template-deleted"_q);
     Click(u"BtnFuncDoc(2)"_q);
     desk_.ExpectNoneLeft();
-}
-
-void PictureBook::Frames()
-{
-    const auto see = [this](const QString& form, const QString& button, const QString& name) {
-        WhenShown(form, [this, name](QWidget& dialog) {
-            Take(dialog, name);
-            PressKey(dialog, Qt::Key_Escape);
-        });
-        Click(button);
-    };
-    see(u"MakeSMSExcel"_q, u"BtnFuncMain(1)"_q, u"import"_q);
 }
 
 void PictureBook::SettingsWork()
@@ -681,6 +674,27 @@ void PictureBook::InBookDialog(const QString& form, const std::function<void()>&
     open();
 }
 
+void PictureBook::Import()
+{
+    std::vector<std::vector<QString>> rows;
+    for (const QStringList& recipient : Recipients)
+        rows.push_back({recipient[0], recipient[1], u"봄 모임"_q});
+    desk_.fileToPick = QDir::cleanPath(home_.filePath(u"../회원 명단.xls"_q));
+    QFile file(desk_.fileToPick);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(WorkbookOf(rows));
+    file.close();
+    WhenShown(u"MakeSMSExcel"_q, [this](QWidget& dialog) {
+        Take(dialog, u"import"_q);
+        desk_.Await(u"box-imported"_q, AnswerOK, [this, &dialog] { Save(dialog, u"import-done"_q); });
+        ClickOn(On<QWidget>(dialog, u"cmdSearch"_q));
+    });
+    Click(u"BtnFuncMain(1)"_q);
+    desk_.ExpectNoneLeft();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(form_.get()));
+    Take(*form_, u"compose-imported"_q);
+}
+
 void PictureBook::PreflightBoxes()
 {
     EmptyComposePage();
@@ -842,10 +856,10 @@ int main(int argc, char** argv)
     book.History();
     book.Cancellation();
     book.Details();
-    book.Frames();
     book.SettingsWork();
     book.ChargeWork();
     book.AddressBook();
+    book.Import();
     book.PreflightBoxes();
     book.AccountBoxes();
     book.Dispatch();

@@ -27,11 +27,13 @@ public:
     /// Fails the run for each awaited box that has not come until now.
     void ExpectNoneLeft();
 
+    QString fileToPick; ///< what the file picker answers, without showing itself
+
     MsgBoxAnswer MsgBox(const QString& text, MsgBoxStyle style, const QString& title) override;
     void SetMousePointer(MousePointer pointer) override { desk_.SetMousePointer(pointer); }
     void OpenPage(const QString&) override {} ///< no browser on this desk
     void OpenDocument(const QString&) override {}
-    QString PickFile(const QString&, const QString&) override { return {}; }
+    QString PickFile(const QString&, const QString&) override { return fileToPick; }
     QString PickFolder(const QString&) override { return {}; }
 
 private:

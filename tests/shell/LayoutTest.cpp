@@ -470,4 +470,18 @@ TEST_F(AddressBookLayout, NothingIsCutOrOverlapsInTheDialogsOfGroupsAndMembers)
     });
 }
 
+TEST_F(Layout, NothingIsCutOrOverlapsInTheImportDialog)
+{
+    WhenShown(u"MakeSMSExcel"_q, [this](QWidget& dialog) {
+        ExpectGood(dialog, 18);
+        program.On<Label>(dialog, u"LblTotalCnt"_q).SetCaption(u"32767건"_q);
+        program.On<Label>(dialog, u"LblLoseCnt"_q).SetCaption(u"32767건"_q);
+        program.On<Label>(dialog, u"lblCountNm"_q)
+            .SetCaption(u"■ 엑셀데이터에 있는 휴대번호를 검증합니다....      총 : 65536, 현 : 65536"_q);
+        ExpectGood(dialog, 18);
+        PressKey(dialog, Qt::Key_Escape);
+    });
+    program.Click(u"BtnFuncMain(1)"_q);
+}
+
 } // namespace

@@ -256,22 +256,6 @@ TEST_F(MainWindow, EachEntryToTheAccountPageLaysItsGridsOutAnew)
     EXPECT_EQ(program.The<fpSpread>(u"fpSpreadCharge"_q).MaxCols(), 7);
 }
 
-TEST_F(MainWindow, FramesOfDialogsToComeReadAsTheyShould)
-{
-    const QList<QStringList> frames{{u"BtnFuncMain(1)"_q, u"MakeSMSExcel"_q, u"문자메시지 엑셀 가져오기"_q,
-                                     u"엑셀파일(*.xls)에 있는 데이터를 전송대상에 포함합니다."_q}};
-    for (const QStringList& frame : frames) {
-        WhenShown(frame[1], [&](QWidget& dialog) {
-            EXPECT_EQ(dialog.windowTitle(), frame[2]);
-            EXPECT_EQ(program.On<Label>(dialog, u"lblTitle1(1)"_q).Caption(), frame[2]);
-            EXPECT_EQ(program.On<Label>(dialog, u"lblTitle1(0)"_q).Caption(), frame[3]);
-            EXPECT_EQ(program.On<PushButton>(dialog, u"BtnFunc(1)"_q).Caption(), u"취소(ESC)"_q);
-            ClickOn(program.On<QWidget>(dialog, u"BtnFunc(1)"_q));
-        });
-        program.Click(frame[0]);
-    }
-}
-
 TEST_F(MainWindow, AClosingFromOutsideAsksTheSameQuestion)
 {
     program.desktop.Expect(ClosingQuestion(), AnswerNo);

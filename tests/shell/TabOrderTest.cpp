@@ -245,4 +245,15 @@ TEST_F(DispatchTabOrder, PassesWhatCannotBeUsedWithoutAReservation)
     });
 }
 
+TEST_F(TabOrder, TheImportDialogRunsFromTheSearchToItsButton)
+{
+    WhenShown(u"MakeSMSExcel"_q, [this](QWidget& dialog) {
+        EXPECT_TRUE(program.On<QWidget>(dialog, u"cmdSearch"_q).hasFocus());
+        const QStringList order{u"cmdSearch"_q, u"CbExcelSheet"_q, u"TEMPfpSpread"_q, u"BtnFunc(1)"_q};
+        EXPECT_EQ(Walk(program.On<QWidget>(dialog, u"cmdSearch"_q)), order);
+        PressKey(dialog, Qt::Key_Escape);
+    });
+    program.Click(u"BtnFuncMain(1)"_q);
+}
+
 } // namespace

@@ -49,8 +49,9 @@ void ScriptedDesktop::OpenDocument(const QString& path)
     documents += path;
 }
 
-QString ScriptedDesktop::PickFile(const QString&, const QString&)
+QString ScriptedDesktop::PickFile(const QString& title, const QString& filter)
 {
+    filePicks += title + QStringLiteral(" | ") + filter;
     return fileToPick;
 }
 

@@ -45,6 +45,7 @@ public:
     QStringList pages;            ///< all pages opened so far
     QStringList documents;        ///< all documents opened so far
     QList<MousePointer> pointers; ///< all settings of the screen's pointer so far
+    QStringList filePicks;        ///< all file pickers so far ("<title> | <filter>")
     QString fileToPick;           ///< what the file picker answers
     QString folderToPick;         ///< what the folder picker answers
     QStringList folderPrompts;    ///< what the folder picker was opened with so far

@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDir>
+#include <QFile>
 #include <QtTest/QTest>
 
 namespace tsms::test {
@@ -16,8 +18,9 @@ Program::Program()
       gateway(clock),
       db(session, desktop, connections.Maker()),
       sms(session, db, desktop, clock, gateway.WsdlUrl()),
-      services{session, desktop, clock, db, sms}
+      services{session, desktop, clock, db, sms, home.filePath(u"tsms"_q)}
 {
+    EXPECT_TRUE(QDir().mkpath(services.applicationPath));
     database.SetAccount();
 }
 
@@ -26,6 +29,13 @@ Program::~Program()
     // Destroyed without being asked: the closing question belongs to the tests that close the window.
     form.reset();
     QApplication::processEvents();
+}
+
+void Program::WriteFile(const QString& name, const QByteArray& content)
+{
+    QFile file(Path(name));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_EQ(file.write(content), content.size());
 }
 
 QString Program::LaunchLine() const

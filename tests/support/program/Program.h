@@ -14,6 +14,8 @@
 #include "toolkit/fpSpread.h"
 #include "toolkit/TextField.h"
 
+#include <QTemporaryDir>
+
 #include <memory>
 
 namespace tsms {
@@ -24,7 +26,8 @@ class PushButton;
 namespace tsms::test {
 
 /// The whole program in the test's process: a fresh embedded database with an open account, the simulated
-/// gateway, a desk that plays a script, a clock that stands at 14:07:09 on 30 May 2012.
+/// gateway, a desk that plays a script, a clock that stands at 14:07:09 on 30 May 2012, and an empty folder
+/// of its own.
 class Program
 {
 public:
@@ -62,6 +65,11 @@ public:
     int Balance() { return database.Value(u"SELECT SMSRemainCnt FROM SMSSetup"_q).toInt(); }
     int LogRows() { return database.Count(u"SMSLog_2012"_q); }
 
+    /// A file that is named from the program's folder, such as "../x" or "y".
+    QString Path(const QString& name) const { return services.applicationPath + u'/' + name; }
+    void WriteFile(const QString& name, const QByteArray& content);
+
+    QTemporaryDir home; ///< the program's folder is "tsms" in it
     FixedClock clock;
     TestDatabase database;
     FailingConnections connections;

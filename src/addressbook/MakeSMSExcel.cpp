@@ -1,0 +1,355 @@
+#include "addressbook/MakeSMSExcel.h"
+
+#include "addressbook/ImportRows.h"
+#include "addressbook/SheetOperations.h"
+#include "runtime/CellSource.h"
+#include "runtime/Desktop.h"
+#include "runtime/RuntimeError.h"
+#include "runtime/ScreenPace.h"
+#include "runtime/Text.h"
+#include "services/RecipientColumn.h"
+#include "services/ScreenBusy.h"
+#include "toolkit/ComboBox.h"
+#include "toolkit/Controls.h"
+#include "toolkit/fpSpread.h"
+#include "toolkit/GridHelper.h"
+#include "toolkit/Naming.h"
+#include "toolkit/Theme.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QPainter>
+#include <QScopeGuard>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace tsms {
+
+namespace {
+
+enum SheetColumnNumber : int { SheetName = 1, SheetPhone = 2, SheetThird = 3, SheetColumns = 3 };
+
+constexpr int RowsOnView = 6;
+
+DialogFrame Frame()
+{
+    DialogFrame frame;
+    frame.name = QStringLiteral("MakeSMSExcel");
+    frame.caption = QStringLiteral("문자메시지 엑셀 가져오기");
+    frame.title = frame.caption;
+    frame.titleLabel = QStringLiteral("lblTitle1(1)");
+    frame.note = QStringLiteral("엑셀파일(*.xls)에 있는 데이터를 전송대상에 포함합니다.");
+    frame.noteLabel = QStringLiteral("lblTitle1(0)");
+    frame.buttons = {QString(), QStringLiteral("취소(ESC)")};
+    frame.f12RunsButton0 = false;
+    return frame;
+}
+
+void InitImportGrid(fpSpread& grid)
+{
+    const GridHelper helper;
+    helper.PrepareGrid(grid);
+    grid.SetMaxCols(SheetColumns);
+    grid.SetMaxRows(0);
+    grid.SetRowHeight(0, 15);
+    grid.SetRowHeight(fpSpread::All, 14);
+    const std::pair<QString, double> columns[] = {{QStringLiteral("수신자명"), 15},
+                                                  {QStringLiteral("수신 휴대번호"), 15},
+                                                  {QStringLiteral("휴대번호 점검결과"), 34.5}};
+    int col = 0;
+    for (const auto& [title, width] : columns) {
+        ++col;
+        grid.SetText(col, 0, title);
+        grid.SetColWidth(col, width);
+    }
+}
+
+/// Room for all columns and some rows.
+void FixSize(fpSpread& grid)
+{
+    int width = 2 * grid.frameWidth() + grid.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    for (int col = 0; col < grid.MaxCols(); ++col)
+        width += grid.columnWidth(col);
+    const int rows =
+        grid.horizontalHeader()->height() + RowsOnView * grid.verticalHeader()->defaultSectionSize();
+    grid.setFixedSize(width, rows + 2 * grid.frameWidth());
+}
+
+/// A path on a ground of its own; one that is too long shows its beginning and its end.
+class PathLabel final : public Label
+{
+public:
+    PathLabel(QWidget* parent, const QString& name) : Label(parent, name)
+    {
+        SetBackColor(theme::Ground);
+        setContentsMargins(6, 4, 6, 4);
+        setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        painter.setPen(TextColor());
+        const QRect room = contentsRect();
+        painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                         fontMetrics().elidedText(text(), Qt::ElideMiddle, room.width()));
+    }
+};
+
+} // namespace
+
+MakeSMSExcel::MakeSMSExcel(Services& services, Target target, QWidget* owner)
+    : DialogForm(services.session, services.desktop, Frame(), owner),
+      services_(services),
+      target_(std::move(target))
+{
+    BuildFile();
+    BuildNotes();
+    BuildResult();
+    Load();
+}
+
+void MakeSMSExcel::BuildFile()
+{
+    auto* heading = new Label(&Body(), IndexedName(u"Label1", 0), QStringLiteral("엑셀파일 가져오기"));
+    heading->SetBold(true);
+    path_ = new PathLabel(&Body(), QStringLiteral("PlExcelPath"));
+    auto* search = new PushButton(&Body(), QStringLiteral("cmdSearch"), QStringLiteral("찾기"),
+                                  PushButton::Look::Primary);
+    search->OnClick = [this] { cmdSearchClick(); };
+    sheets_ = new ComboBox(&Body(), QStringLiteral("CbExcelSheet"));
+    sheets_->setMinimumContentsLength(14);
+    sheets_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(8);
+    row->addWidget(new Label(&Body(), IndexedName(u"Label1", 1), QStringLiteral("엑셀파일")));
+    row->addWidget(path_, 1);
+    row->addWidget(search);
+    row->addWidget(sheets_);
+    BodyLayout().addWidget(heading);
+    BodyLayout().addLayout(row);
+}
+
+void MakeSMSExcel::BuildNotes()
+{
+    const QStringList notes{
+        QStringLiteral("▒  엑셀파일(*.xls) 불러오기 양식 설정입니다."),
+        QStringLiteral("▒  A셀 : 이름, B셀 :  전화번호순으로 지정하셔야 합니다."),
+        QStringLiteral("▒  첫번째 행부터 가지고 옵니다. (제목 필요없음!)"),
+        QStringLiteral("▒  여러개의 Sheet일 경우 첫번째 Sheet를 가지고 옵니다."),
+        QStringLiteral("▒  최대 6만 6천건까지 엑셀파일 불러오기를 제공합니다."),
+    };
+    auto* panel = new Panel(&Body(), QStringLiteral("PlNotes"), Panel::Border::Line);
+    auto* column = new QVBoxLayout(panel);
+    column->setContentsMargins(12, 8, 12, 8);
+    column->setSpacing(3);
+    for (int i = 0; i < notes.size(); ++i) {
+        auto* note = new Label(panel, IndexedName(u"Label3", i), notes[i]);
+        note->SetTextColor(theme::Faint);
+        column->addWidget(note);
+    }
+    BodyLayout().addWidget(panel);
+}
+
+void MakeSMSExcel::BuildResult()
+{
+    auto* heading = new Label(&Body(), IndexedName(u"Label1", 2), QStringLiteral("처리결과"));
+    heading->SetBold(true);
+    sheet_ = Named(new fpSpread(&Body()), QStringLiteral("TEMPfpSpread"));
+    const auto makeCount = [this](const QString& name, const QColor& color) {
+        auto* count = new Label(&Body(), name, ImportCount(0));
+        count->SetTextColor(color);
+        count->SetBold(true);
+        return count;
+    };
+    goodCount_ = makeCount(QStringLiteral("LblTotalCnt"), theme::Accent);
+    loseCount_ = makeCount(QStringLiteral("LblLoseCnt"), theme::Warning);
+    auto* counts = new QHBoxLayout;
+    counts->setSpacing(8);
+    counts->addWidget(
+        new Label(&Body(), IndexedName(u"Label2", 0), QStringLiteral("정상 발송이 가능한 건수")));
+    counts->addWidget(goodCount_, 1);
+    counts->addWidget(
+        new Label(&Body(), IndexedName(u"Label2", 1), QStringLiteral("휴대번호 오류로 인한 누락건수")));
+    counts->addWidget(loseCount_, 1);
+    progress_ = new Label(&Body(), QStringLiteral("lblCountNm"), QStringLiteral("진행상태"));
+    bar_ = new ProgressBar(&Body(), QStringLiteral("PB"));
+    BodyLayout().addWidget(heading);
+    BodyLayout().addWidget(sheet_);
+    BodyLayout().addLayout(counts);
+    BodyLayout().addWidget(progress_);
+    BodyLayout().addWidget(bar_);
+}
+
+void MakeSMSExcel::Load()
+{
+    SetBusy(Boolean::True);
+    InitImportGrid(*sheet_);
+    FixSize(*sheet_);
+    bar_->SetMax(100);
+    bar_->SetValue(100);
+    SetBusy(Boolean::False);
+}
+
+void MakeSMSExcel::cmdSearchClick()
+{
+    WithHandler(
+        [this] {
+            if (IsBusy())
+                return;
+            path_->SetCaption(
+                services_.desktop.PickFile(QStringLiteral("문자메세지 대상 엑셀(EXCEL)파일 선택"),
+                                           QStringLiteral("엑셀파일 (*.xls)|*.xls")));
+            if (!IsBlank(path_->Caption()))
+                Import(path_->Caption());
+        },
+        [this] { SetRunBusy(Boolean::False); }); // and no word
+}
+
+void MakeSMSExcel::Import(const QString& path)
+{
+    SetRunBusy(Boolean::True);
+    SheetOperations operations(services_.clock, SheetColumns);
+    ListSheets(operations, path);
+    ReadSheet(operations);
+    const std::int32_t total = FindEnd();
+    if (total >= 1)
+        TakeRows(total);
+    SetRunBusy(Boolean::False);
+    services_.desktop.MsgBox(QStringLiteral("엑셀 추출완료 : 엑셀데이터 정상적으로 가져왔습니다."),
+                             MsgBoxInformation, QStringLiteral("엑셀데이터 완료!!!"));
+    Unload();
+}
+
+/// The results of the operations are not looked at.
+void MakeSMSExcel::ListSheets(SheetOperations& operations, const QString& path)
+{
+    // Without a separator: it stands beside the application's folder and begins with its name, as is meant.
+    const QString log = services_.applicationPath + QStringLiteral("log.txt");
+    SheetNames names;
+    std::int16_t count = 0;
+    operations.GetSheetList(path, names, count, log, true);
+    if (count - 1 > 1) {
+        names.Resize(count);
+        operations.GetSheetList(path, names, count, services_.applicationPath + QStringLiteral("/log.txt"),
+                                false);
+    }
+    sheets_->Clear();
+    for (int i = 0; i < count; ++i)
+        sheets_->AddItem(names.At(i)); // one or two sheets have no room: the run ends here, as is meant
+    if (sheets_->ListCount() == 0)
+        throw RuntimeError(InvalidPropertyValue); // an empty list has no first entry to select
+    sheets_->SetListIndex(0);
+    operations.GetSheetList(path, names, count, log, true);
+}
+
+void MakeSMSExcel::ReadSheet(const SheetOperations& operations)
+{
+    const std::shared_ptr<const CellSource> cells = operations.ImportSheet(sheets_->Text());
+    if (!cells)
+        return;
+    sheet_->SetMaxRows(cells->Rows());
+    sheet_->SetDataSource(cells);
+}
+
+/// The first row without a name ends the data; what follows is dropped.
+std::int32_t MakeSMSExcel::FindEnd()
+{
+    std::int32_t total = 0;
+    for (int i = 1; i <= sheet_->MaxRows(); ++i) {
+        if (IsBlank(SheetText(SheetName, i))) {
+            total = i - 1;
+            sheet_->SetMaxRows(total);
+            break;
+        }
+        total = sheet_->MaxRows();
+    }
+    return total;
+}
+
+void MakeSMSExcel::TakeRows(std::int32_t total)
+{
+    sheet_->SetMaxRows(total);
+    target_.grid.SetReDraw(false); // nobody sees the list before the end
+    const auto draw = qScopeGuard([this] { target_.grid.SetReDraw(true); });
+    target_.reset(target_.grid);
+    target_.grid.SetMaxRows(0);
+    target_.grid.SetMaxRows(total);
+    bar_->SetMax(total);
+    const Counts counts = JudgeRows(total);
+    target_.grid.SetMaxRows(counts.good.Value());
+    sheet_->SetMaxRows(counts.good.Value());
+}
+
+/// Shows each row that the screen could show, and the last one that was done, also where a count overflows.
+MakeSMSExcel::Counts MakeSMSExcel::JudgeRows(std::int32_t total)
+{
+    Counts counts;
+    int row = 0;
+    const auto showLast = qScopeGuard([&] { ShowProgress(total, row, counts); });
+    ScreenPace pace;
+    while (row < sheet_->MaxRows()) {
+        TakeRow(row + 1, counts);
+        ++row;
+        if (pace.IsDue())
+            ShowProgress(total, row, counts);
+    }
+    return counts;
+}
+
+void MakeSMSExcel::TakeRow(int row, Counts& counts)
+{
+    switch (JudgeImportRow(SheetText(SheetName, row), SheetText(SheetPhone, row))) {
+    case ImportVerdict::Good:
+        WriteGoodRow(row, counts);
+        break;
+    case ImportVerdict::Lost:
+        ++counts.lose;
+        break;
+    case ImportVerdict::Blank:
+        break;
+    }
+}
+
+void MakeSMSExcel::WriteGoodRow(int row, Counts& counts)
+{
+    ++counts.good; // where it overflows, the row is not written
+    const int to = counts.good.Value();
+    target_.grid.SetText(NumberColumn, to, TwoDigits(to));
+    target_.grid.SetText(NameColumn, to, Trim(SheetText(SheetName, row)));
+    target_.grid.SetText(PhoneColumn, to, Trim(SheetText(SheetPhone, row)));
+    target_.grid.SetText(ThirdValueColumn, to, Trim(SheetText(SheetThird, row)));
+}
+
+void MakeSMSExcel::ShowProgress(std::int32_t total, int row, const Counts& counts)
+{
+    const auto show = [](Label& label, const QString& caption) {
+        label.SetCaption(caption);
+        label.Refresh();
+    };
+    show(*goodCount_, ImportCount(counts.good.Value()));
+    show(*loseCount_, ImportCount(counts.lose.Value()));
+    show(*progress_, ImportProgress(total, row));
+    bar_->SetValue(row);
+    bar_->Refresh();
+}
+
+void MakeSMSExcel::SetRunBusy(Boolean busy)
+{
+    SetScreenBusy(services_, busy);
+    if (busy == Boolean::False)
+        return;
+    // They change with each row: on a ground of their own and in a fixed place that draws nothing else anew.
+    for (Label* label : {goodCount_, loseCount_, progress_}) {
+        label->SetBackColor(theme::Page);
+        label->KeepSize();
+    }
+}
+
+QString MakeSMSExcel::SheetText(int column, int row) const
+{
+    return GridHelper().GetCellText(*sheet_, column, row);
+}
+
+} // namespace tsms
