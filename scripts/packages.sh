@@ -9,7 +9,7 @@ run_packages=(qt6-qpa-plugins qt6-translations-l10n fonts-nanum)
 screen_packages=(xvfb openbox xdotool x11-utils x11-xserver-utils imagemagick curl sqlite3)
 office_packages=(libreoffice-calc-nogui) # the tests have it open what the program writes
 bench_packages=(xvfb bsdextrautils)
-fuzz_packages=(clang-14 libclang-rt-14-dev)
+sanitize_packages=(clang-14 libclang-rt-14-dev)
 check_packages=(clang clang-format-14 clang-tidy-14 git)
 
 # ensure_packages NAME...: installs what is missing of them, through apt, with sudo unless root.
