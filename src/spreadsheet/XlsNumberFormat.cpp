@@ -13,6 +13,7 @@ namespace {
 
 constexpr qsizetype MostCodeCharacters = 255;
 constexpr std::size_t MostSections = 3; // a fourth one is for texts
+constexpr int KeptDigits = 15;          // of a number, in all that a spreadsheet shows
 
 bool IsDigitSign(QChar c)
 {
@@ -21,8 +22,17 @@ bool IsDigitSign(QChar c)
 
 QString ShownGeneral(double value)
 {
-    constexpr int doubleDigits = 15;
-    return value == 0 ? QStringLiteral("0") : QString::number(value, 'G', doubleDigits);
+    return value == 0 ? QStringLiteral("0") : QString::number(value, 'G', KeptDigits);
+}
+
+/// To so many decimals, by the digits that are kept, a half upwards. A whole number stays as it is.
+double Rounded(double magnitude, int decimals)
+{
+    const double steps = std::pow(10.0, decimals);
+    const double scaled = magnitude * steps;
+    if (std::floor(magnitude) == magnitude || !std::isfinite(scaled))
+        return magnitude;
+    return std::round(QString::number(scaled, 'g', KeptDigits).toDouble()) / steps;
 }
 
 /// The moment that a number stands for. No moment for one that is none.
@@ -325,7 +335,8 @@ bool XlsNumberFormat::Section::Meets(double value) const
 
 QString XlsNumberFormat::ShownDigits(const Section& section, double magnitude)
 {
-    const QString number = QString::number(magnitude * std::pow(10.0, section.power), 'f', section.decimals);
+    const double scaled = magnitude * std::pow(10.0, section.power);
+    const QString number = QString::number(Rounded(scaled, section.decimals), 'f', section.decimals);
     const qsizetype point = number.indexOf(u'.');
     QStringView whole = QStringView(number).first(point < 0 ? number.size() : point);
     const QStringView decimals = QStringView(number).sliced(point < 0 ? number.size() : point + 1);

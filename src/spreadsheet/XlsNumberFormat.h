@@ -14,8 +14,9 @@ enum class FirstDay { Of1900, Of1904 };
 /// [ECMA-376] Part 1, 18.8.31).
 ///
 /// Digits, literal words, separators, percents and sections with or without conditions come out as a person
-/// sees them. "General" shows up to 15 digits, and so do fractions and exponents. Dates and times come out as
-/// YYYY-MM-DD and HH:MM:SS whatever their code says.
+/// sees them, rounded by the 15 digits that a spreadsheet keeps, a half upwards. "General" shows up to 15
+/// digits, and so do fractions and exponents. Dates and times come out as YYYY-MM-DD and HH:MM:SS whatever
+/// their code says.
 class XlsNumberFormat
 {
 public:

@@ -1,5 +1,6 @@
 #include "addressbook/AddressBook.h"
 #include "toolkit/Controls.h"
+#include "toolkit/Theme.h"
 
 #include <QHeaderView>
 
@@ -48,6 +49,13 @@ protected:
     {
         return grid.model()->index(0, column - 1).data(Qt::BackgroundRole).value<QBrush>().color();
     }
+
+    /// As it is drawn in the first row, beside its caption.
+    static QColor ButtonFace(fpSpread& grid, int column)
+    {
+        const QRect button = grid.visualRect(grid.model()->index(0, column - 1));
+        return grid.viewport()->grab().toImage().pixelColor(button.left() + 5, button.center().y());
+    }
 };
 
 TEST_F(BookGrids, TheBrowseListOfMembersHasSevenColumns)
@@ -92,6 +100,15 @@ TEST_F(BookGrids, TheChosenListHasFiveColumns)
                       {u"삭제"_q, 4, Button}},
                      1);
         EXPECT_EQ(Back(Chosen(), ChosenName), QColor(0xFA, 0xFA, 0xFA));
+    });
+}
+
+TEST_F(BookGrids, TheButtonsOfTheChosenListAreWhiteAndThoseOfTheBrowseListAreNot)
+{
+    InBook([this] {
+        AddMembers({u"김하늘"_q});
+        EXPECT_EQ(ButtonFace(Chosen(), ChosenDelete), QColor(0xFF, 0xFF, 0xFF));
+        EXPECT_EQ(ButtonFace(Browse(), MemberEdit), theme::ButtonFace);
     });
 }
 

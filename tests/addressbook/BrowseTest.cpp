@@ -267,6 +267,16 @@ TEST_F(BrowseView, AChangeOfViewTriesTwiceToConnect)
     });
 }
 
+TEST_F(BrowseView, AChoiceInTheFilterTriesTwiceToConnect)
+{
+    InBook([this] {
+        program.connections.RefuseOpens(1);
+        program.desktop.Expect(ServerDownBox());
+        ChooseFilter(1);
+        EXPECT_EQ(Members(), QList<QStringList>({everyone[2]}));
+    });
+}
+
 TEST_F(BrowseView, AFilterWhoseMembersCannotBeReadShowsNone)
 {
     InBook([this] {
@@ -536,6 +546,25 @@ TEST_F(BrowseView, AListThatCannotBeReadBehindADeletionStaysAsItWas)
         EXPECT_EQ(Members(), everyone);
     });
     EXPECT_EQ(MembersInDatabase().size(), 3);
+}
+
+TEST_F(BrowseView, ADeletionTriesTwiceToConnect)
+{
+    InBook([this] {
+        program.connections.RefuseOpens(1);
+        program.desktop.Expect(DeleteQuestion(u"김하늘"_q, u"구성원 삭제"_q), AnswerYes);
+        program.desktop.Expect(ServerDownBox());
+        program.desktop.Expect(DeletedBox());
+        ClickCell(Browse(), MemberDelete, 1);
+        ShowGroups();
+        program.connections.RefuseOpens(1);
+        program.desktop.Expect(DeleteQuestion(u"청년부"_q, u"그룹 삭제"_q), AnswerYes);
+        program.desktop.Expect(ServerDownBox());
+        program.desktop.Expect(DeletedBox());
+        ClickCell(Browse(), GroupDelete, GroupRow(u"청년부"_q));
+    });
+    EXPECT_EQ(MembersInDatabase().size(), 3);
+    EXPECT_EQ(GroupsInDatabase().size(), 1);
 }
 
 TEST_F(BrowseView, AServerThatIsDownForADeletionIsTriedThreeTimes)

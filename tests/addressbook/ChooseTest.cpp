@@ -199,6 +199,29 @@ TEST_F(Choose, AGroupThatCannotBeReadEndsTheAddAndKeepsWhatWasAdded)
     });
 }
 
+TEST_F(Choose, AnAddInTheGroupViewConnectsAlsoWithoutATick)
+{
+    InBook([this] {
+        ShowGroups();
+        const int opens = program.connections.Opens();
+        Press(u"BtnFuncAdd(0)"_q);
+        EXPECT_EQ(program.connections.Opens(), opens + 1);
+        EXPECT_EQ(program.connections.OpenNow(), 0);
+        EXPECT_EQ(Chosen().MaxRows(), 0);
+    });
+}
+
+TEST_F(Choose, AGroupIsReadWithASecondTryToConnect)
+{
+    InBook([this] {
+        ShowGroups();
+        program.connections.RefuseOpens(1);
+        program.desktop.Expect(ServerDownBox());
+        AddGroups({u"성가대"_q});
+        EXPECT_EQ(People(), QList<QStringList>({namu}));
+    });
+}
+
 TEST_F(Choose, AServerThatIsDownIsTriedTwiceForAGroup)
 {
     InBook([this] {

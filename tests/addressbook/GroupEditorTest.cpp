@@ -106,6 +106,7 @@ TEST_F(GroupEditor, ANewGroupIsStoredAndTheDialogCloses)
         program.desktop.Expect(AddedBox(), AnswerOK, [this] {
             EXPECT_TRUE(IsOpen());
             EXPECT_FALSE(program.session.IsBusy());
+            EXPECT_EQ(program.desktop.pointers.last(), MousePointer::Default);
             EXPECT_EQ(program.connections.OpenNow(), 0);
         });
         Save();
@@ -286,6 +287,30 @@ TEST_F(GroupEditor, WithoutAConnectionForTheTestAnInsertGoesThroughUntested)
         EXPECT_FALSE(IsOpen());
     });
     EXPECT_EQ(Names(), QStringList({u"청년부"_q, u"성가대"_q, u"성가대"_q}));
+}
+
+TEST_F(GroupEditor, ASaveTriesTwiceToConnect)
+{
+    Add([this] {
+        Type(u"성가대"_q);
+        program.connections.RefuseOpens(1);
+        program.desktop.Expect(ServerDownBox());
+        program.desktop.Expect(NameTakenBox()); // looked at on the second connection
+        Save();
+    });
+    EXPECT_EQ(Names().size(), 2);
+}
+
+TEST_F(GroupEditor, TheReloadBehindASaveTriesTwiceToConnect)
+{
+    Add([this] {
+        Type(u"교사회"_q);
+        program.desktop.Expect(AddedBox(), AnswerOK, [this] { program.connections.RefuseOpens(1); });
+        program.desktop.Expect(ServerDownBox(), AnswerOK, [this] { EXPECT_FALSE(IsOpen()); });
+        Save();
+        EXPECT_TRUE(Groups().contains(u"교사회"_q));
+        EXPECT_EQ(program.connections.OpenNow(), 0);
+    });
 }
 
 TEST_F(GroupEditor, AnInsertThatFailsLeavesTheDialogOpenAndReadsNothing)

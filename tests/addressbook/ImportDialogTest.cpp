@@ -9,6 +9,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QHeaderView>
 
 using namespace tsms;
 using namespace tsms::test;
@@ -93,6 +94,7 @@ protected:
         int barMaximum = 0;
         int bar = 0;
         QStringList sheets;
+        int selectedSheet = -1;
         int sheetRows = 0;
         Boolean busy = Boolean::True;
     };
@@ -106,6 +108,7 @@ protected:
                      The<ProgressBar>(u"PB"_q).Max(),
                      The<ProgressBar>(u"PB"_q).Value(),
                      {},
+                     The<ComboBox>(u"CbExcelSheet"_q).ListIndex(),
                      The<fpSpread>(u"TEMPfpSpread"_q).MaxRows(),
                      program.session.Busy};
             auto& sheets = The<ComboBox>(u"CbExcelSheet"_q);
@@ -193,6 +196,8 @@ TEST_F(Import, TheBarStandsFullAndTheSheetHasItsThreeColumnsAtFirst)
             EXPECT_EQ(sheet.GetText(col, 0), columns[col - 1].first);
             EXPECT_EQ(sheet.ColWidth(col), columns[col - 1].second);
         }
+        EXPECT_EQ(sheet.horizontalHeader()->height(), 20);           // 15 points
+        EXPECT_EQ(sheet.verticalHeader()->defaultSectionSize(), 19); // 14 points
     });
 }
 
@@ -246,7 +251,13 @@ TEST_F(Import, RowsWithoutAGoodNumberAreCountedAndLeaveNoGap)
     EXPECT_EQ(shown.barMaximum, 6);
     EXPECT_EQ(shown.bar, 6);
     EXPECT_EQ(shown.sheetRows, 3);
+}
+
+TEST_F(Import, TheSheetsAreListedAndTheFirstIsSelected)
+{
+    ImportRows({{u"가"_q, u"010-1111-1111"_q}});
     EXPECT_EQ(shown.sheets, (QStringList{u"회원"_q, u"Sheet2"_q, u"Sheet3"_q}));
+    EXPECT_EQ(shown.selectedSheet, 0);
 }
 
 TEST_F(Import, BusyIsClearAndThePointerNormalBeforeTheBoxAtTheEnd)
@@ -390,6 +401,18 @@ TEST_F(Import, AfterAFileThatWasNotTakenAnotherOneMayBeChosen)
     });
     EXPECT_TRUE(closedByItself);
     EXPECT_EQ(List().MaxRows(), 1);
+}
+
+TEST_F(Import, AfterARunThatAFaultEndedAnotherFileMayBeChosen)
+{
+    program.desktop.Expect(DoneBox());
+    InDialog([this](QWidget&) {
+        Choose(WorkbookOf(GoodRows(MostCounted + 1)));
+        Choose(WorkbookOf({{u"가"_q, u"010-1111-1111"_q}, {u"나"_q, u"02"_q}}));
+    });
+    EXPECT_TRUE(closedByItself);
+    EXPECT_EQ(List().MaxRows(), 1);
+    EXPECT_EQ(Row(1), (QStringList{u"01"_q, u"가"_q, u"010-1111-1111"_q, {}}));
 }
 
 TEST_F(Import, AsManyGoodRowsAsTheCountHoldsAreTaken)

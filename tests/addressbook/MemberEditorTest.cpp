@@ -156,6 +156,18 @@ TEST_F(MemberEditor, GroupsThatCannotBeReadLeaveTheOthersAlone)
     });
 }
 
+TEST_F(MemberEditor, TheGroupsAreReadWithASecondTryToConnect)
+{
+    InBook([this] {
+        program.connections.RefuseOpens(1);
+        program.desktop.Expect(ServerDownBox());
+        InDialog(u"dlgSMSGroupSub"_q, u"BtnAdd(0)"_q, [this](QWidget& dialog) {
+            EXPECT_EQ(program.On<ComboBox>(dialog, u"CbGroup"_q).ListCount(), 3);
+            PressKey(dialog, Qt::Key_Escape);
+        });
+    });
+}
+
 TEST_F(MemberEditor, AnEditShowsTheMembersGroupFirstThenTheOthersByName)
 {
     program.database.Execute(u"INSERT INTO SMSGroupMst (GroupNm) VALUES ('교사회')"_q);
@@ -256,6 +268,24 @@ TEST_F(MemberEditor, AMemberWhoCannotBeReadIsReportedOnce)
             EXPECT_EQ(program.On<ComboBox>(dialog, u"CbGroup"_q).ListIndex(), 0);
             PressKey(dialog, Qt::Key_Escape);
         });
+    });
+}
+
+TEST_F(MemberEditor, AMemberIsReadWithASecondTryToConnect)
+{
+    InBook([this] {
+        bool groupsRead = false;
+        program.connections.BeforeStatement([this, &groupsRead](const QString&) {
+            if (!groupsRead)
+                program.connections.RefuseOpens(1);
+            groupsRead = true;
+        });
+        program.desktop.Expect(ServerDownBox());
+        InDialog(u"dlgSMSGroupSub"_q, MemberEdit, MemberRow(u"김하늘"_q), [this](QWidget& dialog) {
+            EXPECT_EQ(program.On<TextField>(dialog, u"txtGroupSub(0)"_q).Text(), u"김하늘"_q);
+            PressKey(dialog, Qt::Key_Escape);
+        });
+        program.connections.BeforeStatement({});
     });
 }
 
@@ -380,6 +410,20 @@ TEST_F(MemberEditor, NameAndNumberAreRequiredInTheirOrderBeforeTheDatabaseIsAske
     });
 }
 
+TEST_F(MemberEditor, AnEditIsHeldToTheSameFields)
+{
+    Edit(u"김하늘"_q, [this] {
+        TypeInto(1, u""_q);
+        program.desktop.Expect(MissingBox(u"휴대번호:"_q));
+        Save();
+        TypeInto(1, u"010000005"_q);
+        program.desktop.Expect(BadNumberBox());
+        Save();
+        EXPECT_TRUE(IsOpen());
+    });
+    EXPECT_EQ(MembersInDatabase()[0][3], u"010-0000-0001"_q);
+}
+
 TEST_F(MemberEditor, ANumberOfTheWrongFormIsRefused)
 {
     Add([this] {
@@ -444,6 +488,30 @@ TEST_F(MemberEditor, WithoutAConnectionForTheTestAnInsertGoesThroughUntested)
         Save();
     });
     EXPECT_EQ(MembersInDatabase().size(), 5);
+}
+
+TEST_F(MemberEditor, ASaveTriesTwiceToConnect)
+{
+    Add([this] {
+        Type(u"김하늘"_q, u"0100000005"_q);
+        program.connections.RefuseOpens(1);
+        program.desktop.Expect(ServerDownBox());
+        program.desktop.Expect(NameTakenBox()); // looked at on the second connection
+        Save();
+    });
+    EXPECT_EQ(MembersInDatabase().size(), 4);
+}
+
+TEST_F(MemberEditor, TheReloadBehindASaveTriesTwiceToConnect)
+{
+    Edit(u"김하늘"_q, [this] {
+        TypeInto(0, u"김바람"_q);
+        program.desktop.Expect(ChangedBox(), AnswerOK, [this] { program.connections.RefuseOpens(1); });
+        program.desktop.Expect(ServerDownBox(), AnswerOK, [this] { EXPECT_FALSE(IsOpen()); });
+        Save();
+        EXPECT_EQ(Members()[0][1], u"김바람"_q);
+        EXPECT_EQ(program.connections.OpenNow(), 0);
+    });
 }
 
 TEST_F(MemberEditor, WhenTheNamesCannotBeReadTheInsertIsTriedAndLost)
@@ -556,6 +624,10 @@ TEST_F(MemberEditor, ArrowKeysLeaveABoxAtItsEnds)
         Box(0).SelectAll();
         PressKey(Box(0).Widget(), Qt::Key_Down);
         EXPECT_TRUE(HasFocus(1));
+        Box(0).SetFocus();
+        Box(0).SetSelStart(0);
+        PressKey(Box(0).Widget(), Qt::Key_Left);
+        EXPECT_TRUE(Group().hasFocus());
     });
 }
 

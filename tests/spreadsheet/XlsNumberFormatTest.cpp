@@ -73,8 +73,7 @@ TEST(XlsNumberFormat, GeneralShowsAWholeNumberWithAllItsDigits)
 
 TEST(XlsNumberFormat, DecimalsGroupsAndPercents)
 {
-    ExpectShown({{u"0.00", 1.005, u"1.00"_q},
-                 {u"0.00", 3.14159, u"3.14"_q},
+    ExpectShown({{u"0.00", 3.14159, u"3.14"_q},
                  {u"0.##", 1.5, u"1.5"_q},
                  {u"0.0?", 1.5, u"1.5 "_q},
                  {u".00", 0.25, u".25"_q},
@@ -89,6 +88,20 @@ TEST(XlsNumberFormat, DecimalsGroupsAndPercents)
                  {u"0%", 0.25, u"25%"_q},
                  {u"0.0%", 0.256, u"25.6%"_q},
                  {u"??0", 5, u"  5"_q}});
+}
+
+TEST(XlsNumberFormat, HalvesAreRoundedUpwardsByTheDigitsThatAreKept)
+{
+    ExpectShown({{u"0", 0.5, u"1"_q},
+                 {u"0", 2.5, u"3"_q},
+                 {u"0", 2.4999, u"2"_q},
+                 {u"0", -2.5, u"-3"_q},
+                 {u"0.00", 1.005, u"1.01"_q}, // in binary a little less
+                 {u"0.00", 1.00499999999999, u"1.00"_q},
+                 {u"0.0", 9.95, u"10.0"_q},
+                 {u"0%", 0.125, u"13%"_q},
+                 {u"0,", 1500, u"2"_q},
+                 {u"000-0000", 1234567.5, u"123-4568"_q}});
 }
 
 TEST(XlsNumberFormat, NegativeNumbersAndZeroMayHaveSectionsOfTheirOwn)
