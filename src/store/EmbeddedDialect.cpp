@@ -2,6 +2,7 @@
 
 #include "runtime/RuntimeError.h"
 #include "store/DatabaseError.h"
+#include "store/DialectTokens.h"
 
 #include <array>
 #include <string_view>
@@ -11,103 +12,13 @@ namespace tsms {
 
 namespace {
 
-enum class Kind { Space, Word, Number, Literal, Sign, End };
-
-struct Token
-{
-    Kind kind;
-    std::string_view text;
-};
-
-bool IsDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
-bool IsWordCharacter(char c)
-{
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || IsDigit(c) || c == '_' || (c & 0x80) != 0;
-}
-
-bool IsSpace(char c)
-{
-    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
-}
-
-char Upper(char c)
-{
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 0x20) : c;
-}
-
-bool Same(std::string_view word, std::string_view upper)
-{
-    if (word.size() != upper.size())
-        return false;
-    for (std::size_t at = 0; at < word.size(); ++at)
-        if (Upper(word[at]) != upper[at])
-            return false;
-    return true;
-}
+using Token = DialectToken;
+using Kind = DialectToken::Kind;
 
 RuntimeError SyntaxErrorAt(std::string_view words)
 {
     return RuntimeError(StatementFailure, SyntaxErrorNear(QString::fromUtf8(
                                               words.data(), static_cast<qsizetype>(words.size()))));
-}
-
-/// Ends behind the closing sign of a quoted piece; a doubled sign inside does not close it.
-std::size_t QuotedEnd(std::string_view sql, std::size_t from, char close)
-{
-    for (std::size_t at = from + 1; at < sql.size(); ++at) {
-        if (sql[at] != close)
-            continue;
-        if (at + 1 == sql.size() || sql[at + 1] != close)
-            return at + 1;
-        ++at;
-    }
-    const std::string_view rest = sql.substr(from + 1);
-    throw RuntimeError(StatementFailure,
-                       QStringLiteral("Unclosed quotation mark after the character string '") +
-                           QString::fromUtf8(rest.data(), static_cast<qsizetype>(rest.size())) +
-                           QStringLiteral("'."));
-}
-
-template <class Is> std::size_t RunEnd(std::string_view sql, std::size_t from, Is is)
-{
-    while (from < sql.size() && is(sql[from]))
-        ++from;
-    return from;
-}
-
-Token TokenAt(std::string_view sql, std::size_t at)
-{
-    const auto to = [sql, at](Kind kind, std::size_t end) { return Token{kind, sql.substr(at, end - at)}; };
-    const char c = sql[at];
-    const char next = at + 1 < sql.size() ? sql[at + 1] : '\0';
-    if (IsSpace(c))
-        return to(Kind::Space, RunEnd(sql, at, IsSpace));
-    if (c == '\'')
-        return to(Kind::Literal, QuotedEnd(sql, at, '\''));
-    if (c == '"')
-        return to(Kind::Word, QuotedEnd(sql, at, '"'));
-    if (c == '[')
-        return to(Kind::Word, QuotedEnd(sql, at, ']'));
-    if (IsDigit(c))
-        return to(Kind::Number, RunEnd(sql, at, [](char d) { return IsDigit(d) || d == '.'; }));
-    if (IsWordCharacter(c))
-        return to(Kind::Word, RunEnd(sql, at, IsWordCharacter));
-    const bool pair = (next == '=' && (c == '<' || c == '>' || c == '!')) || (c == '<' && next == '>') ||
-                      (c == '-' && next == '-') || (c == '/' && next == '*');
-    return to(Kind::Sign, at + (pair ? 2 : 1));
-}
-
-std::vector<Token> Split(std::string_view sql)
-{
-    std::vector<Token> tokens;
-    tokens.reserve(sql.size() / 3 + 1);
-    for (std::size_t at = 0; at < sql.size(); at += tokens.back().text.size())
-        tokens.push_back(TokenAt(sql, at));
-    return tokens;
 }
 
 /// A routine of the server under the name that it has here.
@@ -126,7 +37,7 @@ constexpr std::array<Routine, 4> Routines = {{{"LEFT", "server_left", true},
 const Routine* FindRoutine(std::string_view word)
 {
     for (const Routine& routine : Routines)
-        if (Same(word, routine.name))
+        if (IsDialectWord(word, routine.name))
             return &routine;
     return nullptr;
 }
@@ -134,7 +45,7 @@ const Routine* FindRoutine(std::string_view word)
 class Rewriter
 {
 public:
-    explicit Rewriter(std::string_view sql) : tokens_(Split(sql))
+    explicit Rewriter(std::string_view sql) : tokens_(SplitDialect(sql))
     {
         out_.reserve(static_cast<qsizetype>(sql.size()) + 64);
     }
@@ -142,10 +53,10 @@ public:
     QByteArray Run()
     {
         CopySpaces();
-        if (Same(Peek().text, "DELETE")) {
+        if (IsDialectWord(Peek().text, "DELETE")) {
             Copy();
             CopySpaces();
-            if (Peek().kind == Kind::Word && !Same(Peek().text, "FROM"))
+            if (Peek().kind == Kind::Word && !IsDialectWord(Peek().text, "FROM"))
                 Put("FROM ");
         }
         while (Peek().kind != Kind::End)
@@ -200,7 +111,7 @@ private:
     void Skip(std::string_view expected)
     {
         SkipSpaces();
-        if (!Same(Peek().text, expected))
+        if (!IsDialectWord(Peek().text, expected))
             throw SyntaxErrorAt(Peek().text);
         ++at_;
     }
@@ -211,9 +122,9 @@ private:
         if (token.kind == Kind::Word && IsCall(at_)) {
             if (const Routine* routine = FindRoutine(token.text))
                 return RewriteCall(*routine);
-            if (Same(token.text, "CONVERT"))
+            if (IsDialectWord(token.text, "CONVERT"))
                 return RewriteConvert();
-            if (Same(token.text, "DATEADD"))
+            if (IsDialectWord(token.text, "DATEADD"))
                 return RewriteDateAdd();
         }
         if (IsSign(at_, "+") && (textBefore_ || IsTextAt(Behind(at_)))) {
@@ -234,7 +145,7 @@ private:
         if (!IsCall(at))
             return false;
         const Routine* routine = FindRoutine(tokens_[at].text);
-        return Same(tokens_[at].text, "CONVERT") || (routine && routine->givesText);
+        return IsDialectWord(tokens_[at].text, "CONVERT") || (routine && routine->givesText);
     }
 
     void RewriteCall(const Routine& routine)
@@ -331,8 +242,9 @@ private:
     {
         if (IsSign(at_, "("))
             return RewriteGroup();
-        const bool plainCall = IsCall(at_) && !FindRoutine(Peek().text) && !Same(Peek().text, "CONVERT") &&
-                               !Same(Peek().text, "DATEADD");
+        const bool plainCall = IsCall(at_) && !FindRoutine(Peek().text) &&
+                               !IsDialectWord(Peek().text, "CONVERT") &&
+                               !IsDialectWord(Peek().text, "DATEADD");
         if (Peek().kind == Kind::End)
             throw SyntaxErrorAt(tokens_.back().text);
         RewriteOne();

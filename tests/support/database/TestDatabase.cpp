@@ -3,15 +3,18 @@
 #include "session/Session.h"
 #include "store/EmbeddedConnection.h"
 #include "store/EmbeddedTables.h"
+#include "support/server/TestServer.h"
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
 namespace tsms::test {
 
-TestDatabase::TestDatabase(const Clock& clock, YearRange years) : clock_(clock)
+TestDatabase::TestDatabase(const Clock& clock, YearRange years, TestEngine engine) : clock_(clock)
 {
     CreateEmbeddedDatabase(Path(), years, clock_);
+    if (engine == TestEngine::Server)
+        server_ = std::make_unique<TestServer>(Path(), clock_);
 }
 
 TestDatabase::~TestDatabase()
@@ -31,6 +34,10 @@ QString TestDatabase::Folder() const
 
 void TestDatabase::Describe(Session& session) const
 {
+    if (server_) {
+        server_->Describe(session);
+        return;
+    }
     session.DBCatalog = Path();
     session.DBServer = QStringLiteral("(embedded)");
     session.DBPort = QStringLiteral("1433");

@@ -2,6 +2,7 @@
 
 #include "store/Connection.h"
 #include "store/Tables.h"
+#include "support/database/TestEngine.h"
 #include "support/FixedClock.h"
 
 #include <QList>
@@ -19,12 +20,16 @@ struct Session;
 
 namespace tsms::test {
 
+class TestServer;
+
 /// A fresh embedded database in a folder of its own, and a second way to its rows that does not pass through
-/// the program: plain SQL of the engine on a handle of its own.
+/// the program: plain SQL of the engine on a handle of its own. The program reaches it on the file itself or
+/// from a server that stands before it, whichever engine the tests run with.
 class TestDatabase
 {
 public:
-    explicit TestDatabase(const Clock& clock, YearRange years = {2010, 2030});
+    explicit TestDatabase(const Clock& clock, YearRange years = {2010, 2030},
+                          TestEngine engine = ChosenTestEngine());
     ~TestDatabase();
 
     QString Path() const;   ///< of the database file
@@ -36,6 +41,9 @@ public:
 
     /// Sets the session's launch fields so that it reaches this database.
     void Describe(Session& session) const;
+
+    /// The server before the file; null with the embedded engine.
+    TestServer* Server() { return server_.get(); }
 
     /// The account row: id, password, domain, sender number, organisation and balance; the pages' addresses.
     void SetAccount(int balance = 100);
@@ -51,6 +59,7 @@ private:
     const Clock& clock_;
     QTemporaryDir folder_;
     sqlite3* handle_ = nullptr;
+    std::unique_ptr<TestServer> server_;
 };
 
 /// Connections that can be told to fail. They wrap a maker and count what passes.

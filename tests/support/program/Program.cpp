@@ -40,7 +40,11 @@ void Program::WriteFile(const QString& name, const QByteArray& content)
 
 QString Program::LaunchLine() const
 {
-    return database.Path() + u"■(embedded)■0■sa■secret■7■본사"_q;
+    Session described;
+    database.Describe(described);
+    return QStringList{described.DBCatalog, described.DBServer, described.DBPort, described.DBUser,
+                       described.DBPassword, u"7"_q, u"본사"_q}
+        .join(u'■');
 }
 
 bool Program::Start()

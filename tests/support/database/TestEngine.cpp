@@ -1,0 +1,12 @@
+#include "support/database/TestEngine.h"
+
+#include <QtGlobal>
+
+namespace tsms::test {
+
+TestEngine ChosenTestEngine()
+{
+    return qgetenv("TSMS_TEST_ENGINE") == "server" ? TestEngine::Server : TestEngine::Embedded;
+}
+
+} // namespace tsms::test

@@ -1,0 +1,141 @@
+#include "support/server/ServerEngine.h"
+
+#include "runtime/RuntimeError.h"
+#include "store/DatabaseError.h"
+#include "support/server/ResultColumns.h"
+#include "support/server/ServerError.h"
+#include "support/server/StatementTokens.h"
+
+namespace tsms::test {
+
+namespace {
+
+using Kind = ServerStatement::Kind;
+
+constexpr int SyntaxClass = 15;
+constexpr int RowCode = 0xD1;
+
+QByteArray Failure(const QList<ServerError>& errors)
+{
+    QByteArray tokens;
+    for (const ServerError& error : errors)
+        tokens += ErrorToken(error);
+    return tokens + FailedToken();
+}
+
+QByteArray Row(const Recordset& records, int row, const QList<ServerColumn>& columns)
+{
+    QByteArray token(1, static_cast<char>(RowCode));
+    for (int column = 0; column < columns.size(); ++column) {
+        const ServerType& type = columns[column].Type;
+        token += records.IsNull(row, column) ? NullBytes(type) : ValueBytes(type, records.Text(row, column));
+    }
+    return token;
+}
+
+StatementKind DoneKind(Kind kind)
+{
+    switch (kind) {
+    case Kind::Insert:
+        return StatementKind::Insert;
+    case Kind::Update:
+        return StatementKind::Update;
+    case Kind::Delete:
+        return StatementKind::Delete;
+    default:
+        return StatementKind::Other;
+    }
+}
+
+} // namespace
+
+ServerEngine::ServerEngine(const QString& path, const QString& database, const Clock& clock)
+    : connection_(clock), database_(database)
+{
+    connection_.ConnectionTimeout = 1;
+    connection_.CommandTimeout = 0; // who waits for a lock has to hear an attention meanwhile
+    connection_.OpenFile(path);
+}
+
+std::optional<QByteArray> ServerEngine::Run(const QString& batch)
+{
+    try {
+        const QList<ServerStatement> statements = SplitBatch(batch);
+        return statements.isEmpty() ? DoneToken(StatementKind::Other, -1, false) : RunAll(statements);
+    } catch (const RuntimeError& error) {
+        if (error.Number == CommandTimedOut)
+            return std::nullopt;
+        return Failure(ServerErrors(error, batch));
+    }
+}
+
+QByteArray ServerEngine::RunAll(const QList<ServerStatement>& statements)
+{
+    if (statements.size() == 1)
+        return RunOne(statements.first(), false);
+    QByteArray tokens;
+    connection_.ExecuteNative(QStringLiteral("BEGIN"));
+    try {
+        for (const ServerStatement& statement : statements)
+            tokens += RunOne(statement, &statement != &statements.last());
+    } catch (const RuntimeError& error) {
+        const QList<ServerError> errors = ServerErrors(error, {});
+        if (error.Number == CommandTimedOut || errors.first().Class == SyntaxClass) {
+            connection_.ExecuteNative(QStringLiteral("ROLLBACK"));
+            throw;
+        }
+        tokens += Failure(errors);
+    }
+    connection_.ExecuteNative(QStringLiteral("COMMIT"));
+    return tokens;
+}
+
+QByteArray ServerEngine::RunOne(const ServerStatement& statement, bool moreFollows)
+{
+    switch (statement.kind) {
+    case Kind::Set:
+        return DoneToken(StatementKind::Other, -1, moreFollows);
+    case Kind::Use:
+        return Use(statement, moreFollows);
+    case Kind::Select:
+        return Select(statement.Text, moreFollows);
+    default:
+        return Change(statement, moreFollows);
+    }
+}
+
+QByteArray ServerEngine::Use(const ServerStatement& statement, bool moreFollows) const
+{
+    const QString name = StatementTokens(statement.Text).Name(1);
+    if (name.compare(database_, Qt::CaseInsensitive) != 0)
+        throw RuntimeError(StatementFailure, QStringLiteral("Database '%1' does not exist. Make sure that "
+                                                            "the name is entered correctly.")
+                                                 .arg(name));
+    return DatabaseChange(database_, database_) + InfoToken(DatabaseIs(database_)) +
+           DoneToken(StatementKind::Other, -1, moreFollows);
+}
+
+QByteArray ServerEngine::Select(const QString& sql, bool moreFollows)
+{
+    const std::unique_ptr<Recordset> records = connection_.Query(EngineText(sql));
+    QStringList names;
+    for (int column = 0; column < records->FieldCount(); ++column)
+        names += records->FieldName(column);
+    const QList<ServerColumn> columns = ResultColumns(sql, names);
+    QByteArray tokens = ColumnsToken(columns);
+    for (int row = 0; row < records->RecordCount(); ++row)
+        tokens += Row(*records, row, columns);
+    return tokens + DoneToken(StatementKind::Select, records->RecordCount(), moreFollows);
+}
+
+QByteArray ServerEngine::Change(const ServerStatement& statement, bool moreFollows)
+{
+    RefuseLongTexts(statement.Text);
+    connection_.Execute(EngineText(statement.Text));
+    if (statement.kind == Kind::Other)
+        return DoneToken(StatementKind::Other, -1, moreFollows);
+    const qint64 count = connection_.Query(QStringLiteral("SELECT changes()"))->Field(0).toLongLong();
+    return DoneToken(DoneKind(statement.kind), count, moreFollows);
+}
+
+} // namespace tsms::test
