@@ -4,7 +4,6 @@
 #include "bench/history/TextSum.h"
 #include "bench/Measure.h"
 
-#include "history/SendListStatement.h"
 #include "store/EmbeddedConnection.h"
 #include "store/EmbeddedDialect.h"
 #include "support/FixedClock.h"
@@ -26,16 +25,6 @@ void Demand(bool good, sqlite3* handle)
         return;
     std::fprintf(stderr, "the bare fetch failed: %s\n", sqlite3_errmsg(handle));
     std::exit(1);
-}
-
-/// The statement as the program hands it to the engine.
-QByteArray PageStatement()
-{
-    SendListSearch search;
-    search.period = QString::number(LogYear);
-    search.first = QDate(LogYear, 1, 1).toString(Qt::ISODate);
-    search.dayAfterLast = QDate(LogYear + 1, 1, 1).toString(Qt::ISODate);
-    return ToEmbeddedDialect(SendListStatement(search).Text());
 }
 
 /// Texts one behind the other.
@@ -74,7 +63,7 @@ Search FetchBare(const QString& database)
                            SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr) == SQLITE_OK,
            handle);
     PrepareEmbeddedHandle(handle, clock);
-    const QByteArray sql = PageStatement();
+    const QByteArray sql = ToEmbeddedDialect(WholeYear().Text()); // as the program hands it to the engine
     ForgetPeakMemory();
     const long held = HeldMemory();
     const std::int64_t from = Nanoseconds();

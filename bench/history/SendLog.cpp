@@ -1,5 +1,6 @@
 #include "bench/history/SendLog.h"
 
+#include "history/SendListStatement.h"
 #include "store/EmbeddedConnection.h"
 #include "store/EmbeddedTables.h"
 #include "support/FixedClock.h"
@@ -44,6 +45,15 @@ void MakeSendLog(const QString& path, int rows)
     EmbeddedConnection connection(clock);
     connection.OpenFile(path);
     connection.ExecuteNative(Multiplied(rows));
+}
+
+Statement WholeYear()
+{
+    SendListSearch search;
+    search.period = QString::number(LogYear);
+    search.first = QDate(LogYear, 1, 1).toString(Qt::ISODate);
+    search.dayAfterLast = QDate(LogYear + 1, 1, 1).toString(Qt::ISODate);
+    return SendListStatement(search);
 }
 
 } // namespace tsms::bench

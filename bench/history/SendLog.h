@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/Statement.h"
+
 #include <QDateTime>
 #include <QString>
 
@@ -14,5 +16,8 @@ QDateTime Moment();
 /// of the demonstration, over and over, in the order of their time. Most were delivered, some refused, and
 /// the last ones are still reserved.
 void MakeSendLog(const QString& path, int rows);
+
+/// The statement of the history page that lists all of them.
+Statement WholeYear();
 
 } // namespace tsms::bench

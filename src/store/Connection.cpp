@@ -3,8 +3,8 @@
 #include "runtime/Clock.h"
 #include "runtime/RuntimeError.h"
 #include "store/ConnectionText.h"
-#include "store/DatabaseError.h"
 #include "store/EmbeddedConnection.h"
+#include "store/OdbcConnection.h"
 
 namespace tsms {
 
@@ -36,8 +36,7 @@ private:
     {
         if (IsEmbeddedServer(ParseConnectionText(ConnectionString).Server))
             return std::make_unique<EmbeddedConnection>(clock_);
-        throw RuntimeError(StatementFailure,
-                           QStringLiteral("이 프로그램에는 SQL Server 연결 기능이 아직 들어 있지 않습니다."));
+        return std::make_unique<OdbcConnection>(InstalledOdbcDrivers());
     }
 
     Connection& Engine()

@@ -40,6 +40,7 @@ using ConnectionMaker = std::function<std::unique_ptr<Connection>()>;
 
 /// Connections of the program: Open chooses the engine by the connection text. The server "(embedded)" is the
 /// database file that Initial Catalog names; its getdate() reads `clock`, which outlives the connections.
+/// Every other server is a SQL Server, reached by ODBC.
 ConnectionMaker MakeConnections(const Clock& clock);
 
 } // namespace tsms

@@ -198,7 +198,7 @@ TEST_F(Faults, AClientGivesUpWaitingForALock)
 
 TEST_F(Faults, AServerEndsWhileAClientHangs)
 {
-    auto server = std::make_unique<TestServer>(database_);
+    auto server = std::make_unique<TestServer>(database_.Path(), clock_);
     OdbcClient hanging;
     ASSERT_TRUE(hanging.Connect(*server));
     server->StaySilent();

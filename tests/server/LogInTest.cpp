@@ -68,7 +68,8 @@ TEST_F(LogIn, WithoutADatabaseLeadsToTheServersOwn)
 
 TEST_F(LogIn, WithTheWordsOfALanguageOfItsOwnIsUnderstood)
 {
-    const TestServer server(database_.Path(), clock_, {u"문자"_q, u"비밀;번호=1 {x ~!@#$%^&*"_q, u"문자메시지"_q});
+    const TestServer server(database_.Path(), clock_,
+                            {u"문자"_q, u"비밀;번호=1 {x ~!@#$%^&*"_q, u"문자메시지"_q});
     ASSERT_TRUE(client_.Connect(server)) << client_.First().Words.toStdString();
     EXPECT_EQ(client_.Database(), u"문자메시지"_q);
 }

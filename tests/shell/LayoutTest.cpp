@@ -325,6 +325,7 @@ TEST_F(Layout, ALongCategoryNameMovesNothing)
 {
     const QStringList names{u"CbTempCd"_q, u"CbSMSGroup(0)"_q, u"CbSMSGroup(1)"_q, u"Label2(1)"_q,
                             u"Label2(2)"_q};
+    const QString longest(50, u'가'); // as long as the column takes
     EnterBothPages();
     QList<QRect> places;
     QList<QSize> hints;
@@ -332,10 +333,10 @@ TEST_F(Layout, ALongCategoryNameMovesNothing)
         places += program.Control(name).geometry();
         hints += program.Control(name).sizeHint();
     }
-    AddCategory(QString(100, u'가'));
+    AddCategory(longest);
     EnterBothPages();
     Settle();
-    EXPECT_EQ(program.The<ComboBox>(u"CbTempCd"_q).Text(), QString(100, u'가'));
+    EXPECT_EQ(program.The<ComboBox>(u"CbTempCd"_q).Text(), longest);
     for (int i = 0; i < names.size(); ++i) {
         EXPECT_EQ(program.Control(names[i]).geometry(), places[i]) << names[i].toStdString();
         EXPECT_EQ(program.Control(names[i]).sizeHint(), hints[i]) << names[i].toStdString();

@@ -553,10 +553,10 @@ TEST_P(Contract, AFailedStatementLeavesTheConnectionUsable)
 
 namespace {
 
-class EmbeddedDatabase final : public ContractDatabase
+class EngineDatabase final : public ContractDatabase
 {
 public:
-    EmbeddedDatabase() : database_(clock_) {}
+    explicit EngineDatabase(TestEngine engine) : database_(clock_, {2010, 2030}, engine) {}
 
     std::unique_ptr<Connection> NewConnection() override
     {
@@ -572,11 +572,16 @@ private:
     TestDatabase database_;
 };
 
+ContractEngine Over(const char* name, TestEngine engine)
+{
+    return {name, [engine] { return std::make_unique<EngineDatabase>(engine); }};
+}
+
 } // namespace
 
-INSTANTIATE_TEST_SUITE_P(Embedded, Contract,
-                         ::testing::Values(ContractEngine{
-                             "Embedded", [] { return std::make_unique<EmbeddedDatabase>(); }}),
+INSTANTIATE_TEST_SUITE_P(Engine, Contract,
+                         ::testing::Values(Over("Embedded", TestEngine::Embedded),
+                                           Over("Odbc", TestEngine::Server)),
                          [](const auto& engine) { return engine.param.name; });
 
 } // namespace tsms::test

@@ -96,10 +96,11 @@ TEST_F(DBConnectTest, AConnectionThatStandsIsNotTriedAgain)
     EXPECT_EQ(connections.Opens(), 1);
 }
 
-TEST_F(DBConnectTest, AServerThatIsNoFileIsToldInWords)
+TEST_F(DBConnectTest, AServerWhosePortIsClosedIsDown)
 {
-    session.DBServer = u"10.0.0.5"_q;
-    desktop.Expect(Told(u"이 프로그램에는 SQL Server 연결 기능이 아직 들어 있지 않습니다."_q));
+    session.DBServer = u"127.0.0.1"_q;
+    session.DBPort = u"1"_q;
+    desktop.Expect(ServerDown);
     EXPECT_EQ(db.ConnectDB(), Boolean::False);
 }
 

@@ -1,6 +1,6 @@
 #include "support/database/TestEngine.h"
 
-#include <QtGlobal>
+#include <QByteArray>
 
 namespace tsms::test {
 

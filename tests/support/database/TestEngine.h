@@ -8,8 +8,8 @@ enum class TestEngine {
     Server,   ///< over the wire, from a server that stands before the same file
 };
 
-/// What the environment variable TSMS_TEST_ENGINE says: "server", or without it the embedded engine. Each test
-/// program of a layer that works with the database runs once with either.
+/// What the environment variable TSMS_TEST_ENGINE says: "server", or without it the embedded engine. Each
+/// test program of a layer that works with the database runs once with either.
 TestEngine ChosenTestEngine();
 
 } // namespace tsms::test

@@ -42,8 +42,13 @@ QString Program::LaunchLine() const
 {
     Session described;
     database.Describe(described);
-    return QStringList{described.DBCatalog, described.DBServer, described.DBPort, described.DBUser,
-                       described.DBPassword, u"7"_q, u"본사"_q}
+    return QStringList{described.DBCatalog,
+                       described.DBServer,
+                       described.DBPort,
+                       described.DBUser,
+                       described.DBPassword,
+                       u"7"_q,
+                       u"본사"_q}
         .join(u'■');
 }
 

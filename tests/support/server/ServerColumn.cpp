@@ -140,8 +140,7 @@ QByteArray DateTimeBytes(const QString& value)
 {
     const QString plain = QString(value).replace(u'/', u'-');
     const QDate day = QDate::fromString(plain.left(10), QStringLiteral("yyyy-MM-dd"));
-    const QTime time =
-        plain.size() == 10 ? QTime(0, 0) : QTime::fromString(plain.mid(11), QStringLiteral("HH:mm:ss"));
+    const QTime time = plain.size() == 10 ? QTime(0, 0) : QTime::fromString(plain.mid(11), Qt::ISODateWithMs);
     if (!day.isValid() || !time.isValid())
         throw RuntimeError(CannotConvert, QStringLiteral("Conversion failed when converting date and/or "
                                                          "time from character string."));

@@ -249,10 +249,7 @@ private:
 };
 
 TestServer::TestServer(QString path, const Clock& clock, ServerAccount account)
-    : path_(std::move(path)),
-      clock_(clock),
-      account_(std::move(account)),
-      worker_(new Worker(*this))
+    : path_(std::move(path)), clock_(clock), account_(std::move(account)), worker_(new Worker(*this))
 {
     worker_->moveToThread(&thread_);
     QObject::connect(&thread_, &QThread::finished, worker_, &QObject::deleteLater);

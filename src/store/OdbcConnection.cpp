@@ -1,0 +1,140 @@
+#include "store/OdbcConnection.h"
+
+#include "runtime/RuntimeError.h"
+#include "store/ConnectionText.h"
+#include "store/DatabaseError.h"
+#include "store/OdbcRows.h"
+
+#include <array>
+#include <utility>
+
+namespace tsms {
+
+/// One statement that the server runs, standing on its first result.
+class OdbcConnection::Running
+{
+public:
+    Running(OdbcConnection& connection, const QString& sql)
+    {
+        if (!connection.IsOpen())
+            throw RuntimeError(ObjectNotSet);
+        statement_ = OdbcHandle(SQL_HANDLE_STMT, connection.handle_);
+        Set(SQL_ATTR_QUERY_TIMEOUT, static_cast<SQLULEN>(connection.CommandTimeout));
+        Set(SQL_ATTR_NOSCAN, SQL_NOSCAN_ON); // a brace in a text is a brace
+        statement_.Pass(OdbcLibrary::Get().ExecDirect(statement_.Get(), OdbcCharacters(sql),
+                                                      static_cast<SQLINTEGER>(sql.size())));
+    }
+
+    /// The columns of the result; none for a statement that only does something.
+    std::vector<OdbcColumn> Columns() const
+    {
+        SQLSMALLINT count = 0;
+        statement_.Pass(OdbcLibrary::Get().NumResultCols(statement_.Get(), &count));
+        std::vector<OdbcColumn> columns;
+        for (SQLSMALLINT column = 1; column <= count; ++column)
+            columns.push_back(Column(static_cast<SQLUSMALLINT>(column)));
+        return columns;
+    }
+
+    std::unique_ptr<Recordset> Rows(const std::vector<OdbcColumn>& columns) const
+    {
+        return TakeOdbcRows(statement_, columns);
+    }
+
+    /// Goes on to the next result, and drops what is left of this one. False at the end of the statement.
+    bool NextResult() { return statement_.Pass(OdbcLibrary::Get().MoreResults(statement_.Get())); }
+
+    /// To the end of the statement: an error may come behind any result.
+    void DropTheRest()
+    {
+        while (NextResult()) {
+        }
+    }
+
+private:
+    void Set(SQLINTEGER attribute, SQLULEN value)
+    {
+        statement_.Pass(
+            OdbcLibrary::Get().SetStatementAttribute(statement_.Get(), attribute, OdbcNumber(value), 0));
+    }
+
+    OdbcColumn Column(SQLUSMALLINT column) const
+    {
+        std::array<SQLWCHAR, 256> name{};
+        SQLSMALLINT nameSize = 0;
+        SQLSMALLINT type = 0;
+        SQLULEN size = 0;
+        SQLSMALLINT digits = 0;
+        SQLSMALLINT nullable = 0;
+        statement_.Pass(OdbcLibrary::Get().DescribeCol(statement_.Get(), column, name.data(),
+                                                       static_cast<SQLSMALLINT>(name.size()), &nameSize,
+                                                       &type, &size, &digits, &nullable));
+        return DescribedColumn(OdbcText(name.data(), nameSize), type, size);
+    }
+
+    OdbcHandle statement_;
+};
+
+OdbcConnection::OdbcConnection(QList<OdbcDriver> drivers) : drivers_(std::move(drivers)) {}
+
+OdbcConnection::~OdbcConnection()
+{
+    OdbcConnection::Close();
+}
+
+void OdbcConnection::Open()
+{
+    Close();
+    for (const OdbcDriver& driver : std::as_const(drivers_))
+        if (OpenBy(driver))
+            return;
+    throw RuntimeError(StatementFailure, WantedOdbcDrivers());
+}
+
+/// False when the driver is not there, although it is in the list.
+bool OdbcConnection::OpenBy(const OdbcDriver& driver)
+{
+    const OdbcLibrary& odbc = OdbcLibrary::Get();
+    const QString text = OdbcConnectionText(driver, ParseConnectionText(ConnectionString));
+    OdbcHandle handle(SQL_HANDLE_DBC, OdbcEnvironment());
+    odbc.SetConnectionAttribute(handle.Get(), SQL_ATTR_LOGIN_TIMEOUT,
+                                OdbcNumber(static_cast<SQLULEN>(ConnectionTimeout)), 0);
+    const SQLRETURN result = odbc.DriverConnect(handle.Get(), nullptr, OdbcCharacters(text), SQL_NTS, nullptr,
+                                                0, nullptr, SQL_DRIVER_NOPROMPT);
+    if (SQL_SUCCEEDED(result)) {
+        handle_ = std::move(handle);
+        return true;
+    }
+    const QList<OdbcDiagnostic> records = handle.Diagnostics();
+    if (!TellMissingDriver(records))
+        throw OdbcError(records, OdbcPhase::Opening);
+    return false;
+}
+
+void OdbcConnection::Close()
+{
+    if (!handle_)
+        return;
+    OdbcLibrary::Get().Disconnect(handle_.Get());
+    handle_ = {};
+}
+
+std::unique_ptr<Recordset> OdbcConnection::Query(const QString& sql)
+{
+    Running statement(*this, sql);
+    std::vector<OdbcColumn> columns = statement.Columns();
+    while (columns.empty() && statement.NextResult())
+        columns = statement.Columns();
+    if (columns.empty())
+        return std::make_unique<Recordset>();
+    std::unique_ptr<Recordset> records = statement.Rows(columns);
+    statement.DropTheRest();
+    return records;
+}
+
+void OdbcConnection::Execute(const QString& sql)
+{
+    Running(*this, sql).DropTheRest();
+}
+
+} // namespace tsms
