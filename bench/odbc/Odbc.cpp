@@ -81,8 +81,9 @@ int Compare()
     CompareSides(server, "search over ODBC");
 
     const QString sql = WholeYear().Text();
+    test::ServerDatabases databases(server.Account().Database, database.Path(), clock);
     const std::optional<QByteArray> answer =
-        test::ServerEngine(database.Path(), server.Account().Database, clock).Run(sql);
+        test::ServerEngine(databases, server.Account().Database, clock).Run(sql);
     if (!answer)
         Fail("the database is locked");
     server.AnswerWhere(sql, *answer);

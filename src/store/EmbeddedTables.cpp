@@ -69,25 +69,6 @@ QString NumberTriggers(const QString& table, const QString& column)
     return text;
 }
 
-QString EmbeddedTable(const TableDescription& table)
-{
-    QStringList columns;
-    for (const ColumnDescription& column : table.columns)
-        columns += column.name + u' ' + EmbeddedType(column);
-    QString text =
-        QStringLiteral("CREATE TABLE %1 (%2);\n").arg(table.name, columns.join(QStringLiteral(", ")));
-    for (qsizetype at = 0; at < table.indexes.size(); ++at)
-        text += QStringLiteral("CREATE INDEX IX_%1_%2 ON %1 (%3);\n")
-                    .arg(table.name, QString::number(at + 1), table.indexes[at]);
-    for (const ColumnDescription& column : table.columns) {
-        if (column.type == ColumnType::Integer)
-            text += IntegerTriggers(table.name, column.name);
-        else if (column.type == ColumnType::Number)
-            text += NumberTriggers(table.name, column.name);
-    }
-    return text;
-}
-
 /// The name under which a file is made. What is left there at the end is removed.
 class Draft
 {
@@ -121,7 +102,7 @@ void MakeTables(EmbeddedConnection& connection, YearRange years, const std::func
     connection.ExecuteNative(QStringLiteral("PRAGMA journal_mode=WAL"));
     connection.ExecuteNative(QStringLiteral("BEGIN"));
     for (const TableDescription& table : AllTables(years))
-        connection.ExecuteNative(EmbeddedTable(table));
+        connection.ExecuteNative(EmbeddedTableScript(table));
     connection.ExecuteNative(AccountRow());
     if (fill)
         fill(connection);
@@ -129,6 +110,25 @@ void MakeTables(EmbeddedConnection& connection, YearRange years, const std::func
 }
 
 } // namespace
+
+QString EmbeddedTableScript(const TableDescription& table)
+{
+    QStringList columns;
+    for (const ColumnDescription& column : table.columns)
+        columns += column.name + u' ' + EmbeddedType(column);
+    QString text =
+        QStringLiteral("CREATE TABLE %1 (%2);\n").arg(table.name, columns.join(QStringLiteral(", ")));
+    for (qsizetype at = 0; at < table.indexes.size(); ++at)
+        text += QStringLiteral("CREATE INDEX IX_%1_%2 ON %1 (%3);\n")
+                    .arg(table.name, QString::number(at + 1), table.indexes[at]);
+    for (const ColumnDescription& column : table.columns) {
+        if (column.type == ColumnType::Integer)
+            text += IntegerTriggers(table.name, column.name);
+        else if (column.type == ColumnType::Number)
+            text += NumberTriggers(table.name, column.name);
+    }
+    return text;
+}
 
 void CreateEmbeddedDatabase(const QString& path, YearRange years, const Clock& clock,
                             const std::function<void(Connection&)>& fill)
@@ -159,7 +159,7 @@ void AddEmbeddedLogYear(const QString& path, int year, const Clock& clock)
                    u'\'')
             ->RecordCount() > 0)
         throw RuntimeError(StatementFailure, table.name + QStringLiteral(" 테이블이 이미 있습니다."));
-    connection.ExecuteNative(EmbeddedTable(table));
+    connection.ExecuteNative(EmbeddedTableScript(table));
     connection.ExecuteNative(QStringLiteral("COMMIT"));
 }
 

@@ -15,6 +15,9 @@ class Connection;
 void CreateEmbeddedDatabase(const QString& path, YearRange years, const Clock& clock,
                             const std::function<void(Connection&)>& fill = {});
 
+/// The statements that make one table with its indexes, in the engine's own language.
+QString EmbeddedTableScript(const TableDescription& table);
+
 /// Adds the send log of one more year. Raises a RuntimeError when it is there already.
 void AddEmbeddedLogYear(const QString& path, int year, const Clock& clock);
 

@@ -3,6 +3,7 @@
 #include "store/ConnectionText.h"
 #include "store/ContractEngine.h"
 #include "store/DatabaseError.h"
+#include "support/database/ScratchDatabase.h"
 #include "support/database/TestDatabase.h"
 #include "support/Words.h"
 
@@ -577,11 +578,19 @@ ContractEngine Over(const char* name, TestEngine engine)
     return {name, [engine] { return std::make_unique<EngineDatabase>(engine); }};
 }
 
+/// A real server takes part when one is named.
+std::vector<ContractEngine> Engines()
+{
+    std::vector<ContractEngine> engines{Over("Embedded", TestEngine::Embedded),
+                                        Over("Odbc", TestEngine::Server)};
+    if (!LiveServer().isEmpty())
+        engines.push_back(Over("Live", TestEngine::Live));
+    return engines;
+}
+
 } // namespace
 
-INSTANTIATE_TEST_SUITE_P(Engine, Contract,
-                         ::testing::Values(Over("Embedded", TestEngine::Embedded),
-                                           Over("Odbc", TestEngine::Server)),
+INSTANTIATE_TEST_SUITE_P(Engine, Contract, ::testing::ValuesIn(Engines()),
                          [](const auto& engine) { return engine.param.name; });
 
 } // namespace tsms::test

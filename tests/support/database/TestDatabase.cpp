@@ -3,6 +3,7 @@
 #include "session/Session.h"
 #include "store/EmbeddedConnection.h"
 #include "store/EmbeddedTables.h"
+#include "support/database/ScratchDatabase.h"
 #include "support/server/TestServer.h"
 
 #include <gtest/gtest.h>
@@ -10,8 +11,28 @@
 
 namespace tsms::test {
 
+namespace {
+
+QList<QStringList> TextsOf(const Recordset& records)
+{
+    QList<QStringList> rows;
+    for (int row = 0; row < records.RecordCount(); ++row) {
+        QStringList fields;
+        for (int column = 0; column < records.FieldCount(); ++column)
+            fields += records.IsNull(row, column) ? QStringLiteral("(null)") : records.Text(row, column);
+        rows += fields;
+    }
+    return rows;
+}
+
+} // namespace
+
 TestDatabase::TestDatabase(const Clock& clock, YearRange years, TestEngine engine) : clock_(clock)
 {
+    if (engine == TestEngine::Live) {
+        scratch_ = std::make_unique<ScratchDatabase>(LiveServer(), years, clock_);
+        return;
+    }
     CreateEmbeddedDatabase(Path(), years, clock_);
     if (engine == TestEngine::Server)
         server_ = std::make_unique<TestServer>(Path(), clock_);
@@ -34,10 +55,10 @@ QString TestDatabase::Folder() const
 
 void TestDatabase::Describe(Session& session) const
 {
-    if (server_) {
-        server_->Describe(session);
-        return;
-    }
+    if (scratch_)
+        return scratch_->Describe(session);
+    if (server_)
+        return server_->Describe(session);
     session.DBCatalog = Path();
     session.DBServer = QStringLiteral("(embedded)");
     session.DBPort = QStringLiteral("1433");
@@ -55,6 +76,8 @@ void TestDatabase::SetAccount(int balance)
 
 void TestDatabase::Execute(const QString& sql)
 {
+    if (scratch_)
+        return scratch_->Link().Execute(sql);
     char* words = nullptr;
     if (sqlite3_exec(Handle(), sql.toUtf8().constData(), nullptr, nullptr, &words) != SQLITE_OK)
         ADD_FAILURE() << words << " in " << sql.toStdString();
@@ -63,6 +86,8 @@ void TestDatabase::Execute(const QString& sql)
 
 QList<QStringList> TestDatabase::Rows(const QString& sql)
 {
+    if (scratch_)
+        return TextsOf(*scratch_->Link().Query(sql));
     QList<QStringList> rows;
     sqlite3_stmt* statement = nullptr;
     if (sqlite3_prepare_v2(Handle(), sql.toUtf8().constData(), -1, &statement, nullptr) != SQLITE_OK)

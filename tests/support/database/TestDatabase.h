@@ -20,11 +20,13 @@ struct Session;
 
 namespace tsms::test {
 
+class ScratchDatabase;
 class TestServer;
 
 /// A fresh embedded database in a folder of its own, and a second way to its rows that does not pass through
 /// the program: plain SQL of the engine on a handle of its own. The program reaches it on the file itself or
-/// from a server that stands before it, whichever engine the tests run with.
+/// from a server that stands before it, whichever engine the tests run with. With a real server there is a
+/// scratch database instead of the file, and the second way speaks its dialect.
 class TestDatabase
 {
 public:
@@ -42,7 +44,7 @@ public:
     /// Sets the session's launch fields so that it reaches this database.
     void Describe(Session& session) const;
 
-    /// The server before the file; null with the embedded engine.
+    /// The server before the file; null with any other engine.
     TestServer* Server() { return server_.get(); }
 
     /// The account row: id, password, domain, sender number, organisation and balance; the pages' addresses.
@@ -60,6 +62,7 @@ private:
     QTemporaryDir folder_;
     sqlite3* handle_ = nullptr;
     std::unique_ptr<TestServer> server_;
+    std::unique_ptr<ScratchDatabase> scratch_;
 };
 
 /// Connections that can be told to fail. They wrap a maker and count what passes.

@@ -6,7 +6,10 @@ namespace tsms::test {
 
 TestEngine ChosenTestEngine()
 {
-    return qgetenv("TSMS_TEST_ENGINE") == "server" ? TestEngine::Server : TestEngine::Embedded;
+    const QByteArray name = qgetenv("TSMS_TEST_ENGINE");
+    if (name == "live")
+        return TestEngine::Live;
+    return name == "server" ? TestEngine::Server : TestEngine::Embedded;
 }
 
 } // namespace tsms::test

@@ -2,8 +2,10 @@
 
 #include "runtime/RuntimeError.h"
 #include "store/DatabaseError.h"
+#include "store/EmbeddedTables.h"
 #include "support/server/ResultColumns.h"
 #include "support/server/ServerError.h"
+#include "support/server/ServerTables.h"
 #include "support/server/StatementTokens.h"
 
 namespace tsms::test {
@@ -49,12 +51,12 @@ StatementKind DoneKind(Kind kind)
 
 } // namespace
 
-ServerEngine::ServerEngine(const QString& path, const QString& database, const Clock& clock)
-    : connection_(clock), database_(database)
+ServerEngine::ServerEngine(ServerDatabases& databases, const QString& name, const Clock& clock)
+    : connection_(clock), databases_(databases), database_(name)
 {
     connection_.ConnectionTimeout = 1;
     connection_.CommandTimeout = 0; // who waits for a lock has to hear an attention meanwhile
-    connection_.OpenFile(path);
+    connection_.OpenFile(databases.PathOf(name).value_or(QString()));
 }
 
 std::optional<QByteArray> ServerEngine::Run(const QString& batch)
@@ -130,12 +132,34 @@ QByteArray ServerEngine::Select(const QString& sql, bool moreFollows)
 
 QByteArray ServerEngine::Change(const ServerStatement& statement, bool moreFollows)
 {
+    if (statement.kind == Kind::Other) {
+        Define(statement.Text);
+        return DoneToken(StatementKind::Other, -1, moreFollows);
+    }
     RefuseLongTexts(statement.Text);
     connection_.Execute(EngineText(statement.Text));
-    if (statement.kind == Kind::Other)
-        return DoneToken(StatementKind::Other, -1, moreFollows);
     const qint64 count = connection_.Query(QStringLiteral("SELECT changes()"))->Field(0).toLongLong();
     return DoneToken(DoneKind(statement.kind), count, moreFollows);
+}
+
+/// Databases, and the program's tables in the form that the engine gives them, their indexes included.
+void ServerEngine::Define(const QString& sql)
+{
+    const StatementTokens tokens(sql);
+    const int at = tokens[3] == "." ? 4 : 2;
+    if (tokens.Is(0, "CREATE") && tokens.Is(1, "DATABASE")) {
+        databases_.Create(tokens.Name(2));
+    } else if (tokens.Is(0, "DROP") && tokens.Is(1, "DATABASE")) {
+        databases_.Drop(tokens.Name(2));
+    } else if (tokens.Is(0, "CREATE") && tokens.Is(1, "INDEX")) {
+        return;
+    } else if (TableDescription table = ServerTable(tokens.Name(at));
+               tokens.Is(0, "CREATE") && tokens.Is(1, "TABLE") && !table.columns.isEmpty()) {
+        table.name = tokens.Name(at);
+        connection_.ExecuteNative(EmbeddedTableScript(table));
+    } else {
+        connection_.Execute(EngineText(sql));
+    }
 }
 
 } // namespace tsms::test

@@ -2,6 +2,7 @@
 
 #include "store/EmbeddedConnection.h"
 #include "support/server/ServerBatch.h"
+#include "support/server/ServerDatabases.h"
 
 #include <QByteArray>
 #include <QString>
@@ -15,8 +16,8 @@ namespace tsms::test {
 class ServerEngine
 {
 public:
-    /// Opens the file. `database` is the name under which the server has it.
-    ServerEngine(const QString& path, const QString& database, const Clock& clock);
+    /// Opens one of the databases. Raises a RuntimeError when it is not there.
+    ServerEngine(ServerDatabases& databases, const QString& name, const Clock& clock);
 
     /// Runs a batch and gives the tokens of the answer. Nothing when the file is locked by somebody else:
     /// then nothing has happened, and the batch has to be run again. A syntax error keeps the whole batch
@@ -30,7 +31,10 @@ private:
     QByteArray Select(const QString& sql, bool moreFollows);
     QByteArray Change(const ServerStatement& statement, bool moreFollows);
 
+    void Define(const QString& sql);
+
     EmbeddedConnection connection_;
+    ServerDatabases& databases_;
     QString database_;
 };
 

@@ -120,7 +120,7 @@ private:
             socket_.disconnectFromHost();
             return;
         }
-        const QString& database = server_.account_.Database;
+        const QString& database = DatabaseOf(logIn);
         const int packetSize = PacketSizeFor(logIn.PacketSize);
         Send(DatabaseChange(database, u"master") + InfoToken(DatabaseIs(database)) + CollationChange() +
              LanguageChange(u"us_english") + InfoToken(LanguageIs(QStringLiteral("us_english"))) +
@@ -143,14 +143,20 @@ private:
         }
         if (!isSame(logIn.User, account.User) || logIn.Password != account.Password)
             return {failed};
-        if (!logIn.Database.isEmpty() && !isSame(logIn.Database, account.Database))
-            return {UnknownDatabase(logIn.Database), failed};
+        const QString& database = DatabaseOf(logIn);
+        if (!server_.databases_.PathOf(database))
+            return {UnknownDatabase(database), failed};
         try {
-            engine_ = std::make_unique<ServerEngine>(server_.path_, account.Database, server_.clock_);
+            engine_ = std::make_unique<ServerEngine>(server_.databases_, database, server_.clock_);
         } catch (const RuntimeError&) {
-            return {UnknownDatabase(account.Database), failed};
+            return {UnknownDatabase(database), failed};
         }
         return {};
+    }
+
+    const QString& DatabaseOf(const ServerLogin& logIn) const
+    {
+        return logIn.Database.isEmpty() ? server_.account_.Database : logIn.Database;
     }
 
     void TakeBatch(const QString& sql)
@@ -248,8 +254,11 @@ private:
     QTcpServer listener_{this};
 };
 
-TestServer::TestServer(QString path, const Clock& clock, ServerAccount account)
-    : path_(std::move(path)), clock_(clock), account_(std::move(account)), worker_(new Worker(*this))
+TestServer::TestServer(const QString& path, const Clock& clock, ServerAccount account)
+    : clock_(clock),
+      account_(std::move(account)),
+      databases_(account_.Database, path, clock),
+      worker_(new Worker(*this))
 {
     worker_->moveToThread(&thread_);
     QObject::connect(&thread_, &QThread::finished, worker_, &QObject::deleteLater);

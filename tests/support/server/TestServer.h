@@ -1,6 +1,7 @@
 #pragma once
 
 #include "support/server/ServerConduct.h"
+#include "support/server/ServerDatabases.h"
 
 #include <QString>
 #include <QThread>
@@ -14,7 +15,7 @@ struct Session;
 
 namespace tsms::test {
 
-/// Who may log in to a server, and the name of its one database.
+/// Who may log in to a server, and the name of the database that it is given.
 struct ServerAccount
 {
     QString User = QStringLiteral("sms");
@@ -34,7 +35,7 @@ class TestServer
 {
 public:
     /// Listens at once. `path` is that of the file; the clock outlives the server.
-    TestServer(QString path, const Clock& clock, ServerAccount account = {});
+    TestServer(const QString& path, const Clock& clock, ServerAccount account = {});
     ~TestServer(); ///< cuts every connection and waits for nobody
     TestServer(const TestServer&) = delete;
     TestServer& operator=(const TestServer&) = delete;
@@ -82,9 +83,9 @@ private:
     class Client;
     class Worker;
 
-    QString path_;
     const Clock& clock_;
     ServerAccount account_;
+    ServerDatabases databases_; // of the server's thread alone, once that runs
     ServerConduct conduct_;
     quint16 port_ = 0;
     QThread thread_;

@@ -1,0 +1,46 @@
+#include "support/server/ServerDatabases.h"
+
+#include "runtime/RuntimeError.h"
+#include "store/DatabaseError.h"
+#include "store/EmbeddedConnection.h"
+
+#include <QFile>
+
+namespace tsms::test {
+
+ServerDatabases::ServerDatabases(const QString& name, const QString& path, const Clock& clock)
+    : clock_(clock), paths_{{name.toLower(), path}}
+{
+}
+
+std::optional<QString> ServerDatabases::PathOf(const QString& name) const
+{
+    const auto found = paths_.find(name.toLower());
+    return found == paths_.end() ? std::nullopt : std::optional(*found);
+}
+
+void ServerDatabases::Create(const QString& name)
+{
+    if (PathOf(name))
+        throw RuntimeError(
+            StatementFailure,
+            QStringLiteral("Database '%1' already exists. Choose a different database name.").arg(name));
+    const QString path = folder_.filePath(QStringLiteral("%1.db").arg(paths_.size()));
+    EmbeddedConnection connection(clock_);
+    connection.OpenFile(path, true);
+    connection.ExecuteNative(QStringLiteral("PRAGMA journal_mode=WAL"));
+    paths_.insert(name.toLower(), path);
+}
+
+void ServerDatabases::Drop(const QString& name)
+{
+    const std::optional<QString> path = PathOf(name);
+    if (!path)
+        throw RuntimeError(StatementFailure, QStringLiteral("Cannot drop the database '%1', because it does "
+                                                            "not exist or you do not have permission.")
+                                                 .arg(name));
+    QFile::remove(*path);
+    paths_.remove(name.toLower());
+}
+
+} // namespace tsms::test
