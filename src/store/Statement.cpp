@@ -23,6 +23,13 @@ bool IsWordCharacter(QChar c)
     return c.isLetterOrNumber() || c.isSurrogate() || c == u'_';
 }
 
+/// A driver ends a text at a NUL and at half of a surrogate pair. What the program put behind a value would
+/// be lost, the condition of an UPDATE for one.
+bool IsCutByDrivers(QStringView text)
+{
+    return text.contains(QChar(QChar::Null)) || !text.isValidUtf16();
+}
+
 /// The word or the sign at a position: what a syntax error names.
 QStringView TokenAt(QStringView text, qsizetype at)
 {
@@ -237,6 +244,8 @@ Statement& Statement::Value(QStringView value)
 
 QString Statement::Fault() const
 {
+    if (IsCutByDrivers(text_))
+        return SyntaxErrorNear(QStringView());
     if (!bareFault_.isEmpty())
         return bareFault_;
     const OutsideScan scan(text_);

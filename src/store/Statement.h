@@ -34,8 +34,8 @@ public:
 
     /// Empty when the text may be sent, else the words with which it is refused: a value that leaves its
     /// literal, a second statement (behind ";" or not), a comment or a quoted name outside the literals, a
-    /// bare value that is no number. A text whose quotes do not balance is no fault: the server refuses it
-    /// as a whole and in its own words.
+    /// bare value that is no number, a NUL or half of a surrogate pair anywhere. A text whose quotes do not
+    /// balance is no fault: the server refuses it as a whole and in its own words.
     QString Fault() const;
 
 private:

@@ -270,12 +270,14 @@ TEST(GatewayFault, AreReadFromTheirWords)
     EXPECT_EQ(late->Call, 2);
     EXPECT_EQ(ReadGatewayFault(u"wsdl-missing"_q)->Kind, FaultKind::WsdlMissing);
     EXPECT_EQ(ReadGatewayFault(u"drop"_q)->Call, 0);
+    EXPECT_EQ(ReadGatewayFault(u"leave@2"_q)->Kind, FaultKind::Leave);
+    EXPECT_EQ(ReadGatewayFault(u"wsdl-late=20"_q)->Milliseconds, 20);
 }
 
 TEST(GatewayFault, OtherWordsAreNone)
 {
     for (const QString& text : {u""_q, u"nonsense"_q, u"refuse@"_q, u"refuse@0"_q, u"late"_q, u"refuse=5"_q,
-                                u"wsdl-missing@2"_q, u"drop@x"_q})
+                                u"wsdl-missing@2"_q, u"drop@x"_q, u"wsdl-late"_q, u"wsdl-drop=5"_q})
         EXPECT_FALSE(ReadGatewayFault(text)) << text.toStdString();
 }
 

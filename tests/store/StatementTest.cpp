@@ -101,6 +101,17 @@ TEST(Statement, AValueThatHidesTheClosingQuoteIsRefused)
     EXPECT_NE(Insert(u"x' /*"_q, u"*/, 'y"_q).Fault(), QString());
 }
 
+TEST(Statement, AValueThatEndsTheTextForADriverIsRefused)
+{
+    for (const QString& attack :
+         {u"x'\0"_q, u"x'\0y"_q, u"\0x"_q, u"x\0"_q, u"x'"_q + QChar(0xD800), QChar(0xDC00) + u"x"_q}) {
+        EXPECT_EQ(MemberOfName(attack).Fault(), u"Incorrect syntax near ''."_q);
+        EXPECT_EQ(Insert(u"a"_q, attack).Fault(), u"Incorrect syntax near ''."_q);
+        EXPECT_EQ(BareFault(attack), u"Incorrect syntax near ''."_q);
+    }
+    EXPECT_EQ(MemberOfName(u"\U0001F600"_q).Fault(), QString()); // a whole pair
+}
+
 TEST(Statement, ASecondStatementIsRefusedWithAndWithoutASemicolon)
 {
     EXPECT_EQ(Statement(u"SELECT 1; DELETE SMSSetup").Fault(), u"Incorrect syntax near ';'."_q);

@@ -19,9 +19,15 @@ std::optional<FaultKind> KindOf(const QString& name)
         {QStringLiteral("soap-fault"), FaultKind::SoapFault},
         {QStringLiteral("http500"), FaultKind::Http500},
         {QStringLiteral("garbage"), FaultKind::Garbage},
+        {QStringLiteral("leave"), FaultKind::Leave},
         {QStringLiteral("wsdl-missing"), FaultKind::WsdlMissing},
         {QStringLiteral("wsdl-garbage"), FaultKind::WsdlGarbage},
         {QStringLiteral("wsdl-no-operation"), FaultKind::WsdlNoOperation},
+        {QStringLiteral("wsdl-late"), FaultKind::WsdlLate},
+        {QStringLiteral("wsdl-drop"), FaultKind::WsdlDrop},
+        {QStringLiteral("wsdl-cut"), FaultKind::WsdlCut},
+        {QStringLiteral("wsdl-http500"), FaultKind::WsdlHttp500},
+        {QStringLiteral("wsdl-leave"), FaultKind::WsdlLeave},
     };
     const auto found = kinds.constFind(name);
     return found == kinds.cend() ? std::nullopt : std::optional(*found);
@@ -39,7 +45,7 @@ std::optional<GatewayFault> ReadGatewayFault(const QString& text)
         return std::nullopt;
     const GatewayFault fault{*kind, match.captured(3).toInt(), match.captured(2).toInt()};
     const bool hasTime = !match.captured(2).isEmpty();
-    if (hasTime != (fault.Kind == FaultKind::Late) || (fault.IsOfDescription() && fault.Call != 0))
+    if (hasTime != fault.TakesTime() || (fault.IsOfDescription() && fault.Call != 0))
         return std::nullopt;
     return fault;
 }

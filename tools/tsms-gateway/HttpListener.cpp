@@ -114,6 +114,9 @@ public:
         return server_.listen(QHostAddress::LocalHost, port) ? server_.serverPort() : 0;
     }
 
+    void Leave() { server_.close(); }
+    bool Return(quint16 port) { return server_.isListening() || Listen(port) != 0; }
+
 private:
     void Accept()
     {
@@ -141,13 +144,15 @@ private:
     {
         if (answer.DelayMilliseconds > 0)
             QTimer::singleShot(answer.DelayMilliseconds, &socket,
-                               [&socket, answer] { Write(socket, answer); });
+                               [this, &socket, answer] { Write(socket, answer); });
         else
             Write(socket, answer);
     }
 
-    static void Write(QTcpSocket& socket, const HttpAnswer& answer)
+    void Write(QTcpSocket& socket, const HttpAnswer& answer)
     {
+        if (answer.After == HttpAnswer::Then::Leave)
+            Leave(); // before the client reads the answer and comes back
         if (!answer.Bytes.isEmpty()) {
             socket.write(answer.Bytes);
             socket.flush();
@@ -156,6 +161,7 @@ private:
         case HttpAnswer::Then::Keep:
             break;
         case HttpAnswer::Then::Close:
+        case HttpAnswer::Then::Leave:
             socket.disconnectFromHost();
             break;
         case HttpAnswer::Then::Reset:
@@ -185,6 +191,20 @@ bool HttpListener::Listen(quint16 port)
     QMetaObject::invokeMethod(
         worker_, [this, port] { port_ = worker_->Listen(port); }, Qt::BlockingQueuedConnection);
     return port_ != 0;
+}
+
+void HttpListener::Leave()
+{
+    QMetaObject::invokeMethod(
+        worker_, [this] { worker_->Leave(); }, Qt::BlockingQueuedConnection);
+}
+
+bool HttpListener::Return()
+{
+    bool listens = false;
+    QMetaObject::invokeMethod(
+        worker_, [this, &listens] { listens = worker_->Return(port_); }, Qt::BlockingQueuedConnection);
+    return listens;
 }
 
 } // namespace tsms

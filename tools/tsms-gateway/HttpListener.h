@@ -23,7 +23,12 @@ struct HttpRequest
 /// The very bytes that go back, and what becomes of the connection then.
 struct HttpAnswer
 {
-    enum class Then { Keep, Close, Reset };
+    enum class Then {
+        Keep,
+        Close,
+        Reset,
+        Leave, ///< closes it, and listens no more
+    };
 
     QByteArray Bytes;
     Then After = Then::Keep;
@@ -48,6 +53,11 @@ public:
 
     /// Listens on `port`, or on a free one for 0. False when the port is taken.
     bool Listen(quint16 port);
+
+    /// Refuses connections. Those that are there go on.
+    void Leave();
+    /// Listens again on its port. False when somebody else has taken it meanwhile.
+    bool Return();
 
     quint16 Port() const { return port_; }
     int ConnectionCount() const { return connections_; } ///< accepted so far

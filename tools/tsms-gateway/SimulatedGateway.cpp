@@ -32,12 +32,15 @@ HttpAnswer Spoilt(const HttpAnswer& right, const GatewayFault& fault)
     HttpAnswer answer = right;
     switch (fault.Kind) {
     case FaultKind::Late:
+    case FaultKind::WsdlLate:
         answer.DelayMilliseconds = fault.Milliseconds;
         break;
     case FaultKind::Drop:
+    case FaultKind::WsdlDrop:
         answer = {{}, HttpAnswer::Then::Close};
         break;
     case FaultKind::Cut:
+    case FaultKind::WsdlCut:
         answer.Bytes.chop(60); // inside the envelope
         answer.After = HttpAnswer::Then::Close;
         break;
@@ -46,13 +49,25 @@ HttpAnswer Spoilt(const HttpAnswer& right, const GatewayFault& fault)
                              QStringLiteral("점검 중입니다."));
         break;
     case FaultKind::Http500:
+    case FaultKind::WsdlHttp500:
         answer = WholeAnswer(HttpServerError, Html, "<html><body><h1>500</h1></body></html>");
         break;
     case FaultKind::Garbage:
         answer = WholeAnswer(HttpOk, Xml, "\x01\x02 this is no XML <<<");
         break;
+    case FaultKind::Leave:
+    case FaultKind::WsdlLeave:
+        answer.Bytes.replace(answer.Bytes.indexOf("\r\n\r\n"), 2, "\r\nConnection: close\r\n");
+        answer.After = HttpAnswer::Then::Leave;
+        break;
+    case FaultKind::WsdlMissing:
+        answer = WholeAnswer(HttpNotFound, Html, "<html><body>404</body></html>");
+        break;
+    case FaultKind::WsdlGarbage:
+        answer = WholeAnswer(HttpOk, Xml, "this is no XML <<<");
+        break;
     default:
-        break; // of the reply's text, or of the description
+        break; // of the reply's text, or of what the description names
     }
     return answer;
 }
@@ -111,19 +126,12 @@ HttpAnswer SimulatedGateway::Answer(const HttpRequest& request)
 HttpAnswer SimulatedGateway::AnswerDescription()
 {
     const std::lock_guard lock(mutex_);
-    const QString endpoint = Url() + EndpointPath();
-    for (const GatewayFault& fault : std::as_const(faults_))
-        switch (fault.Kind) {
-        case FaultKind::WsdlMissing:
-            return WholeAnswer(HttpNotFound, Html, "<html><body>404</body></html>");
-        case FaultKind::WsdlGarbage:
-            return WholeAnswer(HttpOk, Xml, "this is no XML <<<");
-        case FaultKind::WsdlNoOperation:
-            return WholeAnswer(HttpOk, Xml, DescriptionOf(settings_.Style, endpoint, false));
-        default:
-            break;
-        }
-    return WholeAnswer(HttpOk, Xml, DescriptionOf(settings_.Style, endpoint));
+    const auto fault = std::find_if(faults_.cbegin(), faults_.cend(),
+                                    [](const GatewayFault& scripted) { return scripted.IsOfDescription(); });
+    const bool namesOperations = fault == faults_.cend() || fault->Kind != FaultKind::WsdlNoOperation;
+    const HttpAnswer right =
+        WholeAnswer(HttpOk, Xml, DescriptionOf(settings_.Style, Url() + EndpointPath(), namesOperations));
+    return fault == faults_.cend() ? right : Spoilt(right, *fault);
 }
 
 HttpAnswer SimulatedGateway::AnswerCall(const HttpRequest& request)

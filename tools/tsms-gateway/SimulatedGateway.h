@@ -43,6 +43,10 @@ public:
     void Script(const GatewayFault& fault);
     void ClearFaults();
 
+    /// Refuses connections until it returns.
+    void Leave() { listener_.Leave(); }
+    bool Return() { return listener_.Return(); } ///< false when its port has been taken meanwhile
+
     QList<GatewayMessage> Messages() const { return book_.Messages(); } ///< held and accepted ones
     QList<ServiceCall> Calls() const; ///< every call that arrived whole, in order, whatever came of it
     int ConnectionCount() const { return listener_.ConnectionCount(); }

@@ -42,7 +42,9 @@ int main(int argc, char** argv)
         QStringLiteral("fault"),
         QStringLiteral(
             "정해 둔 잘못. 여러 번 쓸 수 있습니다. 종류: refuse, short, bad-boolean, late=밀리초, drop, cut, "
-            "soap-fault, http500, garbage, wsdl-missing, wsdl-garbage, wsdl-no-operation. 뒤에 @N을 붙이면 "
+            "soap-fault, http500, garbage, leave, wsdl-missing, wsdl-garbage, wsdl-no-operation, "
+            "wsdl-late=밀리초, "
+            "wsdl-drop, wsdl-cut, wsdl-http500, wsdl-leave. 뒤에 @N을 붙이면 "
             "N번째 호출에만, 붙이지 않으면 모든 호출에 적용합니다."),
         QStringLiteral("종류[@N]"));
     const QCommandLineOption hold(

@@ -34,6 +34,15 @@ TestGateway::TestGateway(const Clock& clock, ServiceStyle style) : gateway_(cloc
     StartOrDie(gateway_);
 }
 
+void TestGateway::BehaveAgain()
+{
+    gateway_.ClearFaults();
+    if (!gateway_.Return()) {
+        std::fputs("the simulated gateway has lost its port\n", stderr);
+        std::abort();
+    }
+}
+
 QString TestGateway::WsdlUrl() const
 {
     return Url() + DescriptionPath();

@@ -31,7 +31,11 @@ public:
     {
         gateway_.Script({FaultKind::Late, call, milliseconds});
     }
-    void BehaveAgain() { gateway_.ClearFaults(); }
+    /// Refuses connections from now on, or when it has answered the `call`-th call.
+    void Leave() { gateway_.Leave(); }
+    void LeaveAfter(int call) { gateway_.Script({FaultKind::Leave, call, 0}); }
+    void DescribeLate(int milliseconds) { gateway_.Script({FaultKind::WsdlLate, 0, milliseconds}); }
+    void BehaveAgain(); ///< takes back all of the above
 
 private:
     SystemClock systemClock_;
