@@ -84,6 +84,40 @@ TEST_F(Faults, AConnectionIsCutInTheMiddleOfTheAnswer)
     EXPECT_EQ(Balance(), u"1"_q);
 }
 
+TEST_F(Faults, AConnectionIsCutBehindHalfOfTheAnswer)
+{
+    for (int row = 0; row < 200; ++row)
+        database_.Execute(
+            u"INSERT INTO SMSTempLSub (TempLContent) VALUES ('%1')"_q.arg(u"가"_q.repeated(40)));
+    server_.CutInMiddle();
+    Run(u"SELECT TempLContent FROM SMSTempLSub"_q);
+    EXPECT_NEAR(static_cast<double>(client_.Rows().size()), 100, 10);
+    EXPECT_FALSE(client_.Diagnostics().isEmpty());
+    ExpectCut();
+}
+
+TEST_F(Faults, TheServerLeavesWithTheFaultThatItHasAnsweredAndComesBackOnTheSamePort)
+{
+    server_.LeaveWithFault();
+    server_.Fail({1205, 13, 45, u"Transaction was deadlocked."_q}, 2);
+    Run(change_);
+    EXPECT_FALSE(client_.Execute(change_));
+    EXPECT_EQ(client_.First().Number, 1205);
+    EXPECT_TRUE(server_.WaitForOpenConnections(0));
+    OdbcClient other;
+    EXPECT_FALSE(other.Connect(server_));
+    server_.Start();
+    EXPECT_TRUE(other.Connect(server_));
+    EXPECT_EQ(Balance(), u"1"_q);
+}
+
+TEST_F(Faults, StartingAServerThatIsThereChangesNothing)
+{
+    server_.Start();
+    Run(change_);
+    EXPECT_EQ(Balance(), u"1"_q);
+}
+
 TEST_F(Faults, AConnectionIsCutBetweenTwoRows)
 {
     for (int row = 0; row < 200; ++row)

@@ -92,6 +92,41 @@ TEST_F(LogIn, IsRefusedWithTheErrorsThatTheServerIsTold)
     EXPECT_EQ(client_.First().Number, 911);
 }
 
+TEST_F(LogIn, IsRefusedWhenItIsTheNthAndPassesAgainAfterIt)
+{
+    server_.RefuseLogIn(2);
+    EXPECT_TRUE(client_.Connect(server_));
+    OdbcClient other;
+    EXPECT_FALSE(other.Connect(server_));
+    EXPECT_EQ(other.First().Number, LogInFailedNumber);
+    EXPECT_TRUE(other.Connect(server_));
+}
+
+TEST_F(LogIn, IsRefusedFromTheNthOnUntilTheServerBehavesAgain)
+{
+    server_.RefuseLogInsFrom(2);
+    EXPECT_TRUE(client_.Connect(server_));
+    OdbcClient other;
+    for (int turn = 0; turn < 2; ++turn) {
+        EXPECT_FALSE(other.Connect(server_));
+        EXPECT_EQ(other.First().Number, LogInFailedNumber);
+    }
+    server_.BehaveAgain();
+    EXPECT_TRUE(other.Connect(server_));
+}
+
+TEST_F(LogIn, IsCutAndTakesTheServerWithIt)
+{
+    server_.LeaveWithFault();
+    server_.CutLogIn(1);
+    EXPECT_FALSE(client_.Connect(server_));
+    EXPECT_EQ(server_.LogIns().size(), 1);
+    EXPECT_FALSE(client_.Connect(server_));
+    EXPECT_EQ(server_.LogIns().size(), 1);
+    server_.Start();
+    EXPECT_TRUE(client_.Connect(server_));
+}
+
 TEST_F(LogIn, EndsInATimeOutWhenTheServerIsSilentFromTheBeginning)
 {
     server_.StaySilentAtPreLogIn();

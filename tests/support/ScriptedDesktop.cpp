@@ -23,7 +23,7 @@ MsgBoxAnswer ScriptedDesktop::MsgBox(const QString& text, MsgBoxStyle style, con
     if (script_.empty()) {
         if (!allowBoxes_)
             ADD_FAILURE() << "unexpected box: " << shown;
-        return AnswerOK;
+        return style == MsgBoxQuestion || style == MsgBoxCriticalYesNo ? toQuestions_ : AnswerOK;
     }
     const Expectation next = std::move(script_.front());
     script_.pop_front();

@@ -37,8 +37,13 @@ public:
     /// The next box must be this one; answers `answer`. `meanwhile` runs while the box stands.
     void Expect(Box box, MsgBoxAnswer answer = AnswerOK, std::function<void()> meanwhile = {});
 
-    /// From here on boxes are only recorded and answered with OK.
-    void AllowBoxes() { allowBoxes_ = true; }
+    /// From here on boxes that the script does not expect are only recorded. Those that ask are answered so,
+    /// the others with OK.
+    void AllowBoxes(MsgBoxAnswer toQuestions = AnswerOK)
+    {
+        allowBoxes_ = true;
+        toQuestions_ = toQuestions;
+    }
 
     QList<Box> boxes;             ///< all boxes so far
     QStringList events;           ///< boxes ("box <title>") and pages ("page <url>") in their order
@@ -66,6 +71,7 @@ private:
     };
     std::deque<Expectation> script_;
     bool allowBoxes_ = false;
+    MsgBoxAnswer toQuestions_ = AnswerOK;
 };
 
 } // namespace tsms::test

@@ -9,6 +9,8 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <QFile>
+
 namespace tsms::test {
 
 namespace {
@@ -27,13 +29,17 @@ QList<QStringList> TextsOf(const Recordset& records)
 
 } // namespace
 
-TestDatabase::TestDatabase(const Clock& clock, YearRange years, TestEngine engine) : clock_(clock)
+TestDatabase::TestDatabase(const Clock& clock, YearRange years, TestEngine engine, const QString& original)
+    : clock_(clock)
 {
     if (engine == TestEngine::Live) {
         scratch_ = std::make_unique<ScratchDatabase>(LiveServer(), years, clock_);
         return;
     }
-    CreateEmbeddedDatabase(Path(), years, clock_);
+    if (original.isEmpty())
+        CreateEmbeddedDatabase(Path(), years, clock_);
+    else
+        EXPECT_TRUE(QFile::copy(original, Path())) << original.toStdString();
     if (engine == TestEngine::Server)
         server_ = std::make_unique<TestServer>(Path(), clock_);
 }

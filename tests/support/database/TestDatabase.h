@@ -23,15 +23,16 @@ namespace tsms::test {
 class ScratchDatabase;
 class TestServer;
 
-/// A fresh embedded database in a folder of its own, and a second way to its rows that does not pass through
-/// the program: plain SQL of the engine on a handle of its own. The program reaches it on the file itself or
-/// from a server that stands before it, whichever engine the tests run with. With a real server there is a
-/// scratch database instead of the file, and the second way speaks its dialect.
+/// A fresh embedded database, or a copy of the file `original`, in a folder of its own, and a second way to
+/// its rows that does not pass through the program: plain SQL of the engine on a handle of its own. The
+/// program reaches it on the file itself or from a server that stands before it, whichever engine the tests
+/// run with. With a real server there is a scratch database instead of the file, and the second way speaks
+/// its dialect.
 class TestDatabase
 {
 public:
     explicit TestDatabase(const Clock& clock, YearRange years = {2010, 2030},
-                          TestEngine engine = ChosenTestEngine());
+                          TestEngine engine = ChosenTestEngine(), const QString& original = {});
     ~TestDatabase();
 
     QString Path() const;   ///< of the database file

@@ -12,8 +12,8 @@
 
 namespace tsms::test {
 
-Program::Program()
-    : database(clock),
+Program::Program(TestEngine engine, const QString& original)
+    : database(clock, {2010, 2030}, engine, original),
       connections(database.Connections()),
       gateway(clock),
       db(session, desktop, connections.Maker()),

@@ -25,13 +25,15 @@ class PushButton;
 
 namespace tsms::test {
 
-/// The whole program in the test's process: a fresh embedded database with an open account, the simulated
-/// gateway, a desk that plays a script, a clock that stands at 14:07:09 on 30 May 2012, and an empty folder
-/// of its own.
+/// The whole program in the test's process: a test database with an open account, the simulated gateway, a
+/// desk that plays a script, a clock that stands at 14:07:09 on 30 May 2012, and an empty folder of its own.
 class Program
 {
 public:
-    Program();
+    /// `original` as with TestDatabase.
+    explicit Program(TestEngine engine = ChosenTestEngine(), const QString& original = {});
+    /// On a copy of a prepared database file, by that engine.
+    Program(const QString& original, TestEngine engine);
     ~Program();
 
     QString LaunchLine() const;

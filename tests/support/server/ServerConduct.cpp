@@ -1,6 +1,7 @@
 #include "support/server/ServerConduct.h"
 
 #include <chrono>
+#include <utility>
 
 namespace tsms::test {
 
@@ -50,17 +51,45 @@ void ServerConduct::AddFault(const StatementFault& fault, const QString& part)
     faults_ += {fault, 0, part};
 }
 
+void ServerConduct::AddFault(LogInFault fault, int nth)
+{
+    const Lock lock(mutex_);
+    logInFault_ = fault;
+    logInFaultIn_ = nth;
+}
+
+void ServerConduct::LeaveWithFault()
+{
+    const Lock lock(mutex_);
+    leaves_ = true;
+}
+
+bool ServerConduct::TakeLeave()
+{
+    const Lock lock(mutex_);
+    return std::exchange(leaves_, false);
+}
+
 void ServerConduct::BehaveAgain()
 {
     const Lock lock(mutex_);
     logIn_ = LogIn::Right;
+    logInFaultIn_ = 0;
+    leaves_ = false;
     faults_.clear();
 }
 
-void ServerConduct::NoteLogIn(const ServerLogin& logIn)
+std::optional<LogInFault> ServerConduct::NoteLogIn(const ServerLogin& logIn)
 {
     const Lock lock(mutex_);
     logIns_ += logIn;
+    if (logInFaultIn_ == 0 || --logInFaultIn_ > 0)
+        return std::nullopt;
+    if (logInFault_ == LogInFault::RefuseOnward) {
+        logIn_ = LogIn::Refuse;
+        refusal_.clear();
+    }
+    return logInFault_;
 }
 
 void ServerConduct::NoteConnection(int change)

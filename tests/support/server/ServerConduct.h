@@ -20,6 +20,7 @@ struct StatementFault
         Silent,      ///< is never executed nor answered
         CutBefore,   ///< the connection is cut and nothing executed
         CutInAnswer, ///< is executed; the connection is cut behind the first bytes of the answer
+        CutInMiddle, ///< is executed; the connection is cut behind half of the answer
         CutAfter,    ///< is executed; the connection is cut without an answer
         Error,       ///< is not executed and answered by an error
         Answer,      ///< is not executed and answered by given tokens
@@ -29,6 +30,13 @@ struct StatementFault
     int amount = 0; ///< of Late in milliseconds, of CutInAnswer in bytes
     ServerError error;
     QByteArray answer = {};
+};
+
+/// What becomes of a log-in that does not pass as it should.
+enum class LogInFault {
+    Refuse,       ///< with the failure of the user
+    RefuseOnward, ///< so, and every later one too
+    Cut,          ///< the connection is cut without an answer
 };
 
 /// What the server has been told to do wrong, and what it has seen. For any thread.
@@ -43,9 +51,13 @@ public:
     QList<ServerError> Refusal() const;
     void AddFault(const StatementFault& fault, int nth); ///< hits the n-th statement from now, from 1
     void AddFault(const StatementFault& fault, const QString& part); ///< hits every one that holds `part`
+    void AddFault(LogInFault fault, int nth); ///< hits the n-th log-in from now, from 1
+    void LeaveWithFault();                    ///< the next fault takes the server away with it
+    bool TakeLeave();                         ///< at a fault: true when the server is to go away now
     void BehaveAgain();
 
-    void NoteLogIn(const ServerLogin& logIn);
+    /// A log-in has come in. What is to become of it if it is hit.
+    std::optional<LogInFault> NoteLogIn(const ServerLogin& logIn);
     void NoteConnection(int change); ///< 1 for one more, -1 for one less
 
     /// A statement has come in. What is to become of it if it does not pass.
@@ -71,6 +83,9 @@ private:
     mutable std::condition_variable changed_;
     LogIn logIn_ = LogIn::Right;
     QList<ServerError> refusal_;
+    LogInFault logInFault_ = LogInFault::Refuse;
+    int logInFaultIn_ = 0; ///< log-ins up to the one that is hit; 0 for none
+    bool leaves_ = false;
     QList<Pending> faults_;
     QList<ServerLogin> logIns_;
     QStringList statements_;

@@ -9,14 +9,14 @@
 namespace tsms::test {
 
 ServerDatabases::ServerDatabases(const QString& name, const QString& path, const Clock& clock)
-    : clock_(clock), paths_{{name.toLower(), path}}
+    : clock_(clock), databases_{{name.toLower(), {name, path}}}
 {
 }
 
 std::optional<QString> ServerDatabases::PathOf(const QString& name) const
 {
-    const auto found = paths_.find(name.toLower());
-    return found == paths_.end() ? std::nullopt : std::optional(*found);
+    const auto found = databases_.find(name.toLower());
+    return found == databases_.end() ? std::nullopt : std::optional(found->path);
 }
 
 void ServerDatabases::Create(const QString& name)
@@ -25,11 +25,11 @@ void ServerDatabases::Create(const QString& name)
         throw RuntimeError(
             StatementFailure,
             QStringLiteral("Database '%1' already exists. Choose a different database name.").arg(name));
-    const QString path = folder_.filePath(QStringLiteral("%1.db").arg(paths_.size()));
+    const QString path = folder_.filePath(QStringLiteral("%1.db").arg(databases_.size()));
     EmbeddedConnection connection(clock_);
     connection.OpenFile(path, true);
     connection.ExecuteNative(QStringLiteral("PRAGMA journal_mode=WAL"));
-    paths_.insert(name.toLower(), path);
+    databases_.insert(name.toLower(), {name, path});
 }
 
 void ServerDatabases::Drop(const QString& name)
@@ -40,7 +40,7 @@ void ServerDatabases::Drop(const QString& name)
                                                             "not exist or you do not have permission.")
                                                  .arg(name));
     QFile::remove(*path);
-    paths_.remove(name.toLower());
+    databases_.remove(name.toLower());
 }
 
 } // namespace tsms::test

@@ -22,13 +22,22 @@ public:
     /// The file of a database; nothing when there is none of the name.
     std::optional<QString> PathOf(const QString& name) const;
 
+    /// The name as it was given first, whatever its case here.
+    QString NameOf(const QString& name) const { return databases_.value(name.toLower()).name; }
+
     void Create(const QString& name); ///< without tables. Raises the server's error for a name that is taken
     void Drop(const QString& name);   ///< raises the server's error where there is none
 
 private:
     const Clock& clock_;
     QTemporaryDir folder_;
-    QMap<QString, QString> paths_; // by the name in lower case
+    struct Database
+    {
+        QString name;
+        QString path;
+    };
+
+    QMap<QString, Database> databases_; // by the name in lower case
 };
 
 } // namespace tsms::test

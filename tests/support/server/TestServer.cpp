@@ -112,15 +112,20 @@ private:
 
     void LogIn(const ServerLogin& logIn)
     {
-        server_.conduct_.NoteLogIn(logIn);
+        const std::optional<LogInFault> fault = server_.conduct_.NoteLogIn(logIn);
         if (logIn.Version != Tds74)
             return socket_.abort();
-        if (const QList<ServerError> errors = ErrorsOf(logIn); !errors.isEmpty()) {
+        if (fault == LogInFault::Cut) {
+            socket_.disconnectFromHost();
+            return LeaveIfTold();
+        }
+        const QList<ServerError> errors = fault ? QList{LogInFailed(logIn.User)} : ErrorsOf(logIn);
+        if (!errors.isEmpty()) {
             Send(Refusal(errors));
             socket_.disconnectFromHost();
-            return;
+            return fault ? LeaveIfTold() : void();
         }
-        const QString& database = DatabaseOf(logIn);
+        const QString database = server_.databases_.NameOf(DatabaseOf(logIn));
         const int packetSize = PacketSizeFor(logIn.PacketSize);
         Send(DatabaseChange(database, u"master") + InfoToken(DatabaseIs(database)) + CollationChange() +
              LanguageChange(u"us_english") + InfoToken(LanguageIs(QStringLiteral("us_english"))) +
@@ -154,6 +159,7 @@ private:
         return {};
     }
 
+    /// The name that the client asks for.
     const QString& DatabaseOf(const ServerLogin& logIn) const
     {
         return logIn.Database.isEmpty() ? server_.account_.Database : logIn.Database;
@@ -167,6 +173,12 @@ private:
         fault_ = IsSetting(sql) ? std::nullopt : server_.conduct_.NoteStatement(sql);
         if (!fault_)
             return Execute();
+        GoWrong();
+        LeaveIfTold();
+    }
+
+    void GoWrong()
+    {
         switch (fault_->kind) {
         case Fault::Silent:
             break;
@@ -183,6 +195,7 @@ private:
             Send(fault_->answer);
             break;
         case Fault::CutInAnswer:
+        case Fault::CutInMiddle:
         case Fault::CutAfter:
             Execute();
             break;
@@ -196,6 +209,8 @@ private:
             wait_.start(LockPauseMilliseconds);
         else if (fault_ && fault_->kind == Fault::CutInAnswer)
             SendPart(*answer, fault_->amount);
+        else if (fault_ && fault_->kind == Fault::CutInMiddle)
+            SendPart(*answer, static_cast<int>(answer->size() / 2));
         else if (fault_ && fault_->kind == Fault::CutAfter)
             socket_.disconnectFromHost();
         else
@@ -209,6 +224,8 @@ private:
         socket_.write(AnswerPackets(tokens, packetSize_).left(bytes));
         socket_.disconnectFromHost();
     }
+
+    void LeaveIfTold();
 
     TestServer& server_;
     QTcpSocket& socket_;
@@ -231,7 +248,15 @@ public:
 
     quint16 Listen(quint16 port)
     {
-        return listener_.listen(QHostAddress::LocalHost, port) ? listener_.serverPort() : 0;
+        const bool listens = listener_.isListening() || listener_.listen(QHostAddress::LocalHost, port);
+        return listens ? listener_.serverPort() : 0;
+    }
+
+    void Leave()
+    {
+        listener_.close();
+        for (QTcpSocket* socket : listener_.findChildren<QTcpSocket*>())
+            socket->disconnectFromHost();
     }
 
     void Stop()
@@ -253,6 +278,13 @@ private:
     TestServer& server_;
     QTcpServer listener_{this};
 };
+
+/// What is written goes out first.
+void TestServer::Client::LeaveIfTold()
+{
+    if (server_.conduct_.TakeLeave())
+        server_.worker_->Leave();
+}
 
 TestServer::TestServer(const QString& path, const Clock& clock, ServerAccount account)
     : clock_(clock),
@@ -315,6 +347,11 @@ void TestServer::CutBefore(int nth)
 void TestServer::CutInAnswer(int bytes, int nth)
 {
     conduct_.AddFault({StatementFault::Kind::CutInAnswer, bytes, {}}, nth);
+}
+
+void TestServer::CutInMiddle(int nth)
+{
+    conduct_.AddFault({StatementFault::Kind::CutInMiddle, 0, {}}, nth);
 }
 
 void TestServer::CutAfter(int nth)

@@ -52,22 +52,32 @@ public:
     void StaySilentAtPreLogIn() { conduct_.SetLogIn(ServerConduct::LogIn::SilentAtPreLogIn); }
     void StaySilentAtLogIn() { conduct_.SetLogIn(ServerConduct::LogIn::SilentAtLogIn); }
 
+    /// The n-th from now, from 1: refused, refused with all that follow, or cut.
+    void RefuseLogIn(int nth) { conduct_.AddFault(LogInFault::Refuse, nth); }
+    void RefuseLogInsFrom(int nth) { conduct_.AddFault(LogInFault::RefuseOnward, nth); }
+    void CutLogIn(int nth) { conduct_.AddFault(LogInFault::Cut, nth); }
+
     // Statements; see StatementFault. A client that gives up a silent or a late one is told at once that it
     // is cancelled, and it has not been executed.
     void AnswerLate(int milliseconds, int nth = 1);
     void StaySilent(int nth = 1);
     void CutBefore(int nth = 1);
     void CutInAnswer(int bytes, int nth = 1);
+    void CutInMiddle(int nth = 1);
     void CutAfter(int nth = 1);
     void Fail(const ServerError& error, int nth = 1);
     void FailWhere(const QString& part, const ServerError& error);   ///< every statement that holds `part`
     void AnswerWith(const QByteArray& tokens, int nth = 1);          ///< made of what TdsTokens.h gives
     void AnswerWhere(const QString& part, const QByteArray& tokens); ///< every statement that holds `part`
 
+    /// The next n-th log-in or statement that goes wrong takes the server away with it: from there on it is
+    /// as after Stop, but what it has answered still arrives.
+    void LeaveWithFault() { conduct_.LeaveWithFault(); }
+
     void BehaveAgain(); ///< takes back all of the above
 
     void Stop();  ///< refuses new connections and cuts those that are there
-    void Start(); ///< listens again, on the same port
+    void Start(); ///< listens again, on the same port, unless it does
 
     QStringList Statements() const { return conduct_.Statements(); } ///< in the order in which they came in
     QList<ServerLogin> LogIns() const { return conduct_.LogIns(); }  ///< tried, refused ones too
