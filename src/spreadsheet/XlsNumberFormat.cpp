@@ -41,7 +41,7 @@ QDateTime MomentOf(double value, FirstDay firstDay)
     constexpr double lastDay = 2958465; // 9999-12-31
     if (value < 0 || value > lastDay)
         return {};
-    constexpr qint64 secondsOfDay = 24 * 60 * 60;
+    constexpr qint64 secondsOfDay = qint64{24} * 60 * 60;
     const qint64 seconds = std::llround(value * static_cast<double>(secondsOfDay));
     const qint64 day = seconds / secondsOfDay;
     QDate from(1904, 1, 1);
