@@ -27,6 +27,9 @@ function(tsms_library name)
   set(qt ${ARG_QT})
   list(TRANSFORM qt PREPEND Qt6::)
   target_link_libraries(${name} PUBLIC ${qt} ${ARG_LINK} PRIVATE tsms_options ${ARG_PRIVATE_LINK})
+  if(TSMS_FUZZERS)
+    target_compile_options(${name} PRIVATE -fsanitize=fuzzer-no-link) # what the fuzzers steer by
+  endif()
   add_dependencies(tsms_generated ${name}_autogen)
 endfunction()
 

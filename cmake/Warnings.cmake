@@ -7,12 +7,13 @@ else()
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
     -Wimplicit-fallthrough -Werror)
 endif()
+if(TSMS_UNITY AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # Here every source is a header to the compiler, which then warns of classes that hold something anonymous.
+  target_compile_options(tsms_options INTERFACE -Wno-subobject-linkage)
+endif()
 target_compile_definitions(tsms_options INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS QT_NO_FOREACH)
 if(TSMS_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
-  if(CMAKE_CXX_COMPILER_ID MATCHES Clang)
-    add_compile_options(-fsanitize=fuzzer-no-link)
-  endif()
 endif()

@@ -16,12 +16,12 @@ namespace tsms {
 namespace {
 
 // The boxes count from 1: the date, which is none, has the caption 0.
-enum Field : int { Date, Count, Amount, UnitPrice, Remark };
+enum ChargeField : int { Date, Count, Amount, UnitPrice, Remark };
 
 constexpr int NumberLimit = 10;  // bytes
 constexpr int RemarkLimit = 200; // characters, and bytes as well
 
-DialogFrame Frame()
+DialogFrame ChargeFrame()
 {
     DialogFrame frame;
     frame.name = QStringLiteral("dlgSMSCharge");
@@ -38,7 +38,7 @@ DialogFrame Frame()
 } // namespace
 
 dlgSMSCharge::dlgSMSCharge(Services& services, std::function<void()> showLedger, QWidget* owner)
-    : DialogForm(services.session, services.desktop, Frame(), owner),
+    : DialogForm(services.session, services.desktop, ChargeFrame(), owner),
       services_(services),
       textHelper_(services.desktop),
       fields_(Body(), BodyLayout(), textHelper_),

@@ -15,9 +15,9 @@ namespace tsms {
 
 namespace {
 
-enum Field : int { Id, Password, Domain, TelNo, OrgName };
+enum SetupField : int { Id, Password, Domain, TelNo, OrgName };
 
-DialogFrame Frame()
+DialogFrame SetupFrame()
 {
     DialogFrame frame;
     frame.name = QStringLiteral("dlgSMSSetup");
@@ -53,7 +53,7 @@ bool Ticked(const QString& stored)
 } // namespace
 
 dlgSMSSetup::dlgSMSSetup(Services& services, QWidget* owner)
-    : DialogForm(services.session, services.desktop, Frame(), owner),
+    : DialogForm(services.session, services.desktop, SetupFrame(), owner),
       services_(services),
       textHelper_(services.desktop),
       fields_(Body(), BodyLayout(), textHelper_)

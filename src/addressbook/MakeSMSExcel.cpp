@@ -29,9 +29,9 @@ namespace {
 
 enum SheetColumnNumber : int { SheetName = 1, SheetPhone = 2, SheetThird = 3, SheetColumns = 3 };
 
-constexpr int RowsOnView = 6;
+constexpr int SheetRowsOnView = 6;
 
-DialogFrame Frame()
+DialogFrame ImportFrame()
 {
     DialogFrame frame;
     frame.name = QStringLiteral("MakeSMSExcel");
@@ -71,7 +71,7 @@ void FixSize(fpSpread& grid)
     for (int col = 0; col < grid.MaxCols(); ++col)
         width += grid.columnWidth(col);
     const int rows =
-        grid.horizontalHeader()->height() + RowsOnView * grid.verticalHeader()->defaultSectionSize();
+        grid.horizontalHeader()->height() + SheetRowsOnView * grid.verticalHeader()->defaultSectionSize();
     grid.setFixedSize(width, rows + 2 * grid.frameWidth());
 }
 
@@ -100,7 +100,7 @@ protected:
 } // namespace
 
 MakeSMSExcel::MakeSMSExcel(Services& services, Target target, QWidget* owner)
-    : DialogForm(services.session, services.desktop, Frame(), owner),
+    : DialogForm(services.session, services.desktop, ImportFrame(), owner),
       services_(services),
       target_(std::move(target))
 {

@@ -16,10 +16,10 @@ namespace tsms {
 
 namespace {
 
-constexpr int NameLimit = 40;      // bytes
-constexpr int LeastBoxWidth = 260; // the longest group name fits
+constexpr int GroupNameLimit = 40; // bytes
+constexpr int GroupBoxWidth = 260; // the longest group name fits
 
-DialogFrame Frame()
+DialogFrame GroupFrame()
 {
     DialogFrame frame;
     frame.name = QStringLiteral("dlgSMSGroupMst");
@@ -35,7 +35,7 @@ DialogFrame Frame()
 } // namespace
 
 dlgSMSGroupMst::dlgSMSGroupMst(Services& services, std::function<void()> reload, QWidget* owner)
-    : DialogForm(services.session, services.desktop, Frame(), owner),
+    : DialogForm(services.session, services.desktop, GroupFrame(), owner),
       services_(services),
       textHelper_(services.desktop),
       reload_(std::move(reload))
@@ -49,10 +49,10 @@ void dlgSMSGroupMst::BuildName()
     name_ = new TextBox(backing, QStringLiteral("txtGroupNm"));
     name_->SetBackColor(theme::White);
     name_->SetImeMode(ImeMode::Hangul);
-    name_->OnChange = [this] { textHelper_.LimitBytes(*name_, NameLimit); };
+    name_->OnChange = [this] { textHelper_.LimitBytes(*name_, GroupNameLimit); };
     name_->OnKeyPress = [this](char16_t& key) { NameKeyPress(key); };
     backing->Hold(*name_);
-    backing->setMinimumWidth(LeastBoxWidth);
+    backing->setMinimumWidth(GroupBoxWidth);
     auto* row = new QHBoxLayout;
     row->setSpacing(10);
     row->addWidget(new Label(&Body(), QStringLiteral("Label2"), QStringLiteral("그룹 명칭 :")));

@@ -35,7 +35,7 @@ constexpr int ChosenWidth = 360;
 constexpr int RowsOnView = 20;  // of each list, none of them cut
 constexpr int NamesWidth = 280; // room for the longest group name in the opened filter
 
-DialogFrame Frame()
+DialogFrame SelectFrame()
 {
     DialogFrame frame;
     frame.name = QStringLiteral("dlgSMSGroupSelect");
@@ -58,7 +58,7 @@ int HeightOf(const fpSpread& grid, int rows)
 } // namespace
 
 dlgSMSGroupSelect::dlgSMSGroupSelect(Services& services, fpSpread& recipients, QWidget* owner)
-    : DialogForm(services.session, services.desktop, Frame(), owner),
+    : DialogForm(services.session, services.desktop, SelectFrame(), owner),
       services_(services),
       recipients_(recipients)
 {

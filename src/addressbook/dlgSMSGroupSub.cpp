@@ -22,11 +22,11 @@ namespace {
 
 enum Field : int { NameBox, PhoneBox };
 
-constexpr int NameLimit = 40;      // bytes
-constexpr int PhoneLimit = 15;     // bytes
-constexpr int LeastBoxWidth = 260; // the longest group name fits
+constexpr int MemberNameLimit = 40; // bytes
+constexpr int PhoneLimit = 15;      // bytes
+constexpr int MemberBoxWidth = 260; // the longest group name fits
 
-DialogFrame Frame()
+DialogFrame MemberFrame()
 {
     DialogFrame frame;
     frame.name = QStringLiteral("dlgSMSGroupSub");
@@ -43,7 +43,7 @@ DialogFrame Frame()
 } // namespace
 
 dlgSMSGroupSub::dlgSMSGroupSub(Services& services, std::function<void()> reload, QWidget* owner)
-    : DialogForm(services.session, services.desktop, Frame(), owner),
+    : DialogForm(services.session, services.desktop, MemberFrame(), owner),
       services_(services),
       textHelper_(services.desktop),
       reload_(std::move(reload))
@@ -58,7 +58,7 @@ void dlgSMSGroupSub::BuildFields()
     rows->setHorizontalSpacing(10);
     rows->setVerticalSpacing(8);
     rows->setColumnStretch(1, 1);
-    rows->setColumnMinimumWidth(1, LeastBoxWidth);
+    rows->setColumnMinimumWidth(1, MemberBoxWidth);
     group_ = new ComboBox(&Body(), QStringLiteral("CbGroup"));
     group_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon); // whatever the names
     group_->OnKeyPress = [this](char16_t& key) { textHelper_.NextFieldOnEnter(key, *boxes_[NameBox]); };
@@ -121,7 +121,7 @@ void dlgSMSGroupSub::BoxChange(int index)
     if (IsBusy())
         return;
     if (index == NameBox) {
-        textHelper_.LimitBytes(*boxes_[NameBox], NameLimit);
+        textHelper_.LimitBytes(*boxes_[NameBox], MemberNameLimit);
         return;
     }
     textHelper_.GuardPhoneField(*boxes_[PhoneBox]);

@@ -83,18 +83,17 @@ struct CompoundFile::Parts
 };
 
 CompoundFile::CompoundFile(const QString& path, const char* stream, const unsigned char* classId)
-    : file_(path)
+    : gsf_(GsfLibrary::Get()), file_(path)
 {
-    const GsfLibrary& gsf = GsfLibrary::Get();
     // Unbuffered: what comes is large as a rule, and errno is that of the last write.
     errno = 0;
     if (!file_.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         throw RuntimeError(NumberOfOpenFailure(path));
     parts_ = std::make_unique<Parts>();
     parts_->sink = Sink::New(this);
-    parts_->root = gsf.NewCompoundFile(&parts_->sink->base);
-    gsf.SetClassId(reinterpret_cast<GsfOutfileMSOle*>(parts_->root), classId);
-    parts_->stream = gsf.NewChild(parts_->root, stream, FALSE);
+    parts_->root = gsf_.NewCompoundFile(&parts_->sink->base);
+    gsf_.SetClassId(reinterpret_cast<GsfOutfileMSOle*>(parts_->root), classId);
+    parts_->stream = gsf_.NewChild(parts_->root, stream, FALSE);
 }
 
 CompoundFile::~CompoundFile()
@@ -109,18 +108,16 @@ void CompoundFile::Write(const char* bytes, qsizetype size)
 {
     if (written_ + size > MaxStream)
         throw FileTooLarge();
-    GsfLibrary::Get().Write(parts_->stream, static_cast<size_t>(size),
-                            reinterpret_cast<const guint8*>(bytes));
+    gsf_.Write(parts_->stream, static_cast<size_t>(size), reinterpret_cast<const guint8*>(bytes));
     written_ += size;
     RaiseFailure();
 }
 
 void CompoundFile::WriteOver(quint32 position, const char* bytes, qsizetype size)
 {
-    const GsfLibrary& gsf = GsfLibrary::Get();
-    gsf.Seek(parts_->stream, position, G_SEEK_SET);
-    gsf.Write(parts_->stream, static_cast<size_t>(size), reinterpret_cast<const guint8*>(bytes));
-    gsf.Seek(parts_->stream, 0, G_SEEK_END);
+    gsf_.Seek(parts_->stream, position, G_SEEK_SET);
+    gsf_.Write(parts_->stream, static_cast<size_t>(size), reinterpret_cast<const guint8*>(bytes));
+    gsf_.Seek(parts_->stream, 0, G_SEEK_END);
     RaiseFailure();
 }
 
@@ -136,12 +133,11 @@ void CompoundFile::Commit()
 
 void CompoundFile::Close()
 {
-    const GsfLibrary& gsf = GsfLibrary::Get();
-    gsf.Close(parts_->stream);
-    gsf.Close(reinterpret_cast<GsfOutput*>(parts_->root));
-    gsf.Release(parts_->stream);
-    gsf.Release(parts_->root);
-    gsf.Release(parts_->sink);
+    gsf_.Close(parts_->stream);
+    gsf_.Close(reinterpret_cast<GsfOutput*>(parts_->root));
+    gsf_.Release(parts_->stream);
+    gsf_.Release(parts_->root);
+    gsf_.Release(parts_->sink);
     parts_.reset();
 }
 

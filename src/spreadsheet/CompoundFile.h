@@ -9,6 +9,8 @@
 
 namespace tsms {
 
+struct GsfLibrary;
+
 /// A compound file ([MS-CFB]) with one stream, on its way to take the place of the file that stands under its
 /// name. Nothing of it is kept in memory.
 class CompoundFile
@@ -44,6 +46,7 @@ private:
     void RaiseFailure() const;
     void Close();
 
+    const GsfLibrary& gsf_;
     QSaveFile file_;
     std::unique_ptr<Parts> parts_; ///< none once the file is closed
     qint64 written_ = 0;

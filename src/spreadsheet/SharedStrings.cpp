@@ -17,7 +17,7 @@ namespace {
 // An entry is a head and the characters: [MS-XLS] 2.5.293 without formats and phonetic text.
 constexpr std::size_t EntryHead = 3;     // a length of 16 bits, and the flags
 constexpr int LeastRoom = EntryHead + 4; // for a head and a character, which may be a surrogate pair
-constexpr char Wide = 1;                 // the flag for 16 bits a character
+constexpr char WideFlag = 1;             // the flag for 16 bits a character
 
 std::size_t LengthOf(const char* entry)
 {
@@ -26,7 +26,7 @@ std::size_t LengthOf(const char* entry)
 
 std::size_t UnitOf(const char* entry)
 {
-    return entry[2] == Wide ? 2 : 1;
+    return entry[2] == WideFlag ? 2 : 1;
 }
 
 std::size_t SizeOf(const char* entry)
@@ -51,7 +51,7 @@ void Encode(QStringView text, char* entry)
         for (const QChar c : text)
             *characters++ = static_cast<char>(c.unicode());
     } else {
-        entry[2] = Wide;
+        entry[2] = WideFlag;
         qToLittleEndian<quint16>(text.utf16(), text.size(), characters);
     }
 }

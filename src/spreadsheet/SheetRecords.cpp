@@ -47,7 +47,7 @@ void WriteCalculation(BiffStream& stream)
     stream.Put(BiffRecord::CalcSaveRecalc, {1});
 }
 
-void WriteSettings(BiffStream& stream)
+void WriteSheetSettings(BiffStream& stream)
 {
     stream.Put(BiffRecord::PrintRowCol, {0});
     stream.Put(BiffRecord::PrintGrid, {0});
@@ -128,7 +128,7 @@ void WriteSheet(BiffStream& stream, const Sheet& sheet, const SheetCells& cells)
     const UsedArea area = FindUsedArea(sheet, cells);
     quint32 indexPlace = WriteIndex(stream, area.rows);
     WriteCalculation(stream);
-    WriteSettings(stream);
+    WriteSheetSettings(stream);
     WritePageSetup(stream);
     stream.Patch(indexPlace, stream.Position());
     WriteColumns(stream, sheet.columns);

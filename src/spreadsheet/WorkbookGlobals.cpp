@@ -46,7 +46,7 @@ void WriteWindow(BiffStream& stream)
     stream.Put(BiffRecord::Window1, {0, 0, width, height, scrollBarsAndTabs, 0, 0, 1, tabsShare});
 }
 
-void WriteSettings(BiffStream& stream)
+void WriteBookSettings(BiffStream& stream)
 {
     stream.Put(BiffRecord::Backup, {0});
     stream.Put(BiffRecord::HideObj, {0});
@@ -80,7 +80,7 @@ void WriteGlobals(BiffStream& stream, const QString& sheetName, const SharedStri
     stream.Put(BiffRecord::RRTabId, {1});
     WriteNoProtection(stream);
     WriteWindow(stream);
-    WriteSettings(stream);
+    WriteBookSettings(stream);
     WriteFormats(stream);
     stream.Put(BiffRecord::UsesELFs, {0});
     const quint32 sheetPlace = WriteSheetEntry(stream, sheetName);

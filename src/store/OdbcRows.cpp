@@ -125,10 +125,9 @@ public:
     /// The statement goes on, and must not find its way back into this memory.
     ~BlockFetch()
     {
-        const OdbcLibrary& odbc = OdbcLibrary::Get();
-        odbc.FreeStatement(statement_.Get(), SQL_UNBIND);
-        odbc.SetStatementAttribute(statement_.Get(), SQL_ATTR_ROW_STATUS_PTR, nullptr, 0);
-        odbc.SetStatementAttribute(statement_.Get(), SQL_ATTR_ROWS_FETCHED_PTR, nullptr, 0);
+        odbc_.FreeStatement(statement_.Get(), SQL_UNBIND);
+        odbc_.SetStatementAttribute(statement_.Get(), SQL_ATTR_ROW_STATUS_PTR, nullptr, 0);
+        odbc_.SetStatementAttribute(statement_.Get(), SQL_ATTR_ROWS_FETCHED_PTR, nullptr, 0);
     }
 
     void TakeAll(Filler& filler)
@@ -147,7 +146,7 @@ private:
 
     void Set(SQLINTEGER attribute, SQLPOINTER value)
     {
-        statement_.Pass(OdbcLibrary::Get().SetStatementAttribute(statement_.Get(), attribute, value, 0));
+        statement_.Pass(odbc_.SetStatementAttribute(statement_.Get(), attribute, value, 0));
     }
 
     void Bind(std::size_t column)
@@ -156,15 +155,15 @@ private:
         Bound& bound = bound_.emplace_back();
         bound.values = std::make_unique_for_overwrite<std::byte[]>(rows_ * room);
         bound.sizes.resize(rows_);
-        statement_.Pass(OdbcLibrary::Get().BindCol(statement_.Get(), static_cast<SQLUSMALLINT>(column + 1),
-                                                   FetchedType(columns_[column].form), bound.values.get(),
-                                                   static_cast<SQLLEN>(room), bound.sizes.data()));
+        statement_.Pass(odbc_.BindCol(statement_.Get(), static_cast<SQLUSMALLINT>(column + 1),
+                                      FetchedType(columns_[column].form), bound.values.get(),
+                                      static_cast<SQLLEN>(room), bound.sizes.data()));
     }
 
     bool Next()
     {
         fetched_ = 0;
-        if (!statement_.Pass(OdbcLibrary::Get().Fetch(statement_.Get())))
+        if (!statement_.Pass(odbc_.Fetch(statement_.Get())))
             return false;
         const auto end = states_.begin() + static_cast<std::ptrdiff_t>(std::min<SQLULEN>(fetched_, rows_));
         if (std::find(states_.begin(), end, SQL_ROW_ERROR) != end)
@@ -196,6 +195,7 @@ private:
                 static_cast<qsizetype>(static_cast<std::size_t>(size) / sizeof(SQLWCHAR))};
     }
 
+    const OdbcLibrary& odbc_ = OdbcLibrary::Get();
     const OdbcHandle& statement_;
     const std::vector<OdbcColumn>& columns_;
     std::size_t rows_ = 0;

@@ -11,7 +11,6 @@ namespace {
 
 constexpr char16_t BackspaceKey = 8;
 constexpr char16_t TabKey = 9;
-constexpr char16_t EnterKey = 13;
 
 bool IsCommand(const QKeyEvent& event)
 {

@@ -12,6 +12,9 @@ class QWidget;
 
 namespace tsms {
 
+/// The character that a handler gets for the Enter key.
+inline constexpr char16_t EnterKey = 13;
+
 /// Answers the characters of `keys` that pass.
 using PassKeysFunction = std::function<QString(QStringView keys)>;
 

@@ -20,7 +20,7 @@ namespace tsms {
 namespace {
 
 constexpr int Padding = 2;
-constexpr int PictureSize = 16;
+constexpr int CellPictureSize = 16;
 constexpr int DrawnCharacters = 1000; // no cell is wide enough for more
 
 const SpreadModel& Cells(const QModelIndex& index)
@@ -101,7 +101,7 @@ void SpreadDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
     painter->fillRect(cell, back);
     if (const QVariant picture = index.data(Qt::DecorationRole); picture.isValid()) {
         const QRect room = cell.adjusted(0, 0, -1, -1);
-        const int size = std::min({PictureSize, room.width(), room.height()});
+        const int size = std::min({CellPictureSize, room.width(), room.height()});
         picture.value<QIcon>().paint(painter, Centred(room, size));
     } else if (cells.Type(Col(index)) == fpSpread::CellType::Button) {
         PaintButton(*painter, option, index);

@@ -4,6 +4,7 @@
 #include "runtime/Desktop.h"
 #include "runtime/Numbers.h"
 #include "runtime/Text.h"
+#include "toolkit/KeyFilter.h"
 #include "toolkit/LimitRule.h"
 #include "toolkit/TextField.h"
 
@@ -12,8 +13,6 @@
 namespace tsms {
 
 namespace {
-
-constexpr char16_t EnterKey = 13;
 
 int CaretOf(const TextField& field)
 {

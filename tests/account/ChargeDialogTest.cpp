@@ -1,3 +1,4 @@
+#include "account/AccountBoxes.h"
 #include "account/ModStep3.h"
 #include "store/DatabaseError.h"
 #include "support/program/Program.h"
@@ -30,16 +31,6 @@ Box SavedBox()
 Box BadCountBox()
 {
     return {u"문자메시지 충전"_q, u"올바른 충전건수를 입력하여 주십시오.!!!"_q, MsgBoxCritical};
-}
-
-Box RequiredBox(const QString& name)
-{
-    return {name, u"'"_q + name + u"' 항목을 입력하여 주십시오."_q, MsgBoxExclamation};
-}
-
-Box ErrorBox(const QString& words)
-{
-    return {u" - 오류!!!"_q, u"☞ : "_q + words, MsgBoxCritical};
 }
 
 class ChargeDialog : public ::testing::Test

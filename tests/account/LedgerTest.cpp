@@ -1,3 +1,4 @@
+#include "account/AccountBoxes.h"
 #include "account/ChargeRows.h"
 #include "account/ModStep3.h"
 #include "store/DatabaseError.h"
@@ -14,11 +15,6 @@ namespace {
 const QString Query =
     u"SELECT  SMSChargeKey, ChargeDt, ChargeCnt, ChargeAmt, ChargeUnit, Remark, RegDt  FROM "
     u"SMSCharge ORDER BY ChargeDt DESC "_q;
-
-Box ErrorBox(const QString& words)
-{
-    return {u" - 오류!!!"_q, u"☞ : "_q + words, MsgBoxCritical};
-}
 
 Box NothingSelectedBox()
 {

@@ -1,3 +1,4 @@
+#include "account/AccountBoxes.h"
 #include "account/ModStep3.h"
 #include "runtime/RuntimeError.h"
 #include "store/DatabaseError.h"
@@ -12,11 +13,6 @@ using namespace tsms;
 using namespace tsms::test;
 
 namespace {
-
-Box ErrorBox(const QString& words)
-{
-    return {u" - 오류!!!"_q, u"☞ : "_q + words, MsgBoxCritical};
-}
 
 class MonthStatistics : public ::testing::Test
 {

@@ -1,3 +1,4 @@
+#include "account/AccountBoxes.h"
 #include "runtime/RuntimeError.h"
 #include "store/DatabaseError.h"
 #include "support/program/Program.h"
@@ -15,21 +16,12 @@ using namespace tsms::test;
 namespace {
 
 const QString DefaultDomain = QStringLiteral(TSMS_GATEWAY_DOMAIN);
-const QString Query = u"SELECT SMSID,SMSPWD,SMSDNS,SMSOrgNm,SMSTelNo,SMSAuto1,SMSAuto2 FROM SMSSetup"_q;
+const QString SettingsQuery =
+    u"SELECT SMSID,SMSPWD,SMSDNS,SMSOrgNm,SMSTelNo,SMSAuto1,SMSAuto2 FROM SMSSetup"_q;
 
-Box SavedBox()
+Box SettingsSavedBox()
 {
     return {u"환경설정"_q, u"정상적으로 문자메시지 환경설정을 완료하였습니다."_q, MsgBoxInformation};
-}
-
-Box RequiredBox(const QString& name)
-{
-    return {name, u"'"_q + name + u"' 항목을 입력하여 주십시오."_q, MsgBoxExclamation};
-}
-
-Box ErrorBox(const QString& words)
-{
-    return {u" - 오류!!!"_q, u"☞ : "_q + words, MsgBoxCritical};
 }
 
 class SettingsDialog : public ::testing::Test
@@ -129,7 +121,7 @@ TEST_F(SettingsDialog, ShowsTheStoredAccount)
         EXPECT_TRUE(Option(0).Value());
         EXPECT_FALSE(Option(1).Value());
     });
-    EXPECT_EQ(Statements(), QStringList{Query});
+    EXPECT_EQ(Statements(), QStringList{SettingsQuery});
     ExpectAtRest();
 }
 
@@ -215,7 +207,7 @@ TEST_F(SettingsDialog, EachShowingReadsAnew)
 TEST_F(SettingsDialog, ASaveWritesTheRowAndTheSessionFollows)
 {
     program.database.Execute(u"UPDATE SMSSetup SET SMSRemainCnt=7"_q);
-    program.desktop.Expect(SavedBox(), AnswerOK, [this] {
+    program.desktop.Expect(SettingsSavedBox(), AnswerOK, [this] {
         EXPECT_TRUE(IsOpen());
         EXPECT_EQ(program.session.SMSID, u"demo"_q);
         ExpectAtRest();
@@ -243,7 +235,7 @@ TEST_F(SettingsDialog, ASaveWritesTheRowAndTheSessionFollows)
 
 TEST_F(SettingsDialog, ASaveIsOneStatementAndAReading)
 {
-    program.desktop.Expect(SavedBox());
+    program.desktop.Expect(SettingsSavedBox());
     Open([this] {
         ClickOn(Option(0));
         ClickOn(The<QWidget>(u"BtnFunc(0)"_q));
@@ -251,14 +243,14 @@ TEST_F(SettingsDialog, ASaveIsOneStatementAndAReading)
     EXPECT_EQ(
         Statements(),
         (QStringList{
-            Query,
+            SettingsQuery,
             u"UPDATE SMSSetup SET  SMSID ='demo', SMSPWD ='demo', SMSDNS ='sms.example.kr', SMSTelNo ='02-1234-5678', SMSOrgNm ='한빛교회', SMSAuto1 ='1', SMSAuto2 ='0'"_q,
             u"SELECT * FROM SMSSetup"_q}));
 }
 
 TEST_F(SettingsDialog, TheAccountIsReadAgainWhenTheDialogIsGone)
 {
-    program.desktop.Expect(SavedBox());
+    program.desktop.Expect(SettingsSavedBox());
     Open([this] {
         program.connections.BeforeStatement(
             [](const QString& sql) { EXPECT_EQ(IsOpen(), sql.startsWith(u"UPDATE"_q)); });
@@ -269,7 +261,7 @@ TEST_F(SettingsDialog, TheAccountIsReadAgainWhenTheDialogIsGone)
 
 TEST_F(SettingsDialog, ASaveNeitherMovesTheBalanceNorThePages)
 {
-    program.desktop.Expect(SavedBox());
+    program.desktop.Expect(SettingsSavedBox());
     Open([this] { Save(); });
     EXPECT_EQ(
         program.database.Rows(u"SELECT SMSRemainCnt, SMSWeb1, SMSWeb2 FROM SMSSetup"_q),
@@ -279,7 +271,7 @@ TEST_F(SettingsDialog, ASaveNeitherMovesTheBalanceNorThePages)
 TEST_F(SettingsDialog, IsBusyUnderTheHourglassWhileItSaves)
 {
     QList<Boolean> busy;
-    program.desktop.Expect(SavedBox());
+    program.desktop.Expect(SettingsSavedBox());
     Open([&] {
         program.connections.BeforeStatement([&](const QString&) {
             busy += program.session.Busy;
@@ -294,7 +286,7 @@ TEST_F(SettingsDialog, IsBusyUnderTheHourglassWhileItSaves)
 TEST_F(SettingsDialog, ARowThatIsMissingIsStillReportedAsSaved)
 {
     program.database.Execute(u"DELETE FROM SMSSetup"_q);
-    program.desktop.Expect(SavedBox());
+    program.desktop.Expect(SettingsSavedBox());
     Open([this] {
         for (int i : {0, 1, 3, 4})
             Write(i, u"1"_q);
@@ -311,12 +303,12 @@ TEST_F(SettingsDialog, TheFirstEmptyBoxIsNamedAndGetsTheFocus)
     const QStringList names{u"아이디:"_q, u"비밀번호:"_q, u"도메인:"_q, u"회신번호:"_q, u"회신명칭:"_q};
     for (const QString& name : names)
         program.desktop.Expect(RequiredBox(name));
-    program.desktop.Expect(SavedBox());
+    program.desktop.Expect(SettingsSavedBox());
     Open([this] {
         for (int empty = 0; empty <= 4; ++empty) {
             Save();
             EXPECT_TRUE(Field(empty).hasFocus()) << empty;
-            EXPECT_EQ(Statements(), QStringList{Query});
+            EXPECT_EQ(Statements(), QStringList{SettingsQuery});
             TypeText(Field(empty), u"1"_q);
         }
         Save();
@@ -332,7 +324,7 @@ TEST_F(SettingsDialog, ABoxOfBlanksIsEmpty)
         Save();
         EXPECT_TRUE(IsOpen());
     });
-    EXPECT_EQ(Statements(), QStringList{Query});
+    EXPECT_EQ(Statements(), QStringList{SettingsQuery});
 }
 
 TEST_F(SettingsDialog, AnApostropheInThePasswordBreaksTheStatement)
@@ -364,7 +356,7 @@ TEST_F(SettingsDialog, TwoApostrophesBreakItAsWell)
 TEST_F(SettingsDialog, AFailedSaveKeepsTheDialogTheRowAndTheSession)
 {
     program.desktop.Expect(ErrorBox(u"Update refused."_q));
-    program.desktop.Expect(SavedBox());
+    program.desktop.Expect(SettingsSavedBox());
     Open([this] {
         Write(4, u"새 이름"_q);
         program.connections.FailStatement(1, StatementFailure, u"Update refused."_q);
@@ -396,7 +388,7 @@ TEST_F(SettingsDialog, AServerThatIsDownAtASaveIsToldForEachAttempt)
 
 TEST_F(SettingsDialog, AReadingThatFailsBehindASaveLeavesTheSessionAsItWas)
 {
-    program.desktop.Expect(SavedBox());
+    program.desktop.Expect(SettingsSavedBox());
     program.desktop.Expect(ErrorBox(u"Select refused."_q));
     Open([this] {
         Write(4, u"새 이름"_q);
@@ -436,7 +428,7 @@ TEST_F(SettingsDialog, WhileBusyKeysAndButtonsAreDead)
         EXPECT_TRUE(IsOpen());
         program.session.Busy = Boolean::False;
     });
-    EXPECT_EQ(Statements(), QStringList{Query});
+    EXPECT_EQ(Statements(), QStringList{SettingsQuery});
 }
 
 TEST_F(SettingsDialog, ThePasswordIsNotShown)

@@ -15,12 +15,12 @@ Box BadNumberBox()
             MsgBoxCritical};
 }
 
-Box NameTakenBox()
+Box MemberTakenBox()
 {
     return {u"기 등록된 성명"_q, u"이미 등록된 성명입니다. 확인하여 주십시오.!"_q, MsgBoxCritical};
 }
 
-Box AddedBox()
+Box MemberAddedBox()
 {
     return {u"발송대상"_q, u"정상적으로 하위 발송대상을 등록 하였습니다."_q, MsgBoxInformation};
 }
@@ -295,7 +295,7 @@ TEST_F(MemberEditor, ANewMemberIsStoredAndTheDialogCloses)
 {
     Add([this] {
         Type(u"정노을"_q, u"010-0000-0005"_q);
-        program.desktop.Expect(AddedBox(), AnswerOK, [this] {
+        program.desktop.Expect(MemberAddedBox(), AnswerOK, [this] {
             EXPECT_TRUE(IsOpen());
             EXPECT_FALSE(program.session.IsBusy());
             EXPECT_EQ(program.desktop.pointers.last(), MousePointer::Default);
@@ -314,7 +314,7 @@ TEST_F(MemberEditor, TheStatementsOfAnAddComeInTheirOrder)
     Add([this] {
         const qsizetype before = program.connections.Statements().size();
         Type(u" 정노을 "_q, u"0100000005"_q);
-        program.desktop.Expect(AddedBox());
+        program.desktop.Expect(MemberAddedBox());
         Save();
         const QStringList statements = program.connections.Statements().mid(before);
         ASSERT_EQ(statements.size(), 3);
@@ -331,7 +331,7 @@ TEST_F(MemberEditor, TheOthersAreStoredAsNoGroupAndOpenAsTheOthersAgain)
     Add([this] {
         Group().SetListIndex(2);
         Type(u"정노을"_q, u"0100000005"_q);
-        program.desktop.Expect(AddedBox());
+        program.desktop.Expect(MemberAddedBox());
         Save();
         EXPECT_EQ(Members().last()[0], u"기타"_q);
     });
@@ -360,7 +360,7 @@ TEST_F(MemberEditor, ASecondPersonOfTheSameNameIsRefusedWhateverTheGroups)
 {
     Add([this] {
         Type(u" 최구름 "_q, u"0100000005"_q);
-        program.desktop.Expect(NameTakenBox(), AnswerOK, [this] {
+        program.desktop.Expect(MemberTakenBox(), AnswerOK, [this] {
             EXPECT_TRUE(program.session.IsBusy());
             EXPECT_EQ(program.desktop.pointers.last(), MousePointer::Hourglass);
         });
@@ -388,7 +388,7 @@ TEST_F(MemberEditor, TheSameNumberMayBeStoredForAnyone)
 {
     Add([this] {
         Type(u"정노을"_q, u"010-0000-0001"_q);
-        program.desktop.Expect(AddedBox());
+        program.desktop.Expect(MemberAddedBox());
         Save();
     });
     EXPECT_EQ(MembersInDatabase().size(), 5);
@@ -447,7 +447,7 @@ TEST_F(MemberEditor, NumbersAreStoredAsTypedWithTheirSigns)
     for (const QString& number : numbers)
         Add([this, number, &person] {
             Type(u"새사람%1"_q.arg(++person), number);
-            program.desktop.Expect(AddedBox());
+            program.desktop.Expect(MemberAddedBox());
             Save();
         });
     for (int i = 0; i < 3; ++i)
@@ -484,7 +484,7 @@ TEST_F(MemberEditor, WithoutAConnectionForTheTestAnInsertGoesThroughUntested)
         program.connections.RefuseOpens(2);
         program.desktop.Expect(ServerDownBox());
         program.desktop.Expect(ServerDownBox());
-        program.desktop.Expect(AddedBox());
+        program.desktop.Expect(MemberAddedBox());
         Save();
     });
     EXPECT_EQ(MembersInDatabase().size(), 5);
@@ -496,7 +496,7 @@ TEST_F(MemberEditor, ASaveTriesTwiceToConnect)
         Type(u"김하늘"_q, u"0100000005"_q);
         program.connections.RefuseOpens(1);
         program.desktop.Expect(ServerDownBox());
-        program.desktop.Expect(NameTakenBox()); // looked at on the second connection
+        program.desktop.Expect(MemberTakenBox()); // looked at on the second connection
         Save();
     });
     EXPECT_EQ(MembersInDatabase().size(), 4);
@@ -548,7 +548,7 @@ TEST_F(MemberEditor, ASaveReloadsTheMembersOfTheFilter)
         InDialog(u"dlgSMSGroupSub"_q, u"BtnAdd(0)"_q, [this](QWidget& dialog) {
             TypeText(program.On<QWidget>(dialog, u"txtGroupSub(0)"_q), u"정노을"_q);
             TypeText(program.On<QWidget>(dialog, u"txtGroupSub(1)"_q), u"0100000005"_q);
-            program.desktop.Expect(AddedBox());
+            program.desktop.Expect(MemberAddedBox());
             PressKey(dialog, Qt::Key_F12);
         });
         EXPECT_EQ(Filter().Text(), u"성가대"_q);
@@ -589,7 +589,7 @@ TEST_F(MemberEditor, EnterWalksFromTheGroupOverTheNameToTheNumberAndSaves)
         PressKey(Box(0).Widget(), Qt::Key_Return);
         EXPECT_TRUE(HasFocus(1));
         EXPECT_EQ(Box(1).SelText(), u"010-0000-0005"_q);
-        program.desktop.Expect(AddedBox());
+        program.desktop.Expect(MemberAddedBox());
         PressKey(Box(1).Widget(), Qt::Key_Return);
         EXPECT_FALSE(IsOpen());
     });
@@ -601,7 +601,7 @@ TEST_F(MemberEditor, F12SavesFromAnyField)
     Add([this] {
         Type(u"정노을"_q, u"010-0000-0005"_q);
         Group().setFocus();
-        program.desktop.Expect(AddedBox());
+        program.desktop.Expect(MemberAddedBox());
         PressKey(Group(), Qt::Key_F12);
         EXPECT_FALSE(IsOpen());
     });

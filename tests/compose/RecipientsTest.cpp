@@ -10,7 +10,7 @@ using namespace tsms::test;
 
 namespace {
 
-class Rows final : public RecipientRows
+class GivenRows final : public RecipientRows
 {
 public:
     struct Row
@@ -18,7 +18,7 @@ public:
         QString phone;
         bool hidden = false;
     };
-    explicit Rows(std::vector<Row> given) : rows(std::move(given)) {}
+    explicit GivenRows(std::vector<Row> given) : rows(std::move(given)) {}
     int MaxRows() const override { return static_cast<int>(rows.size()); }
     bool RowHidden(int row) const override { return rows[static_cast<std::size_t>(row) - 1].hidden; }
     QString NameText(int) const override { return {}; }
@@ -28,7 +28,7 @@ public:
 
 TEST(Recipients, TheFirstCountSeesRemovedRowsAndTheSecondDoesNot)
 {
-    const Rows rows({{u"010-1"_q}, {u"010-2"_q, true}, {u"  "_q}, {u""_q}, {u"x"_q}});
+    const GivenRows rows({{u"010-1"_q}, {u"010-2"_q, true}, {u"  "_q}, {u""_q}, {u"x"_q}});
     EXPECT_EQ(CountFilled(rows), 3);
     EXPECT_EQ(CountRecipients(rows), 2);
 }

@@ -40,7 +40,7 @@ protected:
     TestGateway gateway{clock};
 };
 
-std::string NameOf(const ::testing::TestParamInfo<TestEngine>& engine)
+std::string EngineName(const ::testing::TestParamInfo<TestEngine>& engine)
 {
     return engine.param == TestEngine::Server ? "Server" : "Embedded";
 }
@@ -78,7 +78,7 @@ TEST_P(KilledRun, InACallOfTheGatewayHasLoggedEachMessageBefore)
 }
 
 INSTANTIATE_TEST_SUITE_P(Engines, KilledRun, ::testing::Values(TestEngine::Embedded, TestEngine::Server),
-                         NameOf);
+                         EngineName);
 
 namespace {
 
@@ -105,6 +105,6 @@ TEST_P(RunKilledInAStatement, HasLoggedWhatTheServerHadExecutedBefore)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, RunKilledInAStatement, ::testing::Values(TestEngine::Server), NameOf);
+INSTANTIATE_TEST_SUITE_P(Engines, RunKilledInAStatement, ::testing::Values(TestEngine::Server), EngineName);
 
 } // namespace tsms::test

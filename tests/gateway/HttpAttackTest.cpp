@@ -14,16 +14,16 @@ namespace tsms::test {
 
 namespace {
 
-const QStringList Message = {u"demo"_q, u"demo"_q, u"sms.example.kr"_q, u"02-1234-5678"_q, u"010-0000-0001"_q,
-                             u"안녕"_q, QString(), QString(),           QString(),         QString(),
-                             QString()};
+const QStringList ShortMessage = {
+    u"demo"_q, u"demo"_q, u"sms.example.kr"_q, u"02-1234-5678"_q, u"010-0000-0001"_q, u"안녕"_q,
+    QString(), QString(), QString(),           QString(),         QString()};
 const QString Accepted = u"return_value:true;;;unique_num:1;;;;error_code:;error_msg:"_q;
 
 /// "" for a fault, else the result.
 QString ResultOf(SoapClient30& client)
 {
     try {
-        return client.Call(u"SendSMS"_q, Message);
+        return client.Call(u"SendSMS"_q, ShortMessage);
     } catch (const SoapFault&) {
         return {};
     }
@@ -84,7 +84,7 @@ TEST_P(LostConnection, AfterALongMessageIsAFaultAndNothingIsSentAgain)
         [](int call) { return call == 1 ? ReplyGateway::Replying(Accepted) : Silence(GetParam()); });
     SoapClient30 client;
     client.mssoapinit(gateway.WsdlUrl(), {}, {}, {});
-    QStringList message = Message;
+    QStringList message = ShortMessage;
     message[5] = QString(300000, u'가');
     client.Call(u"SendSMS"_q, message);
     EXPECT_THROW(client.Call(u"SendSMS"_q, message), SoapFault);
@@ -212,7 +212,7 @@ TEST(HttpAttack, ACallGoesOutWholeAtOnceInPlainHttp11)
     ASSERT_TRUE(listener.Listen(0));
     SoapClient30 client;
     client.mssoapinit(u"http://127.0.0.1:%1/w"_q.arg(listener.Port()), {}, {}, {});
-    QStringList message = Message;
+    QStringList message = ShortMessage;
     message[5] = QString(1200000, u'x'); // long enough for a library to ask first
     EXPECT_EQ(client.Call(u"SendSMS"_q, message), Accepted);
     EXPECT_TRUE(isRight);

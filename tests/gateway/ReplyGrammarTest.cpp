@@ -9,7 +9,7 @@ namespace tsms::test {
 
 namespace {
 
-const QString Accepted = u"return_value:true;a;b;unique_num:123;c;d;e;error_code:;error_msg:"_q;
+const QString AcceptedReply = u"return_value:true;a;b;unique_num:123;c;d;e;error_code:;error_msg:"_q;
 
 /// The number that reading raises, or NoError; `into` holds what was read.
 long ErrorOfReading(const QString& text, Reply& into)
@@ -48,7 +48,7 @@ TEST(ReplyGrammar, FourItemsAreRead)
 
 TEST(ReplyGrammar, NineItemsWithEmptyCodesNameNoFailure)
 {
-    EXPECT_TRUE(Read(Accepted).NamesNoFailure());
+    EXPECT_TRUE(Read(AcceptedReply).NamesNoFailure());
 }
 
 TEST(ReplyGrammar, AFailureCodeOfBlanksOnlyIsNone)
@@ -155,7 +155,7 @@ TEST(ReplyGrammar, EveryOccurrenceOfAPrefixGoesInOnePass)
 
 TEST(ReplyGrammar, ItemsBehindTheNinthAreIgnored)
 {
-    EXPECT_EQ(Read(Accepted + u"뒤;return_value:maybe"_q).ErrorMsg, u"뒤"_q);
+    EXPECT_EQ(Read(AcceptedReply + u"뒤;return_value:maybe"_q).ErrorMsg, u"뒤"_q);
 }
 
 struct ShortRow

@@ -46,7 +46,7 @@ ServiceDescription Read(const QByteArray& wsdl)
     return Web().Put(Home.toString(), wsdl).Read();
 }
 
-SoapFault FaultOfReading(const QByteArray& wsdl)
+SoapFault FaultOfDescription(const QByteArray& wsdl)
 {
     try {
         Read(wsdl);
@@ -147,7 +147,7 @@ TEST_P(EveryStyle, ATruncatedDescriptionIsAFaultAtEveryByte)
 {
     const QByteArray wsdl = DescriptionOf(GetParam(), u"http://gateway.test/s"_q).trimmed();
     for (qsizetype length = 0; length < wsdl.size(); length += 7)
-        EXPECT_NE(FaultOfReading(wsdl.first(length)).Description, QString()) << length;
+        EXPECT_NE(FaultOfDescription(wsdl.first(length)).Description, QString()) << length;
 }
 
 TEST_P(EveryStyle, AFlippedByteIsReadOrRefused)
@@ -207,21 +207,22 @@ TEST(ServiceDescription, ARelativeEndpointLiesBesideTheDescription)
 TEST(ServiceDescription, AnEndpointThatIsNoWebAddressIsAFault)
 {
     for (const char* address : {"file:///etc/passwd", "ftp://gateway.test/", "http://", "gopher://a/b"})
-        EXPECT_EQ(FaultOfReading(With(ServiceStyle::RpcEncoded, "http://gateway.test/s", address)).Detail,
+        EXPECT_EQ(FaultOfDescription(With(ServiceStyle::RpcEncoded, "http://gateway.test/s", address)).Detail,
                   u"서비스의 주소가 올바르지 않습니다."_q)
             << address;
 }
 
 TEST(ServiceDescription, WhatIsNoDescriptionIsAFault)
 {
-    EXPECT_EQ(FaultOfReading("no").Detail, u"XML 형식이 아닙니다."_q);
-    EXPECT_EQ(FaultOfReading("<html/>").Detail, u"서비스 설명(WSDL)이 아닙니다."_q);
-    EXPECT_EQ(FaultOfReading("<definitions xmlns='http://schemas.xmlsoap.org/wsdl/'/>").Detail,
+    EXPECT_EQ(FaultOfDescription("no").Detail, u"XML 형식이 아닙니다."_q);
+    EXPECT_EQ(FaultOfDescription("<html/>").Detail, u"서비스 설명(WSDL)이 아닙니다."_q);
+    EXPECT_EQ(FaultOfDescription("<definitions xmlns='http://schemas.xmlsoap.org/wsdl/'/>").Detail,
               u"SOAP으로 부를 수 있는 서비스가 없습니다."_q);
-    EXPECT_EQ(FaultOfReading(With(ServiceStyle::RpcEncoded, "portType name=\"", "portType name=\"x")).Detail,
-              u"설명에 빠진 부분이 있습니다."_q);
-    EXPECT_EQ(FaultOfReading(With(ServiceStyle::RpcEncoded, "http://schemas.xmlsoap.org/soap/http",
-                                  "http://schemas.xmlsoap.org/soap/smtp"))
+    EXPECT_EQ(
+        FaultOfDescription(With(ServiceStyle::RpcEncoded, "portType name=\"", "portType name=\"x")).Detail,
+        u"설명에 빠진 부분이 있습니다."_q);
+    EXPECT_EQ(FaultOfDescription(With(ServiceStyle::RpcEncoded, "http://schemas.xmlsoap.org/soap/http",
+                                      "http://schemas.xmlsoap.org/soap/smtp"))
                   .Detail,
               u"SOAP으로 부를 수 있는 서비스가 없습니다."_q);
 }
@@ -402,9 +403,10 @@ TEST(ServiceDescription, AChainOfImportsEndsInAFault)
 
 TEST(ServiceDescription, AMissingImportIsAFault)
 {
-    EXPECT_EQ(FaultOfReading(Small({}, {}).replace("<w:types>", "<w:import location='gone.wsdl'/><w:types>"))
-                  .Description,
-              u"not here"_q);
+    EXPECT_EQ(
+        FaultOfDescription(Small({}, {}).replace("<w:types>", "<w:import location='gone.wsdl'/><w:types>"))
+            .Description,
+        u"not here"_q);
 }
 
 } // namespace tsms::test

@@ -34,7 +34,7 @@ QString Answer(const QByteArray& body)
 }
 
 /// The fault that reading raises; fails the test when there is none.
-SoapFault FaultOfReading(const QByteArray& envelope)
+SoapFault FaultOfEnvelope(const QByteArray& envelope)
 {
     try {
         ReadAnswer(Encoded(), envelope, {});
@@ -105,10 +105,11 @@ TEST(ReadAnswer, PrefixesMeanNothing)
 
 TEST(ReadAnswer, ARightPrefixOfAWrongNamespaceIsNoEnvelope)
 {
-    EXPECT_EQ(FaultOfReading("<soap:Envelope xmlns:soap='http://www.w3.org/2003/05/soap-envelope'><soap:Body>"
-                             "<r><v>x</v></r></soap:Body></soap:Envelope>")
-                  .Detail,
-              u"SOAP 1.1 응답이 아닙니다."_q);
+    EXPECT_EQ(
+        FaultOfEnvelope("<soap:Envelope xmlns:soap='http://www.w3.org/2003/05/soap-envelope'><soap:Body>"
+                        "<r><v>x</v></r></soap:Body></soap:Envelope>")
+            .Detail,
+        u"SOAP 1.1 응답이 아닙니다."_q);
 }
 
 TEST(ReadAnswer, AnEncodedValueMayStandApart)
@@ -116,7 +117,7 @@ TEST(ReadAnswer, AnEncodedValueMayStandApart)
     EXPECT_EQ(
         Answer("<r><OpReturn href='#i0'/></r><multiRef id='i9'>no</multiRef><multiRef id='i0'>답</multiRef>"),
         u"답"_q);
-    EXPECT_FALSE(FaultOfReading(Enveloped("<r><OpReturn href='#i0'/></r>")).IsOfGateway());
+    EXPECT_FALSE(FaultOfEnvelope(Enveloped("<r><OpReturn href='#i0'/></r>")).IsOfGateway());
 }
 
 TEST(ReadAnswer, AnEmptyResultIsAnEmptyText)
@@ -134,7 +135,7 @@ TEST(ReadAnswer, AKoreanReplyInItsOwnEncodingIsRead)
 
 TEST(ReadAnswer, AFaultCarriesCodeStringAndDetail)
 {
-    const SoapFault fault = FaultOfReading(
+    const SoapFault fault = FaultOfEnvelope(
         Enveloped("<s:Fault><faultcode>s:Server.Busy</faultcode><faultstring>바쁨</faultstring>"
                   "<detail><e:x xmlns:e='urn:e'><e:y>내일 다시</e:y></e:x></detail></s:Fault>"));
     EXPECT_EQ(fault.Code, u"Server.Busy"_q);
@@ -146,16 +147,16 @@ TEST(ReadAnswer, AFaultCarriesCodeStringAndDetail)
 
 TEST(ReadAnswer, AFaultWithoutAnythingIsStillAFaultOfTheGateway)
 {
-    EXPECT_TRUE(FaultOfReading(Enveloped("<s:Fault/>")).IsOfGateway());
+    EXPECT_TRUE(FaultOfEnvelope(Enveloped("<s:Fault/>")).IsOfGateway());
 }
 
 TEST(ReadAnswer, WhatIsNoAnswerIsAFault)
 {
     for (const char* text : {"", "garbage", "<html/>", "<a><b></a>"})
-        EXPECT_FALSE(FaultOfReading(text).IsOfGateway()) << text;
-    EXPECT_EQ(FaultOfReading(Enveloped("")).Detail, u"내용이 없는 응답입니다."_q);
-    EXPECT_EQ(FaultOfReading(Enveloped("<r/>")).Detail, u"결과가 없는 응답입니다."_q);
-    EXPECT_EQ(FaultOfReading("<s:Envelope xmlns:s='http://schemas.xmlsoap.org/soap/envelope/'/>").Detail,
+        EXPECT_FALSE(FaultOfEnvelope(text).IsOfGateway()) << text;
+    EXPECT_EQ(FaultOfEnvelope(Enveloped("")).Detail, u"내용이 없는 응답입니다."_q);
+    EXPECT_EQ(FaultOfEnvelope(Enveloped("<r/>")).Detail, u"결과가 없는 응답입니다."_q);
+    EXPECT_EQ(FaultOfEnvelope("<s:Envelope xmlns:s='http://schemas.xmlsoap.org/soap/envelope/'/>").Detail,
               u"내용이 없는 응답입니다."_q);
 }
 
@@ -163,9 +164,9 @@ TEST(ReadAnswer, DepthIsNoDanger)
 {
     const QByteArray open = QByteArray("<d>").repeated(60000);
     const QByteArray close = QByteArray("</d>").repeated(60000);
-    EXPECT_EQ(
-        FaultOfReading(Enveloped("<s:Fault><detail>" + open + "깊이" + close + "</detail></s:Fault>")).Detail,
-        u"깊이"_q);
+    EXPECT_EQ(FaultOfEnvelope(Enveloped("<s:Fault><detail>" + open + "깊이" + close + "</detail></s:Fault>"))
+                  .Detail,
+              u"깊이"_q);
     EXPECT_EQ(Answer("<r><OpReturn>" + open + close + "</OpReturn></r>"), QString());
 }
 
@@ -175,7 +176,7 @@ TEST(ReadAnswer, ATruncatedEnvelopeIsAFaultAtEveryByte)
         "<?xml version='1.0'?>" + Enveloped("<r><OpReturn>return_value:true;답</OpReturn></r>");
     EXPECT_EQ(ReadAnswer(Encoded(), whole, {}), u"return_value:true;답"_q);
     for (qsizetype length = 0; length < whole.size(); ++length)
-        EXPECT_FALSE(FaultOfReading(whole.first(length)).IsOfGateway()) << length;
+        EXPECT_FALSE(FaultOfEnvelope(whole.first(length)).IsOfGateway()) << length;
 }
 
 TEST(ReadAnswer, AFlippedByteNeverCrashes)

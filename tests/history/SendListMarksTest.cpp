@@ -12,7 +12,7 @@ using namespace tsms::test;
 
 namespace {
 
-const QDate Today(2012, 5, 30);
+const QDate MarkDay(2012, 5, 30);
 
 struct MarkRow
 {
@@ -27,7 +27,7 @@ class FirstMarks : public ::testing::TestWithParam<MarkRow>
 
 TEST_P(FirstMarks, FollowStatusAndDay)
 {
-    EXPECT_EQ(FirstMark(GetParam().status, GetParam().time, Today), GetParam().mark);
+    EXPECT_EQ(FirstMark(GetParam().status, GetParam().time, MarkDay), GetParam().mark);
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, FirstMarks,
@@ -47,7 +47,7 @@ TEST(SendListMarks, AnotherThanARefusedOneWithoutADayRaisesATypeMismatch)
 {
     for (const QString& status : {u"0"_q, u"1"_q, u""_q})
         try {
-            FirstMark(status, u"no day"_q, Today);
+            FirstMark(status, u"no day"_q, MarkDay);
             FAIL() << "taken with status " << status.toStdString();
         } catch (const RuntimeError& error) {
             EXPECT_EQ(error.Number, TypeMismatch);
@@ -97,13 +97,13 @@ TEST_F(MarkedList, EachRowGetsItsMark)
     Fill(3);
     list.SetText(SendListTime, 2, u"2012-05-30 10:00"_q);
     list.SetText(SendListStatus, 3, u"2"_q);
-    SetFirstMarks(list, Today);
+    SetFirstMarks(list, MarkDay);
     EXPECT_EQ(Marks(), QList<CheckPicture>({CheckEmpty, CheckLocked, CheckLocked}));
 }
 
 TEST_F(MarkedList, WithoutRowsThereIsNothingToMark)
 {
-    SetFirstMarks(list, Today);
+    SetFirstMarks(list, MarkDay);
     EXPECT_EQ(CountTicked(list), 0);
 }
 
@@ -111,7 +111,7 @@ TEST_F(MarkedList, ARowWithoutADayLeavesTheRowsBeforeItMarked)
 {
     Fill(3);
     list.SetText(SendListTime, 2, u"no day"_q);
-    EXPECT_THROW(SetFirstMarks(list, Today), RuntimeError);
+    EXPECT_THROW(SetFirstMarks(list, MarkDay), RuntimeError);
     EXPECT_EQ(list.CellPicture(SendListStatus, 1), CheckEmpty);
     EXPECT_EQ(list.CellPicture(SendListStatus, 2), -1);
     EXPECT_EQ(list.CellPicture(SendListStatus, 3), -1);
@@ -120,7 +120,7 @@ TEST_F(MarkedList, ARowWithoutADayLeavesTheRowsBeforeItMarked)
 TEST_F(MarkedList, AsManyRowsAsTheCounterHoldsAreMarked)
 {
     Fill(32767);
-    SetFirstMarks(list, Today);
+    SetFirstMarks(list, MarkDay);
     EXPECT_EQ(MarkOf(list, 32767), CheckEmpty);
 }
 
@@ -128,7 +128,7 @@ TEST_F(MarkedList, OneRowMoreEndsInAnOverflowBehindTheMarksOfTheOthers)
 {
     Fill(32768);
     try {
-        SetFirstMarks(list, Today);
+        SetFirstMarks(list, MarkDay);
         FAIL() << "all marked";
     } catch (const RuntimeError& error) {
         EXPECT_EQ(error.Number, Overflow);

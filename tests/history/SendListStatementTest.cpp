@@ -21,7 +21,7 @@ const QString Done = u" AND (SMSStatus='1' AND DATEADD(DAY, -1, LEFT(SendTime,10
                      u"CONVERT(varchar(10),getdate(),111))"_q;
 const QString Failed = u" AND SMSStatus='2'"_q;
 
-SendListSearch Today(int field = 0, const QString& words = {}, int status = 0)
+SendListSearch OnThatDay(int field = 0, const QString& words = {}, int status = 0)
 {
     return {u"2012"_q, field, words, status, u"2012-05-30"_q, u"2012-05-31"_q};
 }
@@ -41,7 +41,7 @@ class SendListChoice : public ::testing::TestWithParam<Choice>
 TEST_P(SendListChoice, MakesItsStatement)
 {
     const Choice& choice = GetParam();
-    const Statement query = SendListStatement(Today(choice.field, choice.words, choice.status));
+    const Statement query = SendListStatement(OnThatDay(choice.field, choice.words, choice.status));
     EXPECT_EQ(query.Text(), Head + choice.conditions + Tail);
     EXPECT_EQ(query.Fault(), QString());
 }
@@ -68,14 +68,14 @@ INSTANTIATE_TEST_SUITE_P(Both, SendListChoice,
 
 TEST(SendListStatement, NamesTheTableOfItsPeriod)
 {
-    SendListSearch search = Today();
+    SendListSearch search = OnThatDay();
     search.period = u"2015"_q;
     EXPECT_EQ(SendListStatement(search).Text(), QString(Head).replace(u"2012"_q, u"2015"_q) + Tail);
 }
 
 TEST(SendListStatement, TakesItsBoundsTrimmedAndWithoutHyphens)
 {
-    SendListSearch search = Today();
+    SendListSearch search = OnThatDay();
     search.first = u" 2012-12-31 "_q;
     search.dayAfterLast = u" 2013-01-01 "_q;
     EXPECT_EQ(SendListStatement(search).Text(),
@@ -85,15 +85,15 @@ TEST(SendListStatement, TakesItsBoundsTrimmedAndWithoutHyphens)
 
 TEST(SendListStatement, LeavesAnApostropheAsItWasTyped)
 {
-    EXPECT_EQ(SendListStatement(Today(0, u"O'Neil"_q)).Text(),
+    EXPECT_EQ(SendListStatement(OnThatDay(0, u"O'Neil"_q)).Text(),
               Head + u" AND SendNm Like '%O'Neil%'"_q + Tail);
 }
 
 TEST(SendListStatement, IsRefusedWhenItsWordsWouldChangeIt)
 {
-    EXPECT_NE(SendListStatement(Today(0, u"x' OR '1'='1"_q)).Fault(), QString());
-    EXPECT_NE(SendListStatement(Today(0, u"x'; DELETE SMSLog_2012 WHERE '1'='1"_q)).Fault(), QString());
-    EXPECT_NE(SendListStatement(Today(0, u"x' --"_q)).Fault(), QString());
+    EXPECT_NE(SendListStatement(OnThatDay(0, u"x' OR '1'='1"_q)).Fault(), QString());
+    EXPECT_NE(SendListStatement(OnThatDay(0, u"x'; DELETE SMSLog_2012 WHERE '1'='1"_q)).Fault(), QString());
+    EXPECT_NE(SendListStatement(OnThatDay(0, u"x' --"_q)).Fault(), QString());
 }
 
 } // namespace

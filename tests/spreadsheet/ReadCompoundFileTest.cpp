@@ -28,7 +28,7 @@ QByteArray Read(QByteArray bytes)
     return ReadCompoundStream(file, {u"Workbook", u"Book"});
 }
 
-long Error(const QByteArray& bytes)
+long ErrorOfFile(const QByteArray& bytes)
 {
     try {
         Read(bytes);
@@ -99,7 +99,7 @@ TEST_F(CompoundFile, TheFirstNameIsPreferredWhateverTheOrderOfTheEntries)
 TEST_F(CompoundFile, AWorkbookWithinAnotherDocumentIsNone)
 {
     maker.streams = {{u"WordDocument"_q, Content(5000)}, {u"Workbook"_q, Content(5000), true}};
-    EXPECT_EQ(Error(maker.Make()), InvalidFileFormat);
+    EXPECT_EQ(ErrorOfFile(maker.Make()), InvalidFileFormat);
 }
 
 TEST_F(CompoundFile, FilesOfOtherKindsAreRefused)
@@ -107,7 +107,7 @@ TEST_F(CompoundFile, FilesOfOtherKindsAreRefused)
     for (const QByteArray& bytes :
          {QByteArray(), QByteArray("x"), QByteArray("PK\x03\x04") + Content(5000),
           QByteArray("<html>") + Content(5000), QByteArray(100000, '\0'), Content(1000)})
-        EXPECT_EQ(Error(bytes), InvalidFileFormat);
+        EXPECT_EQ(ErrorOfFile(bytes), InvalidFileFormat);
 }
 
 TEST_F(CompoundFile, AFileThatIsCutAnywhereIsRefused)
@@ -115,7 +115,7 @@ TEST_F(CompoundFile, AFileThatIsCutAnywhereIsRefused)
     maker.streams = {{u"Small"_q, Content(300)}, {u"Workbook"_q, Content(5000)}, {u"Last"_q, Content(6000)}};
     const QByteArray whole = maker.Make();
     for (qsizetype size = 0; size < whole.size(); ++size)
-        ASSERT_EQ(Error(whole.first(size)), InvalidFileFormat) << size;
+        ASSERT_EQ(ErrorOfFile(whole.first(size)), InvalidFileFormat) << size;
 }
 
 TEST_F(CompoundFile, TheRestOfTheLastSectorMayBeMissing)
@@ -131,7 +131,7 @@ TEST_F(CompoundFile, TheRestOfTheLastSectorMayBeMissing)
         moved = Patched(moved, links + 4 * (first + i), i < 9 ? first + i + 1 : 0xFFFFFFFE);
     moved = Patched(moved, maker.directoryAt + 2 * 128 + 116, first);
     EXPECT_EQ(Read(moved), Content(5000));
-    EXPECT_EQ(Error(moved.chopped(1)), InvalidFileFormat);
+    EXPECT_EQ(ErrorOfFile(moved.chopped(1)), InvalidFileFormat);
 }
 
 TEST_F(CompoundFile, BytesBehindTheLastSectorDoNotMatter)
@@ -145,7 +145,7 @@ TEST_F(CompoundFile, AChainThatRunsInACircleIsRefused)
     maker.streams = {{u"Workbook"_q, Content(50000)}};
     const QByteArray file = maker.Make();
     for (const quint32 to : {0u, 3u, 5u})
-        EXPECT_EQ(Error(Patched(file, maker.firstLinkAt + 4 * 5, to)), InvalidFileFormat);
+        EXPECT_EQ(ErrorOfFile(Patched(file, maker.firstLinkAt + 4 * 5, to)), InvalidFileFormat);
 }
 
 TEST_F(CompoundFile, AChainThatEndsEarlyOrLeavesTheFileIsRefused)
@@ -153,14 +153,14 @@ TEST_F(CompoundFile, AChainThatEndsEarlyOrLeavesTheFileIsRefused)
     maker.streams = {{u"Workbook"_q, Content(50000)}};
     const QByteArray file = maker.Make();
     for (const quint32 to : {0xFFFFFFFEu, 0xFFFFFFFFu, 0xFFFFFFFDu, 0x7FFFFFFFu, 100000u})
-        EXPECT_EQ(Error(Patched(file, maker.firstLinkAt + 4 * 5, to)), InvalidFileFormat);
+        EXPECT_EQ(ErrorOfFile(Patched(file, maker.firstLinkAt + 4 * 5, to)), InvalidFileFormat);
 }
 
 TEST_F(CompoundFile, TwoStreamsThatShareASectorAreRefused)
 {
     maker.streams = {{u"Workbook"_q, Content(5120)}, {u"Other"_q, Content(5120)}};
     const QByteArray file = maker.Make();
-    EXPECT_EQ(Error(Patched(file, maker.directoryAt + 3 * 128 + 116, 2)), InvalidFileFormat);
+    EXPECT_EQ(ErrorOfFile(Patched(file, maker.directoryAt + 3 * 128 + 116, 2)), InvalidFileFormat);
 }
 
 TEST_F(CompoundFile, ACircleInTheDirectoryIsRefused)
@@ -169,8 +169,8 @@ TEST_F(CompoundFile, ACircleInTheDirectoryIsRefused)
     const QByteArray file = maker.Make();
     for (const int link : {68, 72})
         for (const quint32 to : {1u, 2u, 3u, 100u})
-            EXPECT_EQ(Error(Patched(file, maker.directoryAt + 3 * 128 + link, to)), InvalidFileFormat);
-    EXPECT_EQ(Error(Patched(file, maker.directoryAt + 76, 0)), InvalidFileFormat);
+            EXPECT_EQ(ErrorOfFile(Patched(file, maker.directoryAt + 3 * 128 + link, to)), InvalidFileFormat);
+    EXPECT_EQ(ErrorOfFile(Patched(file, maker.directoryAt + 76, 0)), InvalidFileFormat);
 }
 
 TEST_F(CompoundFile, ACircleInTheChainOfTheDirectoryOrOfTheLinksIsRefused)
@@ -179,10 +179,12 @@ TEST_F(CompoundFile, ACircleInTheChainOfTheDirectoryOrOfTheLinksIsRefused)
     maker.streams = {{u"Workbook"_q, Content(20 << 20)}};
     const QByteArray file = maker.Make();
     const auto directory = static_cast<quint32>(maker.directoryAt / 512 - 1);
-    EXPECT_EQ(Error(Patched(file, maker.firstLinkAt + 4 * (directory + 1), directory)), InvalidFileFormat);
+    EXPECT_EQ(ErrorOfFile(Patched(file, maker.firstLinkAt + 4 * (directory + 1), directory)),
+              InvalidFileFormat);
     const auto list = qFromLittleEndian<quint32>(file.constData() + 68);
-    EXPECT_EQ(Error(Patched(file, (list + 2) * 512 - 4, list)), InvalidFileFormat);
-    EXPECT_EQ(Error(Patched(file, 80, qFromLittleEndian<quint32>(file.constData() + 76))), InvalidFileFormat);
+    EXPECT_EQ(ErrorOfFile(Patched(file, (list + 2) * 512 - 4, list)), InvalidFileFormat);
+    EXPECT_EQ(ErrorOfFile(Patched(file, 80, qFromLittleEndian<quint32>(file.constData() + 76))),
+              InvalidFileFormat);
 }
 
 TEST_F(CompoundFile, AbsurdNumbersAreRefused)
@@ -193,13 +195,13 @@ TEST_F(CompoundFile, AbsurdNumbersAreRefused)
     for (const qsizetype at : {qsizetype(44), qsizetype(48), qsizetype(60), qsizetype(64), qsizetype(76),
                                entry + 116, entry + 120, maker.directoryAt + 116, maker.directoryAt + 120})
         for (const quint32 number : {0xFFFFFFFFu, 0x7FFFFFFFu, 0x40000000u, 100000u})
-            EXPECT_EQ(Error(Patched(file, at, number)), InvalidFileFormat) << at << ", " << number;
+            EXPECT_EQ(ErrorOfFile(Patched(file, at, number)), InvalidFileFormat) << at << ", " << number;
 }
 
 TEST_F(CompoundFile, AStreamBeyondAllMeasureIsRefused)
 {
     maker.streams = {{u"Workbook"_q, QByteArray(MostStreamBytes + 1, 'x')}};
-    EXPECT_EQ(Error(maker.Make()), InvalidFileFormat);
+    EXPECT_EQ(ErrorOfFile(maker.Make()), InvalidFileFormat);
 }
 
 TEST_F(CompoundFile, AFileThatCannotBeReadIsRefused)

@@ -12,7 +12,7 @@ using namespace tsms::test;
 
 namespace {
 
-constexpr int Columns = 3;
+constexpr int ReadColumns = 3;
 
 using Version = WorkbookMaker::Version;
 
@@ -21,7 +21,7 @@ WorkbookTexts Read(const WorkbookMaker& book)
     QByteArray bytes = book.File();
     QBuffer file(&bytes);
     file.open(QIODevice::ReadOnly);
-    return ReadWorkbook(file, Columns);
+    return ReadWorkbook(file, ReadColumns);
 }
 
 QString Text(const WorkbookTexts& texts, int col, int row)

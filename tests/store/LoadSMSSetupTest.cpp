@@ -13,7 +13,7 @@ namespace tsms::test {
 
 namespace {
 
-const Box ServerDown{
+const Box NoServer{
     u" - 오류!!!"_q,
     u"★ 데이터베이스서버 상태를 확인하여 주십시오.!\r\n\r\n★ 서버가 종료이거나 인터넷 연결이 안된 상태입니다."_q,
     MsgBoxCritical};
@@ -123,9 +123,9 @@ TEST_F(LoadSMSSetupTest, WithoutARowTheSessionKeepsWhatItHeld)
 TEST_F(LoadSMSSetupTest, ADeadServerIsToldOnceForEachAttemptAndStillReturnsTrue)
 {
     connections.RefuseOpens(-1);
-    desktop.Expect(ServerDown); // the first attempt
-    desktop.Expect(ServerDown); // the second
-    desktop.Expect(ServerDown); // the query finds no object and the quiet new connection fails too
+    desktop.Expect(NoServer); // the first attempt
+    desktop.Expect(NoServer); // the second
+    desktop.Expect(NoServer); // the query finds no object and the quiet new connection fails too
     EXPECT_EQ(LoadSMSSetup(session, db), Boolean::True);
     EXPECT_EQ(connections.Opens(), 3);
     EXPECT_EQ(session.SMSRemainCnt, 0);
@@ -135,7 +135,7 @@ TEST_F(LoadSMSSetupTest, ASecondAttemptThatSucceedsReadsTheRow)
 {
     database.SetAccount(42);
     connections.RefuseOpens(1);
-    desktop.Expect(ServerDown);
+    desktop.Expect(NoServer);
     EXPECT_EQ(LoadSMSSetup(session, db), Boolean::True);
     EXPECT_EQ(session.SMSRemainCnt, 42);
 }

@@ -18,7 +18,7 @@ namespace tsms::test {
 namespace {
 
 const QString AddOne = u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1"_q;
-const QString Balance = u"SELECT SMSRemainCnt FROM SMSSetup"_q;
+const QString BalanceQuery = u"SELECT SMSRemainCnt FROM SMSSetup"_q;
 
 RuntimeError NoErrorAtAll()
 {
@@ -269,14 +269,14 @@ TEST_F(OdbcConnectionTest, WhatFailedToOpenOpensWhenTheServerIsBack)
     EXPECT_EQ(ErrorOf([this] { connection.Open(); }).Number, CommunicationFailure);
     server.Start();
     connection.Open();
-    EXPECT_EQ(connection.Query(Balance)->Field(0), u"0"_q);
+    EXPECT_EQ(connection.Query(BalanceQuery)->Field(0), u"0"_q);
 }
 
 TEST_F(OdbcConnectionTest, AClosedConnectionLeavesTheServer)
 {
     for (int turn = 0; turn < 5; ++turn) {
         Open();
-        connection.Query(Balance);
+        connection.Query(BalanceQuery);
         connection.Close();
     }
     EXPECT_TRUE(server.WaitForOpenConnections(0));
@@ -286,7 +286,7 @@ TEST_F(OdbcConnectionTest, AClosedConnectionLeavesTheServer)
 TEST_F(OdbcConnectionTest, AConnectionThatIsNotOpenRaisesAnUnsetObject)
 {
     EXPECT_EQ(ErrorOfStatement(AddOne).Number, ObjectNotSet);
-    EXPECT_EQ(ErrorOfQuery(Balance).Number, ObjectNotSet);
+    EXPECT_EQ(ErrorOfQuery(BalanceQuery).Number, ObjectNotSet);
 }
 
 // The driver
@@ -310,7 +310,7 @@ TEST_F(OdbcConnectionTest, ADriverThatIsRegisteredButGoneIsPassedOver)
     OdbcConnection late(drivers);
     Point(late);
     late.Open();
-    EXPECT_EQ(late.Query(Balance)->Field(0), u"0"_q);
+    EXPECT_EQ(late.Query(BalanceQuery)->Field(0), u"0"_q);
 }
 
 TEST_F(OdbcConnectionTest, EveryDriverOfThisMachineReachesTheServer)
@@ -321,7 +321,7 @@ TEST_F(OdbcConnectionTest, EveryDriverOfThisMachineReachesTheServer)
         OdbcConnection one({driver});
         Point(one);
         one.Open();
-        EXPECT_EQ(one.Query(Balance)->Field(0), u"0"_q) << driver.name.toStdString();
+        EXPECT_EQ(one.Query(BalanceQuery)->Field(0), u"0"_q) << driver.name.toStdString();
     }
 }
 
@@ -335,7 +335,7 @@ TEST_F(OdbcConnectionTest, AStatementTimesOutAndTheNextOneRuns)
     const RuntimeError error = ErrorOfStatement(AddOne);
     EXPECT_EQ(error.Number, CommandTimedOut);
     EXPECT_EQ(error.Description, u"Timeout expired"_q);
-    EXPECT_EQ(connection.Query(Balance)->Field(0), u"0"_q);
+    EXPECT_EQ(connection.Query(BalanceQuery)->Field(0), u"0"_q);
 }
 
 TEST_F(OdbcConnectionTest, AQueryTimesOutAndTheNextOneRuns)
@@ -343,8 +343,8 @@ TEST_F(OdbcConnectionTest, AQueryTimesOutAndTheNextOneRuns)
     connection.CommandTimeout = 1;
     Open();
     server.StaySilent();
-    EXPECT_EQ(ErrorOfQuery(Balance).Number, CommandTimedOut);
-    EXPECT_EQ(connection.Query(Balance)->Field(0), u"0"_q);
+    EXPECT_EQ(ErrorOfQuery(BalanceQuery).Number, CommandTimedOut);
+    EXPECT_EQ(connection.Query(BalanceQuery)->Field(0), u"0"_q);
 }
 
 TEST_F(OdbcConnectionTest, ALateAnswerIsTaken)
@@ -352,7 +352,7 @@ TEST_F(OdbcConnectionTest, ALateAnswerIsTaken)
     connection.CommandTimeout = 20;
     Open();
     server.AnswerLate(1200);
-    EXPECT_EQ(connection.Query(Balance)->Field(0), u"0"_q);
+    EXPECT_EQ(connection.Query(BalanceQuery)->Field(0), u"0"_q);
 }
 
 TEST_F(OdbcConnectionTest, ADeadLinkShowsAtTheNextStatementAndAtEveryFurtherOne)
@@ -362,10 +362,10 @@ TEST_F(OdbcConnectionTest, ADeadLinkShowsAtTheNextStatementAndAtEveryFurtherOne)
     EXPECT_TRUE(connection.IsOpen());
     EXPECT_EQ(ErrorOfStatement(AddOne).Number, CommunicationFailure);
     EXPECT_EQ(ErrorOfStatement(AddOne).Number, CommunicationFailure);
-    EXPECT_EQ(ErrorOfQuery(Balance).Number, CommunicationFailure);
+    EXPECT_EQ(ErrorOfQuery(BalanceQuery).Number, CommunicationFailure);
     server.Start();
     Open();
-    EXPECT_EQ(connection.Query(Balance)->Field(0), u"0"_q);
+    EXPECT_EQ(connection.Query(BalanceQuery)->Field(0), u"0"_q);
 }
 
 TEST_F(OdbcConnectionTest, ALinkCutBeforeAStatementIsACommunicationFailureAndNothingIsDone)
@@ -373,7 +373,7 @@ TEST_F(OdbcConnectionTest, ALinkCutBeforeAStatementIsACommunicationFailureAndNot
     Open();
     server.CutBefore();
     EXPECT_EQ(ErrorOfStatement(AddOne).Number, CommunicationFailure);
-    EXPECT_EQ(database.Value(Balance), u"0"_q);
+    EXPECT_EQ(database.Value(BalanceQuery), u"0"_q);
 }
 
 TEST_F(OdbcConnectionTest, ALinkCutBehindAStatementIsACommunicationFailureAndAllIsDone)
@@ -381,7 +381,7 @@ TEST_F(OdbcConnectionTest, ALinkCutBehindAStatementIsACommunicationFailureAndAll
     Open();
     server.CutAfter();
     EXPECT_EQ(ErrorOfStatement(AddOne).Number, CommunicationFailure);
-    EXPECT_EQ(database.Value(Balance), u"1"_q);
+    EXPECT_EQ(database.Value(BalanceQuery), u"1"_q);
 }
 
 TEST_F(OdbcConnectionTest, AnAnswerThatBreaksOffIsNeverTakenForAWholeOne)
@@ -405,7 +405,7 @@ TEST_F(OdbcConnectionTest, AStatementWhoseAnswerBreaksOffIsACommunicationFailure
         server.CutInAnswer(bytes);
         EXPECT_EQ(ErrorOfStatement(AddOne).Number, CommunicationFailure) << bytes;
     }
-    EXPECT_EQ(database.Value(Balance), u"6"_q);
+    EXPECT_EQ(database.Value(BalanceQuery), u"6"_q);
 }
 
 // Errors and messages
@@ -455,7 +455,7 @@ TEST_F(OdbcConnectionTest, AnErrorBehindRowsOfItsOwnSelectIsFound)
 TEST_F(OdbcConnectionTest, AnErrorOfALaterResultIsFound)
 {
     Open();
-    const QString sql = Balance + u"; SELECT * FROM SMSLog_1999"_q;
+    const QString sql = BalanceQuery + u"; SELECT * FROM SMSLog_1999"_q;
     EXPECT_EQ(ErrorOfQuery(sql).Number, NoSuchTable);
     EXPECT_EQ(ErrorOfStatement(sql).Number, NoSuchTable);
     EXPECT_EQ(ErrorOfStatement(AddOne + u"; SELECT * FROM SMSLog_1999"_q).Number, NoSuchTable);
@@ -475,7 +475,7 @@ TEST_F(OdbcConnectionTest, AMessageIsNoError)
 TEST_F(OdbcConnectionTest, OfSeveralResultsTheFirstWithColumnsIsTaken)
 {
     Open();
-    EXPECT_EQ(connection.Query(AddOne + u"; "_q + Balance)->Field(0), u"1"_q);
+    EXPECT_EQ(connection.Query(AddOne + u"; "_q + BalanceQuery)->Field(0), u"1"_q);
     EXPECT_EQ(Answered(ColumnsToken({Number}) + NumberRow(1) + End(1, true) + ColumnsToken({Number}) +
                        NumberRow(2) + NumberRow(3) + End(2)),
               QStringList{u"1"_q});
@@ -499,7 +499,7 @@ TEST_F(OdbcConnectionTest, AResultThatIsExecutedIsDropped)
 {
     Open();
     EXPECT_EQ(ErrorOfStatement(u"SELECT * FROM SMSSetup"_q).Number, NoError);
-    EXPECT_EQ(connection.Query(Balance)->Field(0), u"0"_q);
+    EXPECT_EQ(connection.Query(BalanceQuery)->Field(0), u"0"_q);
 }
 
 // Values

@@ -3,6 +3,7 @@
 #include "toolkit/TextHelper.h"
 
 #include "support/Words.h"
+#include "toolkit/FieldInput.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -15,25 +16,6 @@ using namespace tsms;
 using namespace tsms::test;
 
 namespace {
-
-void Commit(QWidget& field, const QString& text)
-{
-    QInputMethodEvent event;
-    event.setCommitString(text);
-    QApplication::sendEvent(&field, &event);
-}
-
-void Compose(QWidget& field, const QString& preedit)
-{
-    QInputMethodEvent event(preedit, {});
-    QApplication::sendEvent(&field, &event);
-}
-
-void Paste(QWidget& field, const QString& text)
-{
-    QApplication::clipboard()->setText(text);
-    QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
-}
 
 /// What holds for both text boxes.
 template <class Field> class AnyTextField : public testing::Test

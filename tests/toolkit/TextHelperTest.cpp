@@ -6,10 +6,9 @@
 
 #include "support/ScriptedDesktop.h"
 #include "support/Words.h"
+#include "toolkit/FieldInput.h"
 
 #include <QApplication>
-#include <QClipboard>
-#include <QInputMethodEvent>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -18,19 +17,6 @@ using namespace tsms;
 using namespace tsms::test;
 
 namespace {
-
-void Commit(QWidget& field, const QString& text)
-{
-    QInputMethodEvent event;
-    event.setCommitString(text);
-    QApplication::sendEvent(&field, &event);
-}
-
-void Paste(QWidget& field, const QString& text)
-{
-    QApplication::clipboard()->setText(text);
-    QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
-}
 
 class TextHelperTest : public testing::Test
 {

@@ -31,8 +31,10 @@ QByteArray Reason(int status)
     }
 }
 
+} // namespace
+
 /// Collects the bytes of one connection into requests.
-class RequestReader
+class HttpListener::RequestReader
 {
 public:
     void Take(const QByteArray& bytes) { buffer_ += bytes; }
@@ -87,8 +89,6 @@ private:
     qsizetype bodySize_ = 0;
     bool isBroken_ = false;
 };
-
-} // namespace
 
 HttpAnswer WholeAnswer(int status, const QByteArray& contentType, const QByteArray& body)
 {

@@ -64,6 +64,7 @@ public:
     int RequestCount() const { return requests_; }       ///< arrived whole so far
 
 private:
+    class RequestReader;
     class Worker;
     friend class Worker;
 
