@@ -11,6 +11,7 @@
 #include "toolkit/Guarded.h"
 #include "toolkit/MemoBox.h"
 #include "toolkit/Naming.h"
+#include "toolkit/PastedRows.h"
 #include "toolkit/TextBox.h"
 #include "toolkit/Theme.h"
 
@@ -96,6 +97,7 @@ void ComposePage::BuildRecipients(QVBoxLayout& phone, QWidget& parent)
         WalkOnEnter(*recipients_);
         key = 0;
     };
+    recipients_->OnPaste = [this](const QString& text) { return RecipientPaste(text); };
     connect(recipients_, &fpSpread::Click, this,
             Guarded(services_.desktop, [this](int column, int) { RecipientClick(column); }));
     phone.addLayout(buttons);
@@ -216,6 +218,16 @@ void ComposePage::RecipientClick(int column)
     if (services_.session.IsBusy() || column != RemoveColumn)
         return;
     RemoveActiveRecipient(*recipients_);
+}
+
+/// A block of a spreadsheet fills rows; anything else goes into its cell.
+bool ComposePage::RecipientPaste(const QString& text)
+{
+    const QList<QStringList> rows = PastedRows(text);
+    if (!IsBlock(rows) || recipients_->ActiveCol() == RemoveColumn)
+        return false;
+    PutRecipients(*recipients_, rows);
+    return true;
 }
 
 } // namespace tsms

@@ -58,6 +58,7 @@ private:
     void SendNoChange();
     void SendNoKeyPress(char16_t& key);
     void RecipientClick(int column);
+    bool RecipientPaste(const QString& text);
 
     Services& services_;
     TextHelper textHelper_;

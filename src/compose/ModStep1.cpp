@@ -5,6 +5,8 @@
 #include "toolkit/GridHelper.h"
 #include "toolkit/Theme.h"
 
+#include <algorithm>
+
 namespace tsms {
 
 namespace {
@@ -37,6 +39,27 @@ void SetCellTypes(fpSpread& grid)
     grid.SetColButton(RemoveColumn, QStringLiteral("x"), theme::Strip, theme::White);
     grid.SetColType(ThirdValueColumn, fpSpread::CellType::StaticText);
     grid.SetColHidden(ThirdValueColumn, true);
+}
+
+/// From that row to the last.
+int CountOnView(const fpSpread& grid, int first)
+{
+    int count = 0;
+    for (int row = first; row <= grid.MaxRows(); ++row)
+        if (!grid.RowHidden(row))
+            ++count;
+    return count;
+}
+
+void AddNumberedRows(fpSpread& grid, int count)
+{
+    if (count <= 0)
+        return;
+    const int before = grid.MaxRows();
+    const int number = CountOnView(grid, 1);
+    grid.SetMaxRows(before + count);
+    for (int i = 1; i <= count; ++i)
+        grid.SetText(NumberColumn, before + i, TwoDigits(number + i));
 }
 
 } // namespace
@@ -84,6 +107,23 @@ void WalkOnEnter(fpSpread& grid)
         column = NameColumn;
     }
     grid.SetActiveCell(column, row);
+}
+
+void PutRecipients(fpSpread& grid, const QList<QStringList>& rows)
+{
+    const int firstColumn = grid.ActiveCol() == PhoneColumn ? PhoneColumn : NameColumn;
+    const int firstRow = std::max(grid.ActiveRow(), 1);
+    grid.SetReDraw(false);
+    AddNumberedRows(grid, static_cast<int>(rows.size()) - CountOnView(grid, firstRow));
+    int row = firstRow;
+    for (const QStringList& values : rows) {
+        while (grid.RowHidden(row))
+            ++row;
+        for (int i = 0; i < values.size() && firstColumn + i <= PhoneColumn; ++i)
+            grid.EnterText(firstColumn + i, row, values[i]);
+        ++row;
+    }
+    grid.SetReDraw(true);
 }
 
 } // namespace tsms

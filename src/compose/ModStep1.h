@@ -2,6 +2,9 @@
 
 #include "services/RecipientColumn.h"
 
+#include <QList>
+#include <QStringList>
+
 namespace tsms {
 
 class fpSpread;
@@ -15,5 +18,11 @@ void RemoveActiveRecipient(fpSpread& grid);
 
 /// The walk of the Enter key: from name to number to the next row's name.
 void WalkOnEnter(fpSpread& grid);
+
+/// Puts rows of names and numbers, or of numbers alone, into the rows on view from the active cell on, each
+/// value up to its column's limit, as if it had been typed. From the number column on a row's first value is
+/// the number; from any other but the remove button's the name. Further values are left out. The grid grows
+/// as long as rows are left, and its new rows are numbered on.
+void PutRecipients(fpSpread& grid, const QList<QStringList>& rows);
 
 } // namespace tsms

@@ -204,6 +204,12 @@ void fpSpread::SetText(int col, int row, const QString& text)
     model_->SetText(col, row, text);
 }
 
+void fpSpread::EnterText(int col, int row, const QString& text)
+{
+    const int limit = model_->MaxLength(col);
+    SetText(col, row, limit > 0 ? LimitText(text, CharactersMeasure, limit) : text);
+}
+
 void fpSpread::SetFormula(int col, int row, const QString& formula)
 {
     model_->SetFormula(col, row, formula);
@@ -597,21 +603,22 @@ bool fpSpread::EditingCommand(QKeyEvent* event)
     const bool paste = event->matches(QKeySequence::Paste);
     if (!clear && !cut && !paste)
         return false;
-    if (!IsEditable(cell))
+    const QString pasted = paste ? QApplication::clipboard()->text() : QString();
+    if ((paste && OwnerTakesPaste(pasted)) || !IsEditable(cell))
         return true;
     if (cut)
         QApplication::clipboard()->setText(GetText(col, row));
-    const int limit = model_->MaxLength(col);
-    const QString text = paste ? PastedText() : QString();
-    SetText(col, row, limit > 0 ? LimitText(text, CharactersMeasure, limit) : text);
+    EnterText(col, row,
+              pasted.first(FirstLineLength(pasted))); // a cell takes what stands before a line break
     return true;
 }
 
-/// Of a pasted text a cell takes what stands before the first line break.
-QString fpSpread::PastedText() const
+bool fpSpread::OwnerTakesPaste(const QString& text)
 {
-    const QString text = QApplication::clipboard()->text();
-    return text.first(FirstLineLength(text));
+    bool taken = false;
+    if (OnPaste)
+        RaiseEvent(*this, [&] { taken = OnPaste(text); });
+    return taken;
 }
 
 /// The handlers may do anything, the end of this grid included: nothing may follow the signal.

@@ -61,6 +61,7 @@ public:
     // Content.
     QString GetText(int col, int row) const;
     void SetText(int col, int row, const QString& text);
+    void EnterText(int col, int row, const QString& text); ///< as a person does: up to the column's limit
 
     /// Understands "SUM(<cell>:<cell>)", cells in the manner A1: the sum of the texts that are numbers,
     /// formulas left out. Any other formula shows nothing. SetText puts the formula away again.
@@ -131,6 +132,10 @@ public:
     /// a cell is edited (the edit is committed first). Set it to 0 to swallow the key.
     std::function<void(int& key)> OnKeyPress;
 
+    /// A text that is pasted onto the active cell, whether it can be edited or not; pastes into an editor are
+    /// its own. True: it has been taken, and the grid does nothing.
+    std::function<bool(const QString& text)> OnPaste;
+
 Q_SIGNALS:
     /// A click, or the space bar, on a cell. The cell is the active one by then. A double click is one Click
     /// and one DblClick, but two Clicks on a button.
@@ -163,7 +168,7 @@ private:
     bool OwnerTakes(int key);
     bool EditingCommand(QKeyEvent* event);
     void ClickCell(const QModelIndex& index);
-    QString PastedText() const;
+    bool OwnerTakesPaste(const QString& text);
     QWidget* Editor() const;
     void CancelEdit();
     void KeepActiveCell();

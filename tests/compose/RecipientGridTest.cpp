@@ -26,6 +26,15 @@ protected:
         return numbers;
     }
 
+    /// The texts of a column's cells.
+    QStringList Texts(int column, int first, int last)
+    {
+        QStringList texts;
+        for (int row = first; row <= last; ++row)
+            texts += Grid().GetText(column, row);
+        return texts;
+    }
+
     Program program;
 };
 
@@ -241,6 +250,96 @@ TEST_F(RecipientGrid, AHundredThousandPastedCharactersAreCut)
     PasteText(Grid(), QString(u"1"_q).repeated(100000));
     Grid().CommitEdit();
     EXPECT_EQ(Grid().GetText(3, 1), QString(u"1"_q).repeated(13));
+}
+
+TEST_F(RecipientGrid, RowsOfASpreadsheetFillTheRowsFromTheActiveCellOn)
+{
+    ClickCell(Grid(), 2, 4);
+    PasteText(Grid(), u"김하늘\t010-0000-0001\t서울\r\n 이바다 \t 010-0000-0002 \t부산\r\n"_q);
+    EXPECT_EQ(Texts(2, 3, 7), QStringList({u""_q, u"김하늘"_q, u"이바다"_q, u""_q, u""_q}));
+    EXPECT_EQ(Texts(3, 4, 6), QStringList({u"010-0000-0001"_q, u"010-0000-0002"_q, u""_q}));
+    EXPECT_EQ(Grid().GetText(4, 4), u"x"_q);
+    EXPECT_EQ(Grid().GetText(5, 4), QString());
+    EXPECT_EQ(Grid().MaxRows(), 20);
+    EXPECT_EQ(Grid().ActiveRow(), 4);
+}
+
+TEST_F(RecipientGrid, AnEmptyListTakesThemWithoutAClickIntoIt)
+{
+    program.Click(u"BtnFuncMain(2)"_q);
+    Grid().setFocus();
+    ASSERT_EQ(Grid().ActiveCol(), 1);
+    PasteText(Grid(), u"김하늘\t010-0000-0001\n이바다\t010-0000-0002\n"_q);
+    EXPECT_EQ(Texts(2, 1, 3), QStringList({u"김하늘"_q, u"이바다"_q, u""_q}));
+    EXPECT_EQ(Grid().GetText(1, 1), u"01"_q);
+}
+
+TEST_F(RecipientGrid, AColumnOfNumbersGoesIntoTheNumberColumn)
+{
+    ClickCell(Grid(), 3, 1);
+    PasteText(Grid(), u"010-1\n\n010-3\tx"_q);
+    EXPECT_EQ(Texts(3, 1, 4), QStringList({u"010-1"_q, u""_q, u"010-3"_q, u""_q}));
+    EXPECT_EQ(Texts(2, 1, 3), QStringList({u""_q, u""_q, u""_q}));
+    EXPECT_EQ(Grid().GetText(4, 3), u"x"_q);
+}
+
+TEST_F(RecipientGrid, AColumnOfNamesLeavesTheNumbersAsTheyAre)
+{
+    program.List({{u"가"_q, u"010-1"_q}, {u"나"_q, u"010-2"_q}});
+    ClickCell(Grid(), 2, 1);
+    PasteText(Grid(), u"김하늘\n이바다\n"_q);
+    EXPECT_EQ(Texts(2, 1, 2), QStringList({u"김하늘"_q, u"이바다"_q}));
+    EXPECT_EQ(Texts(3, 1, 2), QStringList({u"010-1"_q, u"010-2"_q}));
+}
+
+TEST_F(RecipientGrid, PastedRowsPassOverTheRemovedOnes)
+{
+    program.List({{u"가"_q, u"010-1"_q}, {u"나"_q, u"010-2"_q}, {u"다"_q, u"010-3"_q}});
+    Remove(2);
+    ClickCell(Grid(), 2, 1);
+    PasteText(Grid(), u"김하늘\t010-8\n이바다\t010-9\n"_q);
+    EXPECT_EQ(Texts(2, 1, 3), QStringList({u"김하늘"_q, u"나"_q, u"이바다"_q}));
+    EXPECT_EQ(Texts(3, 1, 3), QStringList({u"010-8"_q, u"010-2"_q, u"010-9"_q}));
+}
+
+TEST_F(RecipientGrid, PastedOnARemovedActiveRowTheyBeginInTheNextOne)
+{
+    Remove(1);
+    ASSERT_TRUE(Grid().RowHidden(1));
+    Grid().SetActiveCell(2, 2);
+    Remove(2);
+    PasteText(Grid(), u"김하늘\t010-8\n이바다\t010-9\n"_q);
+    for (int row : {1, 2})
+        EXPECT_EQ(Grid().GetText(2, row), QString()) << row;
+    EXPECT_EQ(VisibleNumbers().size(), 18);
+}
+
+TEST_F(RecipientGrid, TheListGrowsForWhatIsPastedAndIsNumberedOn)
+{
+    Remove(3);
+    ClickCell(Grid(), 2, 19);
+    PasteText(Grid(), u"가\t1\n나\t2\n다\t3\n라\t4\n"_q);
+    EXPECT_EQ(Grid().MaxRows(), 22);
+    EXPECT_EQ(Texts(2, 19, 22), QStringList({u"가"_q, u"나"_q, u"다"_q, u"라"_q}));
+    EXPECT_EQ(VisibleNumbers().mid(18), QStringList({u"19"_q, u"20"_q, u"21"_q}));
+    EXPECT_EQ(Grid().GetText(4, 22), u"x"_q);
+}
+
+TEST_F(RecipientGrid, PastedValuesAreCutAtTheLimitsOfTheirColumns)
+{
+    ClickCell(Grid(), 2, 1);
+    PasteText(Grid(), u"가나다라마바사\t01234567890123\n가\t1"_q);
+    EXPECT_EQ(Texts(2, 1, 2), QStringList({u"가나다라마바"_q, u"가"_q}));
+    EXPECT_EQ(Texts(3, 1, 2), QStringList({u"0123456789012"_q, u"1"_q}));
+}
+
+TEST_F(RecipientGrid, NothingIsPastedOnARemoveButton)
+{
+    Grid().SetActiveCell(4, 1);
+    Grid().setFocus();
+    PasteText(Grid(), u"가\t1\n나\t2"_q);
+    EXPECT_EQ(Texts(2, 1, 2), QStringList({u""_q, u""_q}));
+    EXPECT_EQ(Grid().GetText(4, 1), u"x"_q);
 }
 
 TEST_F(RecipientGrid, RowsSurviveAChangeOfPage)

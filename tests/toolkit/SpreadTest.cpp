@@ -950,6 +950,27 @@ TEST_F(SpreadTest, OfAPastedTextACellTakesTheFirstLine)
     EXPECT_EQ(grid.GetText(2, 1), u"홍길동"_q);
 }
 
+TEST_F(SpreadTest, TheOwnerIsOfferedAPasteFirstOnWhateverCell)
+{
+    Show();
+    QStringList offered;
+    bool takes = true;
+    grid.OnPaste = [&](const QString& text) {
+        offered += text;
+        return takes;
+    };
+    QApplication::clipboard()->setText(u"가\n나"_q);
+    for (int column : {1, 2}) {
+        grid.SetActiveCell(column, 1);
+        Press(Qt::Key_V, Qt::ControlModifier);
+    }
+    EXPECT_EQ(offered, QStringList({u"가\n나"_q, u"가\n나"_q}));
+    EXPECT_EQ(grid.GetText(2, 1), QString());
+    takes = false;
+    Press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(grid.GetText(2, 1), u"가"_q);
+}
+
 TEST_F(SpreadTest, APasteIntoAStaticCellDoesNothing)
 {
     Show();

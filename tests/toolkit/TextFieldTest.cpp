@@ -2,8 +2,8 @@
 #include "toolkit/TextBox.h"
 #include "toolkit/TextHelper.h"
 
+#include "support/program/Hands.h"
 #include "support/Words.h"
-#include "toolkit/FieldInput.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -16,6 +16,12 @@ using namespace tsms;
 using namespace tsms::test;
 
 namespace {
+
+void Compose(QWidget& field, const QString& preedit)
+{
+    QInputMethodEvent event(preedit, {});
+    QApplication::sendEvent(&field, &event);
+}
 
 /// What holds for both text boxes.
 template <class Field> class AnyTextField : public testing::Test
@@ -61,8 +67,8 @@ TYPED_TEST(AnyTextField, EveryChangeIsToldOnce)
     QStringList told;
     this->field.OnChange = [&] { told += this->field.Text(); };
     QTest::keyClicks(&this->field, QStringLiteral("ab"));
-    Commit(this->field, u"가"_q);
-    Paste(this->field, u"c"_q);
+    CommitText(this->field, u"가"_q);
+    PasteText(this->field, u"c"_q);
     this->field.SetText(u"by program"_q);
     EXPECT_EQ(told, (QStringList{u"a"_q, u"ab"_q, u"ab가"_q, u"ab가c"_q, u"by program"_q}));
 }
@@ -127,7 +133,7 @@ TYPED_TEST(AnyTextField, AKeyCanBeReplaced)
 TYPED_TEST(AnyTextField, WhatAnInputMethodCommitsIsFilteredLikeKeys)
 {
     this->field.OnKeyPress = FilterNumberKey;
-    Commit(this->field, u"010-가나12"_q);
+    CommitText(this->field, u"010-가나12"_q);
     EXPECT_EQ(this->field.Text(), u"010-12"_q);
 }
 
@@ -166,7 +172,7 @@ TYPED_TEST(AnyTextField, EditingCommandsPassTheFilterUntouched)
     QTest::keyClick(&this->field, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(&this->field, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), u"ab"_q);
-    Paste(this->field, u"cd"_q);
+    PasteText(this->field, u"cd"_q);
     QTest::keyClick(&this->field, Qt::Key_Left);
     EXPECT_EQ(this->field.Text(), u"cd"_q);
     EXPECT_EQ(asked, 0);
@@ -188,11 +194,11 @@ TYPED_TEST(AnyTextField, ItsOwnLimitStopsTypingPasteAndCommit)
     QTest::keyClicks(&this->field, QStringLiteral("abcd"));
     EXPECT_EQ(this->field.Text(), u"abc"_q);
     this->field.SetSelStart(1);
-    Paste(this->field, u"xyz"_q);
+    PasteText(this->field, u"xyz"_q);
     EXPECT_EQ(this->field.Text(), u"abc"_q);
     EXPECT_EQ(this->field.SelStart(), 1);
     this->field.Select(1, 1);
-    Commit(this->field, u"가나"_q);
+    CommitText(this->field, u"가나"_q);
     EXPECT_EQ(this->field.Text(), u"a가c"_q);
     this->field.SetText(u"12345"_q);
     EXPECT_EQ(this->field.Text(), u"123"_q);
@@ -321,7 +327,7 @@ TEST(TextBox, OfAPastedTextItTakesTheFirstLine)
     TextBox field;
     field.SetText(u"ab"_q);
     field.SetSelStart(1);
-    Paste(field, u"12\n34"_q);
+    PasteText(field, u"12\n34"_q);
     EXPECT_EQ(field.Text(), u"a12b"_q);
     EXPECT_EQ(field.SelStart(), 3);
 }
@@ -349,7 +355,7 @@ TEST(MemoBox, LineBreaksOfEveryKindComeOutAsCrLf)
     field.SetText(u"a\r\nb\nc"_q);
     EXPECT_EQ(field.Text(), u"a\r\nb\r\nc"_q);
     field.SetText(QString());
-    Paste(field, QStringLiteral("a\nb") + QChar(QChar::LineSeparator) + QStringLiteral("c"));
+    PasteText(field, QStringLiteral("a\nb") + QChar(QChar::LineSeparator) + QStringLiteral("c"));
     EXPECT_EQ(field.Text(), u"a\r\nb\r\nc"_q);
 }
 
@@ -416,7 +422,7 @@ TEST(MemoBox, TheCaretStaysInViewWhileLinesAreAdded)
         QTest::keyClick(&field, Qt::Key_Return);
         ASSERT_TRUE(field.viewport()->rect().contains(field.cursorRect().center())) << i;
     }
-    Paste(field, u"a\nb\nc\nd\ne"_q);
+    PasteText(field, u"a\nb\nc\nd\ne"_q);
     EXPECT_TRUE(field.viewport()->rect().contains(field.cursorRect().center()));
 }
 
@@ -431,7 +437,7 @@ TEST(MemoBox, WhatAnInputMethodCommitsCountsAsAReleasedKey)
     };
     Compose(field, u"가"_q);
     EXPECT_EQ(told, QStringList());
-    Commit(field, u"가"_q);
+    CommitText(field, u"가"_q);
     EXPECT_EQ(told, QStringList{u"가"_q});
 }
 
@@ -440,7 +446,7 @@ TEST(MemoBox, UndoTakesAChangeAndItsCorrectionInOneStep)
     MemoBox field;
     field.SetMaxLength(4);
     QTest::keyClicks(&field, QStringLiteral("ab"));
-    Paste(field, u"cdefgh"_q);
+    PasteText(field, u"cdefgh"_q);
     ASSERT_EQ(field.Text(), u"abcd"_q);
     QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(field.Text(), u"ab"_q);

@@ -4,9 +4,9 @@
 #include "toolkit/MemoBox.h"
 #include "toolkit/TextBox.h"
 
+#include "support/program/Hands.h"
 #include "support/ScriptedDesktop.h"
 #include "support/Words.h"
-#include "toolkit/FieldInput.h"
 
 #include <QApplication>
 #include <QTest>
@@ -65,7 +65,7 @@ TEST_P(LimitBytesTable, ActsOnACommitInALine)
 {
     LimitBoth(GetParam().limit);
     Begin(line);
-    Commit(line, GetParam().put);
+    CommitText(line, GetParam().put);
     Check(line);
 }
 
@@ -73,7 +73,7 @@ TEST_P(LimitBytesTable, ActsOnACommitInAMemo)
 {
     LimitBoth(GetParam().limit);
     Begin(memo);
-    Commit(memo, GetParam().put);
+    CommitText(memo, GetParam().put);
     Check(memo);
 }
 
@@ -81,7 +81,7 @@ TEST_P(LimitBytesTable, ActsOnAPasteInALine)
 {
     LimitBoth(GetParam().limit);
     Begin(line);
-    Paste(line, GetParam().put);
+    PasteText(line, GetParam().put);
     Check(line);
 }
 
@@ -89,7 +89,7 @@ TEST_P(LimitBytesTable, ActsOnAPasteInAMemo)
 {
     LimitBoth(GetParam().limit);
     Begin(memo);
-    Paste(memo, GetParam().put);
+    PasteText(memo, GetParam().put);
     Check(memo);
 }
 
@@ -153,7 +153,7 @@ TEST_F(TextHelperTest, AHundredThousandPastedCharactersAreCut)
     for (TextField* field : {static_cast<TextField*>(&line), static_cast<TextField*>(&memo)}) {
         field->SetText(u"머리꼬리"_q);
         field->SetSelStart(2);
-        Paste(field->Widget(), QString(100'000, u'가'));
+        PasteText(field->Widget(), QString(100'000, u'가'));
         EXPECT_EQ(field->Text(), u"머리"_q + QString(36, u'가') + u"꼬리"_q);
         EXPECT_EQ(field->SelStart(), 38);
         field->SetText(QString(100'000, u'나'));
@@ -206,7 +206,7 @@ TEST_F(TextHelperTest, NoSequenceOfChangesLeavesMoreThanTheLimit)
         if (next(4) == 0)
             QTest::keyClick(&memo, next(2) == 0 ? Qt::Key_Return : Qt::Key_Backspace);
         else
-            Commit(memo, pieces[next(static_cast<int>(pieces.size()))]);
+            CommitText(memo, pieces[next(static_cast<int>(pieces.size()))]);
         ASSERT_LE(MessageBytes(memo.Text()), 13) << memo.Text().toStdString();
     }
 }
@@ -214,7 +214,7 @@ TEST_F(TextHelperTest, NoSequenceOfChangesLeavesMoreThanTheLimit)
 TEST_F(TextHelperTest, APhoneFieldKeepsDigitsHyphensDotsAndSlashes)
 {
     line.OnChange = [this] { helper.GuardPhoneField(line); };
-    Paste(line, u"(010) 1234-56.7/8 전화"_q);
+    PasteText(line, u"(010) 1234-56.7/8 전화"_q);
     EXPECT_EQ(line.Text(), u"0101234-56.7/8"_q);
 }
 
@@ -223,7 +223,7 @@ TEST_F(TextHelperTest, APhoneFieldKeepsTheCaretBehindWhatWentIn)
     line.SetText(u"010-5678"_q);
     line.OnChange = [this] { helper.GuardPhoneField(line); };
     line.SetSelStart(4);
-    Paste(line, u"a12b34c"_q);
+    PasteText(line, u"a12b34c"_q);
     EXPECT_EQ(line.Text(), u"010-12345678"_q);
     EXPECT_EQ(line.SelStart(), 8);
 }
@@ -236,7 +236,7 @@ TEST_F(TextHelperTest, AGuardedAndLimitedPhoneFieldCutsWhatWasPutIn)
     };
     line.SetText(u"010-5678"_q);
     line.SetSelStart(4);
-    Paste(line, u"x1y2z3 456789"_q);
+    PasteText(line, u"x1y2z3 456789"_q);
     EXPECT_EQ(line.Text(), u"010-123455678"_q);
     EXPECT_EQ(line.SelStart(), 9);
 }
@@ -269,7 +269,7 @@ TEST_P(ThousandsTable, TheCaretKeepsItsDistanceFromTheEnd)
     line.SetText(GetParam().before);
     line.OnChange = [this] { helper.FormatThousands(line); };
     line.SetSelStart(GetParam().caret);
-    Commit(line, GetParam().typed);
+    CommitText(line, GetParam().typed);
     EXPECT_EQ(line.Text(), GetParam().text);
     EXPECT_EQ(line.SelStart(), GetParam().caretAfter);
 }
@@ -289,7 +289,7 @@ TEST_F(TextHelperTest, ANumberThatGrowsPastTheLimitByItsSeparatorsIsHeldToIt)
         helper.LimitBytes(line, 10);
         helper.FormatThousands(line);
     };
-    Paste(line, u"1234567890"_q);
+    PasteText(line, u"1234567890"_q);
     EXPECT_LE(line.Text().size(), 10);
     EXPECT_EQ(line.Text(), u"1,234,567"_q);
 }
