@@ -19,6 +19,7 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QScopedValueRollback>
 #include <QVBoxLayout>
 
 namespace tsms {
@@ -205,6 +206,10 @@ ChosenTime MakeSMSTransport::Chosen()
 
 void MakeSMSTransport::OnButton(int index)
 {
+    // A failed row takes Busy away from the run, and a press that comes from no key and no mouse, as a screen
+    // reader's does, is not kept back by the boxes: no second run begins within the first.
+    if (running_)
+        return;
     if (index != 0)
         Unload();
     else if (RunMode.isEmpty() && source_)
@@ -221,8 +226,11 @@ void MakeSMSTransport::Send()
     if (!BalanceCovers())
         return;
     DispatchRun run(services_.session, services_.db, services_.sms, source_->rows, *this);
-    run.RunSend({source_->message(), source_->senderNumber(),
-                 reserve_->Value() ? ReservationText(Chosen()) : QString()});
+    {
+        const QScopedValueRollback running(running_, true);
+        run.RunSend({source_->message(), source_->senderNumber(),
+                     reserve_->Value() ? ReservationText(Chosen()) : QString()});
+    }
     Unload();
     TellOutcome(run.CountOK);
 }
@@ -274,7 +282,10 @@ void MakeSMSTransport::TellOutcome(std::int32_t countOK)
 void MakeSMSTransport::Cancel()
 {
     CancelRun run(services_.db, services_.sms, *sent_, *this);
-    run.RunCancel();
+    {
+        const QScopedValueRollback running(running_, true);
+        run.RunCancel();
+    }
     Unload();
     TellCancelOutcome(run.CountOK);
 }

@@ -86,6 +86,7 @@ private:
     std::optional<Source> source_;
     const SentRows* sent_ = nullptr;
     bool shown_ = false;
+    bool running_ = false;
     Label* numbers_[4] = {};
     Label* totalCaption_ = nullptr; // Label1(0)
     Label* status_ = nullptr;

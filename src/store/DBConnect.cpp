@@ -49,14 +49,14 @@ Boolean DBConnect::ConnectDB()
         [this] {
             session_.ConnectionString = AssembleConnectionText(session_);
             objects_.connection = makeConnection_();
+            DoEvents(); // in which a form may come to life that closes its connection, which is this one
+            OpenConnection().ConnectionString = session_.ConnectionString;
             DoEvents();
-            objects_.connection->ConnectionString = session_.ConnectionString;
+            OpenConnection().ConnectionTimeout = ConnectSeconds;
             DoEvents();
-            objects_.connection->ConnectionTimeout = ConnectSeconds;
+            OpenConnection().CommandTimeout = CommandSeconds;
             DoEvents();
-            objects_.connection->CommandTimeout = CommandSeconds;
-            DoEvents();
-            objects_.connection->Open();
+            OpenConnection().Open();
             DoEvents();
             return Boolean::True;
         },

@@ -69,7 +69,7 @@ private:
         statement_.Pass(OdbcLibrary::Get().DescribeCol(statement_.Get(), column, name.data(),
                                                        static_cast<SQLSMALLINT>(name.size()), &nameSize,
                                                        &type, &size, &digits, &nullable));
-        return DescribedColumn(OdbcText(name.data(), nameSize), type, size);
+        return DescribedColumn(OdbcText(name, nameSize), type, size);
     }
 
     OdbcHandle statement_;

@@ -94,7 +94,7 @@ QStringList RegisteredDrivers()
     SQLSMALLINT size = 0;
     while (SQL_SUCCEEDED(OdbcLibrary::Get().Drivers(environment.Get(), direction, name.data(), name.size(),
                                                     &size, nullptr, 0, nullptr))) {
-        names += OdbcText(name.data(), size);
+        names += OdbcText(name, size);
         direction = SQL_FETCH_NEXT;
     }
     return names;

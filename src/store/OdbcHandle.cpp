@@ -13,15 +13,15 @@ namespace {
 SQLRETURN ReadRecord(SQLSMALLINT type, SQLHANDLE handle, SQLSMALLINT number, OdbcDiagnostic& into)
 {
     std::array<SQLWCHAR, 6> state{};
-    std::vector<SQLWCHAR> text(4096);
+    std::array<SQLWCHAR, 4096> text{};
     SQLINTEGER native = 0;
     SQLSMALLINT size = 0;
-    const auto room = static_cast<SQLSMALLINT>(text.size());
     const SQLRETURN result =
-        OdbcLibrary::Get().GetDiagRec(type, handle, number, state.data(), &native, text.data(), room, &size);
-    into.state = OdbcText(state.data(), 5);
+        OdbcLibrary::Get().GetDiagRec(type, handle, number, state.data(), &native, text.data(),
+                                      static_cast<SQLSMALLINT>(text.size()), &size);
+    into.state = OdbcText(state, 5);
     into.native = native;
-    into.text = OdbcText(text.data(), std::clamp<qsizetype>(size, 0, room - 1));
+    into.text = OdbcText(text, size);
     return result;
 }
 

@@ -5,6 +5,9 @@
 
 #include <QString>
 
+#include <algorithm>
+#include <array>
+
 namespace tsms {
 
 static_assert(sizeof(SQLWCHAR) == sizeof(char16_t)); // the texts of the driver manager are UTF-16
@@ -54,9 +57,12 @@ inline SQLWCHAR* OdbcCharacters(const QString& text)
 {
     return reinterpret_cast<SQLWCHAR*>(const_cast<QChar*>(text.constData())); // only read, against its type
 }
-inline QString OdbcText(const SQLWCHAR* characters, qsizetype size)
+/// What stands in a buffer into which a driver has put a text of `size` units and a closing 0. Of one that
+/// had no room the driver tells the whole size, and has put in its beginning.
+template <std::size_t Room> QString OdbcText(const std::array<SQLWCHAR, Room>& buffer, qsizetype size)
 {
-    return QString::fromUtf16(reinterpret_cast<const char16_t*>(characters), size);
+    return QString::fromUtf16(reinterpret_cast<const char16_t*>(buffer.data()),
+                              std::clamp<qsizetype>(size, 0, Room - 1));
 }
 
 } // namespace tsms

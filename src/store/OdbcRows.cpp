@@ -165,7 +165,8 @@ private:
         fetched_ = 0;
         if (!statement_.Pass(odbc_.Fetch(statement_.Get())))
             return false;
-        const auto end = states_.begin() + static_cast<std::ptrdiff_t>(std::min<SQLULEN>(fetched_, rows_));
+        fetched_ = std::min<SQLULEN>(fetched_, rows_);
+        const auto end = states_.begin() + static_cast<std::ptrdiff_t>(fetched_);
         if (std::find(states_.begin(), end, SQL_ROW_ERROR) != end)
             statement_.Fail();
         return true;
@@ -247,8 +248,7 @@ private:
             }
             // Of a value that goes on `size` is what is still to come, this piece included, or unknown.
             const bool goesOn = size == SQL_NO_TOTAL || size >= static_cast<SQLLEN>(sizeof piece);
-            text += OdbcText(piece.data(),
-                             goesOn ? PieceUnits - 1 : size / static_cast<SQLLEN>(sizeof(SQLWCHAR)));
+            text += OdbcText(piece, goesOn ? PieceUnits - 1 : size / static_cast<SQLLEN>(sizeof(SQLWCHAR)));
             if (!goesOn)
                 break;
         }

@@ -7,6 +7,16 @@
 
 namespace tsms {
 
+namespace {
+
+RuntimeError NoSuchItem()
+{
+    return RuntimeError(
+        ItemNotFound, QStringLiteral("요청한 이름이나 서수에 해당하는 항목을 컬렉션에서 찾을 수 없습니다."));
+}
+
+} // namespace
+
 Recordset::Recordset(QStringList fieldNames)
     : names_(std::move(fieldNames)), columns_(static_cast<std::size_t>(names_.size()))
 {
@@ -17,8 +27,7 @@ int Recordset::FieldIndex(QStringView name) const
     for (int column = 0; column < FieldCount(); ++column)
         if (names_[column].compare(name, Qt::CaseInsensitive) == 0)
             return column;
-    throw RuntimeError(ItemNotFound,
-                       QStringLiteral("요청한 이름이나 서수에 해당하는 항목을 컬렉션에서 찾을 수 없습니다."));
+    throw NoSuchItem();
 }
 
 const Recordset::Column& Recordset::ColumnAt(int row, int column) const
@@ -26,7 +35,7 @@ const Recordset::Column& Recordset::ColumnAt(int row, int column) const
     if (row < 0 || row >= rows_)
         throw RuntimeError(NoCurrentRecord, QStringLiteral("BOF나 EOF가 참이거나 현재 레코드가 없습니다."));
     if (column < 0 || column >= FieldCount())
-        FieldIndex(QStringView());
+        throw NoSuchItem();
     return columns_[static_cast<std::size_t>(column)];
 }
 

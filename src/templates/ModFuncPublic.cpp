@@ -29,6 +29,7 @@ void FillTemplateCombo(Services& services, ComboBox& combo, const QString& code)
         [&] {
             services.session.Busy = Boolean::True;
             combo.Clear();
+            combo.setPlaceholderText(QString()); // a list that is read and empty shows nothing
             const Boolean opened =
                 services.db.OpenRecordset(u"SELECT TempLCd,TempLNm FROM SMSTempLMst ORDER BY TempLCd");
             if (opened == Boolean::True)

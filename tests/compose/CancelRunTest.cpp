@@ -1,15 +1,7 @@
 #include "compose/CancelRun.h"
 
-#include "compose/RunDisplay.h"
+#include "compose/RunTest.h"
 #include "compose/SentRows.h"
-#include "gateway/ModSMS.h"
-#include "session/Session.h"
-#include "store/DBConnect.h"
-#include "support/database/TestDatabase.h"
-#include "support/FixedClock.h"
-#include "support/gateway/TestGateway.h"
-#include "support/ScriptedDesktop.h"
-#include "support/Words.h"
 
 #include <gtest/gtest.h>
 
@@ -42,39 +34,9 @@ private:
     std::vector<Row> rows_;
 };
 
-/// Writes down what a run shows, in its order.
-class Display final : public RunDisplay
-{
-public:
-    explicit Display(int total) : total_(QString::number(total)) {}
-    void SetRunBusy(bool busy) override { shown += busy ? u"busy"_q : u"idle"_q; }
-    QString TotalText() const override { return total_; }
-    void SetBarMaximum(int maximum) override { shown += u"bar of %1"_q.arg(maximum); }
-    void SetBarValue(int value) override { shown += u"bar %1"_q.arg(value); }
-    void ShowCounts(const QString& succeeded, const QString& failed) override
-    {
-        shown += u"counts [%1] [%2]"_q.arg(succeeded, failed);
-    }
-    void ShowStatus(const QString& text) override { shown += text; }
-
-    QStringList shown;
-
-private:
-    QString total_;
-};
-
-class CancelRunTest : public ::testing::Test
+class CancelRunTest : public RunTest
 {
 protected:
-    CancelRunTest()
-    {
-        database.SetAccount();
-        database.Describe(session);
-        session.SMSID = u"demo"_q;
-        session.SMSPWD = u"demo"_q;
-        session.SMSDNS = u"sms.example.kr"_q;
-    }
-
     /// A message that the gateway holds until tomorrow; it has the first key and the number 100001.
     void ReserveOne()
     {
@@ -88,20 +50,13 @@ protected:
         callsBefore = gateway.CallCount();
     }
 
-    FixedClock clock;
-    ScriptedDesktop desktop;
-    TestDatabase database{clock};
-    Session session;
-    DBConnect db{session, desktop, database.Connections()};
-    TestGateway gateway{clock};
-    ModSMS sms{session, db, desktop, clock, gateway.WsdlUrl()};
     int callsBefore = 0;
 };
 
 TEST_F(CancelRunTest, MovesTheBarWithEachRowAndTheStatusWithTickedOnesAlone)
 {
     const Rows rows({{.ticked = false, .number = u"100001"_q}, {}, {.ticked = false}, {}});
-    Display display(2);
+    RecordedDisplay display(2);
     CancelRun run(db, sms, rows, display);
     run.RunCancel();
     EXPECT_EQ(display.shown,
@@ -115,7 +70,7 @@ TEST_F(CancelRunTest, ShowsTheCountsBehindEachRowThatWasTried)
 {
     ReserveOne();
     const Rows rows({{.number = u"100001"_q}, {.number = u"999999"_q}, {}});
-    Display display(3);
+    RecordedDisplay display(3);
     CancelRun run(db, sms, rows, display);
     run.RunCancel();
     EXPECT_EQ(display.shown,
@@ -129,7 +84,7 @@ TEST_F(CancelRunTest, ShowsTheCountsBehindEachRowThatWasTried)
 TEST_F(CancelRunTest, GroupsTheNumberOfRowsDoneAndLeavesTheTotalPlain)
 {
     const Rows rows(std::vector<Rows::Row>(1000));
-    Display display(1000);
+    RecordedDisplay display(1000);
     CancelRun run(db, sms, rows, display);
     run.RunCancel();
     EXPECT_EQ(display.shown.filter(u"현 취소 건수"_q).last(),
@@ -141,7 +96,7 @@ TEST_F(CancelRunTest, CountsAnewInEachRun)
 {
     ReserveOne();
     const Rows rows({{.number = u"100001"_q}});
-    Display display(1);
+    RecordedDisplay display(1);
     CancelRun run(db, sms, rows, display);
     run.RunCancel();
     EXPECT_EQ(run.CountOK, 1);

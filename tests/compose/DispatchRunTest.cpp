@@ -5,6 +5,7 @@
 #include "toolkit/Controls.h"
 #include "toolkit/DatePicker.h"
 #include "toolkit/TextBox.h"
+#include "toolkit/Theme.h"
 
 #include <gtest/gtest.h>
 
@@ -330,9 +331,14 @@ TEST_F(Dispatch, EachTickOfTheReservationListsTheTimesAgain)
         EXPECT_EQ(hours.Text(), u"14시"_q);
         EXPECT_EQ(minutes.Text(), u"15분"_q);
         Tick(dialog);
-        EXPECT_FALSE(hours.isEnabled());
-        EXPECT_EQ(hours.BackColor() == QColor(Qt::white), false);
+        EXPECT_FALSE(program.On<QWidget>(dialog, u"DTPicker1"_q).isEnabled());
+        for (const ComboBox* list : {&hours, &minutes}) {
+            EXPECT_FALSE(list->isEnabled());
+            EXPECT_EQ(list->BackColor(), theme::ButtonFace);
+        }
         Tick(dialog);
+        EXPECT_TRUE(program.On<QWidget>(dialog, u"DTPicker1"_q).isEnabled());
+        EXPECT_EQ(minutes.BackColor(), theme::White);
         EXPECT_EQ(hours.count(), 49);
         EXPECT_EQ(minutes.count(), 25);
         EXPECT_EQ(hours.Text(), u"14시"_q);
@@ -362,7 +368,8 @@ TEST_F(Dispatch, ABalanceThatFellMeanwhileStopsTheSendAtTheDialog)
 {
     program.Write(u"안녕"_q);
     program.List(Good(2));
-    program.desktop.Expect(ShortageBox());
+    program.desktop.Expect(ShortageBox(), AnswerOK,
+                           [this] { EXPECT_EQ(program.Caption(u"lblSMSCnt"_q), u"1건 남았습니다."_q); });
     OpenAndLeave([this](QWidget& dialog) {
         program.database.SetAccount(1);
         ClickOn(program.On<QWidget>(dialog, u"BtnSendS(0)"_q));
@@ -440,6 +447,31 @@ TEST_F(Dispatch, TheMainWindowKeepsShowingTheBalanceFromBeforeTheRunUntilTheNext
     EXPECT_EQ(program.Caption(u"lblSMSCnt"_q), u"100건 남았습니다."_q);
     OpenAndLeave([](QWidget&) {});
     EXPECT_EQ(program.Caption(u"lblSMSCnt"_q), u"98건 남았습니다."_q);
+}
+
+TEST_F(Dispatch, TheBalanceIsWrittenAnewBeforeTheBoxOfSuccess)
+{
+    auto& balance = program.The<Label>(u"lblSMSCnt"_q);
+    atTheEnd = [&] {
+        balance.SetCaption(u"x"_q);
+        balance.Tag = u"x"_q;
+    };
+    program.desktop.Expect(SentBox(), AnswerOK, [&] {
+        EXPECT_EQ(balance.Caption(), u"100건 남았습니다."_q);
+        EXPECT_EQ(balance.Tag, u"100"_q);
+    });
+    SendTo(Good(1));
+}
+
+TEST_F(Dispatch, WithoutAnAccountRowItIsLeftAsItStands)
+{
+    auto& balance = program.The<Label>(u"lblSMSCnt"_q);
+    atTheEnd = [&] {
+        balance.SetCaption(u"x"_q);
+        program.database.Execute(u"DELETE FROM SMSSetup"_q);
+    };
+    program.desktop.Expect(SentBox(), AnswerOK, [&] { EXPECT_EQ(balance.Caption(), u"x"_q); });
+    SendTo(Good(1));
 }
 
 TEST_F(Dispatch, WhenTheFourthOfTenIsRefusedThreeLeaveAndTheRestFail)
@@ -627,6 +659,27 @@ TEST_F(Dispatch, KeysAndClicksDuringTheRunDoNothing)
     program.desktop.Expect(NothingSentBox());
     SendTo(Good(1));
     EXPECT_EQ(program.gateway.CallCount(), 1);
+}
+
+TEST_F(Dispatch, BehindAFailureTheRunIsNoLongerBusyAndStillBeginsNoSecondOne)
+{
+    program.gateway.Fail(FaultKind::Refuse, 1);
+    const auto press = [this] {
+        Form* dialog = Form::Find(u"MakeSMSTransport"_q);
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_FALSE(program.session.IsBusy());
+        program.On<PushButton>(*dialog, u"BtnSendS(0)"_q)
+            .Click(); // as a screen reader does, whatever box stands
+        program.On<PushButton>(*dialog, u"BtnSendS(1)"_q).Click();
+        EXPECT_TRUE(dialog->isVisible());
+    };
+    program.desktop.Expect(SendFailureBox(u"E99"_q, u"수신이 거부된 번호입니다."_q));
+    program.desktop.Expect(SendFailureBox(), AnswerOK, press);
+    program.desktop.Expect(SendFailureBox());
+    program.desktop.Expect(NothingSentBox());
+    SendTo(Good(3));
+    EXPECT_EQ(program.gateway.CallCount(), 1);
+    EXPECT_EQ(shown[2], u"3"_q);
 }
 
 TEST_F(Dispatch, TenThousandRowsOfWhichOneIsFilledAreWalkedToTheEnd)

@@ -1,30 +1,12 @@
-#include "compose/Recipients.h"
+#include "compose/GivenRows.h"
 #include "support/Words.h"
 
 #include <gtest/gtest.h>
-
-#include <vector>
 
 using namespace tsms;
 using namespace tsms::test;
 
 namespace {
-
-class GivenRows final : public RecipientRows
-{
-public:
-    struct Row
-    {
-        QString phone;
-        bool hidden = false;
-    };
-    explicit GivenRows(std::vector<Row> given) : rows(std::move(given)) {}
-    int MaxRows() const override { return static_cast<int>(rows.size()); }
-    bool RowHidden(int row) const override { return rows[static_cast<std::size_t>(row) - 1].hidden; }
-    QString NameText(int) const override { return {}; }
-    QString PhoneText(int row) const override { return rows[static_cast<std::size_t>(row) - 1].phone; }
-    std::vector<Row> rows;
-};
 
 TEST(Recipients, TheFirstCountSeesRemovedRowsAndTheSecondDoesNot)
 {

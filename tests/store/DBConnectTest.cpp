@@ -9,6 +9,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+#include <QThread>
+
 namespace tsms::test {
 
 namespace {
@@ -88,6 +91,17 @@ TEST_F(DBConnectTest, ADeadServerIsToldOnceForEachAttempt)
     desktop.Expect(ServerDown);
     db.ConnectWithRetry();
     EXPECT_EQ(connections.Opens(), 2);
+}
+
+TEST_F(DBConnectTest, AConnectionThatIsReleasedWhileItIsMadeIsMadeAnew)
+{
+    QMetaObject::invokeMethod(
+        qApp, [this] { db.CloseDB(); }, Qt::QueuedConnection);
+    QThread::msleep(20); // events are due again after the pace of a screen
+    EXPECT_EQ(db.ConnectDB(), Boolean::False);
+    EXPECT_EQ(db.OpenRecordset(Balance),
+              Boolean::True); // on the one that the report of the unset object has made
+    EXPECT_TRUE(desktop.boxes.isEmpty());
 }
 
 TEST_F(DBConnectTest, AConnectionThatStandsIsNotTriedAgain)

@@ -57,6 +57,7 @@ TEST(OdbcErrors, ADriversOwnErrorHasItsNumberByTheState)
         {u"HYT00", 0, CommandTimedOut},          {u"HYT01", 0, CommandTimedOut},
         {u"S1T00", 20003, CommandTimedOut},      {u"HY000", 20003, CommandTimedOut},
         {u"08S01", 0, CommunicationFailure},     {u"08S01", 10054, CommunicationFailure},
+        {u"08S01", 232, CommunicationFailure},   {u"08S01", 242, CommunicationFailure},
         {u"08003", 0, CommunicationFailure},     {u"HY000", 20004, CommunicationFailure},
         {u"HY000", 20006, CommunicationFailure}, {u"HY000", 20017, CommunicationFailure},
         {u"HY000", 20047, CommunicationFailure}, {u"23000", 0, IntegrityViolation},

@@ -33,6 +33,16 @@ long NumberOf(const std::function<void()>& body)
 
 } // namespace
 
+TEST(Recordset, AColumnWithoutANameIsNotTakenForOneThatIsNotThere)
+{
+    Recordset records({u"a"_q, QString()});
+    records.AddInteger(1);
+    records.AddInteger(2);
+    EXPECT_EQ(records.Text(0, 1), u"2"_q);
+    EXPECT_EQ(NumberOf([&] { records.Text(0, 2); }), ItemNotFound);
+    EXPECT_EQ(NumberOf([&] { records.IsNull(0, -1); }), ItemNotFound);
+}
+
 TEST(Recordset, CountsItsRecordsExactly)
 {
     EXPECT_EQ(TwoPeople().RecordCount(), 2);

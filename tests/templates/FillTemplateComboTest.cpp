@@ -84,7 +84,9 @@ TEST_F(FillTemplateComboTest, BusyIsSetWhileTheListTellsItsChoiceAndClearBehindI
 TEST_F(FillTemplateComboTest, WithoutCategoriesTheListIsEmpty)
 {
     database.Execute(u"DELETE FROM SMSTempLMst"_q);
+    combo.setPlaceholderText(u"전체"_q);
     Fill();
+    EXPECT_EQ(combo.placeholderText(), QString());
     EXPECT_EQ(combo.ListCount(), 0);
     EXPECT_EQ(combo.ListIndex(), -1);
     EXPECT_FALSE(session.IsBusy());

@@ -367,6 +367,18 @@ TEST_F(TemplatePicker, ATitleAndABackgroundReactToNothing)
     EXPECT_EQ(Message().Text(), QString());
 }
 
+TEST_F(TemplatePicker, OnTheTemplatePageTheyReactToNothingEither)
+{
+    Start();
+    OpenTemplatePage();
+    const QString body = Body().Text();
+    program.Click(u"LblTmpSubjectEdit(1)"_q);
+    QTest::mouseClick(&program.Control(u"PicTmpContent(8)"_q), Qt::LeftButton, Qt::NoModifier, QPoint(3, 80));
+    EXPECT_EQ(Body().Text(), body);
+    EXPECT_EQ(Body().Tag, QString());
+    EXPECT_EQ(Subject().Text(), QString());
+}
+
 // --- cards into the editor
 
 TEST_F(TemplatePicker, ACardIsLoadedWithItsKeyAndTheCategoryOfTheCards)

@@ -1,0 +1,46 @@
+#include "compose/DispatchRun.h"
+#include "compose/GivenRows.h"
+#include "compose/RunTest.h"
+
+using namespace tsms;
+using namespace tsms::test;
+
+namespace {
+
+class DispatchDisplay : public RunTest
+{
+protected:
+    /// What a run over these rows shows, in its order.
+    QStringList ShownFor(std::vector<GivenRows::Row> given)
+    {
+        const auto total = static_cast<int>(given.size());
+        const GivenRows rows(std::move(given));
+        RecordedDisplay display(total);
+        DispatchRun(session, db, sms, rows, display).RunSend({u"안녕"_q, u"02-1234-5678"_q, QString()});
+        return display.shown;
+    }
+};
+
+TEST_F(DispatchDisplay, ShowsCountsForWhatWasAskedAStatusForWhatWasSeenAndTheBarForEveryRow)
+{
+    EXPECT_EQ(ShownFor({{u"010-0000-0001"_q, true},
+                        {u" "_q},
+                        {u"02-000-0001"_q},
+                        {u"010-12345"_q},
+                        {u"010-0000-0001"_q}}),
+              QStringList({u"busy"_q, u"bar of 5"_q, u"bar 0"_q, u"bar 1"_q,
+                           u"총 발송건수 : 5건 / 현 발송 건수 : 1건"_q, u"bar 2"_q,
+                           u"총 발송건수 : 5건 / 현 발송 건수 : 2건"_q, u"bar 3"_q,
+                           u"총 발송건수 : 5건 / 현 발송 건수 : 3건"_q, u"bar 4"_q, u"counts [1] []"_q,
+                           u"총 발송건수 : 5건 / 현 발송 건수 : 4건"_q, u"bar 5"_q, u"idle"_q}));
+    EXPECT_EQ(gateway.CallCount(), 1);
+}
+
+TEST_F(DispatchDisplay, GroupsTheDigitsOfAThousandMessages)
+{
+    const QStringList shown = ShownFor(std::vector<GivenRows::Row>(1000, {u"010-0000-0001"_q}));
+    EXPECT_EQ(shown.filter(u"counts"_q).last(), u"counts [1,000] []"_q);
+    EXPECT_EQ(shown.filter(u"현 발송 건수"_q).last(), u"총 발송건수 : 1000건 / 현 발송 건수 : 1,000건"_q);
+}
+
+} // namespace

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "compose/RunDisplay.h"
+#include "gateway/ModSMS.h"
+#include "session/Session.h"
+#include "store/DBConnect.h"
+#include "support/database/TestDatabase.h"
+#include "support/FixedClock.h"
+#include "support/gateway/TestGateway.h"
+#include "support/ScriptedDesktop.h"
+#include "support/Words.h"
+
+#include <gtest/gtest.h>
+
+#include <QStringList>
+
+namespace tsms::test {
+
+/// Writes down what a run shows, in its order.
+class RecordedDisplay final : public RunDisplay
+{
+public:
+    explicit RecordedDisplay(int total) : total_(QString::number(total)) {}
+    void SetRunBusy(bool busy) override { shown += busy ? u"busy"_q : u"idle"_q; }
+    QString TotalText() const override { return total_; }
+    void SetBarMaximum(int maximum) override { shown += u"bar of %1"_q.arg(maximum); }
+    void SetBarValue(int value) override { shown += u"bar %1"_q.arg(value); }
+    void ShowCounts(const QString& succeeded, const QString& failed) override
+    {
+        shown += u"counts [%1] [%2]"_q.arg(succeeded, failed);
+    }
+    void ShowStatus(const QString& text) override { shown += text; }
+
+    QStringList shown;
+
+private:
+    QString total_;
+};
+
+/// What a run needs, without a window.
+class RunTest : public ::testing::Test
+{
+protected:
+    RunTest()
+    {
+        database.SetAccount();
+        database.Describe(session);
+        session.SMSID = u"demo"_q;
+        session.SMSPWD = u"demo"_q;
+        session.SMSDNS = u"sms.example.kr"_q;
+    }
+
+    FixedClock clock;
+    ScriptedDesktop desktop;
+    TestDatabase database{clock};
+    Session session;
+    DBConnect db{session, desktop, database.Connections()};
+    TestGateway gateway{clock};
+    ModSMS sms{session, db, desktop, clock, gateway.WsdlUrl()};
+};
+
+} // namespace tsms::test
