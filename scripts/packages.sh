@@ -12,6 +12,7 @@ office_packages=(libreoffice-calc-nogui) # the tests have it open what the progr
 bench_packages=(xvfb bsdextrautils)
 sanitize_packages=(clang-14 libclang-rt-14-dev)
 check_packages=(clang clang-format-14 clang-tidy-14 git)
+packaging_packages=(dpkg-dev file mmdebstrap lintian desktop-file-utils)
 
 # ensure_packages NAME...: installs what is missing of them, through apt, with sudo unless root.
 ensure_packages() {
@@ -48,21 +49,4 @@ configure_and_build() {
   local targets=()
   [ $# -gt 0 ] && targets=(--target "$@")
   cmake --build --preset "$preset" "${targets[@]}"
-}
-
-# start_gateway PROGRAM LOG [OPTION...]: the simulated gateway on its own port; waits until it listens. Its process
-# number is in $gateway. Fails when it ends first, as it does when the port is taken.
-start_gateway() {
-  local program=$1 log=$2 patience
-  shift 2
-  "$program" --port 8790 "$@" >"$log" 2>&1 &
-  gateway=$!
-  for patience in $(seq 100); do
-    grep -q '^ready ' "$log" && return 0
-    kill -0 "$gateway" 2>/dev/null || break
-    sleep 0.1
-  done
-  echo "The simulated gateway did not start (is port 8790 taken?):" >&2
-  cat "$log" >&2
-  return 1
 }

@@ -1,6 +1,7 @@
 #include "toolkit/Application.h"
 
 #include "toolkit/Guarded.h"
+#include "toolkit/Pictures.h"
 
 #include <QLibraryInfo>
 #include <QLocale>
@@ -9,6 +10,7 @@ namespace tsms {
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv)
 {
+    setWindowIcon(PictureIcon(QStringLiteral("application")));
     const QLocale korean(QLocale::Korean, QLocale::SouthKorea);
     if (words_.load(korean, QStringLiteral("qtbase"), QStringLiteral("_"),
                     QLibraryInfo::path(QLibraryInfo::TranslationsPath)))

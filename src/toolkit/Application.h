@@ -7,7 +7,8 @@ namespace tsms {
 
 class Desktop;
 
-/// The application. Menus and pickers that belong to the toolkit speak Korean, whatever the desk's language.
+/// The application. Its windows bear the program's icon. Menus and pickers that belong to the toolkit speak
+/// Korean, whatever the desk's language.
 /// It is the last place that catches an exception which left an event handler.
 class Application : public QApplication
 {

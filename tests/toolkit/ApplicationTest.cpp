@@ -8,6 +8,9 @@
 #include "support/Words.h"
 
 #include <QEvent>
+#include <QIcon>
+#include <QImage>
+#include <QWidget>
 
 #include <gtest/gtest.h>
 
@@ -85,6 +88,14 @@ TEST(Application, AnErrorThatLeftAnEventHandlerLeavesNoBusyBehind)
     QCoreApplication::processEvents();
     EXPECT_EQ(desktop.boxes.size(), 1);
     EXPECT_FALSE(session.IsBusy());
+}
+
+TEST(Application, AWindowBearsTheIconOfTheProgram)
+{
+    const QWidget window;
+    const QImage icon = window.windowIcon().pixmap(QSize(128, 128), 1.0).toImage();
+    EXPECT_EQ(icon.pixelColor(16, 64), QColor(28, 110, 140));  // its ground
+    EXPECT_EQ(icon.pixelColor(38, 36), QColor(144, 215, 250)); // the screen of its phone
 }
 
 } // namespace
