@@ -30,7 +30,7 @@ std::string Time(double nanoseconds)
 
 std::string Memory(long kib)
 {
-    return kib == 0 ? "-" : Printed("%.1f MiB", static_cast<double>(kib) / 1024);
+    return kib == NotMeasured ? "-" : Printed("%.1f MiB", static_cast<double>(kib) / 1024);
 }
 
 void PrintCells(std::initializer_list<std::string> cells)
@@ -54,6 +54,18 @@ std::string RatioLimit(double ratio, double limit)
     return limit == NoLimit ? std::string("-") : Printed("<= %g", limit) + Verdict(ratio <= limit);
 }
 
+/// The median of each figure over the rounds of one side.
+Cost MedianCost(const std::vector<Cost>& rounds)
+{
+    std::vector<double> times;
+    std::vector<double> peaks;
+    for (const Cost& round : rounds) {
+        times.push_back(round.nanoseconds);
+        peaks.push_back(static_cast<double>(round.peakMemory));
+    }
+    return {Median(times), std::lround(Median(peaks))};
+}
+
 /// A figure in KiB of what the system tells about this process.
 long StatusOf(const std::string& name)
 {
@@ -65,6 +77,14 @@ long StatusOf(const std::string& name)
 }
 
 } // namespace
+
+void Demand(bool condition, const char* words)
+{
+    if (condition)
+        return;
+    std::fprintf(stderr, "%s\n", words);
+    std::exit(1);
+}
 
 std::int64_t Nanoseconds()
 {
@@ -85,10 +105,8 @@ void ForgetPeakMemory()
 {
     malloc_trim(0);
     constexpr int peakAnew = 5;
-    if (std::ofstream("/proc/self/clear_refs") << peakAnew << std::flush)
-        return;
-    std::fprintf(stderr, "the system does not count the peak of the memory anew\n");
-    std::exit(1);
+    Demand(bool(std::ofstream("/proc/self/clear_refs") << peakAnew << std::flush),
+           "the system does not count the peak of the memory anew");
 }
 
 double Median(std::vector<double> values)
@@ -100,44 +118,88 @@ double Median(std::vector<double> values)
     return (*middle + *std::max_element(values.begin(), middle)) / 2;
 }
 
-Cost MedianCost(const std::vector<Cost>& rounds)
+int RoundsOf(const Comparison& comparison)
 {
-    std::vector<double> times;
-    std::vector<double> peaks;
-    for (const Cost& round : rounds) {
-        times.push_back(round.nanoseconds);
-        peaks.push_back(static_cast<double>(round.peakMemory));
+    return std::getenv("TSMS_BENCH_QUICK") ? 1 : comparison.rounds;
+}
+
+std::vector<Cost> RunInTurn(const Comparison& comparison, const std::vector<Run>& sides,
+                            const std::function<void()>& afterRound)
+{
+    const int rounds = RoundsOf(comparison);
+    std::vector<std::vector<Cost>> costs(sides.size());
+    for (int round = comparison.warmUp ? -1 : 0; round < rounds; ++round) {
+        for (std::size_t turn = 0; turn < sides.size(); ++turn) {
+            const std::size_t side = (static_cast<std::size_t>(round + 1) + turn) % sides.size();
+            const Cost cost = sides[side]();
+            if (round >= 0)
+                costs[side].push_back(cost);
+        }
+        if (afterRound)
+            afterRound();
     }
-    return {Median(times), std::lround(Median(peaks))};
+    std::vector<Cost> medians;
+    for (const std::vector<Cost>& side : costs)
+        medians.push_back(MedianCost(side));
+    return medians;
 }
 
-void PrintRow(const std::string& what, const std::string& size, const Cost& ours, const Cost& baseline,
-              double limit)
+Costs Compare(const Comparison& comparison, const Run& ours, const Run& baseline,
+              const std::function<void()>& afterRound)
 {
-    const double ratio = ours.nanoseconds / baseline.nanoseconds;
-    PrintCells({what, size, Time(ours.nanoseconds), Time(baseline.nanoseconds), Printed("%.3f", ratio),
-                Memory(ours.peakMemory) + " / " + Memory(baseline.peakMemory), RatioLimit(ratio, limit)});
+    const std::vector<Cost> medians = RunInTurn(comparison, {ours, baseline}, afterRound);
+    const Costs costs{medians[0], medians[1], RoundsOf(comparison)};
+    PrintRow(comparison.what, comparison.size, costs, comparison.limit);
+    return costs;
 }
 
-void PrintTimeRow(const std::string& what, const std::string& size, double ours, double baseline,
-                  double limit)
+void Growth::PrintRow(int from, int to, double limit) const
 {
+    const Costs& small = costs_.at(from);
+    const Costs& large = costs_.at(to);
+    const double ours = large.ours.nanoseconds / small.ours.nanoseconds;
+    const double baseline = large.baseline.nanoseconds / small.baseline.nanoseconds;
+    PrintCells({"growth: " + what_, std::to_string(to) + " / " + std::to_string(from) + " " + unit_,
+                Printed("%.1f", static_cast<double>(to) / from), Printed("%.1f", ours),
+                Printed("%.1f", baseline), RatioLimit(ours, limit)});
+}
+
+void Growth::PrintRows() const
+{
+    for (const int size : Sizes)
+        if (size != Sizes[0])
+            PrintRow(Sizes[0], size);
+}
+
+void PrintRow(const std::string& what, const std::string& size, const Costs& costs, double limit)
+{
+    const double ratio = costs.ours.nanoseconds / costs.baseline.nanoseconds;
+    PrintCells({what, size, Time(costs.ours.nanoseconds), Time(costs.baseline.nanoseconds),
+                Printed("%.3f", ratio),
+                Memory(costs.ours.peakMemory) + " / " + Memory(costs.baseline.peakMemory),
+                std::to_string(costs.rounds), RatioLimit(ratio, limit)});
+}
+
+void PrintTimeRow(const std::string& what, const std::string& size, const Costs& costs, double limit)
+{
+    const double ours = costs.ours.nanoseconds;
+    const double baseline = costs.baseline.nanoseconds;
     PrintCells({what, size, Time(ours), Time(baseline), Printed("%.3f", ours / baseline), "-",
-                "< " + Time(limit) + Verdict(ours < limit)});
+                std::to_string(costs.rounds), "< " + Time(limit) + Verdict(ours < limit)});
 }
 
-void PrintMemoryRow(const std::string& what, const std::string& size, double ours, double baseline,
-                    double limit)
+void PrintMemoryRow(const std::string& what, const std::string& size, const Held& held, double limit)
 {
-    const double ratio = ours / baseline;
+    const double ratio = held.ours / held.baseline;
     constexpr double mebibyte = 1024 * 1024;
-    PrintCells({what, size, Printed("%.2f MiB", ours / mebibyte), Printed("%.2f MiB", baseline / mebibyte),
-                Printed("%.3f", ratio), "-", RatioLimit(ratio, limit)});
+    PrintCells({what, size, Printed("%.2f MiB", held.ours / mebibyte),
+                Printed("%.2f MiB", held.baseline / mebibyte), Printed("%.3f", ratio), "-",
+                std::to_string(held.rounds), RatioLimit(ratio, limit)});
 }
 
 void PrintCountRow(const std::string& what, const std::string& size, int ours, int baseline, int demanded)
 {
-    PrintCells({what, size, std::to_string(ours), std::to_string(baseline), "-", "-",
+    PrintCells({what, size, std::to_string(ours), std::to_string(baseline), "-", "-", "1",
                 "= " + std::to_string(demanded) + Verdict(ours == demanded)});
 }
 

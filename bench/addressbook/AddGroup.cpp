@@ -1,100 +1,69 @@
-#include "bench/Measure.h"
+#include "bench/ChildProcess.h"
+#include "bench/ProgramDesk.h"
 
 #include "addressbook/BookGrids.h"
 #include "addressbook/BookStatements.h"
 #include "addressbook/ChosenNumbers.h"
 #include "addressbook/dlgSMSGroupSelect.h"
-#include "gateway/ModSMS.h"
-#include "runtime/Clock.h"
 #include "runtime/Text.h"
-#include "services/Services.h"
-#include "session/Session.h"
-#include "store/DBConnect.h"
 #include "store/EmbeddedTables.h"
-#include "support/ScriptedDesktop.h"
-#include "toolkit/Application.h"
 #include "toolkit/Controls.h"
 #include "toolkit/fpSpread.h"
 #include "toolkit/GridHelper.h"
 #include "toolkit/Pictures.h"
-#include "toolkit/Theme.h"
 
 #include <QTemporaryDir>
-
-#include <cstdio>
-#include <cstdlib>
 
 namespace tsms::bench {
 
 namespace {
 
+constexpr int Rounds = 5;
 constexpr int Small = 3000;
-constexpr int Large = 30000;
-constexpr int Rounds = 9;
-constexpr int ScanRounds = 3; // each takes seconds
+constexpr int Large = 30'000;
 constexpr double DemandedGrowth = 12;
 
-[[noreturn]] void Fail(const char* words)
+/// Makes a database with two groups of `members` people each, all with numbers of their own.
+void MakeBook(const QString& path, int members)
 {
-    std::fprintf(stderr, "bench_addressbook: %s\n", words);
-    std::exit(1);
+    const SystemClock clock;
+    const int year = clock.Date().year();
+    CreateEmbeddedDatabase(path, {year, year}, clock, [&](Connection& connection) {
+        for (int group = 1; group <= 2; ++group)
+            connection.Execute(
+                QStringLiteral("INSERT INTO SMSGroupMst (GroupNm) VALUES ('그룹%1')").arg(group));
+        for (int person = 0; person < 2 * members; ++person)
+            connection.Execute(
+                QStringLiteral(
+                    "INSERT INTO SMSGroupSub (GroupCd, GSubNm, GSPhone) VALUES (%1, '이름%2', '010-%3-%4')")
+                    .arg(person / members + 1)
+                    .arg(person)
+                    .arg(person / 10000, 4, 10, QLatin1Char('0'))
+                    .arg(person % 10000, 4, 10, QLatin1Char('0')));
+    });
 }
 
-/// A database with two groups of `members` people each, all with numbers of their own.
-class Book
+/// The program on such a database.
+class Book : public ProgramDesk
 {
 public:
-    explicit Book(int members) : members_(members)
-    {
-        const int year = clock_.Date().year();
-        CreateEmbeddedDatabase(Path(), {year, year}, clock_,
-                               [this](Connection& connection) { Fill(connection); });
-        desktop_.AllowBoxes();
-        session_.DBCatalog = Path();
-        session_.DBServer = QStringLiteral("(embedded)");
-        session_.DBPort = QStringLiteral("0");
-    }
+    Book(const QString& database, int members) : ProgramDesk(database), members_(members) {}
 
     int Members() const { return members_; }
-    Services& TheServices() { return services_; }
 
     /// The people of a group in the open database's current recordset.
     Recordset& Read(int group)
     {
-        if (db_.ConnectDB() != Boolean::True ||
-            db_.OpenRecordset(MembersOfGroup(QString::number(group))) != Boolean::True)
-            Fail("the members could not be read");
-        return db_.Records();
+        Demand(db.ConnectDB() == Boolean::True &&
+                   db.OpenRecordset(MembersOfGroup(QString::number(group))) == Boolean::True,
+               "bench_addressbook: the members could not be read");
+        return db.Records();
     }
 
-    void Close() { db_.CloseDB(); }
+    void Close() { db.CloseDB(); }
 
 private:
-    QString Path() const { return folder_.filePath(QStringLiteral("book.db")); }
-
-    void Fill(Connection& connection) const
-    {
-        for (int group = 1; group <= 2; ++group)
-            connection.Execute(
-                QStringLiteral("INSERT INTO SMSGroupMst (GroupNm) VALUES ('그룹%1')").arg(group));
-        for (int person = 0; person < 2 * members_; ++person)
-            connection.Execute(
-                QStringLiteral(
-                    "INSERT INTO SMSGroupSub (GroupCd, GSubNm, GSPhone) VALUES (%1, '이름%2', '010-%3-%4')")
-                    .arg(person / members_ + 1)
-                    .arg(person)
-                    .arg(person / 10000, 4, 10, QLatin1Char('0'))
-                    .arg(person % 10000, 4, 10, QLatin1Char('0')));
-    }
-
     int members_;
-    QTemporaryDir folder_;
-    SystemClock clock_;
-    Session session_;
-    test::ScriptedDesktop desktop_;
-    DBConnect db_{session_, desktop_, MakeConnections(clock_)};
-    ModSMS sms_{session_, db_, desktop_, clock_, QString()};
-    Services services_{session_, desktop_, clock_, db_, sms_};
 };
 
 template <class Work> Cost CostOf(const Work& work)
@@ -102,14 +71,15 @@ template <class Work> Cost CostOf(const Work& work)
     const std::int64_t from = Nanoseconds();
     work();
     QApplication::processEvents(); // what it leaves to be painted belongs to it
-    return {static_cast<double>(Nanoseconds() - from)};
+    const auto took = static_cast<double>(Nanoseconds() - from);
+    return {took, PeakMemory()};
 }
 
 /// The real dialog in its group view, from the click on "add" on. The first group has been chosen before.
 Cost AddInDialog(Book& book)
 {
     fpSpread recipients;
-    dlgSMSGroupSelect dialog(book.TheServices(), recipients);
+    dlgSMSGroupSelect dialog(book.services, recipients);
     dialog.show();
     dialog.activateWindow();
     auto* browse = dialog.findChild<fpSpread*>(QStringLiteral("fpSpreadMst"));
@@ -123,8 +93,8 @@ Cost AddInDialog(Book& book)
     browse->SetCellPicture(GroupTick, 1, CheckEmpty);
     browse->SetCellPicture(GroupTick, 2, CheckTicked);
     const Cost cost = CostOf([add] { add->Click(); });
-    if (dialog.findChild<fpSpread*>(QStringLiteral("fpSpread"))->MaxRows() != 2 * book.Members())
-        Fail("the dialog did not add the whole group");
+    Demand(dialog.findChild<fpSpread*>(QStringLiteral("fpSpread"))->MaxRows() == 2 * book.Members(),
+           "bench_addressbook: the dialog did not add the whole group");
     return cost;
 }
 
@@ -178,56 +148,43 @@ Cost AddInGrid(Book& book, void (*add)(fpSpread& grid, Recordset& people))
         add(grid, book.Read(2));
         book.Close();
     });
-    if (grid.MaxRows() != 2 * book.Members())
-        Fail("a baseline did not add the whole group");
+    Demand(grid.MaxRows() == 2 * book.Members(), "bench_addressbook: a baseline did not add the whole group");
     return cost;
 }
 
-struct Costs
+/// "dialog", "insert" or "scan", a database and the members of each of its groups.
+void BeSide(const QStringList& arguments)
 {
-    Cost ours;
-    Cost bare;
-};
+    Book book(arguments[1], arguments[2].toInt());
+    if (arguments[0] == u"dialog")
+        TellCost(AddInDialog(book));
+    else
+        TellCost(AddInGrid(book, arguments[0] == u"insert" ? Insert : ScanAndInsert));
+}
 
-Costs CompareWithBareInsert(Book& book)
+void CompareAll()
 {
-    std::vector<Cost> ours;
-    std::vector<Cost> bare;
-    for (int round = 0; round <= Rounds; ++round) {
-        const Cost dialog = AddInDialog(book);
-        const Cost insert = AddInGrid(book, Insert);
-        if (round == 0)
-            continue; // the first one fills caches of fonts and glyphs
-        ours.push_back(dialog);
-        bare.push_back(insert);
+    const QTemporaryDir folder;
+    Growth growth("add a group", "people");
+    for (const int members : {1000, Small, 10'000, Large, 32'000}) {
+        const QString database = folder.filePath(QStringLiteral("%1.db").arg(members));
+        MakeBook(database, members);
+        const std::string size = std::to_string(members) + " to " + std::to_string(members);
+        const auto side = [&](const char* name) -> Run {
+            return [=] {
+                return RunSide({QString::fromLatin1(name), database, QString::number(members)}).cost;
+            };
+        };
+        growth.Add(members,
+                   Compare({.what = "add a group, beside a bare insert", .size = size, .rounds = Rounds},
+                           side("dialog"), side("insert")));
+        if (members == Sizes[0])
+            Compare({.what = "add a group, beside a scan for each", .size = size, .rounds = Rounds},
+                    side("dialog"), side("scan"));
     }
-    return {MedianCost(ours), MedianCost(bare)};
-}
-
-Cost PlainScan(Book& book)
-{
-    std::vector<Cost> rounds;
-    for (int round = 0; round < ScanRounds; ++round)
-        rounds.push_back(AddInGrid(book, ScanAndInsert));
-    return MedianCost(rounds);
-}
-
-int Compare()
-{
-    Book small(Small);
-    Book large(Large);
-    const Costs few = CompareWithBareInsert(small);
-    const Costs many = CompareWithBareInsert(large);
-    const std::string smallSize = std::to_string(Small) + " to " + std::to_string(Small);
-    const std::string largeSize = std::to_string(Large) + " to " + std::to_string(Large);
-    PrintRow("add a group, beside a scan for each", smallSize, few.ours, PlainScan(small), NoLimit);
-    PrintRow("add a group, beside a bare insert", smallSize, few.ours, few.bare, NoLimit);
-    PrintRow("add a group, beside a bare insert", largeSize, many.ours, many.bare, NoLimit);
-    PrintRow("add a group, growth", largeSize + " / " + smallSize, many.ours, few.ours, DemandedGrowth);
-    PrintNote("address book: medians of " + std::to_string(Rounds) +
-              " rounds in turn in one process (the scan: " + std::to_string(ScanRounds) +
-              "); for growth the baseline is our own smaller add");
-    return 0;
+    growth.PrintRows();
+    growth.PrintRow(Small, Large, DemandedGrowth);
+    PrintNote("address book: each side in a process of its own, which has chosen the first group before");
 }
 
 } // namespace
@@ -236,9 +193,5 @@ int Compare()
 
 int main(int argc, char** argv)
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    tsms::Application application(argc, argv);
-    tsms::theme::ApplyTheme(application);
-    return tsms::bench::Compare();
+    return tsms::bench::RunBenchmark(argc, argv, tsms::bench::BeSide, tsms::bench::CompareAll);
 }

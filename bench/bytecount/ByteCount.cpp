@@ -1,25 +1,20 @@
 #include "bench/Measure.h"
+#include "bench/ProgramDesk.h"
 
 #include "compose/MessageCounter.h"
 #include "runtime/CodePage949.h"
-#include "support/ScriptedDesktop.h"
-#include "toolkit/Application.h"
 #include "toolkit/MemoBox.h"
 #include "toolkit/TextHelper.h"
-#include "toolkit/Theme.h"
 
 #include <QKeyEvent>
 #include <QVBoxLayout>
-
-#include <cstdio>
-#include <cstdlib>
 
 namespace tsms::bench {
 
 namespace {
 
 constexpr int Limit = 80; // bytes
-constexpr int Rounds = 41;
+constexpr int Rounds = 21;
 constexpr double DemandedRatio = 0.1;
 
 /// Keys that go into a field, each with press and release.
@@ -161,54 +156,41 @@ QList<Typing> Typings()
             {"Korean keys refused by a full field", fullKorean, fullKorean, true}};
 }
 
-void DemandFull(const QPlainTextEdit& field)
+void CompareTyping(const Typing& typing, BareField& bare, LimitedField& limited)
 {
-    if (MessageBytes(field.toPlainText()) == Limit)
-        return;
-    std::fprintf(stderr, "bench_bytecount: the field does not hold its limit\n");
-    std::exit(1);
+    const Comparison comparison{
+        .what = "count and limit, per key", .size = typing.what, .rounds = Rounds, .limit = DemandedRatio};
+    const std::vector<Cost> medians = RunInTurn(
+        comparison,
+        {[&] { return Cost{limited.Type(typing).handlers}; },
+         [&] { return Cost{limited.Type(typing).whole}; }, [&] { return Cost{bare.Type(typing).whole}; }},
+        [&] {
+            Demand(MessageBytes(limited.field->toPlainText()) == Limit,
+                   "bench_bytecount: the field does not hold its limit");
+        });
+    const int rounds = RoundsOf(comparison);
+    PrintRow(comparison.what, comparison.size, {medians[0], medians[2], rounds}, comparison.limit);
+    PrintRow("whole key, for comparison", comparison.size, {medians[1], medians[2], rounds}, NoLimit);
 }
 
-void Compare(const Typing& typing, BareField& bare, LimitedField& limited)
-{
-    std::vector<Cost> handlers;
-    std::vector<Cost> ours;
-    std::vector<Cost> baseline;
-    for (int round = 0; round <= Rounds; ++round) {
-        const KeyCost toolkit = bare.Type(typing);
-        const KeyCost program = limited.Type(typing);
-        DemandFull(*limited.field);
-        if (round == 0)
-            continue; // the first one fills caches of fonts and glyphs
-        handlers.push_back({program.handlers});
-        ours.push_back({program.whole});
-        baseline.push_back({toolkit.whole});
-    }
-    PrintRow("count and limit, per key", typing.what, MedianCost(handlers), MedianCost(baseline),
-             DemandedRatio);
-    PrintRow("whole key, for comparison", typing.what, MedianCost(ours), MedianCost(baseline), NoLimit);
-}
-
-int CompareAll()
+void CompareAll()
 {
     BareField bare;
     LimitedField limited;
     for (const Typing& typing : Typings())
-        Compare(typing, bare, limited);
-    PrintNote("byte count: medians of " + std::to_string(Rounds) +
-              " rounds in turn in one process, peak memory " + std::to_string(PeakMemory() / 1024) + " MiB");
-    return 0;
+        CompareTyping(typing, bare, limited);
+    PrintNote("byte count: in one process, peak memory " + std::to_string(PeakMemory() / 1024) + " MiB");
 }
 
 } // namespace
 
 } // namespace tsms::bench
 
-int main(int argc, char** argv)
+int main()
 {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    tsms::Application application(argc, argv);
-    tsms::theme::ApplyTheme(application);
-    return tsms::bench::CompareAll();
+    const tsms::bench::ThemedApplication application;
+    tsms::bench::CompareAll();
+    return 0;
 }

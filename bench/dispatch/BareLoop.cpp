@@ -9,8 +9,6 @@
 #include <curl/curl.h>
 #include <sqlite3.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <ctime>
 #include <string>
 #include <vector>
@@ -34,25 +32,18 @@ struct Prepared
     std::vector<Message> messages;
 };
 
-void Demand(bool good, const char* what)
-{
-    if (good)
-        return;
-    std::fprintf(stderr, "the bare loop failed: %s\n", what);
-    std::exit(1);
-}
-
 /// The envelopes that the program would make; outside the time that counts.
-Prepared Prepare(const QString& wsdlUrl)
+Prepared Prepare(const World& world)
 {
     HttpLink link;
-    const ServiceDescription service = ReadServiceDescription(QUrl(wsdlUrl), {}, {}, [&](const QUrl& url) {
-        const HttpReply reply = link.Get(url.toString());
-        return FetchedDocument{reply.Body, reply.ContentType};
-    });
+    const ServiceDescription service =
+        ReadServiceDescription(QUrl(world.wsdlUrl), {}, {}, [&](const QUrl& url) {
+            const HttpReply reply = link.Get(url.toString());
+            return FetchedDocument{reply.Body, reply.ContentType};
+        });
     Prepared prepared{service.Endpoint.toEncoded(), {}};
     const CallShape shape = service.Operations.value(QStringLiteral("SendSMS"));
-    for (int row = 1; row <= Rows; ++row) {
+    for (int row = 1; row <= world.rows; ++row) {
         const QString content = MessageTemplate().replace(QStringLiteral("[받는사람]"), RecipientName(row));
         const QStringList arguments{QStringLiteral("demo"),
                                     QStringLiteral("demo"),
@@ -113,7 +104,7 @@ public:
         reply_.clear();
         curl_easy_setopt(curl_, CURLOPT_POSTFIELDS, envelope.constData());
         curl_easy_setopt(curl_, CURLOPT_POSTFIELDSIZE, static_cast<long>(envelope.size()));
-        Demand(curl_easy_perform(curl_) == CURLE_OK, "post");
+        Demand(curl_easy_perform(curl_) == CURLE_OK, "the bare loop could not post");
         return reply_;
     }
 
@@ -137,14 +128,15 @@ public:
     {
         Demand(sqlite3_open_v2(path.toUtf8().constData(), &handle_,
                                SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr) == SQLITE_OK,
-               "open");
+               "the bare loop could not open the log");
         PrepareEmbeddedHandle(handle_, clock_); // an index of the table needs the collation
         sqlite3_exec(handle_, "PRAGMA synchronous=FULL", nullptr, nullptr, nullptr);
         const std::string sql =
             "INSERT INTO SMSLog_" + LocalTime("%Y") +
             " (SMSStatus,SMSNo,SMSID,SendNm,SendTelNo,ReceiveTelNo,SMSContent,SendTime,UserData1,UserData2,"
             "UserData3,ErrCd,ErrMsg,RegDt) VALUES ('1',?,'demo',?,?,?,?,?,?,?,NULL,NULL,NULL,?)";
-        Demand(sqlite3_prepare_v2(handle_, sql.c_str(), -1, &insert_, nullptr) == SQLITE_OK, "prepare");
+        Demand(sqlite3_prepare_v2(handle_, sql.c_str(), -1, &insert_, nullptr) == SQLITE_OK,
+               "the bare loop could not prepare its statement");
         Bind(4, SenderNumber().toStdString());
         Bind(7, std::to_string(UserData1));
         Bind(8, UserData2().toStdString());
@@ -184,14 +176,15 @@ private:
 
 Cost RunBareLoop(const World& world)
 {
-    const Prepared prepared = Prepare(world.wsdlUrl);
+    const Prepared prepared = Prepare(world);
     const std::int64_t from = Nanoseconds();
     {
         Poster poster(prepared.endpoint);
         LogTable log(world.database);
         for (const Message& message : prepared.messages) {
             const std::string& reply = poster.Post(message.envelope);
-            Demand(ItemOf(reply, "error_code:").find_first_not_of(' ') == std::string::npos, "refused");
+            Demand(ItemOf(reply, "error_code:").find_first_not_of(' ') == std::string::npos,
+                   "the bare loop was refused");
             log.Insert(message, ItemOf(reply, "unique_num:"));
         }
     }

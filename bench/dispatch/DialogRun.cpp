@@ -1,18 +1,11 @@
 #include "bench/dispatch/Workload.h"
+#include "bench/ProgramDesk.h"
 
 #include "compose/GridRecipients.h"
 #include "compose/MakeSMSTransport.h"
 #include "compose/ModStep1.h"
-#include "gateway/ModSMS.h"
-#include "runtime/Clock.h"
-#include "services/Services.h"
-#include "session/Session.h"
-#include "store/DBConnect.h"
-#include "support/ScriptedDesktop.h"
-#include "toolkit/Application.h"
 #include "toolkit/Controls.h"
 #include "toolkit/fpSpread.h"
-#include "toolkit/Theme.h"
 
 #include <QTimer>
 
@@ -23,25 +16,14 @@ namespace tsms::bench {
 
 namespace {
 
-void FillGrid(fpSpread& grid)
+void FillGrid(fpSpread& grid, int rows)
 {
     InitRecipientGrid(grid);
-    grid.SetMaxRows(Rows);
-    for (int row = 1; row <= Rows; ++row) {
+    grid.SetMaxRows(rows);
+    for (int row = 1; row <= rows; ++row) {
         grid.SetText(NameColumn, row, RecipientName(row));
         grid.SetText(PhoneColumn, row, RecipientNumber(row));
     }
-}
-
-Session LaunchedSession(const World& world)
-{
-    Session session;
-    session.DBCatalog = world.database;
-    session.DBServer = QStringLiteral("(embedded)");
-    session.DBPort = QStringLiteral("0");
-    session.UserData1 = UserData1;
-    session.UserData2 = UserData2();
-    return session;
 }
 
 void DemandOneBox(const test::ScriptedDesktop& desktop, MsgBoxStyle style)
@@ -57,25 +39,14 @@ void DemandOneBox(const test::ScriptedDesktop& desktop, MsgBoxStyle style)
 
 Cost RunThroughDialog(const World& world)
 {
-    int count = 1;
-    char name[] = "bench_dispatch";
-    char* arguments[] = {name, nullptr};
-    Application application(count, arguments);
-    theme::ApplyTheme(application);
-    test::ScriptedDesktop desktop;
-    desktop.AllowBoxes();
-    application.SetDesktop(desktop);
-    const SystemClock clock;
-    Session session = LaunchedSession(world);
-    DBConnect db(session, desktop, MakeConnections(clock));
-    ModSMS sms(session, db, desktop, clock, world.wsdlUrl);
-    Services services{session, desktop, clock, db, sms};
-
+    ProgramDesk desk(world.database, world.wsdlUrl);
+    desk.session.UserData1 = UserData1;
+    desk.session.UserData2 = UserData2();
     fpSpread grid;
-    FillGrid(grid);
+    FillGrid(grid, world.rows);
     const GridRecipients recipients(grid);
-    MakeSMSTransport dialog(services, {recipients, MessageTemplate, SenderNumber});
-    dialog.SetTotal(Rows);
+    MakeSMSTransport dialog(desk.services, {recipients, MessageTemplate, SenderNumber});
+    dialog.SetTotal(world.rows);
 
     Cost cost;
     constexpr int settledMilliseconds = 300; // by then the dialog has been painted and nothing is left to do
@@ -85,7 +56,7 @@ Cost RunThroughDialog(const World& world)
         cost.nanoseconds = static_cast<double>(Nanoseconds() - from);
     });
     dialog.ShowModal();
-    DemandOneBox(desktop, MsgBoxInformation);
+    DemandOneBox(desk.desktop, MsgBoxInformation);
     cost.peakMemory = PeakMemory();
     return cost;
 }

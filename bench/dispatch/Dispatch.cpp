@@ -12,14 +12,10 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
-#include <cstdio>
-#include <cstdlib>
-
 namespace tsms::bench {
 
 namespace {
 
-constexpr int Rounds = 7;
 constexpr double DemandedRatio = 1.15;
 
 enum Side { Ours, Baseline };
@@ -34,43 +30,38 @@ struct Traces
     bool AreThoseOf(const Traces& other) const { return log == other.log && calls == other.calls; }
 };
 
-/// The gateway in this process, and on a given disk a fresh database for each run.
+/// A gateway in this process and a fresh database on a given disk for each run.
 class Contest
 {
 public:
-    explicit Contest(const QString& disk) : disk_(disk), gateway_(clock_, {})
+    Contest(const QString& disk, std::string what)
+        : disk_(disk), what_(std::move(what)), growth_("dispatch, " + what_, "messages")
     {
-        if (!gateway_.Start())
-            Fail("the simulated gateway found no port");
     }
 
-    void Run(const std::string& what, double demandedRatio)
+    void Run(int rows, int rounds, double demandedRatio)
     {
-        std::vector<Cost> ours;
-        std::vector<Cost> baseline;
-        for (int round = 0; round < Rounds; ++round) {
-            const bool oursFirst = round % 2 == 0;
-            const Cost first = RunOnce(oursFirst ? Ours : Baseline);
-            const Cost second = RunOnce(oursFirst ? Baseline : Ours);
-            ours.push_back(oursFirst ? first : second);
-            baseline.push_back(oursFirst ? second : first);
-            if (!traces_[Ours].AreThoseOf(traces_[Baseline]))
-                Fail("the two sides did not send and log the same");
-        }
-        const std::string size = std::to_string(Rows) + " rows";
-        PrintRow("dispatch, " + what, size, MedianCost(ours), MedianCost(baseline), demandedRatio);
-        PrintCountRow("gateway connections, " + what, size, traces_[Ours].connections,
+        const std::string size = std::to_string(rows) + " messages";
+        const Comparison comparison{.what = "dispatch, " + what_,
+                                    .size = size,
+                                    .rounds = rounds,
+                                    .limit = demandedRatio,
+                                    .warmUp = rows == Sizes[0]};
+        const Costs costs = Compare(
+            comparison, [&] { return RunOnce(Ours, rows); }, [&] { return RunOnce(Baseline, rows); },
+            [this] {
+                Demand(traces_[Ours].AreThoseOf(traces_[Baseline]),
+                       "bench_dispatch: the two sides did not send and log the same");
+            });
+        growth_.Add(rows, costs);
+        PrintCountRow("gateway connections, " + what_, size, traces_[Ours].connections,
                       traces_[Baseline].connections - 1,
                       1); // less the one that read the description beforehand
     }
 
-private:
-    [[noreturn]] static void Fail(const char* words)
-    {
-        std::fprintf(stderr, "bench_dispatch: %s\n", words);
-        std::exit(1);
-    }
+    void PrintGrowth() const { growth_.PrintRows(); }
 
+private:
     QString MakeDatabase(const QTemporaryDir& folder) const
     {
         const QString path = folder.filePath(QStringLiteral("dispatch.db"));
@@ -83,19 +74,17 @@ private:
         return path;
     }
 
-    Cost RunOnce(Side side)
+    Cost RunOnce(Side side, int rows)
     {
+        SimulatedGateway gateway(clock_, {});
+        Demand(gateway.Start(), "bench_dispatch: the simulated gateway found no port");
         const QTemporaryDir folder(disk_ + QStringLiteral("/bench_dispatch-XXXXXX"));
         const QString database = MakeDatabase(folder);
-        const int connectionsBefore = gateway_.ConnectionCount();
-        const qsizetype callsBefore = gateway_.Calls().size();
-        const ChildReport report = RunChild(QCoreApplication::applicationFilePath(),
-                                            {side == Ours ? QStringLiteral("dialog") : QStringLiteral("bare"),
-                                             database, gateway_.Url() + DescriptionPath()},
-                                            2);
-        traces_[side] = {LogOf(database), CallsSince(callsBefore),
-                         gateway_.ConnectionCount() - connectionsBefore};
-        return {report.words[0].toDouble(), report.words[1].toLong()};
+        const Cost cost = RunSide({side == Ours ? QStringLiteral("dialog") : QStringLiteral("bare"), database,
+                                   gateway.Url() + DescriptionPath(), QString::number(rows)})
+                              .cost;
+        traces_[side] = {LogOf(database), CallsOf(gateway), gateway.ConnectionCount()};
+        return cost;
     }
 
     QStringList LogOf(const QString& database) const
@@ -115,51 +104,51 @@ private:
         return values;
     }
 
-    QList<QStringList> CallsSince(qsizetype first) const
+    static QList<QStringList> CallsOf(const SimulatedGateway& gateway)
     {
         QList<QStringList> calls;
-        for (const ServiceCall& call : gateway_.Calls().sliced(first))
+        for (const ServiceCall& call : gateway.Calls())
             calls += call.Arguments;
         return calls;
     }
 
     QString disk_;
+    std::string what_;
+    Growth growth_;
     SystemClock clock_;
-    SimulatedGateway gateway_;
     Traces traces_[2];
 };
 
-int RunSide(const QString& side, const World& world)
+void CompareAll()
 {
-    const Cost cost = side == u"dialog" ? RunThroughDialog(world) : RunBareLoop(world);
-    std::printf("%.0f %ld\n", cost.nanoseconds, cost.peakMemory);
-    return 0;
+    Contest disk(QDir::tempPath(), "database on disk");
+    disk.Run(1000, 7, DemandedRatio);
+    // Each message waits for the disk: once has to do, and of a single round nothing is demanded.
+    disk.Run(10'000, 1, NoLimit);
+    disk.Run(32'000, 1, NoLimit);
+    disk.PrintGrowth();
+    if (const QString folder = QStringLiteral("/dev/shm"); QFileInfo(folder).isWritable()) {
+        Contest memory(folder, "database in memory");
+        memory.Run(1000, 5, NoLimit);
+        memory.Run(10'000, 3, NoLimit);
+        memory.Run(32'000, 3, NoLimit);
+        memory.PrintGrowth();
+    }
+    PrintNote("dispatch: each side in a process and with a database of its own; gateway in a third process");
 }
 
-int Compare()
+/// "dialog" or "bare", a database, an address and how many messages.
+void BeSide(const QStringList& arguments)
 {
-    Contest(QDir::tempPath()).Run("database on disk", DemandedRatio);
-    if (const QString memory = QStringLiteral("/dev/shm"); QFileInfo(memory).isWritable())
-        Contest(memory).Run("database in memory", NoLimit);
-    PrintNote("dispatch: medians of " + std::to_string(Rounds) +
-              " rounds, each side in a process and with a "
-              "database of its own; gateway in a third process");
-    return 0;
+    const World world{arguments[1], arguments[2], arguments[3].toInt()};
+    TellCost(arguments[0] == u"dialog" ? RunThroughDialog(world) : RunBareLoop(world));
 }
 
 } // namespace
 
 } // namespace tsms::bench
 
-// Without arguments: the comparison. With "dialog" or "bare", a database and an address: one run of one side.
 int main(int argc, char** argv)
 {
-    using namespace tsms::bench;
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen"); // the processes of both sides inherit it
-    if (argc == 4)
-        return RunSide(QString::fromLocal8Bit(argv[1]),
-                       {QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[3])});
-    const QCoreApplication application(argc, argv);
-    return Compare();
+    return tsms::bench::RunBenchmark(argc, argv, tsms::bench::BeSide, tsms::bench::CompareAll);
 }

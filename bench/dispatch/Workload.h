@@ -6,8 +6,6 @@
 
 namespace tsms::bench {
 
-inline constexpr int Rows = 2000;
-
 // What both sides send: to recipient `row`, counted from 1, the message with the name in its place.
 QString RecipientName(int row);
 QString RecipientNumber(int row);
@@ -23,6 +21,7 @@ struct World
 {
     QString database; ///< an embedded database whose account is the gateway's, and covers the run
     QString wsdlUrl;
+    int rows = 0;
 };
 
 /// Sends all rows through the dialog, the gateway module and the database object.

@@ -35,13 +35,13 @@ QStringList Row(int row)
 
 } // namespace
 
-Cells::Cells()
+Cells::Cells(int rows)
 {
     texts_ = {QStringLiteral("번호"),     QStringLiteral("결과"),     QStringLiteral("발송일시"),
               QStringLiteral("받는사람"), QStringLiteral("휴대번호"), QStringLiteral("회신번호"),
               QStringLiteral("내용"),     QStringLiteral("구분"),     QStringLiteral("사유"),
               QStringLiteral("건수")};
-    for (int row = 2; row <= Rows; ++row)
+    for (int row = 2; row <= rows; ++row)
         texts_ += Row(row);
 }
 

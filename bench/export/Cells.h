@@ -9,11 +9,11 @@ namespace tsms::bench {
 class Cells
 {
 public:
-    static constexpr int Rows = 32000; ///< the first one holds the titles
     static constexpr int Columns = 10;
 
-    Cells();
+    explicit Cells(int rows); ///< the first one holds the titles
 
+    int Rows() const { return static_cast<int>(texts_.size()) / Columns; }
     const QString& Text(int col, int row) const { return texts_[(row - 1) * Columns + col - 1]; } ///< from 1
     static bool IsNumberColumn(int col) { return col == 1 || col == 10; }
 

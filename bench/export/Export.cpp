@@ -5,25 +5,21 @@
 
 #include "spreadsheet/WriteWorkbook.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QTemporaryDir>
-
-#include <cstdio>
 
 namespace tsms::bench {
 
 namespace {
 
-constexpr int Rounds = 15;
 constexpr double DemandedTime = 3;   // of the plain text's
 constexpr double DemandedMemory = 3; // of the workbook's own size
 
 Sheet SheetOf(const Cells& cells)
 {
     Sheet sheet;
-    sheet.rows = Cells::Rows;
+    sheet.rows = cells.Rows();
     sheet.columns.resize(Cells::Columns);
     for (int col = 1; col <= Cells::Columns; ++col)
         sheet.columns[static_cast<std::size_t>(col - 1)].number = Cells::IsNumberColumn(col);
@@ -31,79 +27,78 @@ Sheet SheetOf(const Cells& cells)
     return sheet;
 }
 
-/// One side, once; says its time, what it held at most above the cells, and the size of its file in KiB.
-int RunSide(const QString& side, const QString& path)
+struct Export
 {
-    const Cells cells;
+    Cost cost;
+    long fileSize = 0; ///< KiB
+};
+
+Export RunOnce(const char* side, int rows, const QString& folder)
+{
+    const QTemporaryDir own(folder + QStringLiteral("/bench_export-XXXXXX"));
+    const SideReport report =
+        RunSide({QString::fromLatin1(side), own.filePath(QStringLiteral("list")), QString::number(rows)}, 1);
+    return {report.cost, report.words[0].toLong()};
+}
+
+Costs CompareAt(int rows, const std::string& where, const QString& folder)
+{
+    const std::string size = std::to_string(rows) + " rows of " + std::to_string(Cells::Columns);
+    const bool limited = rows == LargestSize;
+    Export workbook;
+    const Costs costs = Compare(
+        {.what = "export, " + where, .size = size, .rounds = 9, .limit = limited ? DemandedTime : NoLimit},
+        [&] {
+            workbook = RunOnce("workbook", rows, folder);
+            return workbook.cost;
+        },
+        [&] { return RunOnce("text", rows, folder).cost; });
+    constexpr double bytes = 1024; // of a KiB
+    PrintMemoryRow("export, memory to file size", size,
+                   {bytes * static_cast<double>(costs.ours.peakMemory),
+                    bytes * static_cast<double>(workbook.fileSize), costs.rounds},
+                   limited ? DemandedMemory : NoLimit);
+    return costs;
+}
+
+void CompareIn(const std::string& where, const QString& folder)
+{
+    Growth growth("export, " + where, "rows");
+    for (const int rows : Sizes)
+        growth.Add(rows, CompareAt(rows, where, folder));
+    growth.PrintRows();
+}
+
+void CompareAll()
+{
+    CompareIn("file on disk", QDir::tempPath());
+    if (const QString memory = QStringLiteral("/dev/shm"); QFileInfo(memory).isWritable())
+        CompareIn("file in memory", memory);
+    PrintNote("export: each side in a process of its own; peak memory is what came on top of the cells");
+}
+
+/// "workbook" or "text", a path and how many rows. Its memory is what it held at most above the cells; tells
+/// the size of its file in KiB, too.
+void BeSide(const QStringList& arguments)
+{
+    const QString& path = arguments[1];
+    const Cells cells(arguments[2].toInt());
     ForgetPeakMemory();
     const long before = PeakMemory();
     const std::int64_t from = Nanoseconds();
-    if (side == u"workbook")
+    if (arguments[0] == u"workbook")
         WriteWorkbook(path, SheetOf(cells));
     else
         WritePlainText(path, cells);
-    const std::int64_t took = Nanoseconds() - from;
-    std::printf("%lld %ld %lld\n", static_cast<long long>(took), PeakMemory() - before,
-                static_cast<long long>(QFileInfo(path).size() / 1024));
-    return 0;
-}
-
-struct Run
-{
-    Cost cost;
-    long fileSize; ///< KiB
-};
-
-Run RunOnce(const QString& side, const QString& folder)
-{
-    const QTemporaryDir own(folder + QStringLiteral("/bench_export-XXXXXX"));
-    const ChildReport report =
-        RunChild(QCoreApplication::applicationFilePath(), {side, own.filePath(QStringLiteral("list"))}, 3);
-    return {{report.words[0].toDouble(), report.words[1].toLong()}, report.words[2].toLong()};
-}
-
-void Compare(const std::string& what, const QString& folder)
-{
-    std::vector<Cost> ours;
-    std::vector<Cost> baseline;
-    long fileSize = 0;
-    for (int round = 0; round <= Rounds; ++round) {
-        const Run workbook = RunOnce(QStringLiteral("workbook"), folder);
-        const Run plainText = RunOnce(QStringLiteral("text"), folder);
-        fileSize = workbook.fileSize;
-        if (round == 0)
-            continue; // brings the programs into the system's caches
-        ours.push_back(workbook.cost);
-        baseline.push_back(plainText.cost);
-    }
-    const std::string size = std::to_string(Cells::Rows) + " rows of " + std::to_string(Cells::Columns);
-    PrintRow("export, " + what, size, MedianCost(ours), MedianCost(baseline), DemandedTime);
-    constexpr double bytes = 1024; // of a KiB
-    PrintMemoryRow("export, memory to file size", size,
-                   bytes * static_cast<double>(MedianCost(ours).peakMemory),
-                   bytes * static_cast<double>(fileSize), DemandedMemory);
-}
-
-int CompareAll()
-{
-    Compare("file on disk", QDir::tempPath());
-    if (const QString memory = QStringLiteral("/dev/shm"); QFileInfo(memory).isWritable())
-        Compare("file in memory", memory);
-    PrintNote("export: medians of " + std::to_string(Rounds) +
-              " rounds in turn, each in a process of its own; peak memory is what came on top of the cells");
-    return 0;
+    const auto took = static_cast<double>(Nanoseconds() - from);
+    TellCost({took, PeakMemory() - before}, QByteArray::number(QFileInfo(path).size() / 1024));
 }
 
 } // namespace
 
 } // namespace tsms::bench
 
-// Without arguments: the comparison. With "workbook" or "text" and a path: one run of one side.
 int main(int argc, char** argv)
 {
-    using namespace tsms::bench;
-    const QCoreApplication application(argc, argv);
-    if (argc == 3)
-        return RunSide(QString::fromLocal8Bit(argv[1]), QString::fromLocal8Bit(argv[2]));
-    return CompareAll();
+    return tsms::bench::RunBenchmark(argc, argv, tsms::bench::BeSide, tsms::bench::CompareAll);
 }

@@ -1,10 +1,10 @@
 #include "bench/export/PlainText.h"
 
+#include "bench/Measure.h"
+
 #include <QFile>
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 
 namespace tsms::bench {
 
@@ -29,7 +29,7 @@ void WritePlainText(const QString& path, const Cells& cells)
 {
     QFile file(path); // buffers by itself
     bool good = file.open(QIODevice::WriteOnly);
-    for (int row = 1; good && row <= Cells::Rows; ++row) {
+    for (int row = 1; good && row <= cells.Rows(); ++row) {
         QByteArray line;
         for (int col = 1; col <= Cells::Columns; ++col) {
             line += Field(cells.Text(col, row));
@@ -37,10 +37,7 @@ void WritePlainText(const QString& path, const Cells& cells)
         }
         good = file.write(line) == line.size();
     }
-    if (good && file.flush())
-        return;
-    std::fprintf(stderr, "bench_export: the plain text could not be written\n");
-    std::exit(1);
+    Demand(good && file.flush(), "bench_export: the plain text could not be written");
 }
 
 } // namespace tsms::bench

@@ -10,22 +10,12 @@
 
 #include <sqlite3.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
 namespace tsms::bench {
 
 namespace {
-
-void Demand(bool good, sqlite3* handle)
-{
-    if (good)
-        return;
-    std::fprintf(stderr, "the bare fetch failed: %s\n", sqlite3_errmsg(handle));
-    std::exit(1);
-}
 
 /// Texts one behind the other.
 struct Arena
@@ -38,7 +28,8 @@ Arena Fetch(sqlite3* handle, const QByteArray& sql)
 {
     Arena arena;
     sqlite3_stmt* statement = nullptr;
-    Demand(sqlite3_prepare_v2(handle, sql.constData(), -1, &statement, nullptr) == SQLITE_OK, handle);
+    Demand(sqlite3_prepare_v2(handle, sql.constData(), -1, &statement, nullptr) == SQLITE_OK,
+           sqlite3_errmsg(handle));
     const int columns = sqlite3_column_count(statement);
     int state = 0;
     while ((state = sqlite3_step(statement)) == SQLITE_ROW) {
@@ -48,7 +39,7 @@ Arena Fetch(sqlite3* handle, const QByteArray& sql)
             arena.ends.push_back(static_cast<std::uint32_t>(arena.texts.size()));
         }
     }
-    Demand(state == SQLITE_DONE, handle);
+    Demand(state == SQLITE_DONE, sqlite3_errmsg(handle));
     sqlite3_finalize(statement);
     return arena;
 }
@@ -61,7 +52,7 @@ Search FetchBare(const QString& database)
     sqlite3* handle = nullptr;
     Demand(sqlite3_open_v2(database.toUtf8().constData(), &handle,
                            SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr) == SQLITE_OK,
-           handle);
+           sqlite3_errmsg(handle));
     PrepareEmbeddedHandle(handle, clock);
     const QByteArray sql = ToEmbeddedDialect(WholeYear().Text()); // as the program hands it to the engine
     ForgetPeakMemory();
@@ -78,7 +69,9 @@ Search FetchBare(const QString& database)
         sum.Add(QByteArrayView(arena.texts.data() + begin, static_cast<qsizetype>(end - begin)));
         begin = end;
     }
-    return {static_cast<double>(to - from), static_cast<double>(most - held) * 1024, sum.Bytes(),
+    return {{static_cast<double>(to - from), most},
+            static_cast<double>(most - held) * 1024,
+            sum.Bytes(),
             sum.Digest()};
 }
 

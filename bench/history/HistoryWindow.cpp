@@ -7,7 +7,6 @@
 #include "toolkit/Controls.h"
 #include "toolkit/DatePicker.h"
 #include "toolkit/fpSpread.h"
-#include "toolkit/Theme.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -20,10 +19,10 @@ HistoryWindow::HistoryWindow(const QString& database)
       sms_(session_, db_, desktop_, clock_, QString()),
       services_{session_, desktop_, clock_, db_, sms_}
 {
-    theme::ApplyTheme(application_);
-    application_.SetDesktop(desktop_);
+    application_->SetDesktop(desktop_);
     desktop_.AllowBoxes();
     form_ = Main(database + QStringLiteral("■(embedded)■0■demo■demo■1■demo"), services_).form;
+    Application::processEvents(); // the window's first activation
     DemandNoBox();
     The<PictureButton>(QStringLiteral("BtnToolbarDis(1)")).click();
     The<DatePicker>(QStringLiteral("DTPSendDt(0)")).SetValue(QDate(LogYear, 1, 1));

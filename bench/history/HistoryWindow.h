@@ -1,5 +1,7 @@
 #pragma once
 
+#include "bench/ProgramDesk.h"
+
 #include "gateway/ModSMS.h"
 #include "services/Services.h"
 #include "session/Session.h"
@@ -33,10 +35,7 @@ private:
     template <class W> W& The(const QString& name);
     void DemandNoBox() const;
 
-    int argumentCount_ = 1;
-    char name_[14] = "bench_history";
-    char* arguments_[2] = {name_, nullptr};
-    Application application_{argumentCount_, arguments_};
+    ThemedApplication application_;
     test::FixedClock clock_;
     test::ScriptedDesktop desktop_;
     Session session_;

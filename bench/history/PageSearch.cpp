@@ -53,7 +53,9 @@ Search SearchOnPage(const QString& database, int searchesBefore)
     for (int row = 1; row <= list.MaxRows(); ++row)
         for (int col = 1; col <= list.MaxCols(); ++col)
             sum.Add(GridHelper().GetCellText(list, col, row).toUtf8());
-    return {static_cast<double>(to - from), static_cast<double>(most - held) * 1024, sum.Bytes(),
+    return {{static_cast<double>(to - from), most},
+            static_cast<double>(most - held) * 1024,
+            sum.Bytes(),
             sum.Digest()};
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "bench/Measure.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -8,7 +10,7 @@ namespace tsms::bench {
 /// What a search took and what it found.
 struct Search
 {
-    double nanoseconds = 0;
+    Cost cost;
     double memory = 0; ///< the most bytes that the process held beyond those before the first search
     qint64 texts = 0;  ///< bytes of all that was found, in UTF-8
     QByteArray digest; ///< the same for the same texts in the same order

@@ -11,8 +11,6 @@
 #include <sql.h>
 #include <sqlext.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
@@ -23,12 +21,9 @@ namespace {
 
 constexpr std::size_t BlockRows = 64;
 
-void Demand(SQLRETURN result)
+void DemandSuccess(SQLRETURN result)
 {
-    if (SQL_SUCCEEDED(result))
-        return;
-    std::fprintf(stderr, "the bare fetch failed\n");
-    std::exit(1);
+    Demand(SQL_SUCCEEDED(result), "the bare fetch failed");
 }
 
 SQLWCHAR* Characters(const QString& text)
@@ -59,17 +54,18 @@ struct Arena
 std::vector<BoundColumn> BindAll(SQLHANDLE statement)
 {
     SQLSMALLINT count = 0;
-    Demand(SQLNumResultCols(statement, &count));
+    DemandSuccess(SQLNumResultCols(statement, &count));
     std::vector<BoundColumn> columns(static_cast<std::size_t>(count));
     for (SQLUSMALLINT at = 0; at < count; ++at) {
         BoundColumn& column = columns[at];
         SQLULEN size = 0;
-        Demand(SQLDescribeColW(statement, at + 1, nullptr, 0, nullptr, nullptr, &size, nullptr, nullptr));
+        DemandSuccess(
+            SQLDescribeColW(statement, at + 1, nullptr, 0, nullptr, nullptr, &size, nullptr, nullptr));
         column.units = size + 2; // a number has a sign besides its digits
         column.texts = std::make_unique_for_overwrite<char16_t[]>(BlockRows * column.units);
         column.sizes.resize(BlockRows);
-        Demand(SQLBindCol(statement, at + 1, SQL_C_WCHAR, column.texts.get(),
-                          static_cast<SQLLEN>(column.units * sizeof(char16_t)), column.sizes.data()));
+        DemandSuccess(SQLBindCol(statement, at + 1, SQL_C_WCHAR, column.texts.get(),
+                                 static_cast<SQLLEN>(column.units * sizeof(char16_t)), column.sizes.data()));
     }
     return columns;
 }
@@ -77,13 +73,13 @@ std::vector<BoundColumn> BindAll(SQLHANDLE statement)
 Arena Fetch(SQLHANDLE statement)
 {
     SQLULEN fetched = 0;
-    Demand(SQLSetStmtAttrW(statement, SQL_ATTR_ROW_ARRAY_SIZE, Number(BlockRows), 0));
-    Demand(SQLSetStmtAttrW(statement, SQL_ATTR_ROWS_FETCHED_PTR, &fetched, 0));
+    DemandSuccess(SQLSetStmtAttrW(statement, SQL_ATTR_ROW_ARRAY_SIZE, Number(BlockRows), 0));
+    DemandSuccess(SQLSetStmtAttrW(statement, SQL_ATTR_ROWS_FETCHED_PTR, &fetched, 0));
     const std::vector<BoundColumn> columns = BindAll(statement);
     Arena arena;
     SQLRETURN result = SQLFetch(statement);
     for (; result != SQL_NO_DATA; result = SQLFetch(statement)) {
-        Demand(result);
+        DemandSuccess(result);
         for (std::size_t row = 0; row < fetched; ++row) {
             for (const BoundColumn& column : columns) {
                 if (column.sizes[row] > 0)
@@ -102,13 +98,13 @@ Arena FetchFrom(const QString& server, const QString& sql)
     SQLHANDLE environment = nullptr;
     SQLHANDLE connection = nullptr;
     SQLHANDLE statement = nullptr;
-    Demand(SQLAllocHandle(SQL_HANDLE_ENV, nullptr, &environment));
-    Demand(SQLSetEnvAttr(environment, SQL_ATTR_ODBC_VERSION, Number(SQL_OV_ODBC3), 0));
-    Demand(SQLAllocHandle(SQL_HANDLE_DBC, environment, &connection));
-    Demand(SQLDriverConnectW(connection, nullptr, Characters(server), SQL_NTS, nullptr, 0, nullptr,
-                             SQL_DRIVER_NOPROMPT));
-    Demand(SQLAllocHandle(SQL_HANDLE_STMT, connection, &statement));
-    Demand(SQLExecDirectW(statement, Characters(sql), SQL_NTS));
+    DemandSuccess(SQLAllocHandle(SQL_HANDLE_ENV, nullptr, &environment));
+    DemandSuccess(SQLSetEnvAttr(environment, SQL_ATTR_ODBC_VERSION, Number(SQL_OV_ODBC3), 0));
+    DemandSuccess(SQLAllocHandle(SQL_HANDLE_DBC, environment, &connection));
+    DemandSuccess(SQLDriverConnectW(connection, nullptr, Characters(server), SQL_NTS, nullptr, 0, nullptr,
+                                    SQL_DRIVER_NOPROMPT));
+    DemandSuccess(SQLAllocHandle(SQL_HANDLE_STMT, connection, &statement));
+    DemandSuccess(SQLExecDirectW(statement, Characters(sql), SQL_NTS));
     Arena arena = Fetch(statement);
     SQLFreeHandle(SQL_HANDLE_STMT, statement);
     SQLDisconnect(connection);

@@ -10,20 +10,9 @@
 
 #include <sqlite3.h>
 
-#include <cstdio>
-#include <cstdlib>
-
 namespace tsms::bench {
 
 namespace {
-
-void Demand(bool good, sqlite3* handle)
-{
-    if (good)
-        return;
-    std::fprintf(stderr, "the bare query failed: %s\n", sqlite3_errmsg(handle));
-    std::exit(1);
-}
 
 QString ColumnText(sqlite3_stmt* statement, int column)
 {
@@ -44,16 +33,17 @@ Outcome RunBareQuery(const QString& database)
     sqlite3* handle = nullptr;
     Demand(sqlite3_open_v2(path.constData(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr) ==
                SQLITE_OK,
-           handle);
+           sqlite3_errmsg(handle));
     PrepareEmbeddedHandle(handle, clock); // the statement needs the functions and the collation
     sqlite3_stmt* statement = nullptr;
-    Demand(sqlite3_prepare_v2(handle, sql.constData(), -1, &statement, nullptr) == SQLITE_OK, handle);
+    Demand(sqlite3_prepare_v2(handle, sql.constData(), -1, &statement, nullptr) == SQLITE_OK,
+           sqlite3_errmsg(handle));
     int answer = sqlite3_step(statement);
     for (; answer == SQLITE_ROW; answer = sqlite3_step(statement))
         months[ColumnText(statement, 0)] =
             QStringList{ColumnText(statement, 1), ColumnText(statement, 2), ColumnText(statement, 3)}.join(
                 u'/');
-    Demand(answer == SQLITE_DONE, handle);
+    Demand(answer == SQLITE_DONE, sqlite3_errmsg(handle));
     sqlite3_finalize(statement);
     sqlite3_close(handle);
     outcome.cost = {static_cast<double>(Nanoseconds() - from), PeakMemory()};

@@ -1,15 +1,8 @@
+#include "bench/ProgramDesk.h"
 #include "bench/statistics/Year.h"
 
 #include "account/ModStep3.h"
-#include "gateway/ModSMS.h"
-#include "runtime/Clock.h"
-#include "services/Services.h"
-#include "session/Session.h"
-#include "store/DBConnect.h"
-#include "support/ScriptedDesktop.h"
-#include "toolkit/Application.h"
 #include "toolkit/fpSpread.h"
-#include "toolkit/Theme.h"
 
 #include <QStringList>
 
@@ -31,21 +24,7 @@ QString FiguresOf(const fpSpread& grid)
 
 Outcome RunThroughGrid(const QString& database)
 {
-    int count = 1;
-    char name[] = "bench_statistics";
-    char* arguments[] = {name, nullptr};
-    Application application(count, arguments);
-    theme::ApplyTheme(application);
-    test::ScriptedDesktop desktop;
-    application.SetDesktop(desktop);
-    const SystemClock clock;
-    Session session;
-    session.DBCatalog = database;
-    session.DBServer = QStringLiteral("(embedded)");
-    session.DBPort = QStringLiteral("0");
-    DBConnect db(session, desktop, MakeConnections(clock));
-    ModSMS sms(session, db, desktop, clock, QString());
-    Services services{session, desktop, clock, db, sms};
+    ProgramDesk desk(database);
     fpSpread grid;
     InitMonthGrid(grid);
     grid.resize(940, 140);
@@ -54,7 +33,7 @@ Outcome RunThroughGrid(const QString& database)
 
     Outcome outcome;
     const std::int64_t from = Nanoseconds();
-    QueryMonths(services, grid, QString::number(LogYear));
+    QueryMonths(desk.services, grid, QString::number(LogYear));
     Application::processEvents(); // the figures are painted
     outcome.cost = {static_cast<double>(Nanoseconds() - from), PeakMemory()};
     outcome.figures = FiguresOf(grid);

@@ -300,9 +300,11 @@ MakeSMSExcel::Counts MakeSMSExcel::JudgeRows(std::int32_t total)
 
 void MakeSMSExcel::TakeRow(int row, Counts& counts)
 {
-    switch (JudgeImportRow(SheetText(SheetName, row), SheetText(SheetPhone, row))) {
+    const QString name = SheetText(SheetName, row);
+    const QString phone = SheetText(SheetPhone, row);
+    switch (JudgeImportRow(name, phone)) {
     case ImportVerdict::Good:
-        WriteGoodRow(row, counts);
+        WriteGoodRow(row, name, phone, counts);
         break;
     case ImportVerdict::Lost:
         ++counts.lose;
@@ -312,13 +314,13 @@ void MakeSMSExcel::TakeRow(int row, Counts& counts)
     }
 }
 
-void MakeSMSExcel::WriteGoodRow(int row, Counts& counts)
+void MakeSMSExcel::WriteGoodRow(int row, const QString& name, const QString& phone, Counts& counts)
 {
     ++counts.good; // where it overflows, the row is not written
     const int to = counts.good.Value();
     target_.grid.SetText(NumberColumn, to, TwoDigits(to));
-    target_.grid.SetText(NameColumn, to, Trim(SheetText(SheetName, row)));
-    target_.grid.SetText(PhoneColumn, to, Trim(SheetText(SheetPhone, row)));
+    target_.grid.SetText(NameColumn, to, Trim(name));
+    target_.grid.SetText(PhoneColumn, to, Trim(phone));
     target_.grid.SetText(ThirdValueColumn, to, Trim(SheetText(SheetThird, row)));
 }
 

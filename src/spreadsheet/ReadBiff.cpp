@@ -13,19 +13,17 @@ namespace {
 
 enum TextFlag : quint8 { Wide = 0x01, HasExtension = 0x04, HasRuns = 0x08 };
 
-/// As many characters as the present record holds of `most`.
-void AppendCharacters(QString& text, BiffReader& reader, qsizetype most, bool wide)
+/// As many characters as the present record holds of `most`, in no more memory than they take.
+QString Characters(BiffReader& reader, qsizetype most, bool wide)
 {
     const qsizetype size = wide ? 2 : 1;
     const qsizetype count = std::min(most, reader.Left() / size);
     const QByteArrayView bytes = reader.Bytes(count * size);
-    if (!wide) {
-        text += QLatin1StringView(bytes);
-        return;
-    }
-    const qsizetype before = text.size();
-    text.resize(before + count);
-    qFromLittleEndian<char16_t>(bytes.data(), count, text.data() + before);
+    if (!wide)
+        return QString::fromLatin1(bytes);
+    QString text(count, Qt::Uninitialized);
+    qFromLittleEndian<char16_t>(bytes.data(), count, text.data());
+    return text;
 }
 
 /// Where the present record ends in the middle of something, on to the part in the next one.
@@ -38,15 +36,15 @@ void SkipOver(BiffReader& reader, qint64 size)
     reader.Skip(static_cast<qsizetype>(size));
 }
 
-void AppendText(QString& text, BiffReader& reader, int length, quint8 flags)
+QString TextOfParts(BiffReader& reader, int length, quint8 flags)
 {
-    text.reserve(length);
-    AppendCharacters(text, reader, length, flags & Wide);
+    QString text = Characters(reader, length, flags & Wide);
     while (text.size() < length) {
         Demand(reader.Left() == 0 && reader.NextPart()); // half a character never stands at an edge
         const bool wide = reader.U8() & Wide;            // each part has flags of its own
-        AppendCharacters(text, reader, length - text.size(), wide);
+        text += Characters(reader, length - text.size(), wide);
     }
+    return text;
 }
 
 } // namespace
@@ -115,9 +113,7 @@ QByteArrayView BiffReader::Bytes(qsizetype size)
 
 QString ReadUnicodeText(BiffReader& reader, int length)
 {
-    QString text;
-    AppendText(text, reader, length, reader.U8());
-    return text;
+    return TextOfParts(reader, length, reader.U8());
 }
 
 QString ReadRichText(BiffReader& reader)
@@ -126,9 +122,9 @@ QString ReadRichText(BiffReader& reader)
     const quint8 flags = reader.U8();
     const qint64 runs = flags & HasRuns ? reader.U16() : 0;
     const qint64 extension = flags & HasExtension ? reader.U32() : 0;
-    QString text;
-    AppendText(text, reader, length, flags);
-    SkipOver(reader, 4 * runs + extension);
+    QString text = TextOfParts(reader, length, flags);
+    if (runs > 0 || extension > 0)
+        SkipOver(reader, 4 * runs + extension);
     return text;
 }
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <bit>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace tsms {
@@ -31,7 +32,7 @@ public:
     }
 
     /// Both numbers from 0, as the file has them.
-    void SetText(int col, int row, const QString& text)
+    void SetText(int col, int row, QString text)
     {
         std::vector<QString>& column = columns_[static_cast<std::size_t>(col)];
         const auto place = static_cast<std::size_t>(row);
@@ -41,7 +42,7 @@ public:
             column.resize(place + 1);
             rows_ = std::max(rows_, row + 1);
         }
-        column[place] = text;
+        column[place] = std::move(text);
     }
 
 private:
@@ -162,11 +163,11 @@ private:
             SetText(text());
     }
 
-    void SetText(const QString& text)
+    void SetText(QString text)
     {
         characters_ += text.size();
         Demand(characters_ <= MostCharacters);
-        cells_->SetText(head_.col, head_.row, text);
+        cells_->SetText(head_.col, head_.row, std::move(text));
     }
 
     QString Shown(double number) const { return tables_.Shown(number, head_.format); }

@@ -40,9 +40,12 @@ template <class Value> void Shorten(std::vector<Value>& values, int rows)
 
 template <class Value> Value& Reach(std::vector<Value>& values, int row, const Value& empty)
 {
-    if (static_cast<int>(values.size()) <= row)
-        values.resize(static_cast<std::size_t>(row) + 1, empty);
-    return values[static_cast<std::size_t>(row)];
+    const auto place = static_cast<std::size_t>(row);
+    if (values.size() == place)
+        values.push_back(empty); // lists are mostly filled from the top
+    else if (values.size() < place)
+        values.resize(place + 1, empty);
+    return values[place];
 }
 
 int RowOf(int row)
@@ -178,6 +181,7 @@ void SpreadModel::Reset()
     formulas_.clear();
     source_.reset();
     boundRows_ = 0;
+    boundCols_ = 0;
     sourceRows_.clear();
     endResetModel();
 }
@@ -238,10 +242,10 @@ void SpreadModel::SetDataSource(std::shared_ptr<const CellSource> source)
     source_ = std::move(source);
     sourceRows_.clear();
     boundRows_ = source_ ? source_->Rows() : 0;
-    const int columns = source_ ? source_->Cols() : 0;
-    for (int col = 1; col <= columns && col < static_cast<int>(columns_.size()); ++col)
+    boundCols_ = source_ ? source_->Cols() : 0;
+    for (int col = 1; col <= boundCols_ && col < static_cast<int>(columns_.size()); ++col)
         Shorten(At(col).texts, 0);
-    std::erase_if(formulas_, [columns](const auto& entry) { return entry.first.second <= columns; });
+    std::erase_if(formulas_, [this](const auto& entry) { return entry.first.second <= boundCols_; });
     SetAnnouncing(announcing_);
 }
 
@@ -484,13 +488,13 @@ SpreadModel::Column& SpreadModel::At(int col)
 /// Null where the source has no such cell.
 QString SpreadModel::SourceText(int col, int row) const
 {
-    if (!source_ || col < 1 || col > source_->Cols())
+    const int from = col >= 1 && col <= boundCols_ ? SourceRow(row) : 0;
+    if (from < 1)
         return {};
-    const int from = SourceRow(row);
-    if (from < 1 || from > source_->Rows())
-        return {};
-    const QString text = source_->Text(col, from);
-    return text.isNull() ? QStringLiteral("") : text;
+    QString text = source_->Text(col, from);
+    if (text.isNull())
+        text = QStringLiteral("");
+    return text;
 }
 
 QString SpreadModel::Sum(const QString& formula) const

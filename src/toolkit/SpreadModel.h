@@ -106,6 +106,7 @@ private:
     QList<QIcon> pictures_;
     std::shared_ptr<const CellSource> source_;
     int boundRows_ = 0;           // rows beyond this one show nothing of the source
+    int boundCols_ = 0;           // nor do columns beyond this one
     std::vector<int> sourceRows_; // the source's row of each row, once rows were inserted or deleted; 0: none
 };
 
