@@ -19,7 +19,8 @@ TableDescription Setup()
              {QStringLiteral("SMSRemainCnt"), ColumnType::Integer},
              {QStringLiteral("SMSWeb1"), ColumnType::Text, 255},
              {QStringLiteral("SMSWeb2"), ColumnType::Text, 255}},
-            {}};
+            {},
+            QStringLiteral("SELECT, UPDATE")};
 }
 
 TableDescription Groups()
@@ -27,7 +28,8 @@ TableDescription Groups()
     return {QStringLiteral("SMSGroupMst"),
             {{QStringLiteral("GroupCd"), ColumnType::GeneratedKey},
              {QStringLiteral("GroupNm"), ColumnType::Text, 100}},
-            {QStringLiteral("GroupNm")}};
+            {QStringLiteral("GroupNm")},
+            QStringLiteral("SELECT, INSERT, UPDATE, DELETE")};
 }
 
 TableDescription Members()
@@ -37,7 +39,8 @@ TableDescription Members()
              {QStringLiteral("GroupCd"), ColumnType::Integer},
              {QStringLiteral("GSubNm"), ColumnType::Text, 100},
              {QStringLiteral("GSPhone"), ColumnType::Text, 20}},
-            {QStringLiteral("GroupCd"), QStringLiteral("GSubNm")}};
+            {QStringLiteral("GroupCd"), QStringLiteral("GSubNm")},
+            QStringLiteral("SELECT, INSERT, UPDATE, DELETE")};
 }
 
 TableDescription Categories()
@@ -45,7 +48,8 @@ TableDescription Categories()
     return {
         QStringLiteral("SMSTempLMst"),
         {{QStringLiteral("TempLCd"), ColumnType::Key}, {QStringLiteral("TempLNm"), ColumnType::Text, 100}},
-        {}};
+        {},
+        QStringLiteral("SELECT")};
 }
 
 TableDescription Templates()
@@ -55,7 +59,8 @@ TableDescription Templates()
              {QStringLiteral("TempLCd"), ColumnType::Integer},
              {QStringLiteral("TempLSubNm"), ColumnType::Text, 100},
              {QStringLiteral("TempLContent"), ColumnType::Text, 2000}},
-            {QStringLiteral("TempLCd, TempLSeq")}};
+            {QStringLiteral("TempLCd, TempLSeq")},
+            QStringLiteral("SELECT, INSERT, UPDATE, DELETE")};
 }
 
 TableDescription Charges()
@@ -68,7 +73,8 @@ TableDescription Charges()
              {QStringLiteral("ChargeUnit"), ColumnType::Number},
              {QStringLiteral("Remark"), ColumnType::Text, 500},
              {QStringLiteral("RegDt"), ColumnType::DateTime}},
-            {QStringLiteral("ChargeDt")}};
+            {QStringLiteral("ChargeDt")},
+            QStringLiteral("SELECT, INSERT, DELETE")};
 }
 
 QString ServerType(const ColumnDescription& column)
@@ -90,6 +96,11 @@ QString ServerType(const ColumnDescription& column)
     return QStringLiteral("varchar(%1) COLLATE Korean_Wansung_CI_AS %2")
         .arg(QString::number(column.width),
              column.required ? QStringLiteral("NOT NULL") : QStringLiteral("NULL"));
+}
+
+QString ScriptBeginning()
+{
+    return QStringLiteral("SET QUOTED_IDENTIFIER ON;\nGO\n");
 }
 
 QString ServerTable(const TableDescription& table)
@@ -141,7 +152,8 @@ TableDescription LogTable(int year)
              {QStringLiteral("ErrMsg"), ColumnType::Text, 4000},
              {QStringLiteral("RegDt"), ColumnType::DateTime}},
             // By time, and within one time as they were written. With the status the statistics need no row.
-            {QStringLiteral("SendTime, SMSKey, SMSStatus")}};
+            {QStringLiteral("SendTime, SMSKey, SMSStatus")},
+            QStringLiteral("SELECT, INSERT, DELETE")};
 }
 
 QList<TableDescription> AllTables(YearRange years)
@@ -172,10 +184,24 @@ QString AccountRow()
 
 QString ServerScript(YearRange years)
 {
-    QString text = QStringLiteral("SET QUOTED_IDENTIFIER ON;\nGO\n");
+    QString text = ScriptBeginning();
     for (const TableDescription& table : AllTables(years))
         text += ServerTable(table);
     return text + AccountRow() + QStringLiteral(";\nGO\n");
+}
+
+QString ServerLogScript(int year)
+{
+    return ScriptBeginning() + ServerTable(LogTable(year));
+}
+
+QString ServerGrants(const QString& user, YearRange years)
+{
+    const QString name = QString(user).replace(u']', QStringLiteral("]]"));
+    QString text;
+    for (const TableDescription& table : AllTables(years))
+        text += QStringLiteral("GRANT %1 ON dbo.%2 TO [%3];\n").arg(table.rights, table.name, name);
+    return text;
 }
 
 } // namespace tsms

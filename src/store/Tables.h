@@ -28,6 +28,7 @@ struct TableDescription
     QString name;
     QList<ColumnDescription> columns;
     QList<QString> indexes; ///< each the column list of one index
+    QString rights; ///< that the program's statements need of its log-in: "SELECT, UPDATE", as GRANT takes it
 };
 
 /// The first and the last year that have a send log.
@@ -48,5 +49,11 @@ QString AccountRow();
 
 /// What makes all tables and the one account row, in the dialect of the server.
 QString ServerScript(YearRange years);
+
+/// What makes the send log of one more year, in the dialect of the server.
+QString ServerLogScript(int year);
+
+/// What gives a user of the server's database the rights that the program needs, a statement for each table.
+QString ServerGrants(const QString& user, YearRange years);
 
 } // namespace tsms

@@ -14,7 +14,7 @@ const QString DeadlockWords =
     u"Transaction (Process ID 52) was deadlocked on lock resources with another process and "
     u"has been chosen as the deadlock victim. Rerun the transaction."_q;
 const QString NoticeWords = u"오늘은 점검일입니다."_q;
-const QString LogInWords = u"Login failed for user 'sms'."_q;
+const QString LogInWords = u"Login failed for user 'clerk'."_q;
 
 /// What goes wrong once while an operation works.
 struct Fault

@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace tsms::test {
 
 namespace {
@@ -593,6 +595,12 @@ const QList<Operation>& Operations()
         {"SaveSettings", 3, 3, Manner::Stops, SaveSettings, SettingsSaved, SettingsSavedBoxes},
     };
     return operations;
+}
+
+const Operation& Named(const std::string& name)
+{
+    return *std::find_if(Operations().begin(), Operations().end(),
+                         [&](const Operation& operation) { return operation.name == name; });
 }
 
 } // namespace tsms::test

@@ -42,4 +42,7 @@ void PrintTo(const Operation& operation, std::ostream* out);
 
 const QList<Operation>& Operations();
 
+/// The operation of that name, which there is.
+const Operation& Named(const std::string& name);
+
 } // namespace tsms::test

@@ -3,17 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 namespace tsms::test {
 
 namespace {
-
-const Operation& Named(const std::string& name)
-{
-    return *std::find_if(Operations().begin(), Operations().end(),
-                         [&](const Operation& operation) { return operation.name == name; });
-}
 
 /// The program on the forms, and others that send on the same server and gateway meanwhile.
 class TwoPrograms : public ::testing::Test

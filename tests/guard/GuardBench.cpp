@@ -17,6 +17,7 @@ void GuardBench::SetUp()
     program.database.Execute(u"INSERT INTO SMSTempLMst VALUES (1, '인사')"_q);
     program.database.Execute(u"INSERT INTO SMSTempLSub (TempLCd, TempLSubNm, TempLContent) VALUES "
                              "(1, '아침', '좋은 아침입니다.')"_q);
+    program.startsAsOwner = true; // a right that is missing would hide a hole
     AddressBookTest::SetUp();
 }
 

@@ -79,7 +79,9 @@ bool OdbcClient::Execute(const QString& sql, int timeoutSeconds)
     if (!Note(SQLAllocHandle(SQL_HANDLE_STMT, connection_, &statement_), SQL_HANDLE_DBC, connection_))
         return false;
     SQLSetStmtAttr(statement_, SQL_ATTR_QUERY_TIMEOUT, Number(static_cast<SQLULEN>(timeoutSeconds)), 0);
-    return Note(SQLExecDirectW(statement_, Wide(sql), SQL_NTS), SQL_HANDLE_STMT, statement_);
+    const SQLRETURN result = SQLExecDirectW(statement_, Wide(sql), SQL_NTS);
+    // The driver has no data for a statement that neither gives rows nor counts any: that is no failure.
+    return Note(result, SQL_HANDLE_STMT, statement_) || result == SQL_NO_DATA;
 }
 
 QList<OdbcClient::Column> OdbcClient::Columns() const

@@ -128,6 +128,26 @@ TEST_F(DatabaseTool, PrintsWhatMakesTheTablesOnAServer)
     EXPECT_EQ(out, ServerScript({2012, 2012}));
 }
 
+TEST_F(DatabaseTool, PrintsWhatMakesTheLogOfOneMoreYearOnAServer)
+{
+    EXPECT_EQ(Run({u"add-year"_q, u"2031"_q, u"--server"_q}), 0);
+    EXPECT_EQ(out, ServerLogScript(2031));
+    EXPECT_EQ(Files(), QStringList());
+}
+
+TEST_F(DatabaseTool, PrintsTheRightsOfAServersUser)
+{
+    EXPECT_EQ(Run({u"grants"_q, u"sms"_q, u"--years"_q, u"2012-2013"_q}), 0);
+    EXPECT_EQ(out, u"GRANT SELECT, UPDATE ON dbo.SMSSetup TO [sms];\n"
+                   "GRANT SELECT, INSERT, UPDATE, DELETE ON dbo.SMSGroupMst TO [sms];\n"
+                   "GRANT SELECT, INSERT, UPDATE, DELETE ON dbo.SMSGroupSub TO [sms];\n"
+                   "GRANT SELECT ON dbo.SMSTempLMst TO [sms];\n"
+                   "GRANT SELECT, INSERT, UPDATE, DELETE ON dbo.SMSTempLSub TO [sms];\n"
+                   "GRANT SELECT, INSERT, DELETE ON dbo.SMSCharge TO [sms];\n"
+                   "GRANT SELECT, INSERT, DELETE ON dbo.SMSLog_2012 TO [sms];\n"
+                   "GRANT SELECT, INSERT, DELETE ON dbo.SMSLog_2013 TO [sms];\n"_q);
+}
+
 TEST_F(DatabaseTool, PrintsNoReservationsOfAnEmptyLog)
 {
     Run({u"create"_q, In(u"a.db"_q)});
@@ -244,6 +264,13 @@ TEST_F(DatabaseTool, PrintsItsUsageWhenItIsNotUnderstood)
                                       {u"create"_q, In(u"a.db"_q), u"--what"_q},
                                       {u"add-year"_q, In(u"a.db"_q), u"12"_q},
                                       {u"create"_q, In(u"a.db"_q), u"b"_q},
+                                      {u"add-year"_q, u"12"_q, u"--server"_q},
+                                      {u"add-year"_q, In(u"a.db"_q), u"2012"_q, u"--server"_q},
+                                      {u"add-year"_q, u"2012"_q},
+                                      {u"grants"_q},
+                                      {u"grants"_q, QString()},
+                                      {u"grants"_q, u"sms"_q, u"--server"_q},
+                                      {u"grants"_q, u"sms"_q, u"2012"_q},
                                       {u"reservations"_q},
                                       {u"reservations"_q, In(u"a.db"_q), u"b"_q},
                                       {u"reservations"_q, In(u"a.db"_q), u"--years"_q, u"2012"_q}};
@@ -259,7 +286,7 @@ TEST_F(DatabaseTool, PrintsItsHelp)
 {
     EXPECT_EQ(Run({u"--help"_q}), 0);
     for (const QString& word :
-         {u"create"_q, u"add-year"_q, u"schema"_q, u"reservations"_q, u"--years"_q, u"--demo"_q})
+         {u"create"_q, u"add-year"_q, u"schema"_q, u"grants"_q, u"reservations"_q, u"--years"_q, u"--demo"_q})
         EXPECT_TRUE(out.contains(word)) << word.toStdString();
 }
 

@@ -17,22 +17,26 @@ namespace {
 
 enum ExitStatus : int { Done = 0, Failed = 1, NotUnderstood = 2 };
 
-const QString Usage =
-    QStringLiteral("사용법:\n"
-                   "  tsms-db create 파일 [--years 2010-2030] [--demo]\n"
-                   "      새 데이터베이스 파일을 만듭니다. 이미 있는 파일은 건드리지 않습니다.\n"
-                   "  tsms-db add-year 파일 연도\n"
-                   "      데이터베이스 파일에 그 해의 발송내역 테이블을 추가합니다.\n"
-                   "  tsms-db schema --server [--years 2010-2030]\n"
-                   "      SQL Server용 테이블 생성문을 화면에 출력합니다.\n"
-                   "  tsms-db reservations 파일\n"
-                   "      아직 시간이 되지 않은 예약 문자를 tsms-gateway --hold가 읽는 JSON으로 출력합니다.\n"
-                   "\n"
-                   "옵션:\n"
-                   "  --years 처음-끝   발송내역 테이블을 만들 연도 (기본값 2010-2030)\n"
-                   "  --demo            시연용 자료를 채웁니다.\n"
-                   "  --server          SQL Server용으로 출력합니다.\n"
-                   "  -h, --help        이 도움말을 봅니다.\n");
+const QString Usage = QStringLiteral(
+    "사용법:\n"
+    "  tsms-db create 파일 [--years 2010-2030] [--demo]\n"
+    "      새 데이터베이스 파일을 만듭니다. 이미 있는 파일은 건드리지 않습니다.\n"
+    "  tsms-db add-year 파일 연도\n"
+    "      데이터베이스 파일에 그 해의 발송내역 테이블을 추가합니다.\n"
+    "  tsms-db schema --server [--years 2010-2030]\n"
+    "      SQL Server용 테이블 생성문을 화면에 출력합니다.\n"
+    "  tsms-db add-year 연도 --server\n"
+    "      그 해의 발송내역 테이블을 SQL Server에 만드는 문장을 화면에 출력합니다.\n"
+    "  tsms-db grants 사용자 [--years 2010-2030]\n"
+    "      프로그램이 쓰는 SQL Server 사용자에게 꼭 필요한 권한을 주는 문장을 화면에 출력합니다.\n"
+    "  tsms-db reservations 파일\n"
+    "      아직 시간이 되지 않은 예약 문자를 tsms-gateway --hold가 읽는 JSON으로 출력합니다.\n"
+    "\n"
+    "옵션:\n"
+    "  --years 처음-끝   발송내역 테이블의 연도 (기본값 2010-2030)\n"
+    "  --demo            시연용 자료를 채웁니다.\n"
+    "  --server          SQL Server용으로 출력합니다.\n"
+    "  -h, --help        이 도움말을 봅니다.\n");
 
 /// What went wrong, for a person at a terminal.
 QString Reason(const RuntimeError& error)
@@ -81,6 +85,12 @@ public:
         if (command == u"add-year" && words.size() == 3 && !parser.isSet(years) && !parser.isSet(demo) &&
             !parser.isSet(server))
             return AddYear(words[1], words[2]);
+        if (command == u"add-year" && words.size() == 2 && !parser.isSet(years) && !parser.isSet(demo) &&
+            parser.isSet(server))
+            return PrintYear(words[1]);
+        if (command == u"grants" && words.size() == 2 && !words[1].isEmpty() && !parser.isSet(demo) &&
+            !parser.isSet(server))
+            return PrintGrants(words[1], range);
         if (command == u"reservations" && words.size() == 2 && !parser.isSet(years) && !parser.isSet(demo) &&
             !parser.isSet(server))
             return PrintReservations(words[1]);
@@ -116,11 +126,16 @@ private:
         return Done;
     }
 
+    int MisunderstandYear(const QString& year)
+    {
+        return Misunderstand(QStringLiteral("연도는 네 자리 숫자로 적어 주십시오: ") + year);
+    }
+
     int AddYear(const QString& path, const QString& year)
     {
         YearRange range;
         if (!ReadYearRange(year, range) || range.first != range.last)
-            return Misunderstand(QStringLiteral("연도는 네 자리 숫자로 적어 주십시오: ") + year);
+            return MisunderstandYear(year);
         if (!QFileInfo::exists(path))
             return Refuse(QStringLiteral("파일이 없습니다: ") + path);
         try {
@@ -135,6 +150,21 @@ private:
     int PrintSchema(YearRange years)
     {
         out_ << ServerScript(years);
+        return Done;
+    }
+
+    int PrintYear(const QString& year)
+    {
+        YearRange range;
+        if (!ReadYearRange(year, range) || range.first != range.last)
+            return MisunderstandYear(year);
+        out_ << ServerLogScript(range.first);
+        return Done;
+    }
+
+    int PrintGrants(const QString& user, YearRange years)
+    {
+        out_ << ServerGrants(user, years);
         return Done;
     }
 

@@ -46,7 +46,7 @@ public:
     void Describe(Session& session) const;
 
     /// The server before the file; null with any other engine.
-    TestServer* Server() { return server_.get(); }
+    TestServer* Server() const { return server_.get(); }
 
     /// The account row: id, password, domain, sender number, organisation and balance; the pages' addresses.
     void SetAccount(int balance = 100);

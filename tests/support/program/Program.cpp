@@ -1,6 +1,8 @@
 #include "support/program/Program.h"
 
 #include "shell/Main.h"
+#include "store/ConnectionText.h"
+#include "support/server/TestServer.h"
 #include "toolkit/Controls.h"
 
 #include <gtest/gtest.h>
@@ -12,6 +14,24 @@
 
 namespace tsms::test {
 
+namespace {
+
+const QString Password = u"duty"_q;
+
+/// Those of whose logs the database has the first and the last, and all between.
+YearRange YearsOf(TestDatabase& database)
+{
+    const QStringList years = database
+                                  .Rows(u"SELECT MIN(SUBSTR(name,8)), MAX(SUBSTR(name,8)) FROM sqlite_master "
+                                        "WHERE type='table' AND SUBSTR(name,1,7)='SMSLog_'"_q)
+                                  .first();
+    return {years[0].toInt(), years[1].toInt()};
+}
+
+} // namespace
+
+const QString Program::User = u"clerk"_q;
+
 Program::Program(TestEngine engine, const QString& original)
     : database(clock, {2010, 2030}, engine, original),
       connections(database.Connections()),
@@ -22,6 +42,10 @@ Program::Program(TestEngine engine, const QString& original)
 {
     EXPECT_TRUE(QDir().mkpath(services.applicationPath));
     database.SetAccount();
+    if (!database.Server())
+        return;
+    database.Server()->AddUser(User, Password);
+    RunAsOwner(ServerGrants(User, YearsOf(database)));
 }
 
 Program::~Program()
@@ -42,6 +66,10 @@ QString Program::LaunchLine() const
 {
     Session described;
     database.Describe(described);
+    if (database.Server() && !startsAsOwner) {
+        described.DBUser = User;
+        described.DBPassword = Password;
+    }
     return QStringList{described.DBCatalog,
                        described.DBServer,
                        described.DBPort,
@@ -50,6 +78,16 @@ QString Program::LaunchLine() const
                        u"7"_q,
                        u"본사"_q}
         .join(u'■');
+}
+
+void Program::RunAsOwner(const QString& batch)
+{
+    Session owner;
+    database.Describe(owner);
+    const std::unique_ptr<Connection> connection = database.Connections()();
+    connection->ConnectionString = AssembleConnectionText(owner);
+    connection->Open();
+    connection->Execute(batch);
 }
 
 bool Program::Start()

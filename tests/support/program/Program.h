@@ -27,6 +27,8 @@ namespace tsms::test {
 
 /// The whole program in the test's process: a test database with an open account, the simulated gateway, a
 /// desk that plays a script, a clock that stands at 14:07:09 on 30 May 2012, and an empty folder of its own.
+/// On the server of the tests it logs in as a user who has the rights that tsms-db tells the owner to grant,
+/// and no more.
 class Program
 {
 public:
@@ -37,6 +39,9 @@ public:
     ~Program();
 
     QString LaunchLine() const;
+
+    /// Runs a batch on the server of the tests as the owner of the database, past the program.
+    void RunAsOwner(const QString& batch);
 
     /// Starts by the launch line and shows the main window. False when there is none.
     bool Start();
@@ -82,6 +87,10 @@ public:
     ModSMS sms;
     Services services;
     std::unique_ptr<frmSMSMain> form;
+
+    // On the server of the tests.
+    static const QString User;  ///< who has but the rights that are needed
+    bool startsAsOwner = false; ///< instead, who may do everything
 };
 
 // The boxes that several tests expect.

@@ -24,7 +24,8 @@ struct Beginning
 constexpr Beginning Beginnings[] = {
     {"SELECT", Kind::Select}, {"SET", Kind::Set},        {"INSERT", Kind::Insert}, {"UPDATE", Kind::Update},
     {"DELETE", Kind::Delete}, {"USE", Kind::Use},        {"CREATE", Kind::Other},  {"DROP", Kind::Other},
-    {"ALTER", Kind::Other},   {"TRUNCATE", Kind::Other}, {"EXEC", Kind::Other},    {"DECLARE", Kind::Other}};
+    {"ALTER", Kind::Other},   {"TRUNCATE", Kind::Other}, {"EXEC", Kind::Other},    {"DECLARE", Kind::Other},
+    {"GRANT", Kind::Rights},  {"REVOKE", Kind::Rights}};
 
 const Beginning* FindBeginning(const StatementTokens& tokens, int at)
 {
@@ -36,6 +37,8 @@ const Beginning* FindBeginning(const StatementTokens& tokens, int at)
 
 bool Continues(const StatementTokens& tokens, int from, int at)
 {
+    if (tokens.Is(from, "GRANT") || tokens.Is(from, "REVOKE"))
+        return tokens.Find({from, at}, "ON") == at;
     if (tokens.Is(at, "SELECT"))
         return (tokens.Is(from, "INSERT") && tokens.Find({from, at}, "VALUES") == at &&
                 tokens.Find({from, at}, "SELECT") == at) ||
@@ -58,14 +61,6 @@ QString TextOf(const DialectToken& token)
     return QString::fromUtf8(token.text.data(), static_cast<qsizetype>(token.text.size()));
 }
 
-/// The name of a table at `at`, its owner before it or not; `at` then stands behind it.
-QString TakeTable(const StatementTokens& tokens, int& at)
-{
-    if (tokens[at + 1] == ".")
-        at += 2;
-    return tokens.Name(at++);
-}
-
 void RefuseLongText(const TableDescription& table, const QString& column, const StatementTokens& tokens,
                     Range value)
 {
@@ -83,7 +78,7 @@ void RefuseLongText(const TableDescription& table, const QString& column, const 
 void RefuseLongInsert(const StatementTokens& tokens)
 {
     int at = tokens.Is(1, "INTO") ? 2 : 1;
-    const TableDescription table = ServerTable(TakeTable(tokens, at));
+    const TableDescription table = ServerTable(tokens.TakeTable(at));
     const QList<Range> columns = tokens.Items({at + 1, tokens.GroupEnd(at) - 1});
     at = tokens.Find({at, tokens.Count()}, "VALUES") + 1;
     const QList<Range> values = tokens.Items({at + 1, tokens.GroupEnd(at) - 1});
@@ -94,7 +89,7 @@ void RefuseLongInsert(const StatementTokens& tokens)
 void RefuseLongUpdate(const StatementTokens& tokens)
 {
     int at = 1;
-    const TableDescription table = ServerTable(TakeTable(tokens, at));
+    const TableDescription table = ServerTable(tokens.TakeTable(at));
     for (const Range& item : tokens.Items({at + 1, tokens.Find({at, tokens.Count()}, "WHERE")}))
         if (tokens[item.from + 1] == "=")
             RefuseLongText(table, tokens.Name(item.from), tokens, {item.from + 2, item.to});

@@ -10,7 +10,7 @@ namespace tsms::test {
 /// One statement of a batch.
 struct ServerStatement
 {
-    enum class Kind { Set, Use, Select, Insert, Update, Delete, Other };
+    enum class Kind { Set, Use, Select, Insert, Update, Delete, Rights, Other }; ///< Rights: GRANT and REVOKE
 
     Kind kind = Kind::Other;
     QString Text;

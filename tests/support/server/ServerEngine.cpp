@@ -35,6 +35,14 @@ QByteArray Row(const Recordset& records, int row, const QList<ServerColumn>& col
     return token;
 }
 
+/// Of rights: also what somebody may not pass on is told to be missing.
+RuntimeError NoSuchObject(const QString& table)
+{
+    return RuntimeError(StatementFailure, QStringLiteral("Cannot find the object '%1', because it does not "
+                                                         "exist or you do not have permission.")
+                                              .arg(table));
+}
+
 StatementKind DoneKind(Kind kind)
 {
     switch (kind) {
@@ -51,8 +59,9 @@ StatementKind DoneKind(Kind kind)
 
 } // namespace
 
-ServerEngine::ServerEngine(ServerDatabases& databases, const QString& name, const Clock& clock)
-    : connection_(clock), databases_(databases), database_(name)
+ServerEngine::ServerEngine(ServerDatabases& databases, const QString& name, const Clock& clock,
+                           ServerUsers& users, const QString& user)
+    : connection_(clock), databases_(databases), database_(name), users_(users), user_(user)
 {
     connection_.ConnectionTimeout = 1;
     connection_.CommandTimeout = 0; // who waits for a lock has to hear an attention meanwhile
@@ -94,6 +103,7 @@ QByteArray ServerEngine::RunAll(const QList<ServerStatement>& statements)
 
 QByteArray ServerEngine::RunOne(const ServerStatement& statement, bool moreFollows)
 {
+    RefuseWithoutRight(statement);
     switch (statement.kind) {
     case Kind::Set:
         return DoneToken(StatementKind::Other, -1, moreFollows);
@@ -101,6 +111,8 @@ QByteArray ServerEngine::RunOne(const ServerStatement& statement, bool moreFollo
         return Use(statement, moreFollows);
     case Kind::Select:
         return Select(statement.Text, moreFollows);
+    case Kind::Rights:
+        return ChangeRights(statement.Text, moreFollows);
     default:
         return Change(statement, moreFollows);
     }
@@ -140,6 +152,41 @@ QByteArray ServerEngine::Change(const ServerStatement& statement, bool moreFollo
     connection_.Execute(EngineText(statement.Text));
     const qint64 count = connection_.Query(QStringLiteral("SELECT changes()"))->Field(0).toLongLong();
     return DoneToken(DoneKind(statement.kind), count, moreFollows);
+}
+
+QByteArray ServerEngine::ChangeRights(const QString& sql, bool moreFollows)
+{
+    const QString table = TableOfRights(sql);
+    if (!HasTable(table))
+        throw NoSuchObject(table);
+    users_.Change(sql);
+    return DoneToken(StatementKind::Other, -1, moreFollows);
+}
+
+/// A table that is not there is no matter of rights: the statement fails on it.
+void ServerEngine::RefuseWithoutRight(const ServerStatement& statement)
+{
+    if (user_.isEmpty() || statement.IsSetting())
+        return;
+    if (statement.kind == Kind::Rights)
+        throw NoSuchObject(TableOfRights(statement.Text));
+    if (statement.kind == Kind::Other)
+        throw RuntimeError(StatementFailure,
+                           QStringLiteral("%1 permission denied in database '%2'.")
+                               .arg(statement.Text.section(u' ', 0, 1).toUpper(), database_));
+    for (const TableRight& right : RightsFor(statement))
+        if (!users_.MayDo(user_, right) && HasTable(right.Table))
+            throw RuntimeError(StatementFailure,
+                               QStringLiteral("The %1 permission was denied on the object '%2', database "
+                                              "'%3', schema 'dbo'.")
+                                   .arg(right.Action, right.Table, database_));
+}
+
+bool ServerEngine::HasTable(const QString& name)
+{
+    const QString sql =
+        QStringLiteral("SELECT name FROM sqlite_master WHERE type='table' AND name='%1' COLLATE NOCASE");
+    return connection_.Query(sql.arg(name))->RecordCount() > 0;
 }
 
 /// Databases, and the program's tables in the form that the engine gives them, their indexes included.

@@ -3,6 +3,7 @@
 #include "store/EmbeddedConnection.h"
 #include "support/server/ServerBatch.h"
 #include "support/server/ServerDatabases.h"
+#include "support/server/ServerUsers.h"
 
 #include <QByteArray>
 #include <QString>
@@ -16,8 +17,10 @@ namespace tsms::test {
 class ServerEngine
 {
 public:
-    /// Opens one of the databases. Raises a RuntimeError when it is not there.
-    ServerEngine(ServerDatabases& databases, const QString& name, const Clock& clock);
+    /// Opens one of the databases for a user, or for its owner, who has no name here. Raises a RuntimeError
+    /// when it is not there.
+    ServerEngine(ServerDatabases& databases, const QString& name, const Clock& clock, ServerUsers& users,
+                 const QString& user);
 
     /// Runs a batch and gives the tokens of the answer. Nothing when the file is locked by somebody else:
     /// then nothing has happened, and the batch has to be run again. A syntax error keeps the whole batch
@@ -30,12 +33,17 @@ private:
     QByteArray Use(const ServerStatement& statement, bool moreFollows) const;
     QByteArray Select(const QString& sql, bool moreFollows);
     QByteArray Change(const ServerStatement& statement, bool moreFollows);
-
+    QByteArray ChangeRights(const QString& sql, bool moreFollows);
     void Define(const QString& sql);
+
+    void RefuseWithoutRight(const ServerStatement& statement);
+    bool HasTable(const QString& name);
 
     EmbeddedConnection connection_;
     ServerDatabases& databases_;
     QString database_;
+    ServerUsers& users_;
+    QString user_; ///< empty for the owner
 };
 
 } // namespace tsms::test

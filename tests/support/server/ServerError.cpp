@@ -46,6 +46,9 @@ constexpr Translation Translations[] = {
     {StatementFailure, u"^Invalid length parameter", 536, 16, 4},
     {StatementFailure, u"^There is already an object named", 2714, 16, 6},
     {StatementFailure, u"^Database '.*' does not exist", 911, 16, 1},
+    {StatementFailure, u"permission was denied on the object", 229, 14, 5},
+    {StatementFailure, u"permission denied in database", 262, 14, 1},
+    {StatementFailure, u"^Cannot find the (object|user)", 15151, 16, 1},
     {StatementFailure, u"is read-only", 3906, 16, 1},
     {StatementFailure, u"disk is full", 1101, 17, 10},
 };

@@ -64,6 +64,13 @@ QString StatementTokens::Name(int at) const
     return text.startsWith(u'[') || text.startsWith(u'"') ? text.sliced(1).chopped(1) : text;
 }
 
+QString StatementTokens::TakeTable(int& at) const
+{
+    if ((*this)[at + 1] == ".")
+        at += 2;
+    return Name(at++);
+}
+
 QString StatementTokens::Literal(int at) const
 {
     return Text(at).sliced(1).chopped(1).replace(QStringLiteral("''"), QStringLiteral("'"));

@@ -31,9 +31,10 @@ public:
     bool Is(int at, std::string_view upper) const { return IsDialectWord((*this)[at], upper); }
 
     QString Text(int at) const;
-    QString Name(int at) const;      ///< without the brackets or quotation marks around it
-    QString Literal(int at) const;   ///< what it stands for
-    QString Text(Range range) const; ///< with everything between its tokens
+    QString Name(int at) const;       ///< without the brackets or quotation marks around it
+    QString TakeTable(int& at) const; ///< a table's, its owner before it or not; `at` then stands behind it
+    QString Literal(int at) const;    ///< what it stands for
+    QString Text(Range range) const;  ///< with everything between its tokens
 
     /// Behind the parenthesis that closes the one at `at`, or behind the last token.
     int GroupEnd(int at) const;

@@ -146,13 +146,16 @@ private:
             const QList<ServerError> errors = server_.conduct_.Refusal();
             return errors.isEmpty() ? QList{failed} : errors;
         }
-        if (!isSame(logIn.User, account.User) || logIn.Password != account.Password)
+        const bool isOwner = isSame(logIn.User, account.User);
+        if (logIn.Password != (isOwner ? account.Password : server_.users_.PasswordOf(logIn.User)))
             return {failed};
         const QString& database = DatabaseOf(logIn);
-        if (!server_.databases_.PathOf(database))
+        const bool isLetIn = isOwner || isSame(database, account.Database);
+        if (!isLetIn || !server_.databases_.PathOf(database))
             return {UnknownDatabase(database), failed};
         try {
-            engine_ = std::make_unique<ServerEngine>(server_.databases_, database, server_.clock_);
+            engine_ = std::make_unique<ServerEngine>(server_.databases_, database, server_.clock_,
+                                                     server_.users_, isOwner ? QString() : logIn.User);
         } catch (const RuntimeError&) {
             return {UnknownDatabase(database), failed};
         }

@@ -2,6 +2,7 @@
 
 #include "support/server/ServerConduct.h"
 #include "support/server/ServerDatabases.h"
+#include "support/server/ServerUsers.h"
 
 #include <QString>
 #include <QThread>
@@ -15,7 +16,7 @@ struct Session;
 
 namespace tsms::test {
 
-/// Who may log in to a server, and the name of the database that it is given.
+/// Who owns the database of a server and may do everything there, and the name that it is given.
 struct ServerAccount
 {
     QString User = QStringLiteral("sms");
@@ -42,6 +43,10 @@ public:
 
     quint16 Port() const { return port_; }
     const ServerAccount& Account() const { return account_; }
+
+    /// Lets somebody else log in to the database, who may do nothing there until a GRANT of the owner says
+    /// so.
+    void AddUser(const QString& user, const QString& password) { users_.Add(user, password); }
 
     /// Sets the session's launch fields so that it reaches this server.
     void Describe(Session& session) const;
@@ -96,6 +101,7 @@ private:
     const Clock& clock_;
     ServerAccount account_;
     ServerDatabases databases_; // of the server's thread alone, once that runs
+    ServerUsers users_;
     ServerConduct conduct_;
     quint16 port_ = 0;
     QThread thread_;
