@@ -71,6 +71,7 @@ void AccountPage::BuildLedger(QVBoxLayout& page)
     for (int i = 0; i < captions.size(); ++i)
         head->addWidget(BuildButton(i, captions[i]));
     ledger_ = Named(new fpSpread(this), QStringLiteral("fpSpreadCharge"));
+    DescribeBy(*ledger_, QStringLiteral("요금충전현황"));
     ledger_->SetFillWidth(true);
     page.addLayout(head);
     page.addWidget(ledger_, 1);
@@ -82,10 +83,12 @@ void AccountPage::BuildMonths(QVBoxLayout& page)
     FillHead(*head, *this, QStringLiteral("LblMonth"), QStringLiteral("월별발송현황"),
              QStringLiteral("(검색하실 연도를 선택하여 주십시오.)"));
     year_ = new ComboBox(this, QStringLiteral("CbMonthYear"));
+    DescribeBy(*year_, QStringLiteral("검색 연도"));
     year_->OnClick = [this] { CbMonthYearClick(); };
     head->addWidget(year_);
     head->addWidget(BuildButton(ExportMonths, QStringLiteral("엑셀변환")));
     months_ = Named(new fpSpread(this), QStringLiteral("fpSpreadMonth"));
+    DescribeBy(*months_, QStringLiteral("월별발송현황"));
     months_->SetFillWidth(true);
     months_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     months_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);

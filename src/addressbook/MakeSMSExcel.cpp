@@ -18,9 +18,11 @@
 
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QScopeGuard>
 #include <QStyle>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 namespace tsms {
@@ -75,7 +77,8 @@ void FixSize(fpSpread& grid)
     grid.setFixedSize(width, rows + 2 * grid.frameWidth());
 }
 
-/// A path on a ground of its own; one that is too long shows its beginning and its end.
+/// A path on a ground of its own; one that is too long shows its beginning and its end, and all of it in the
+/// tool tip.
 class PathLabel final : public Label
 {
 public:
@@ -91,9 +94,22 @@ protected:
     {
         QPainter painter(this);
         painter.setPen(TextColor());
-        const QRect room = contentsRect();
-        painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                         fontMetrics().elidedText(text(), Qt::ElideMiddle, room.width()));
+        painter.drawText(contentsRect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, Shown());
+    }
+    bool event(QEvent* event) override
+    {
+        if (event->type() != QEvent::ToolTip)
+            return Label::event(event);
+        QToolTip::showText(
+            static_cast<QHelpEvent*>(event)->globalPos(),
+            Shown() == text() ? QString() : QStringLiteral("<qt>%1</qt>").arg(text().toHtmlEscaped()), this);
+        return true;
+    }
+
+private:
+    QString Shown() const
+    {
+        return fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
     }
 };
 
@@ -119,6 +135,7 @@ void MakeSMSExcel::BuildFile()
                                   PushButton::Look::Primary);
     search->OnClick = [this] { cmdSearchClick(); };
     sheets_ = new ComboBox(&Body(), QStringLiteral("CbExcelSheet"));
+    DescribeBy(*sheets_, QStringLiteral("시트"));
     sheets_->setMinimumContentsLength(14);
     sheets_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     auto* row = new QHBoxLayout;
@@ -157,6 +174,7 @@ void MakeSMSExcel::BuildResult()
     auto* heading = new Label(&Body(), IndexedName(u"Label1", 2), QStringLiteral("처리결과"));
     heading->SetBold(true);
     sheet_ = Named(new fpSpread(&Body()), QStringLiteral("TEMPfpSpread"));
+    DescribeBy(*sheet_, heading->Caption());
     const auto makeCount = [this](const QString& name, const QColor& color) {
         auto* count = new Label(&Body(), name, ImportCount(0));
         count->SetTextColor(color);
@@ -175,6 +193,7 @@ void MakeSMSExcel::BuildResult()
     counts->addWidget(loseCount_, 1);
     progress_ = new Label(&Body(), QStringLiteral("lblCountNm"), QStringLiteral("진행상태"));
     bar_ = new ProgressBar(&Body(), QStringLiteral("PB"));
+    DescribeBy(*bar_, QStringLiteral("진행상태"));
     BodyLayout().addWidget(heading);
     BodyLayout().addWidget(sheet_);
     BodyLayout().addLayout(counts);

@@ -55,7 +55,9 @@ void dlgSMSGroupMst::BuildName()
     backing->setMinimumWidth(GroupBoxWidth);
     auto* row = new QHBoxLayout;
     row->setSpacing(10);
-    row->addWidget(new Label(&Body(), QStringLiteral("Label2"), QStringLiteral("그룹 명칭 :")));
+    auto* caption = new Label(&Body(), QStringLiteral("Label2"), QStringLiteral("그룹 명칭 :"));
+    caption->Describes(*name_);
+    row->addWidget(caption);
     row->addWidget(backing, 1);
     BodyLayout().addLayout(row);
 }

@@ -79,6 +79,7 @@ void dlgSMSGroupSelect::BuildBrowse(QHBoxLayout& body)
     layout->setSpacing(6);
     layout->addLayout(BuildView());
     browse_ = Named(new fpSpread(&Body()), QStringLiteral("fpSpreadMst"));
+    DescribeBy(*browse_, QStringLiteral("주소록"));
     browse_->SetFillWidth(true);
     browse_->setFixedWidth(BrowseWidth);
     book_ = std::make_unique<BrowseList>(*browse_);
@@ -110,6 +111,7 @@ QHBoxLayout* dlgSMSGroupSelect::BuildView()
 void dlgSMSGroupSelect::BuildFilter()
 {
     filter_ = new ComboBox(&Body(), QStringLiteral("CbGroup"));
+    DescribeBy(*filter_, QStringLiteral("그룹"));
     filter_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon); // whatever the names
     filter_->view()->setMinimumWidth(NamesWidth);
     filter_->OnClick = [this] { CbGroupClick(); };
@@ -152,6 +154,7 @@ void dlgSMSGroupSelect::BuildChosen(QHBoxLayout& body)
     auto* heading = new Label(&Body(), QStringLiteral("lblChosen"), QStringLiteral("문자메시지 발송대상"));
     heading->SetBold(true);
     chosen_ = Named(new fpSpread(&Body()), QStringLiteral("fpSpread"));
+    DescribeBy(*chosen_, heading->Caption());
     chosen_->SetFillWidth(true);
     chosen_->setFixedWidth(ChosenWidth);
     connect(chosen_, &fpSpread::Click, this,

@@ -62,7 +62,9 @@ void dlgSMSGroupSub::BuildFields()
     group_ = new ComboBox(&Body(), QStringLiteral("CbGroup"));
     group_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon); // whatever the names
     group_->OnKeyPress = [this](char16_t& key) { textHelper_.NextFieldOnEnter(key, *boxes_[NameBox]); };
-    rows->addWidget(new Label(&Body(), QStringLiteral("Label2"), QStringLiteral("그룹명칭 :")), 0, 0);
+    auto* caption = new Label(&Body(), QStringLiteral("Label2"), QStringLiteral("그룹명칭 :"));
+    caption->Describes(*group_);
+    rows->addWidget(caption, 0, 0);
     rows->addWidget(group_, 0, 1);
     BuildBox(NameBox, QStringLiteral("성    명 :"), *rows);
     BuildBox(PhoneBox, QStringLiteral("휴대번호 :"), *rows);
@@ -77,6 +79,7 @@ void dlgSMSGroupSub::BuildBox(int index, const QString& caption, QGridLayout& ro
     captions_[slot] = new Label(&Body(), IndexedName(u"lblTitle", index), caption);
     auto* backing = new FieldPanel(&Body(), IndexedName(u"PLtxtBack", index));
     boxes_[slot] = new TextBox(backing, IndexedName(u"txtGroupSub", index));
+    captions_[slot]->Describes(*boxes_[slot]);
     boxes_[slot]->SetBackColor(theme::White);
     boxes_[slot]->OnChange = [this, index] { BoxChange(index); };
     boxes_[slot]->OnKeyPress = [this, index](char16_t& key) { BoxKeyPress(index, key); };

@@ -67,6 +67,7 @@ void ComposePage::BuildMessage(QVBoxLayout& phone, QWidget& parent)
     heading->SetBold(true);
     heading->setMinimumHeight(HeadingHeight);
     message_ = new MemoBox(&parent, QStringLiteral("TxtPerSendMsg"));
+    DescribeBy(*message_, QStringLiteral("문자메시지 내용"));
     message_->SetBorder(false);
     message_->SetBackColor(theme::Phone);
     message_->SetImeMode(ImeMode::Hangul);
@@ -90,6 +91,7 @@ void ComposePage::BuildRecipients(QVBoxLayout& phone, QWidget& parent)
         buttons->addWidget(button, 1);
     }
     recipients_ = Named(new fpSpread(&parent), QStringLiteral("fpSpread"));
+    DescribeBy(*recipients_, QStringLiteral("받는사람 목록"));
     recipients_->SetFillWidth(true);
     recipients_->OnKeyPress = [this](int& key) {
         if (key != '\r')
@@ -112,7 +114,9 @@ void ComposePage::BuildSender(QVBoxLayout& phone, QWidget& parent)
     senderNumber_->OnKeyPress = [this](char16_t& key) { SendNoKeyPress(key); };
     auto* number = new QHBoxLayout;
     number->setSpacing(8);
-    number->addWidget(new Label(&parent, QStringLiteral("Label1"), QStringLiteral("보내는사람")));
+    auto* caption = new Label(&parent, QStringLiteral("Label1"), QStringLiteral("보내는사람"));
+    caption->Describes(*senderNumber_);
+    number->addWidget(caption);
     number->addWidget(senderNumber_, 1);
 
     auto* send = new PushButton(&parent, IndexedName(u"BtnSend", 0), QStringLiteral("발송"),

@@ -106,6 +106,7 @@ void MakeSMSTransport::BuildCounts(QVBoxLayout& body)
     status_ = new Label(&Body(), QStringLiteral("lblStatus"),
                         QStringLiteral("총 발송건수 : 0건 / 현 발송 건수 0건"));
     bar_ = new ProgressBar(&Body(), QStringLiteral("PB"));
+    DescribeBy(*bar_, QStringLiteral("진행상태"));
     body.addWidget(status_);
     body.addWidget(bar_);
 }
@@ -116,6 +117,9 @@ void MakeSMSTransport::BuildReservation(QVBoxLayout& body)
     date_ = new DatePicker(&Body(), QStringLiteral("DTPicker1"));
     hour_ = new ComboBox(&Body(), QStringLiteral("CbTime"));
     minute_ = new ComboBox(&Body(), QStringLiteral("CbMintue"));
+    DescribeBy(*date_, QStringLiteral("예약 날짜"));
+    DescribeBy(*hour_, QStringLiteral("예약 시각의 시"));
+    DescribeBy(*minute_, QStringLiteral("예약 시각의 분"));
     auto* row = new QHBoxLayout;
     row->setSpacing(8);
     row->addWidget(reserve_);

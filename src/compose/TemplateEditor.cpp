@@ -74,6 +74,7 @@ void TemplateEditor::BuildFields()
     };
 
     body_ = new MemoBox(this, QStringLiteral("txtEditBox"));
+    DescribeBy(*body_, QStringLiteral("문자메시지 내용"));
     body_->SetBorder(false);
     body_->SetBackColor(theme::Phone);
     body_->SetMaxLength(BodyCharacters);
@@ -98,7 +99,9 @@ void TemplateEditor::BuildFields()
 
     auto* title = new QHBoxLayout;
     title->setSpacing(8);
-    title->addWidget(new Label(this, QStringLiteral("Label11"), QStringLiteral("제목")));
+    auto* caption = new Label(this, QStringLiteral("Label11"), QStringLiteral("제목"));
+    caption->Describes(*subject_);
+    title->addWidget(caption);
     title->addWidget(back, 1);
 
     auto* column = new QVBoxLayout(this);
@@ -125,6 +128,7 @@ void TemplateEditor::BuildSymbolPopup(QWidget& parent)
     auto* popup = new PopupPanel(&parent, IndexedName(u"PlDocEdit", Symbols));
     popups_[Symbols] = popup;
     symbols_ = Named(new fpSpread(popup), QStringLiteral("fpSpreadScDoc"));
+    DescribeBy(*symbols_, QStringLiteral("특수문자"));
     symbols_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     symbols_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     symbols_->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);

@@ -50,6 +50,7 @@ HistoryPage::HistoryPage(Services& services, Window window, QWidget* parent)
     page->addWidget(BuildSearch());
     BuildListHead(*page);
     list_ = Named(new fpSpread(this), QStringLiteral("fpSpreadSendList"));
+    DescribeBy(*list_, QStringLiteral("문자메시지 발송내역"));
     list_->SetPictures(CheckPictures());
     InitSendListGrid(*list_);
     connect(list_, &fpSpread::Click, this,
@@ -72,6 +73,7 @@ QWidget* HistoryPage::BuildSearch()
     BuildPeriod(*row, *panel);
     row->addSpacing(10);
     field_ = new ComboBox(panel, QStringLiteral("CbSerch"));
+    DescribeBy(*field_, QStringLiteral("검색 항목"));
     field_->AddItem(QStringLiteral("받는사람"));
     field_->AddItem(QStringLiteral("수신번호"));
     field_->AddItem(QStringLiteral("보낸메시지"));
@@ -80,6 +82,7 @@ QWidget* HistoryPage::BuildSearch()
             search_->SetFocus();
     };
     search_ = new TextBox(panel, QStringLiteral("txtSerch"));
+    DescribeBy(*search_, QStringLiteral("검색어"));
     search_->OnChange = [this] { textHelper_.LimitBytes(*search_, SearchLimit); };
     search_->OnKeyPress = [this](char16_t& key) {
         if (key != u'\r')
@@ -108,6 +111,7 @@ void HistoryPage::BuildPeriod(QHBoxLayout& row, QWidget& parent)
 {
     for (int i = 0; i < 2; ++i) {
         auto* date = new DatePicker(&parent, IndexedName(u"DTPSendDt", i));
+        DescribeBy(*date, i == 0 ? QStringLiteral("검색 시작일") : QStringLiteral("검색 종료일"));
         dates_[static_cast<std::size_t>(i)] = date;
         if (i == 1)
             row.addWidget(new Label(&parent, QStringLiteral("LblPeriod"), QStringLiteral("~")));

@@ -94,10 +94,13 @@ void frmSMSMain::BuildHead()
 
     const std::array<QString, 3> pictures{QStringLiteral("window-minimise"),
                                           QStringLiteral("window-maximise"), QStringLiteral("window-close")};
+    const std::array<QString, 3> words{QStringLiteral("최소화"), QStringLiteral("최대화"),
+                                       QStringLiteral("닫기")};
     for (int i = 0; i < 3; ++i) {
         auto* button =
             new PictureButton(ground_, IndexedName(u"BtnWindows", i), pictures[static_cast<std::size_t>(i)],
-                              QString(), i == 2 ? PictureButton::Look::Closing : PictureButton::Look::Window);
+                              words[static_cast<std::size_t>(i)],
+                              i == 2 ? PictureButton::Look::Closing : PictureButton::Look::Window);
         button->setGeometry(WindowSize.width() - 3 * 36 - 8 + i * 36, 6, 34, 26);
         button->OnClick = [this, i] { BtnWindowsClick(i); };
     }

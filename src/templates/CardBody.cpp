@@ -1,5 +1,6 @@
 #include "templates/CardBody.h"
 
+#include "toolkit/AccessibleButton.h"
 #include "toolkit/Guarded.h"
 #include "toolkit/PhonePanel.h"
 
@@ -21,11 +22,25 @@ bool IsArrow(int key)
     return key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down;
 }
 
+/// To the platform a card is a text, and not something to choose.
+QAccessibleInterface* MakeAccessible(const QString&, QObject* object)
+{
+    auto* body = qobject_cast<CardBody*>(object);
+    return body ? new AccessibleButton(*body, [body] { RaiseEvent(*body, body->OnClick); }) : nullptr;
+}
+
+void TellOfCards()
+{
+    static const bool told = (QAccessible::installFactory(MakeAccessible), true);
+    Q_UNUSED(told)
+}
+
 } // namespace
 
 CardBody::CardBody(PhonePanel& phone, const QString& name) : CardLabel(&phone, name), phone_(phone)
 {
     setAttribute(Qt::WA_Hover);
+    TellOfCards();
 }
 
 void CardBody::SetUsable(bool usable)

@@ -65,11 +65,13 @@ QWidget* TemplatePage::BuildPhone(QWidget* editor)
 
     auto* row = new QHBoxLayout;
     row->setSpacing(8);
-    row->addWidget(new Label(phone, QStringLiteral("Label10"), QStringLiteral("분류")));
     category_ = new ComboBox(phone, IndexedName(u"CbSMSGroup", 1));
     category_->setPlaceholderText(QStringLiteral("전체")); // until the categories are read
     category_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon); // names of any length
     category_->setIconSize(QSize(0, 0));
+    auto* caption = new Label(phone, QStringLiteral("Label10"), QStringLiteral("분류"));
+    caption->Describes(*category_);
+    row->addWidget(caption);
     row->addWidget(category_, 1);
 
     editor->setParent(phone);

@@ -6,9 +6,11 @@
 #include "toolkit/Naming.h"
 #include "toolkit/Theme.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -96,6 +98,18 @@ void ComboBox::initStyleOption(QStyleOptionComboBox* option) const
         style()->subControlRect(QStyle::CC_ComboBox, option, QStyle::SC_ComboBoxEditField, this);
     const int room = field.width() - 2; // the style keeps a pixel free on each side
     option->currentText = fontMetrics().elidedText(option->currentText, Qt::ElideRight, room);
+}
+
+bool ComboBox::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QComboBox::event(event);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const bool cut = option.currentText != Text();
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                       cut ? QStringLiteral("<qt>%1</qt>").arg(Text().toHtmlEscaped()) : QString(), this);
+    return true;
 }
 
 void ComboBox::keyPressEvent(QKeyEvent* event)

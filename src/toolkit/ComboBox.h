@@ -6,7 +6,8 @@
 
 namespace tsms {
 
-/// A list to choose from. Entries count from 0; each carries a text and a number.
+/// A list to choose from. Entries count from 0; each carries a text and a number. An entry that does not fit
+/// ends with a sign of it, and the tool tip tells it whole.
 class ComboBox : public QComboBox
 {
     Q_OBJECT
@@ -50,7 +51,8 @@ public:
     QString Tag;
 
 protected:
-    /// What is drawn: a text that does not fit ends with a sign of it.
+    bool event(QEvent* event) override;
+    /// What is drawn.
     void initStyleOption(QStyleOptionComboBox* option) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;

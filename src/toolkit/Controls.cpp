@@ -1,6 +1,7 @@
 #include "toolkit/Controls.h"
 
 #include "runtime/Text.h"
+#include "toolkit/AccessibleButton.h"
 #include "toolkit/Guarded.h"
 #include "toolkit/Naming.h"
 #include "toolkit/Pictures.h"
@@ -53,6 +54,50 @@ template <class Mark> void PaintMark(Mark& mark, QStyle::ControlElement element,
 QRectF HalfPixelInside(const QRect& rect)
 {
     return QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5);
+}
+
+class AccessiblePictureButton final : public AccessibleButton
+{
+public:
+    explicit AccessiblePictureButton(PictureButton& button)
+        : AccessibleButton(button, [&button] { button.click(); }), button_(button)
+    {
+    }
+
+    QAccessible::Role role() const override
+    {
+        return IsSign() ? QAccessible::Graphic : AccessibleButton::role();
+    }
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = AccessibleButton::state();
+        state.pressed = button_.isDown();
+        state.selectable = button_.LookOf() == PictureButton::Look::Selected;
+        state.selected = state.selectable;
+        return state;
+    }
+    QStringList actionNames() const override
+    {
+        return IsSign() ? QStringList() : AccessibleButton::actionNames();
+    }
+
+private:
+    bool IsSign() const { return button_.LookOf() == PictureButton::Look::Sign; }
+
+    PictureButton& button_;
+};
+
+/// The platform knows buttons with a text only.
+QAccessibleInterface* MakeAccessible(const QString&, QObject* object)
+{
+    auto* button = qobject_cast<PictureButton*>(object);
+    return button ? new AccessiblePictureButton(*button) : nullptr;
+}
+
+void TellOfPictureButtons()
+{
+    static const bool told = (QAccessible::installFactory(MakeAccessible), true);
+    Q_UNUSED(told)
 }
 
 } // namespace
@@ -130,6 +175,9 @@ PictureButton::PictureButton(QWidget* parent, const QString& name, const QString
     setAttribute(Qt::WA_Hover);
     SetName(*this, name);
     setAccessibleDescription(words);
+    if (!HasRoomForWords())
+        setToolTip(words);
+    TellOfPictureButtons();
     connect(this, &QAbstractButton::clicked, this, [this] { RaiseEvent(*this, OnClick); });
 }
 
@@ -139,6 +187,12 @@ bool PictureButton::HasRoomForWords() const
     return look_ == Look::Idle || look_ == Look::Selected || look_ == Look::Framed;
 }
 
+int PictureButton::WordsWidth(const QFontMetrics& metrics) const
+{
+    const bool shown = HasRoomForWords() && !words_.isEmpty();
+    return shown ? PictureGap + metrics.horizontalAdvance(words_) : 0;
+}
+
 QSize PictureButton::sizeHint() const
 {
     if (look_ == Look::Window || look_ == Look::Closing)
@@ -146,7 +200,7 @@ QSize PictureButton::sizeHint() const
     if (look_ == Look::Sign)
         return {26, 28};
     const QFontMetrics metrics = fontMetrics();
-    const int words = words_.isEmpty() ? 0 : PictureGap + metrics.horizontalAdvance(words_);
+    const int words = WordsWidth(metrics);
     const int air = look_ == Look::Framed ? 10 : 14; // no higher than the push buttons beside it
     return {PictureSize + words + 24, std::max(PictureSize, metrics.height()) + air};
 }
@@ -196,7 +250,7 @@ void PictureButton::paintEvent(QPaintEvent*)
     font.setBold(look_ == Look::Selected);
     const QFontMetrics metrics(font);
     const int size = HasRoomForWords() || look_ == Look::Sign ? PictureSize : SmallPictureSize;
-    const int words = words_.isEmpty() ? 0 : PictureGap + metrics.horizontalAdvance(words_);
+    const int words = WordsWidth(metrics);
     const int left = (width() - size - words) / 2;
     DrawPicture(painter, QRectF(left, (height() - size) / 2.0, size, size), picture_, ink);
     painter.setFont(font);
@@ -269,6 +323,12 @@ void Label::SetBold(bool bold)
     QFont changed = font();
     changed.setBold(bold);
     setFont(changed);
+}
+
+void Label::Describes(QWidget& field)
+{
+    setBuddy(&field);
+    DescribeBy(field, caption_);
 }
 
 void Label::mousePressEvent(QMouseEvent* event)

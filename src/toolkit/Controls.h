@@ -65,9 +65,13 @@ public:
         Sign,     ///< a picture at the head of a strip, which shows no sign of the mouse
     };
 
-    /// `picture` is the name of a resource below ":/toolkit/", without ".svg".
+    /// `picture` is the name of a resource below ":/toolkit/", without ".svg". On a title strip the words
+    /// have no room: they stand in the tool tip.
     PictureButton(QWidget* parent, const QString& name, const QString& picture, const QString& words,
                   Look look);
+
+    Look LookOf() const { return look_; }
+    QString Words() const { return words_; }
 
     QSize sizeHint() const override;
 
@@ -81,6 +85,7 @@ protected:
 
 private:
     bool HasRoomForWords() const;
+    int WordsWidth(const QFontMetrics& metrics) const;
     QColor Touched(const QColor& rest, const QColor& touched) const;
     QColor Face() const;
 
@@ -103,6 +108,8 @@ public:
     QColor TextColor() const { return palette().color(QPalette::WindowText); }
     void SetBackColor(const QColor& color);
     void SetBold(bool bold);
+    /// Says what a field is that shows no words of its own.
+    void Describes(QWidget& field);
     /// Shows the present caption at once, also while an operation holds the event loop; where the screen has
     /// just been drawn, with its next picture.
     void Refresh();

@@ -76,7 +76,7 @@ void DialogForm::MakeTitleStrip(const DialogFrame& frame)
     topFunc_[0] = new PictureButton(strip_, IndexedName(u"BtnTopFunc", 0), QStringLiteral("program"),
                                     QString(), PictureButton::Look::Sign);
     topFunc_[1] = new PictureButton(strip_, IndexedName(u"BtnTopFunc", 1), QStringLiteral("window-close"),
-                                    QString(), PictureButton::Look::Closing);
+                                    QStringLiteral("닫기"), PictureButton::Look::Closing);
     topFunc_[1]->OnClick = [this] {
         if (!IsBusy())
             Unload();

@@ -34,16 +34,16 @@ FieldRows::FieldRows(QWidget& parent, QVBoxLayout& place, TextHelper& textHelper
 
 TextBox& FieldRows::AddBox(int index, const QString& caption, int maxLength)
 {
-    AddCaption(index, caption);
     auto* box = new TextBox(&parent_, IndexedName(u"txtUpdate", index));
+    AddCaption(index, caption, *box);
     Hold(index, *box, maxLength);
     return *box;
 }
 
 MemoBox& FieldRows::AddMemo(int index, const QString& caption, int maxLength)
 {
-    AddCaption(index, caption);
     auto* box = new MemoBox(&parent_, IndexedName(u"txtUpdate", index));
+    AddCaption(index, caption, *box);
     box->setFixedHeight(MemoHeight);
     Hold(index, *box, maxLength);
     return *box;
@@ -51,7 +51,7 @@ MemoBox& FieldRows::AddMemo(int index, const QString& caption, int maxLength)
 
 void FieldRows::AddControl(int index, const QString& caption, QWidget& control)
 {
-    AddCaption(index, caption);
+    AddCaption(index, caption, control);
     control.setMinimumHeight(LeastBoxHeight);
     grid_->addWidget(&control, row_, 1);
 }
@@ -69,9 +69,10 @@ void FieldRows::AddNote(const QString& name, const QString& words)
     AddBelow(*note);
 }
 
-void FieldRows::AddCaption(int index, const QString& caption)
+void FieldRows::AddCaption(int index, const QString& caption, QWidget& field)
 {
     auto* label = new Label(&parent_, IndexedName(u"lblTitle", index), caption);
+    label->Describes(field);
     label->setMinimumHeight(LeastBoxHeight); // in line with the first line of a box
     grid_->addWidget(label, ++row_, 0, Qt::AlignTop);
     names_[index] = Trim(WithoutBlanks(caption));

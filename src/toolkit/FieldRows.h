@@ -45,7 +45,7 @@ public:
     void NextOnEnter(int index, char16_t& key) const;
 
 private:
-    void AddCaption(int index, const QString& caption);
+    void AddCaption(int index, const QString& caption, QWidget& field);
     void Hold(int index, TextField& box, int maxLength);
 
     QWidget& parent_;

@@ -38,7 +38,11 @@ public:
 
     QString Name() const { return objectName(); }
     QString Caption() const { return windowTitle(); }
-    void SetCaption(const QString& caption) { setWindowTitle(caption); }
+    void SetCaption(const QString& caption)
+    {
+        setWindowTitle(caption);
+        setAccessibleDescription(caption);
+    }
 
     /// Shows the form and returns when it has been unloaded. The window below it has the keyboard again then.
     void ShowModal();

@@ -1,5 +1,7 @@
 #include "toolkit/Naming.h"
 
+#include "runtime/Text.h"
+
 #include <QAbstractButton>
 #include <QLabel>
 
@@ -27,6 +29,12 @@ void SetName(QWidget& widget, const QString& name)
 {
     widget.setObjectName(name);
     widget.setAccessibleName(HasWords(widget) ? QString() : name);
+}
+
+void DescribeBy(QWidget& control, const QString& caption)
+{
+    const qsizetype colon = caption.indexOf(u':');
+    control.setAccessibleDescription(colon < 0 ? Trim(caption) : WithoutBlanks(caption.first(colon)));
 }
 
 } // namespace tsms

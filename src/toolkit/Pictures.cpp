@@ -99,6 +99,20 @@ QList<QIcon> PlainCheckPictures()
     return CheckPictures().first(2);
 }
 
+QString CheckWords(int picture)
+{
+    switch (picture) {
+    case CheckEmpty:
+        return QStringLiteral("선택 안 됨");
+    case CheckTicked:
+        return QStringLiteral("선택됨");
+    case CheckLocked:
+        return QStringLiteral("선택할 수 없음");
+    default:
+        return {};
+    }
+}
+
 QIcon PictureIcon(const QString& name)
 {
     return QIcon(new PictureEngine(name));

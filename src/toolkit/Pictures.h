@@ -18,6 +18,9 @@ QList<QIcon> CheckPictures();
 /// The element pictures of ImgCheck: empty, ticked.
 QList<QIcon> PlainCheckPictures();
 
+/// What a screen reader says of the picture of a mark cell; nothing for none.
+QString CheckWords(int picture);
+
 /// A picture of the program (":/toolkit/<name>.svg") as an icon that is crisp at every scaling.
 QIcon PictureIcon(const QString& name);
 

@@ -107,12 +107,12 @@ QString ShownText(const QString& text)
     return shown == whole.size() ? whole : beginning.first(shown) + u'…';
 }
 
-/// Draws the text of a label that has a word wider than a box should be. By itself a label breaks lines
-/// between words only.
-class WordBreaker final : public QObject
+/// Draws the text of a label that is too long for one line of a box. By itself a label breaks lines between
+/// words only, and a box lets it break none as soon as the box finds itself narrow enough.
+class LineBreaker final : public QObject
 {
 public:
-    WordBreaker(QLabel& label, int width) : QObject(&label)
+    LineBreaker(QLabel& label, int most) : QObject(&label)
     {
         QTextOption anywhere;
         anywhere.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -120,8 +120,9 @@ public:
         text_.setDefaultFont(label.font());
         text_.setDefaultTextOption(anywhere);
         text_.setPlainText(label.text());
-        text_.setTextWidth(width);
-        label.setFixedSize(width, static_cast<int>(std::ceil(text_.size().height())));
+        SetWidth(most);
+        const int width = static_cast<int>(std::ceil(text_.idealWidth())) + 1;
+        label.setFixedSize(width, Height());
         label.installEventFilter(this);
     }
 
@@ -135,6 +136,23 @@ public:
     }
 
 private:
+    int Height() const { return static_cast<int>(std::ceil(text_.size().height())); }
+
+    /// The least that needs no more lines than the most does, so that no word stands alone on the last one.
+    void SetWidth(int most)
+    {
+        constexpr int Step = 10;
+        text_.setTextWidth(most);
+        const int height = Height();
+        int width = most;
+        do {
+            width -= Step;
+            text_.setTextWidth(width);
+        } while (width > most * 2 / 3 && Height() == height);
+        if (Height() != height)
+            text_.setTextWidth(width + Step);
+    }
+
     QTextDocument text_;
 };
 
@@ -148,34 +166,18 @@ int MostTextWidth(const QMessageBox& box)
     return std::min(ReadableWidth, boxLimit - SignAndMargins);
 }
 
-/// The width of the longest line; where that is too much, the least that needs no more lines than the most
-/// does, so that no word stands alone on the last one.
-int TextWidth(QLabel& label, int most)
-{
-    constexpr int Step = 10;
-    label.setWordWrap(false);
-    const int longest = label.sizeHint().width() + 1;
-    label.setWordWrap(true);
-    if (longest <= most)
-        return longest;
-    const int height = label.heightForWidth(most);
-    int width = most;
-    while (width > most * 2 / 3 && label.heightForWidth(width - Step) == height)
-        width -= Step;
-    return width;
-}
-
 void LayOutText(const QMessageBox& box)
 {
     auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
     if (!label)
         return;
+    label->setWordWrap(false);
+    const int longest = label->sizeHint().width() + 1;
     const int most = MostTextWidth(box);
-    label->setWordWrap(true); // then its least width is that of its longest word
-    if (label->minimumSizeHint().width() > most)
-        new WordBreaker(*label, most);
+    if (longest > most)
+        new LineBreaker(*label, most);
     else
-        label->setMinimumWidth(TextWidth(*label, most));
+        label->setMinimumWidth(longest);
 }
 
 /// A box whose place is its own choice: left to itself it is only a proposal, which window managers overrule.

@@ -1,6 +1,7 @@
 #include "toolkit/SpreadModel.h"
 
 #include "runtime/Text.h"
+#include "toolkit/Pictures.h"
 #include "toolkit/Theme.h"
 
 #include <QRegularExpression>
@@ -411,6 +412,10 @@ QVariant SpreadModel::data(const QModelIndex& index, int role) const
     case Qt::DecorationRole:
         if (const int picture = CellPicture(col, row); picture >= 0)
             return Picture(picture);
+        return {};
+    case Qt::AccessibleTextRole:
+        if (const int picture = CellPicture(col, row); picture >= 0)
+            return CheckWords(picture);
         return {};
     case Qt::UserRole:
         if (const int picture = CellPicture(col, row); picture >= 0)

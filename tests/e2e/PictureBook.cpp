@@ -1,42 +1,23 @@
-// Takes a picture of every window and every message box of the program, in the states that a person sees:
-//   picture-book <folder>
-// The windows are the real ones, worked through their controls; the boxes come from the real operations. The
-// clock stands still and the database is the one for demonstrations, so the same program gives the same
-// pictures. Ends with 1 when something did not come up as it should.
-#include "e2e/PictureDesk.h"
-#include "gateway/ModSMS.h"
-#include "services/Services.h"
-#include "session/Session.h"
-#include "shell/frmSMSMain.h"
+#include "e2e/PictureBook.h"
+
 #include "shell/Main.h"
 #include "store/ConnectionText.h"
 #include "store/DatabaseError.h"
-#include "store/DBConnect.h"
-#include "support/database/TestDatabase.h"
-#include "support/FixedClock.h"
-#include "support/gateway/TestGateway.h"
 #include "support/program/Hands.h"
 #include "support/spreadsheet/WorkbookMaker.h"
-#include "support/Words.h"
-#include "toolkit/Application.h"
 #include "toolkit/ComboBox.h"
 #include "toolkit/Controls.h"
 #include "toolkit/DatePicker.h"
-#include "toolkit/fpSpread.h"
 #include "toolkit/Pictures.h"
 #include "toolkit/TextField.h"
-#include "toolkit/Theme.h"
 #include "tsms-db/Demo.h"
 
 #include <gtest/gtest.h>
 
-#include <QCursor>
-#include <QDir>
 #include <QFile>
 #include <QtTest/QTest>
 
-using namespace tsms;
-using namespace tsms::test;
+namespace tsms::test {
 
 namespace {
 
@@ -46,94 +27,11 @@ const QList<QStringList> Recipients{{u"김하늘"_q, u"010-0000-0001"_q}, {u"이
 constexpr int MobileRecipients = 5;
 const QString Message = u"[받는사람]님, 내일 모임은 저녁 7시입니다.\n[보내는사람]"_q;
 
-class PictureBook
-{
-public:
-    explicit PictureBook(const QString& folder);
-    ~PictureBook();
+} // namespace
 
-    void FailedStarts();
-    void Pages();
-    void History();
-    void Cancellation();
-    void Details();
-    void ComposeCards();
-    void EditorCards();
-    void SettingsWork();
-    void ChargeWork();
-    void AddressBook();
-    void Import();
-    void PreflightBoxes();
-    void AccountBoxes();
-    void Dispatch();
-    void DispatchFailures();
-    void DatabaseBoxes();
-    void WindowBoxes();
-    void SaveIndex();
-
-private:
-    QString LaunchLine() const { return database_.Path() + u"■(embedded)■0■sa■secret■7■본사"_q; }
-    void FillDatabase();
-    void FillTemplates();
-    void Start(const QString& command);
-    void End();
-
-    /// A picture of a window when it has the keyboard and has painted itself.
-    void Take(QWidget& window, const QString& name);
-    void Save(QWidget& window, const QString& name);
-
-    template <class W> W& On(QWidget& window, const QString& name)
-    {
-        W* found = dynamic_cast<W*>(window.findChild<QWidget*>(name));
-        if (!found)
-            qFatal("no control %s", qPrintable(name));
-        return *found;
-    }
-    template <class W> W& The(const QString& name) { return On<W>(*form_, name); }
-    void Click(const QString& name);
-    fpSpread& SentList() { return The<fpSpread>(u"fpSpreadSendList"_q); }
-    fpSpread& Grid() { return The<fpSpread>(u"fpSpread"_q); }
-    void Write(const QString& message);
-    void List(const QList<QStringList>& recipients);
-    void SetSenderNumber(const QString& number);
-    void FillComposePage();
-    void EmptyComposePage();
-    void Refuse(const QString& box);
-    void Send(std::function<void(QWidget& dialog)> act = {});
-    void MemberView(QWidget& book);
-    void GroupView(QWidget& book);
-    void EmptyBook(QWidget& book);
-    void InBookDialog(const QString& form, const std::function<void()>& open, const QString& name,
-                      const std::function<void(QWidget&)>& act = {});
-    void RefuseReservation(QWidget& dialog, const QString& box);
-    void Ask(QWidget& dialog, const QString& box);
-    void AwaitFailures(int count);
-    void SearchHistory(const QString& first, const QString& last, int status);
-    void SetPeriod(const QString& first, const QString& last);
-    void ClickHistoryCell(int column, int row);
-    void Reserve();
-    void Withdraw(int ticked, const QString& question, std::function<void(QWidget& dialog)> act);
-    void OpenDetail(int row, std::function<void(QWidget& dialog)> act);
-    void SetAccount(const QString& assignment) { database_.Execute(u"UPDATE SMSSetup SET "_q + assignment); }
-
-    QDir folder_;
-    QDir home_; // the program's folder, always under the same name, since a picture shows it
-    QStringList index_;
-    FixedClock clock_;
-    TestDatabase database_;
-    FailingConnections connections_;
-    TestGateway gateway_;
-    PictureDesk desk_;
-    Session session_;
-    DBConnect db_;
-    ModSMS sms_;
-    Services services_;
-    std::unique_ptr<frmSMSMain> form_;
-};
-
-PictureBook::PictureBook(const QString& folder)
-    : folder_(folder),
-      home_(QDir::temp().filePath(u"tsms/bin"_q)),
+PictureBook::PictureBook(PictureDesk::TakePicture take, const QString& home)
+    : take_(std::move(take)),
+      home_(home),
       database_(clock_),
       connections_(database_.Connections()),
       gateway_(clock_),
@@ -209,26 +107,7 @@ void PictureBook::Take(QWidget& window, const QString& name)
 {
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window)) << name.toStdString();
     Settle();
-    Save(window, name);
-}
-
-void PictureBook::Save(QWidget& window, const QString& name)
-{
-    const QImage picture = window.grab().toImage().convertToFormat(QImage::Format_RGB888);
-    constexpr int PackWell = 0; // the quality of a PNG is how little it is packed
-    EXPECT_TRUE(picture.save(folder_.filePath(name + u".png"_q), "PNG", PackWell)) << name.toStdString();
-    index_ += u"| ![%1](%1.png) | %2 | %1 |"_q.arg(name, window.windowTitle());
-}
-
-/// A page that shows them all, with the titles that a window manager adds.
-void PictureBook::SaveIndex()
-{
-    QFile file(folder_.filePath(u"README.md"_q));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(u"# Windows and boxes\n\nMade by `scripts/pictures`, which tells how to make them at other "
-               u"scalings.\n\n"
-               "| Picture | Title | Name |\n|---|---|---|\n"_q.toUtf8());
-    file.write(index_.join(u'\n').toUtf8() + '\n');
+    take_(window, name);
 }
 
 /// A click of a person, who waits until the window is there again behind a box.
@@ -484,7 +363,7 @@ void PictureBook::Cancellation()
         Take(dialog, u"cancellation"_q);
         connections_.BeforeStatement([&](const QString& sql) {
             if (sql.startsWith(u"DELETE"_q) && ++deletions == MobileRecipients)
-                Save(dialog, u"cancellation-running"_q);
+                take_(dialog, u"cancellation-running"_q);
         });
         desk_.Await(u"box-cancelled"_q);
     });
@@ -686,7 +565,7 @@ void PictureBook::Import()
     file.close();
     WhenShown(u"MakeSMSExcel"_q, [this](QWidget& dialog) {
         Take(dialog, u"import"_q);
-        desk_.Await(u"box-imported"_q, AnswerOK, [this, &dialog] { Save(dialog, u"import-done"_q); });
+        desk_.Await(u"box-imported"_q, AnswerOK, [this, &dialog] { take_(dialog, u"import-done"_q); });
         ClickOn(On<QWidget>(dialog, u"cmdSearch"_q));
     });
     Click(u"BtnFuncMain(1)"_q);
@@ -750,7 +629,7 @@ void PictureBook::Dispatch()
         connections_.BeforeStatement([&](const QString& sql) {
             // Nothing paints itself by events during a run; a grab shows what its refreshed labels hold.
             if (sql.startsWith(u"Insert"_q) && ++logRows == 4)
-                Save(dialog, u"dispatch-running"_q);
+                take_(dialog, u"dispatch-running"_q);
         });
         desk_.Await(u"box-sent"_q);
     });
@@ -830,42 +709,23 @@ void PictureBook::WindowBoxes()
     End();
 }
 
-/// A typed text always shows its caret, and no control lies under the mouse.
-void HoldStill()
+void PictureBook::TurnAllPages()
 {
-    QApplication::setCursorFlashTime(0);
-    QCursor::setPos(0, 0);
+    FailedStarts();
+    Pages();
+    History();
+    Cancellation();
+    Details();
+    SettingsWork();
+    ChargeWork();
+    AddressBook();
+    Import();
+    PreflightBoxes();
+    AccountBoxes();
+    Dispatch();
+    DispatchFailures();
+    DatabaseBoxes();
+    WindowBoxes();
 }
 
-} // namespace
-
-int main(int argc, char** argv)
-{
-    ::testing::InitGoogleTest(&argc, argv);
-    Application application(argc, argv);
-    Application::setQuitOnLastWindowClosed(false);
-    theme::ApplyTheme(application);
-    if (argc != 2) {
-        qWarning("usage: picture-book <folder>");
-        return 2;
-    }
-    HoldStill();
-    PictureBook book(QString::fromLocal8Bit(argv[1]));
-    book.FailedStarts();
-    book.Pages();
-    book.History();
-    book.Cancellation();
-    book.Details();
-    book.SettingsWork();
-    book.ChargeWork();
-    book.AddressBook();
-    book.Import();
-    book.PreflightBoxes();
-    book.AccountBoxes();
-    book.Dispatch();
-    book.DispatchFailures();
-    book.DatabaseBoxes();
-    book.WindowBoxes();
-    book.SaveIndex();
-    return ::testing::UnitTest::GetInstance()->Failed() ? 1 : 0;
-}
+} // namespace tsms::test

@@ -56,6 +56,16 @@ TEST(Naming, TheNameIsTheAccessibleNameOnlyWithoutWords)
     EXPECT_EQ(words->accessibleName(), QString());
 }
 
+TEST(Naming, OfACaptionTheColonAndItsGapsAreNotSpoken)
+{
+    QWidget field;
+    for (const auto& [caption, spoken] :
+         {std::pair(u"성    명 :"_q, u"성명"_q), std::pair(u"예약 날짜"_q, u"예약 날짜"_q)}) {
+        DescribeBy(field, caption);
+        EXPECT_EQ(field.accessibleDescription(), spoken);
+    }
+}
+
 TEST(Twips, AreFifteenToThePixel)
 {
     EXPECT_EQ(FromTwips(3360), 224);
@@ -136,13 +146,25 @@ TEST(PictureButton, HasNoCaptionAndIsClicked)
     EXPECT_EQ(button.text(), QString());
     EXPECT_EQ(button.accessibleName(), u"BtnToolbarDis(0)"_q);
     EXPECT_EQ(button.accessibleDescription(), u"문자전송"_q);
+    EXPECT_EQ(button.toolTip(), QString());
 }
 
 TEST(PictureButton, OnATitleStripIsNoStopOfTheTabKey)
 {
-    const PictureButton closing(nullptr, u"BtnTopFunc(1)"_q, u"window-close"_q, QString(),
+    const PictureButton closing(nullptr, u"BtnTopFunc(1)"_q, u"window-close"_q, u"닫기"_q,
                                 PictureButton::Look::Closing);
     EXPECT_EQ(closing.focusPolicy(), Qt::NoFocus);
+}
+
+TEST(PictureButton, OnATitleStripShowsItsWordsInTheToolTipAlone)
+{
+    PictureButton silent(nullptr, u"BtnTopFunc(1)"_q, u"window-close"_q, QString(),
+                         PictureButton::Look::Closing);
+    PictureButton closing(nullptr, u"BtnTopFunc(1)"_q, u"window-close"_q, u"닫기"_q,
+                          PictureButton::Look::Closing);
+    EXPECT_EQ(closing.toolTip(), u"닫기"_q);
+    EXPECT_EQ(closing.sizeHint(), silent.sizeHint());
+    EXPECT_EQ(closing.grab().toImage(), silent.grab().toImage());
 }
 
 TEST(PictureButton, WithAFrameIsAStopOfTheTabKeyAndNoHigherThanAPushButton)
@@ -185,6 +207,15 @@ TEST(Label, TakesItsNameOnlyWhileItHasNoWords)
     EXPECT_EQ(label.accessibleName(), u"3"_q);
     label.SetCaption(QString());
     EXPECT_EQ(label.accessibleName(), u"LblSendSMS(1)"_q);
+}
+
+TEST(Label, SaysWhatAFieldIs)
+{
+    QWidget field;
+    Label label(nullptr, u"Label1"_q, u"그룹 명칭 :"_q);
+    label.Describes(field);
+    EXPECT_EQ(label.buddy(), &field);
+    EXPECT_EQ(field.accessibleDescription(), u"그룹명칭"_q);
 }
 
 TEST(Label, RefreshPaintsAtOnce)

@@ -1,181 +1,36 @@
+#include "look/LayoutFaults.h"
 #include "support/program/Program.h"
 #include "templates/CardLabel.h"
 #include "toolkit/ComboBox.h"
 #include "toolkit/Controls.h"
 #include "toolkit/DatePicker.h"
-#include "toolkit/Theme.h"
-#include "toolkit/WrappedLabel.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QHeaderView>
-#include <QLineEdit>
 #include <QScrollBar>
-#include <QStyleOptionComboBox>
 
 using namespace tsms;
 using namespace tsms::test;
 
 namespace {
 
-constexpr int ButtonMargin = 4; // least room between a caption and the edge of its button
-
-/// The room that the words of a control need, and the room that they have.
-struct Room
-{
-    QSize needed;
-    QSize given;
-};
-
-QSize WordsSize(const QFontMetrics& metrics, const QString& words)
-{
-    return metrics.size(0, words); // with its line breaks
-}
-
-QSize CaptionRoom(const QWidget& control)
-{
-    return control.size() - QSize(2 * ButtonMargin, ButtonMargin);
-}
-
-QFontMetrics BoldMetrics(const QWidget& control)
-{
-    QFont bold = control.font();
-    bold.setBold(true);
-    return QFontMetrics(bold);
-}
-
-Room RoomOf(const QWidget& control)
-{
-    const QFontMetrics metrics = control.fontMetrics();
-    if (dynamic_cast<const CardLabel*>(&control))
-        return {}; // ends what goes on with a sign of it
-    if (const auto* label = dynamic_cast<const WrappedLabel*>(&control))
-        return {QSize(1, label->heightForWidth(label->width())), label->size()};
-    if (const auto* label = dynamic_cast<const Label*>(&control))
-        return {WordsSize(metrics, label->text()), label->contentsRect().size()};
-    if (const auto* button = dynamic_cast<const PushButton*>(&control))
-        return {WordsSize(metrics, button->Caption()), CaptionRoom(*button)};
-    if (const auto* button = dynamic_cast<const PictureButton*>(&control)) {
-        const QString words = button->accessibleDescription();
-        const int picture = button->sizeHint().width() - WordsSize(metrics, words).width();
-        const bool boldAtTimes = button->objectName().startsWith(u"BtnToolbar");
-        const QSize size = WordsSize(boldAtTimes ? BoldMetrics(*button) : metrics, words);
-        return {QSize(picture, 0) + size, button->size()};
-    }
-    if (dynamic_cast<const RadioButton*>(&control) || dynamic_cast<const CheckBox*>(&control))
-        return {control.sizeHint(), control.size()};
-    if (const auto* list = dynamic_cast<const ComboBox*>(&control)) {
-        QStyleOptionComboBox option;
-        option.initFrom(list);
-        option.editable = false;
-        return {WordsSize(metrics, list->Text()),
-                list->style()
-                    ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, list)
-                    .size()};
-    }
-    if (dynamic_cast<const DatePicker*>(&control)) {
-        const auto* line = control.findChild<QLineEdit*>();
-        return {WordsSize(metrics, line->text()), line->size()};
-    }
-    return {};
-}
-
-/// Controls of the toolkit have children of their own, which are no affair of a layout.
-bool IsWhole(const QWidget& widget)
-{
-    return widget.inherits("QAbstractScrollArea") || widget.inherits("QComboBox") ||
-           widget.inherits("QAbstractSpinBox") || widget.inherits("QAbstractButton") ||
-           widget.inherits("QLabel") || widget.inherits("QLineEdit");
-}
-
-QList<QWidget*> ChildrenOnView(const QWidget& parent)
-{
-    QList<QWidget*> children;
-    for (QWidget* child : parent.findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
-        if (!child->isWindow() && child->isVisibleTo(&parent))
-            children += child;
-    return children;
-}
-
-QString NameOf(const QWidget& widget)
-{
-    return widget.objectName().isEmpty() ? QString::fromLatin1(widget.metaObject()->className())
-                                         : widget.objectName();
-}
-
-QString Text(QSize size)
-{
-    return u"%1x%2"_q.arg(size.width()).arg(size.height());
-}
-
-/// What a person would find cut, laid over something else or out of its panel.
-class Faults
-{
-public:
-    explicit Faults(const QWidget& window) { Look(window); }
-
-    QString Text() const { return faults_.join(u'\n'); }
-    int Looked() const { return looked_; } ///< controls with words
-
-private:
-    void Look(const QWidget& widget)
-    {
-        LookAtWords(widget);
-        if (IsWhole(widget))
-            return;
-        const QList<QWidget*> children = ChildrenOnView(widget);
-        for (const QWidget* child : children) {
-            LookAtPlace(widget, *child, children);
-            Look(*child);
-        }
-    }
-
-    void LookAtWords(const QWidget& widget)
-    {
-        const Room room = RoomOf(widget);
-        if (room.needed.isEmpty())
-            return;
-        ++looked_;
-        if (room.needed.width() > room.given.width() || room.needed.height() > room.given.height())
-            faults_ +=
-                u"%1 needs %2 and has %3"_q.arg(NameOf(widget), ::Text(room.needed), ::Text(room.given));
-    }
-
-    void LookAtPlace(const QWidget& parent, const QWidget& child, const QList<QWidget*>& siblings)
-    {
-        if (!parent.rect().contains(child.geometry()))
-            faults_ += u"%1 sticks out of %2"_q.arg(NameOf(child), NameOf(parent));
-        if (dynamic_cast<const PopupPanel*>(&child))
-            return; // opens over the others
-        for (const QWidget* other : siblings) {
-            if (other == &child)
-                return; // the rest of the pairs comes with the others
-            if (!dynamic_cast<const PopupPanel*>(other) && other->geometry().intersects(child.geometry()))
-                faults_ += u"%1 lies over %2"_q.arg(NameOf(child), NameOf(*other));
-        }
-    }
-
-    QStringList faults_;
-    int looked_ = 0;
-};
-
 class Layout : public ::testing::Test
 {
 protected:
     void SetUp() override
     {
-        theme::ApplyTheme(*qobject_cast<QApplication*>(QCoreApplication::instance()));
-        ASSERT_EQ(qApp->devicePixelRatio(), 1.0);
+        ASSERT_EQ(qApp->devicePixelRatio(), qEnvironmentVariable("QT_SCALE_FACTOR", u"1"_q).toDouble());
         ASSERT_TRUE(program.Start());
     }
 
     void ExpectGood(const QWidget& window, int leastControls)
     {
         Settle();
-        const Faults faults(window);
-        EXPECT_EQ(faults.Text(), QString());
-        EXPECT_GE(faults.Looked(), leastControls); // or the looking itself has failed
+        const LayoutFaults found(window);
+        EXPECT_EQ(found.faults.join(u'\n'), QString());
+        EXPECT_GE(found.looked, leastControls); // or the looking itself has failed
     }
 
     /// Lists a message on the history page whose fields are as long as they come.
