@@ -66,8 +66,9 @@ void CompareAll()
 
     const QString sql = WholeYear().Text();
     test::ServerDatabases databases(server.Account().Database, database.Path(), clock);
+    test::ServerUsers users;
     const std::optional<QByteArray> answer =
-        test::ServerEngine(databases, server.Account().Database, clock).Run(sql);
+        test::ServerEngine(databases, server.Account().Database, clock, users, QString()).Run(sql);
     Demand(answer.has_value(), "bench_odbc: the database is locked");
     server.AnswerWhere(sql, *answer);
     CompareSides(server, "search over ODBC, answer made beforehand");

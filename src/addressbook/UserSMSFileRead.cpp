@@ -22,7 +22,7 @@ constexpr double MostRecords = 500'000;
 /// The number of records is no whole one where the last record lacks its end; the number of rows is.
 int RowsFor(double records)
 {
-    return records > 0 ? static_cast<int>(std::nearbyint(records + SpareRows)) : SpareRows;
+    return static_cast<int>(std::nearbyint(records + SpareRows));
 }
 
 /// Reads the records of a file one after the other, many of them at a time.

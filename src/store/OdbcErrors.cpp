@@ -83,12 +83,16 @@ std::optional<long> NumberOfState(QStringView state)
     return std::nullopt;
 }
 
+bool IsOfAValue(long number)
+{
+    return number == CannotConvert || number == DataOverflow;
+}
+
 long NumberOf(const OdbcDiagnostic& record, OdbcPhase phase)
 {
     std::optional<long> number = NumberOfNative(record.native);
     // Where the link is at fault, what looks like a value's error is the operating system's own number.
-    const bool ofAValue = number == CannotConvert || number == DataOverflow;
-    if (!number || (ofAValue && record.state.startsWith(u"08")))
+    if (!number || (IsOfAValue(*number) && record.state.startsWith(u"08")))
         number = NumberOfState(record.state);
     if (phase == OdbcPhase::Opening && number == CommandTimedOut)
         return CommunicationFailure;

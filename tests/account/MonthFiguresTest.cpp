@@ -75,6 +75,7 @@ INSTANTIATE_TEST_SUITE_P(Counts, Rates,
                                            RateRow{10000, 45, u"%"_q},  // 0.45: even, so 0.4
                                            RateRow{10000, 46, u"1%"_q}, // 0.46: by way of 0.5
                                            RateRow{8, 1, u"13%"_q},     // 12.5
+                                           RateRow{2000, 169, u"8%"_q}, // 8.45, computed as a little more
                                            RateRow{10000, 9446, u"95%"_q}, RateRow{10000, 9445, u"94%"_q},
                                            RateRow{10000, 9455, u"95%"_q}, RateRow{1000, 985, u"99%"_q},
                                            RateRow{1000, 995, u"100%"_q}, RateRow{1000, 994, u"99%"_q},

@@ -35,6 +35,26 @@ TEST(ListedNumbers, AreThoseOfRowsOnViewWhateverTheirPunctuation)
     EXPECT_FALSE(listed.Take(4, u"0102222"_q));
 }
 
+TEST(ListedNumbers, ThatOfTheLastRowIsOneOfThem)
+{
+    ListOfRows list({{}, {{}, {}, u"010-1"_q}});
+    EXPECT_FALSE(ListedNumbers(list).Take(1, u"0101"_q));
+}
+
+TEST(ListedNumbers, LongOnesAreToldApartByEveryDigit)
+{
+    ListOfRows list({{{}, {}, u"00000000000000000001"_q}, {}});
+    EXPECT_TRUE(ListedNumbers(list).Take(2, u"18446744073709551617"_q)); // 1 and two to the power of 64
+    EXPECT_FALSE(ListedNumbers(list).Take(2, u"0000000000-0000000001"_q));
+}
+
+TEST(ListedNumbers, OnesWithOtherSignsAreToldApartFromThoseOfDigits)
+{
+    ListOfRows list({{{}, {}, u"59"_q}, {}});
+    EXPECT_TRUE(ListedNumbers(list).Take(2, u"1a"_q)); // its code is 49 behind that of 0
+    EXPECT_FALSE(ListedNumbers(list).Take(2, u"5-9"_q));
+}
+
 TEST(ListedNumbers, ANumberIsGoneWhenTheLastRowThatHasItGivesWay)
 {
     ListOfRows list({{{}, {}, u"0101"_q}, {{}, {}, u"010-1"_q}, {{}, {}, u"0102"_q, true}, {}});

@@ -66,6 +66,15 @@ TEST_F(CancelRunTest, MovesTheBarWithEachRowAndTheStatusWithTickedOnesAlone)
     EXPECT_EQ(gateway.CallCount(), 0);
 }
 
+TEST_F(CancelRunTest, WithNothingWithdrawnTheBalanceIsNotTouched)
+{
+    const Rows rows({{}, {}});
+    RecordedDisplay display(2);
+    CancelRun(db, sms, rows, display).RunCancel();
+    EXPECT_EQ(connections.Connected(), 1);
+    EXPECT_EQ(connections.Statements(), QStringList());
+}
+
 TEST_F(CancelRunTest, ShowsTheCountsBehindEachRowThatWasTried)
 {
     ReserveOne();

@@ -36,6 +36,24 @@ TEST_F(DispatchDisplay, ShowsCountsForWhatWasAskedAStatusForWhatWasSeenAndTheBar
     EXPECT_EQ(gateway.CallCount(), 1);
 }
 
+TEST_F(DispatchDisplay, WhenNothingWentOutNothingIsDebited)
+{
+    ShownFor({{u"02-000-0001"_q}});
+    EXPECT_EQ(connections.Statements(), QStringList());
+}
+
+TEST_F(DispatchDisplay, CountsAnewInEachRun)
+{
+    const GivenRows rows({{u"010-0000-0001"_q}});
+    RecordedDisplay display(1);
+    DispatchRun run(session, db, sms, rows, display);
+    for (int i = 0; i < 2; ++i) {
+        run.RunSend({u"안녕"_q, u"02-1234-5678"_q, QString()});
+        EXPECT_EQ(run.CountOK, 1);
+    }
+    EXPECT_EQ(database.Value(u"SELECT SMSRemainCnt FROM SMSSetup"_q), u"98"_q);
+}
+
 TEST_F(DispatchDisplay, GroupsTheDigitsOfAThousandMessages)
 {
     const QStringList shown = ShownFor(std::vector<GivenRows::Row>(1000, {u"010-0000-0001"_q}));

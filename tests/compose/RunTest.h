@@ -54,7 +54,8 @@ protected:
     ScriptedDesktop desktop;
     TestDatabase database{clock};
     Session session;
-    DBConnect db{session, desktop, database.Connections()};
+    FailingConnections connections{database.Connections()};
+    DBConnect db{session, desktop, connections.Maker()};
     TestGateway gateway{clock};
     ModSMS sms{session, db, desktop, clock, gateway.WsdlUrl()};
 };

@@ -117,7 +117,9 @@ TEST(ReadAnswer, AnEncodedValueMayStandApart)
     EXPECT_EQ(
         Answer("<r><OpReturn href='#i0'/></r><multiRef id='i9'>no</multiRef><multiRef id='i0'>답</multiRef>"),
         u"답"_q);
-    EXPECT_FALSE(FaultOfEnvelope(Enveloped("<r><OpReturn href='#i0'/></r>")).IsOfGateway());
+    const SoapFault fault = FaultOfEnvelope(Enveloped("<r><OpReturn href='#i0'/></r>"));
+    EXPECT_FALSE(fault.IsOfGateway());
+    EXPECT_EQ(fault.Detail, u"응답에 빠진 부분이 있습니다."_q);
 }
 
 TEST(ReadAnswer, AnEmptyResultIsAnEmptyText)

@@ -46,6 +46,7 @@ TEST(EscapeXml, ALoneSurrogateBecomesABlankAndAPairStays)
 {
     const QString text = QString(QChar(0xD83D)) + u"a"_q + QString(QChar(0xDE00)) + u"😀"_q + QChar(0xD83D);
     EXPECT_EQ(QString::fromUtf8(EscapeXml(text)), u" a 😀 "_q);
+    EXPECT_EQ(QString::fromUtf8(EscapeXml(u"😀")), u"😀"_q);
 }
 
 TEST(ParseXml, ADeclaredKoreanEncodingIsHonoured)

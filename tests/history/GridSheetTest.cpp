@@ -89,6 +89,12 @@ TEST_F(GridSheet, HasNumbersInColumnsOfNumbersAndOfSums)
     EXPECT_EQ(Text(3, 2), u"12"_q);
 }
 
+TEST_F(GridSheet, HasNumbersAlsoWhereOnlyTheLastRowIsASum)
+{
+    grid.SetFormula(3, 2, u"SUM(A1:B1)"_q);
+    EXPECT_TRUE(SheetOf(grid).columns[2].number);
+}
+
 TEST_F(GridSheet, HasNothingWhereThereIsAPicture)
 {
     grid.SetText(2, 1, u"1"_q);

@@ -58,6 +58,7 @@ INSTANTIATE_TEST_SUITE_P(Forms, SendDays,
                                            SendDay{u"2012-05-31-14-07"_q, Today, true},
                                            SendDay{u"2012-05-30-14-07"_q, Today, false},
                                            SendDay{u"2012-05-31"_q, Today, true},
+                                           SendDay{u"2012-05-3114-07"_q, Today, true},
                                            SendDay{u"  2012-05-31 14:07 "_q, Today, true}));
 
 class NoDays : public ::testing::TestWithParam<QString>

@@ -167,6 +167,8 @@ TEST_F(MarkedList, OnlyTickedRowsCount)
     EXPECT_EQ(CountTicked(list), 1);
     InvertMark(list, 1);
     EXPECT_EQ(CountTicked(list), 2);
+    list.SetCellPicture(SendListStatus, 3, CheckTicked);
+    EXPECT_EQ(CountTicked(list), 3);
 }
 
 } // namespace

@@ -31,6 +31,14 @@ TEST(SyncToDisk, IsTrueWhereTheSystemCannotSay)
     close(ends[0]);
 }
 
+TEST(SyncToDisk, IsFalseWhenWhatIsStillToBeWrittenHasNoRoom)
+{
+    QFile file(u"/dev/full"_q);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("x");
+    EXPECT_FALSE(SyncToDisk(file));
+}
+
 TEST(SyncToDisk, IsFalseWhenTheFileIsGone)
 {
     const int handle = dup(STDOUT_FILENO);

@@ -14,6 +14,13 @@ TEST(Text, TrimRemovesTheBlankAndNothingElse)
     EXPECT_EQ(Trim(u"    "), u""_q);
 }
 
+TEST(Text, TrimSharesATextThatHasNothingToTakeAway)
+{
+    const QString plain = u"a b"_q;
+    EXPECT_EQ(Trim(plain).constData(), plain.constData());
+    EXPECT_EQ(Trim(u"  a b "_q), u"a b"_q);
+}
+
 TEST(Text, ALineBreakIsNoBlank)
 {
     EXPECT_TRUE(IsBlank(u""));

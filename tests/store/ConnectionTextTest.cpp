@@ -41,6 +41,8 @@ TEST(ConnectionText, AssembledTextsAreTakenApartAgain)
 TEST(ConnectionText, ThePortStandsBehindTheLastComma)
 {
     EXPECT_EQ(ParseConnectionText(u"Data Source=a,b,1433").Server, u"a,b"_q);
+    EXPECT_EQ(ParseConnectionText(u"Data Source=,1433").Server, QString());
+    EXPECT_EQ(ParseConnectionText(u"Data Source=,1433").Port, u"1433"_q);
     EXPECT_EQ(ParseConnectionText(u"Data Source=host").Server, u"host"_q);
     EXPECT_EQ(ParseConnectionText(u"Data Source=host").Port, QString());
 }

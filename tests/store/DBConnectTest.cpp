@@ -193,6 +193,15 @@ TEST_F(DBConnectTest, AStatementWithoutAConnectionReconnectsQuietlyAndIsLost)
     EXPECT_EQ(database.Value(Balance), u"1"_q);
 }
 
+TEST_F(DBConnectTest, AStatementBehindTheClosingReachesNoConnectionEither)
+{
+    db.ConnectDB();
+    db.CloseDB();
+    EXPECT_EQ(db.ExecuteSQL(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1"), Boolean::False);
+    EXPECT_EQ(connections.Statements(), QStringList());
+    EXPECT_EQ(connections.OpenNow(), 1);
+}
+
 TEST_F(DBConnectTest, AQueryWithoutAConnectionReconnectsQuietlyAndIsLost)
 {
     EXPECT_EQ(db.OpenRecordset(Balance), Boolean::False);

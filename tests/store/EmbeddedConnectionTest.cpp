@@ -262,6 +262,7 @@ TEST_F(EmbeddedConnectionTest, ExpressionsOfTheServerHaveTheirValues)
         {u"DATEADD(DAY, -1, '2012-03-01')", u"2012/02/29"},
         {u"DATEADD(DAY, 1, '20121231')", u"2013/01/01"},
         {u"DATEADD(DAY, 1, getdate())", u"2012/05/31 14:07:09"},
+        {u"DATEADD(DAY, 1, ' 2012-05-30 00:59:59  ')", u"2012/05/31 00:59:59"},
         {u"CASE WHEN DATEADD(DAY, 0, '2012-05-30') = '2012/05/30' THEN 'same' ELSE 'other' END", u"same"},
         {u"CASE WHEN DATEADD(DAY, 0, '2012-05-30') = ('20120530') THEN 'same' ELSE 'other' END", u"same"},
         {u"CASE WHEN DATEADD(DAY, 0, getdate()) > '2012-05-30' THEN 'later' ELSE 'other' END", u"later"},

@@ -58,19 +58,44 @@ TEST(EmbeddedDialect, PlusBetweenTextsJoinsThem)
     EXPECT_EQ(Rewritten(u"'a' + b"_q), u"'a' || b"_q);
     EXPECT_EQ(Rewritten(u"a+'b'"_q), u"a||'b'"_q);
     EXPECT_EQ(Rewritten(u"(a + 'b') + c"_q), u"(a || 'b') || c"_q);
+    EXPECT_EQ(Rewritten(u"a + ('b')"_q), u"a || ('b')"_q);
     EXPECT_EQ(Rewritten(u"a + LEFT(b,1)"_q), u"a || server_left(b,1) COLLATE KOREAN_CI"_q);
+    EXPECT_EQ(Rewritten(u"LEFT(b,1) + a"_q), u"server_left(b,1) COLLATE KOREAN_CI || a"_q);
+    EXPECT_EQ(Rewritten(u"CONVERT(varchar(10),x,111) + a"_q),
+              u"server_convert(10,x,111) COLLATE KOREAN_CI || a"_q);
+    EXPECT_EQ(Rewritten(u"a + CONVERT(varchar(10),x,111)"_q),
+              u"a || server_convert(10,x,111) COLLATE KOREAN_CI"_q);
 }
 
 TEST(EmbeddedDialect, PlusBetweenNumbersAdds)
 {
     EXPECT_EQ(Rewritten(u"SET SMSRemainCnt= SMSRemainCnt + 5"_q), u"SET SMSRemainCnt= SMSRemainCnt + 5"_q);
     EXPECT_EQ(Rewritten(u"x='a', y = y + 1"_q), u"x='a', y = y + 1"_q);
+    EXPECT_EQ(Rewritten(u"a + SUM(b)"_q), u"a + SUM(b)"_q);
+    EXPECT_EQ(Rewritten(u"a + ISNULL(b,0)"_q), u"a + ifnull(b,0) COLLATE KOREAN_CI"_q);
 }
 
 TEST(EmbeddedDialect, WhatStandsInQuotesIsNotTouched)
 {
     const QString text = u"SELECT 'LEFT(a,1) + ISNULL(b,0) DATEADD(DAY,1,x)', 'it''s'"_q;
     EXPECT_EQ(Rewritten(text), text);
+}
+
+TEST(EmbeddedDialect, WhatADateIsComparedWithIsADateWhateverTheSign)
+{
+    for (const QString& sign : {u"="_q, u"<"_q, u">"_q, u"<="_q, u">="_q, u"<>"_q, u"!="_q})
+        EXPECT_EQ(Rewritten(u"DATEADD(DAY,1,x)"_q + sign + u"y"_q),
+                  u"server_dateadd_day(1,x)"_q + sign + u"server_datetime(y)"_q);
+    EXPECT_EQ(Rewritten(u"DATEADD(DAY,1,x) >= (y)"_q), u"server_dateadd_day(1,x) >= server_datetime((y))"_q);
+    EXPECT_EQ(Rewritten(u"DATEADD(DAY,1,x) >= f(y)"_q),
+              u"server_dateadd_day(1,x) >= server_datetime(f(y))"_q);
+}
+
+TEST(EmbeddedDialect, AQuotedNameIsNotTouched)
+{
+    for (const QString& text :
+         {u"SELECT [LEFT(a)] "_q, u"SELECT [it]]s + 'x'], b"_q, u"SELECT \"LEFT(a)\" "_q})
+        EXPECT_EQ(Rewritten(text), text);
 }
 
 TEST(EmbeddedDialect, ARoutinesNameWithoutAParenthesisIsAPlainWord)
@@ -82,6 +107,7 @@ TEST(EmbeddedDialect, AnUnclosedQuoteIsRefusedInTheServersWords)
 {
     EXPECT_EQ(RefusalOf(u"SELECT 'Brien"_q),
               u"Unclosed quotation mark after the character string 'Brien'."_q);
+    EXPECT_EQ(RefusalOf(u"SELECT 'a''"_q), u"Unclosed quotation mark after the character string 'a'''."_q);
     EXPECT_EQ(RefusalOf(u"WHERE a ='O'Brien'"_q),
               u"Unclosed quotation mark after the character string ''."_q);
 }

@@ -20,6 +20,13 @@ TEST(LiftLiterals, EachLiteralBecomesAMark)
     EXPECT_EQ(lifted->literals, (QByteArrayList{"가", "", "it's"}));
 }
 
+TEST(LiftLiterals, OneSignOfACommentMakesNone)
+{
+    const auto lifted = LiftLiterals(u"Insert INTO t VALUES ('x',-5,4/2,2*3)"_q);
+    ASSERT_TRUE(lifted);
+    EXPECT_EQ(lifted->shape, u"Insert INTO t VALUES (?,-5,4/2,2*3)"_q);
+}
+
 TEST(LiftLiterals, OnlyAPlainInsertIsLifted)
 {
     for (const char16_t* sql :
@@ -64,6 +71,28 @@ TEST_F(KeptInsert, ManyRowsOfOneShapeAllArrive)
         Insert(u"그룹 %1"_q.arg(i));
     EXPECT_EQ(database.Count(u"SMSGroupMst"_q), 100);
     EXPECT_EQ(database.Value(u"SELECT GroupNm FROM SMSGroupMst ORDER BY GroupCd DESC"_q), u"그룹 99"_q);
+}
+
+TEST_F(KeptInsert, RowsOfTwoShapesInTurnAllArrive)
+{
+    for (const QString& name : {u"앞"_q, u"뒤"_q}) {
+        Insert(name);
+        connection->Execute(u"Insert into SMSGroupSub (GSubNm,GSPhone) values ('"_q + name + u"','010')"_q);
+    }
+    EXPECT_EQ(database.Count(u"SMSGroupMst"_q), 2);
+    EXPECT_EQ(database.Value(u"SELECT GSubNm FROM SMSGroupSub ORDER BY GSubCd DESC"_q), u"뒤"_q);
+}
+
+TEST_F(KeptInsert, AfterAValueThatTheTableRefusesAnotherIsTaken)
+{
+    const auto insert = [&](const QString& count) {
+        connection->Execute(u"Insert into SMSCharge (ChargeDt,ChargeCnt) values ('2012-05-30','"_q + count +
+                            u"')"_q);
+    };
+    insert(u"1"_q);
+    EXPECT_THROW(insert(u"셋이 아님"_q), RuntimeError);
+    insert(u"2"_q);
+    EXPECT_EQ(database.Value(u"SELECT SUM(ChargeCnt) FROM SMSCharge"_q), u"3"_q);
 }
 
 TEST_F(KeptInsert, AnEmptyLiteralIsAnEmptyTextAndNoNull)

@@ -52,6 +52,24 @@ TEST(KoreanCollation, SignsComeBeforeDigitsBeforeLatinBeforeHangul)
     EXPECT_LT(CompareKorean("가", "가나"), 0);
 }
 
+TEST(KoreanCollation, TheFirstAndTheLastDigitAndLetterAreNoSigns)
+{
+    for (const char* sign : {"/", ":", "@", "[", "`", "{"})
+        for (const char* other : {"0", "9", "A", "Z", "a", "z"})
+            EXPECT_LT(CompareKorean(sign, other), 0) << sign << " | " << other;
+    EXPECT_LT(CompareKorean("9", "a"), 0);
+    EXPECT_LT(CompareKorean("Z", "é"), 0);
+}
+
+TEST(KoreanCollation, TheFirstAndTheLastOfTheWideSignsAreThoseOfOneByte)
+{
+    EXPECT_EQ(CompareKorean("！", "!"), 0);
+    EXPECT_EQ(CompareKorean("～", "~"), 0);
+    EXPECT_EQ(CompareKorean("ａＺ", "Az"), 0);
+    EXPECT_EQ(CompareKorean("가　나", "가 나"), 0);
+    EXPECT_NE(CompareKorean("｟", "\x7F"), 0);
+}
+
 TEST(KoreanCollation, IsOneOrder)
 {
     const std::vector<std::string> texts = {"",      " ",   "-",   "--", "a",    "A",        "a-",
@@ -98,6 +116,20 @@ TEST(KoreanLike, FollowsTheServersPatterns)
         {"010-0000-0001", "%0100%", false},
         {"a\r\nb", "a%b", true},
         {"a", "[a", false},
+        {"a", "[a-c]", true},
+        {"c", "[a-c]", true},
+        {"b", "[^a-c]", false},
+        {"]", "[]a]", true},
+        {"-", "[a-]", true},
+        {"b", "[a-]", false},
+        {"aéc", "a_c", true},
+        {"a가c", "a_c", true},
+        {"a😀c", "a_c", true},
+        {"a\xFF"
+         "c",
+         "a_c", true},
+        {"abc", "abc%%", true},
+        {"abc", "%b%%", true},
     };
     for (const LikeCase& one : cases)
         EXPECT_EQ(LikeKorean(one.text, one.pattern), one.fits) << one.text << " LIKE " << one.pattern;

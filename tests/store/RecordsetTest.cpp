@@ -129,14 +129,49 @@ TEST(Recordset, AColumnTakesTheWidestTypeOfItsValues)
     records.AddReal(1.5);
     records.AddText("가", 3);
     records.AddInteger(-3);
-    records.AddReal(0.25);
+    records.AddReal(1.0 / 3);
     records.AddNull();
-    const QStringList expected{QString(), u"12"_q, u"1.5"_q, u"가"_q, u"-3"_q, u"0.25"_q, QString()};
+    const QStringList expected{QString(), u"12"_q, u"1.5"_q, u"가"_q, u"-3"_q, u"0.333333333333333"_q,
+                               QString()};
     ASSERT_EQ(records.RecordCount(), expected.size());
     for (int row = 0; row < records.RecordCount(); ++row)
         EXPECT_EQ(records.Text(row, 0), expected[row]);
     EXPECT_TRUE(records.IsNull(0, 0));
     EXPECT_TRUE(records.IsNull(6, 0));
+}
+
+TEST(Recordset, ANullAmongNumbersLeavesThemInTheirRows)
+{
+    Recordset records({u"a"_q, u"b"_q});
+    for (const int number : {1, 2, 3}) {
+        if (number == 2) {
+            records.AddNull();
+            records.AddNull();
+        } else {
+            records.AddInteger(number);
+            records.AddReal(number + 0.5);
+        }
+    }
+    EXPECT_EQ(records.Text(0, 0) + records.Text(1, 0) + records.Text(2, 0), u"13"_q);
+    EXPECT_EQ(records.Text(0, 1) + records.Text(1, 1) + records.Text(2, 1), u"1.53.5"_q);
+}
+
+TEST(Recordset, EachTextStandsInItsRow)
+{
+    Recordset records({u"a"_q});
+    for (const char* text : {"x", "yz", "u"})
+        records.AddText(text, qstrlen(text));
+    EXPECT_EQ(records.Text(0, 0), u"x"_q);
+    EXPECT_EQ(records.Text(1, 0), u"yz"_q);
+    EXPECT_EQ(records.Text(2, 0), u"u"_q);
+}
+
+TEST(Recordset, APositionOutsideRaises)
+{
+    EXPECT_EQ(NumberOf([] { TwoPeople().Text(0, 2); }), ItemNotFound);
+    EXPECT_EQ(NumberOf([] { TwoPeople().Text(0, -1); }), ItemNotFound);
+    EXPECT_EQ(NumberOf([] { TwoPeople().Text(2, 0); }), NoCurrentRecord);
+    EXPECT_EQ(NumberOf([] { TwoPeople().Text(-1, 0); }), NoCurrentRecord);
 }
 
 TEST(Recordset, NumbersComeInPlainDigits)

@@ -85,6 +85,7 @@ TEST(Statement, ValuesWhoseApostrophesBalanceAreRefused)
 {
     EXPECT_EQ(MemberOfName(u"x' OR 'a'='a"_q).Fault(), u"Incorrect syntax near 'OR'."_q);
     EXPECT_EQ(MemberOfName(u"O''Brien"_q).Fault(), u"Incorrect syntax near 'Brien'."_q);
+    EXPECT_EQ(MemberOfName(u"x''"_q).Fault(), u"Incorrect syntax near ''."_q); // nothing stands behind it
     EXPECT_EQ(Insert(u"a'"_q, u"'b"_q).Fault(), u"Incorrect syntax near ','."_q);
     EXPECT_EQ(Insert(u"x', 'y"_q, u"z"_q).Fault(), u"Incorrect syntax near ','."_q);
     EXPECT_EQ(MemberOfName(u"x'; DELETE SMSSetup WHERE 'a'='a"_q).Fault(), u"Incorrect syntax near ';'."_q);
@@ -121,6 +122,33 @@ TEST(Statement, ASecondStatementIsRefusedWithAndWithoutASemicolon)
     EXPECT_EQ(Statement(u"SELECT 1 exec sp_who").Fault(), u"Incorrect syntax near 'exec'."_q);
 }
 
+TEST(Statement, EveryWordThatBeginsAStatementIsRefusedBehindTheFirst)
+{
+    for (const QString& word :
+         {u"INSERT"_q,   u"UPDATE"_q,  u"DELETE"_q,   u"DROP"_q,     u"CREATE"_q,  u"ALTER"_q,
+          u"EXEC"_q,     u"EXECUTE"_q, u"TRUNCATE"_q, u"MERGE"_q,    u"DECLARE"_q, u"USE"_q,
+          u"SHUTDOWN"_q, u"BEGIN"_q,   u"COMMIT"_q,   u"ROLLBACK"_q, u"GRANT"_q,   u"REVOKE"_q,
+          u"WAITFOR"_q,  u"BACKUP"_q,  u"RESTORE"_q,  u"UNION"_q,    u"SET"_q,     u"SELECT"_q})
+        for (const QString& written : {word, word.toLower()})
+            EXPECT_EQ(Statement(u"SELECT 1 "_q + written + u" x"_q).Fault(),
+                      u"Incorrect syntax near '"_q + written + u"'."_q);
+    EXPECT_EQ(Statement(u"SELECT USED, SETS FROM UNIONS").Fault(), QString());
+}
+
+TEST(Statement, ASelectInParenthesesIsNoSecondStatementAndOneBehindThemIs)
+{
+    EXPECT_EQ(Statement(u"SELECT (SELECT 1)").Fault(), QString());
+    EXPECT_EQ(Statement(u"SELECT (1) SELECT 2").Fault(), u"Incorrect syntax near 'SELECT'."_q);
+    EXPECT_EQ(Statement(u"SELECT ((1)) SELECT 2").Fault(), u"Incorrect syntax near 'SELECT'."_q);
+}
+
+TEST(Statement, AQuotedNameInOwnWordsIsRefused)
+{
+    EXPECT_EQ(Statement(u"SELECT [a]").Fault(), u"Incorrect syntax near '['."_q);
+    EXPECT_EQ(Statement(u"SELECT \"a\"").Fault(), u"Incorrect syntax near '\"'."_q);
+    EXPECT_EQ(Statement(u"SELECT `a`").Fault(), u"Incorrect syntax near '`'."_q);
+}
+
 TEST(Statement, ACommentInOwnWordsIsRefused)
 {
     EXPECT_EQ(Statement(u"SELECT 1 -- x").Fault(), u"Incorrect syntax near '--'."_q);
@@ -129,8 +157,8 @@ TEST(Statement, ACommentInOwnWordsIsRefused)
 
 TEST(Statement, ABareValueOfNumbersIsNoFault)
 {
-    for (const QString& number :
-         {u"5"_q, u"-5"_q, u" 12 "_q, u"1.5"_q, u".5"_q, u"1-2"_q, u"3*4/2"_q, u"1e3"_q, u"1 + -2"_q})
+    for (const QString& number : {u"5"_q, u"-5"_q, u" 12 "_q, u"1.5"_q, u".5"_q, u"1-2"_q, u"3*4/2"_q,
+                                  u"1e3"_q, u"1e-3"_q, u"1E+3"_q, u"1 + -2"_q})
         EXPECT_EQ(BareFault(number), QString()) << number.toStdString();
 }
 
@@ -146,6 +174,7 @@ TEST(Statement, ABareValueThatIsNoNumberIsRefused)
     EXPECT_EQ(BareFault(u"1 2"_q), u"Incorrect syntax near '2'."_q);
     EXPECT_EQ(BareFault(u"5-"_q), u"Incorrect syntax near '-'."_q);
     EXPECT_EQ(BareFault(u"."_q), u"Incorrect syntax near '.'."_q);
+    EXPECT_EQ(BareFault(u"1e"_q), u"Incorrect syntax near 'e'."_q);
     EXPECT_EQ(BareFault(u"'5'"_q), u"Incorrect syntax near '''."_q);
     EXPECT_EQ(BareFault(u"(1)"_q), u"Incorrect syntax near '('."_q);
 }

@@ -69,6 +69,14 @@ TEST_F(GridHelperTest, FormatTwoCentresAColumn)
     EXPECT_NE(Role(2, 1, Qt::TextAlignmentRole).toInt(), int{Qt::AlignCenter});
 }
 
+TEST_F(GridHelperTest, FormatOnePutsAColumnToTheRightAndAnyOtherToTheLeft)
+{
+    helper.FormatColumn(grid, 2, 1);
+    helper.FormatColumn(grid, 3, 0);
+    EXPECT_EQ(Role(2, 1, Qt::TextAlignmentRole).toInt(), int{Qt::AlignRight | Qt::AlignVCenter});
+    EXPECT_EQ(Role(3, 1, Qt::TextAlignmentRole).toInt(), int{Qt::AlignLeft | Qt::AlignVCenter});
+}
+
 TEST_F(GridHelperTest, NumberColumnIsDisplayOnly)
 {
     grid.SetText(3, 1, u"12000"_q);

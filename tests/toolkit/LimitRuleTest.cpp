@@ -65,10 +65,11 @@ TEST_P(ByteLimitTable, TheLongestBeginningOfWhatWasPutInStays)
 
 INSTANTIATE_TEST_SUITE_P(
     Rows, ByteLimitTable,
-    testing::Values(ChangeRow{u"abc"_q, u"abcd"_q, 4, 4, u"abcd"_q, 4},             // fits
-                    ChangeRow{u"abcd"_q, u"abcde"_q, 5, 4, u"abcd"_q, 4},           // one at the end
-                    ChangeRow{u"abcd"_q, u"aXbcd"_q, 2, 4, u"abcd"_q, 1},           // one in the middle
-                    ChangeRow{u"ab"_q, u"aXYZb"_q, 4, 4, u"aXYb"_q, 3},             // a part of it
+    testing::Values(ChangeRow{u"abc"_q, u"abcd"_q, 4, 4, u"abcd"_q, 4},   // fits
+                    ChangeRow{u"abc"_q, u"XYabc"_q, 0, 5, u"XYabc"_q, 0}, // so does this, and the caret stays
+                    ChangeRow{u"abcd"_q, u"abcde"_q, 5, 4, u"abcd"_q, 4}, // one at the end
+                    ChangeRow{u"abcd"_q, u"aXbcd"_q, 2, 4, u"abcd"_q, 1}, // one in the middle
+                    ChangeRow{u"ab"_q, u"aXYZb"_q, 4, 4, u"aXYb"_q, 3},   // a part of it
                     ChangeRow{u"abcd"_q, u"aWXYZd"_q, 5, 4, u"aWXd"_q, 3},          // over a selection
                     ChangeRow{u"abc"_q, u"abc가"_q, 4, 4, u"abc"_q, 3},             // two bytes, room for one
                     ChangeRow{u"가나"_q, u"가다라나"_q, 3, 7, u"가다나"_q, 2},      // never half a character
@@ -91,6 +92,8 @@ TEST(LimitRule, CharactersCountALineBreakTwiceAndNeverHalveIt)
     EXPECT_EQ(LimitText(u"a\r\nb", CharactersMeasure, 2), u"a"_q);
     EXPECT_EQ(LimitText(u"가나다", CharactersMeasure, 2), u"가나"_q);
     EXPECT_EQ(LimitText(u"a\U0001F600", CharactersMeasure, 2), u"a"_q);
+    const QString half = u"a"_q + QChar(0xD83D) + u'b'; // of no pair
+    EXPECT_EQ(LimitText(half, CharactersMeasure, 2), half.first(2));
 }
 
 TEST(LimitRule, TheFirstLineEndsAtABreakOfAnyKind)

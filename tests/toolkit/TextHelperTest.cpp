@@ -133,6 +133,8 @@ TEST_F(TextHelperTest, ATextSetByTheProgramIsCutAtItsEnd)
     LimitBoth(5);
     line.SetText(u"가나다라"_q);
     EXPECT_EQ(line.Text(), u"가나"_q);
+    line.SetText(u"xy가나"_q); // at its end, and not where it differs
+    EXPECT_EQ(line.Text(), u"xy가"_q);
     memo.SetText(u"abcd\r\nfg"_q);
     EXPECT_EQ(memo.Text(), u"abcd\r\n"_q);
 }
@@ -362,6 +364,21 @@ TEST_F(TextHelperTest, OnlyEnterIsUsedUpInTheLastField)
     EXPECT_EQ(key, u'a');
     helper.NextFieldOnEnter(key, line);
     EXPECT_EQ(key, u'a');
+}
+
+TEST_F(TextHelperTest, EnterIsUsedUpWhereItGoesToTheNextField)
+{
+    char16_t key = 13;
+    helper.NextFieldOnEnter(key, line);
+    EXPECT_EQ(key, 0);
+}
+
+TEST_F(TextHelperTest, AKeyThatMakesNoCharacterIsOfferedToNoFilter)
+{
+    line.OnKeyPress = [](char16_t& key) { ADD_FAILURE() << int{key}; };
+    QTest::keyClick(&line, Qt::Key_Escape);
+    QTest::keyClick(&line, Qt::Key_Delete);
+    QTest::keyClick(&line, Qt::Key_Left);
 }
 
 TEST(NumberKeys, AreTheCodes45To57AndThreeEditingKeys)
