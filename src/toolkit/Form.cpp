@@ -192,7 +192,7 @@ void Form::Place()
         winId(); // makes the window's handle
         windowHandle()->setTransientParent(over->windowHandle());
     }
-    const QRect around = over ? over->frameGeometry() : screen()->availableGeometry();
+    const QRect around = over ? over->geometry() : screen()->availableGeometry();
     QRect place(QPoint(), size());
     place.moveCenter(around.center());
     const QRect room = screen()->availableGeometry();

@@ -199,7 +199,8 @@ private:
     {
         const QRect room = screen()->availableGeometry();
         QRect place(QPoint(), size());
-        place.moveCenter(window.frameGeometry().center());
+        // Without its frame: it has none, and what a window manager tells of one may be nonsense at first.
+        place.moveCenter(window.geometry().center());
         place.moveRight(std::min(place.right(), room.right()));
         place.moveBottom(std::min(place.bottom(), room.bottom()));
         place.moveLeft(std::max(place.left(), room.left()));
