@@ -1,5 +1,5 @@
-#include "addressbook/AddressBook.h"
 #include "store/DatabaseError.h"
+#include "support/program/AddressBook.h"
 #include "toolkit/Controls.h"
 #include "toolkit/Form.h"
 

@@ -1,4 +1,4 @@
-#include "history/HistoryProgram.h"
+#include "support/program/HistoryProgram.h"
 
 using namespace tsms;
 using namespace tsms::test;

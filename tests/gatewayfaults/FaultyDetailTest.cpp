@@ -1,5 +1,5 @@
 #include "gatewayfaults/CallFaults.h"
-#include "history/HistoryProgram.h"
+#include "support/program/HistoryProgram.h"
 
 using namespace tsms;
 using namespace tsms::test;

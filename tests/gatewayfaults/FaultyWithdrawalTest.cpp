@@ -1,5 +1,5 @@
 #include "gatewayfaults/CallFaults.h"
-#include "history/HistoryProgram.h"
+#include "support/program/HistoryProgram.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "addressbook/AddressBook.h"
+#include "support/program/AddressBook.h"
 
 #include <QMap>
 

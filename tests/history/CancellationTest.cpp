@@ -1,9 +1,9 @@
 #include "compose/CancelRun.h"
 #include "compose/MakeSMSTransport.h"
 #include "history/GridSentRows.h"
-#include "history/HistoryProgram.h"
 #include "runtime/Numbers.h"
 #include "store/DatabaseError.h"
+#include "support/program/HistoryProgram.h"
 #include "toolkit/Controls.h"
 #include "toolkit/Pictures.h"
 

@@ -1,4 +1,4 @@
-#include "history/HistoryProgram.h"
+#include "support/program/HistoryProgram.h"
 #include "support/workbooks/FreeXlReader.h"
 #include "toolkit/Controls.h"
 

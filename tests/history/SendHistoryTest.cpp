@@ -1,6 +1,6 @@
-#include "history/HistoryProgram.h"
 #include "history/SendListStatement.h"
 #include "store/DatabaseError.h"
+#include "support/program/HistoryProgram.h"
 #include "toolkit/ComboBox.h"
 #include "toolkit/Controls.h"
 #include "toolkit/DatePicker.h"

@@ -1,7 +1,7 @@
 #include "history/dlgSMSShowDetail.h"
-#include "history/HistoryProgram.h"
 #include "runtime/RuntimeError.h"
 #include "store/DatabaseError.h"
+#include "support/program/HistoryProgram.h"
 #include "toolkit/Controls.h"
 
 #include <gtest/gtest.h>

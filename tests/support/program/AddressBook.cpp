@@ -1,4 +1,4 @@
-#include "addressbook/AddressBook.h"
+#include "support/program/AddressBook.h"
 
 #include "toolkit/Form.h"
 
