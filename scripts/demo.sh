@@ -7,6 +7,7 @@
 start_gateway() {
   local program=$1 log=$2 patience
   shift 2
+  : >"$log" # what an earlier one wrote says nothing of this one
   "$program" --port 8790 "$@" >"$log" 2>&1 &
   gateway=$!
   for patience in $(seq 100); do

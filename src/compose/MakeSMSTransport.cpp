@@ -208,15 +208,21 @@ ChosenTime MakeSMSTransport::Chosen()
     return {date_->Value(), hour_->Text(), minute_->Text()};
 }
 
+/// A failed row takes Busy away from the run, and a press that comes from no key and no mouse, as a screen
+/// reader's does, is kept back by no box: nothing else begins from the first press to the last box.
+bool MakeSMSTransport::IsBusy() const
+{
+    return running_ || !IsLoaded() || DialogForm::IsBusy();
+}
+
 void MakeSMSTransport::OnButton(int index)
 {
-    // A failed row takes Busy away from the run, and a press that comes from no key and no mouse, as a screen
-    // reader's does, is not kept back by the boxes: no second run begins within the first.
-    if (running_)
-        return;
-    if (index != 0)
+    if (index != 0) {
         Unload();
-    else if (RunMode.isEmpty() && source_)
+        return;
+    }
+    const QScopedValueRollback running(running_, true);
+    if (RunMode.isEmpty() && source_)
         Send();
     else if (RunMode == CancelMode && sent_)
         Cancel();
@@ -230,11 +236,8 @@ void MakeSMSTransport::Send()
     if (!BalanceCovers())
         return;
     DispatchRun run(services_.session, services_.db, services_.sms, source_->rows, *this);
-    {
-        const QScopedValueRollback running(running_, true);
-        run.RunSend({source_->message(), source_->senderNumber(),
-                     reserve_->Value() ? ReservationText(Chosen()) : QString()});
-    }
+    run.RunSend({source_->message(), source_->senderNumber(),
+                 reserve_->Value() ? ReservationText(Chosen()) : QString()});
     Unload();
     TellOutcome(run.CountOK);
 }
@@ -286,10 +289,7 @@ void MakeSMSTransport::TellOutcome(std::int32_t countOK)
 void MakeSMSTransport::Cancel()
 {
     CancelRun run(services_.db, services_.sms, *sent_, *this);
-    {
-        const QScopedValueRollback running(running_, true);
-        run.RunCancel();
-    }
+    run.RunCancel();
     Unload();
     TellCancelOutcome(run.CountOK);
 }

@@ -52,6 +52,7 @@ public:
     void setVisible(bool visible) override;
 
 protected:
+    bool IsBusy() const override;
     void OnButton(int index) override;
 
 private:
@@ -86,7 +87,7 @@ private:
     std::optional<Source> source_;
     const SentRows* sent_ = nullptr;
     bool shown_ = false;
-    bool running_ = false;
+    bool running_ = false; ///< what a press of the first button began has not come to its end
     Label* numbers_[4] = {};
     Label* totalCaption_ = nullptr; // Label1(0)
     Label* status_ = nullptr;

@@ -54,7 +54,7 @@ public:
 
     Session& SessionState() const { return session_; }
     Desktop& Desk() const { return desktop_; }
-    bool IsBusy() const;
+    virtual bool IsBusy() const;
     void SetBusy(Boolean flag) { tsms::SetBusy(flag, session_, *this); }
 
 protected:

@@ -93,6 +93,8 @@ QList<QStringList> PastedRows(QStringView text)
         reader.NextRow();
         rows += values;
     }
+    while (!rows.isEmpty() && rows.last() == QStringList(QString()))
+        rows.removeLast();
     return rows;
 }
 

@@ -682,6 +682,32 @@ TEST_F(Dispatch, BehindAFailureTheRunIsNoLongerBusyAndStillBeginsNoSecondOne)
     EXPECT_EQ(shown[2], u"3"_q);
 }
 
+TEST_F(Dispatch, APressBehindTheLastBoxSendsNothingAgain)
+{
+    PushButton* send = nullptr;
+    program.desktop.Expect(SentBox(), AnswerOK, [&] { send->Click(); });
+    SendTo(Good(2), [&](QWidget& dialog) { send = &program.On<PushButton>(dialog, u"BtnSendS(0)"_q); });
+    EXPECT_EQ(program.gateway.CallCount(), 2);
+    EXPECT_EQ(program.Balance(), 98);
+}
+
+TEST_F(Dispatch, APressBeforeTheFirstRowSendsNothingEither)
+{
+    PushButton* send = nullptr;
+    program.Write(u"안녕"_q);
+    program.List(Good(2));
+    program.desktop.Expect(ShortageBox(), AnswerOK, [&] {
+        program.database.SetAccount(100);
+        send->Click();
+    });
+    OpenAndLeave([&](QWidget& dialog) {
+        program.database.SetAccount(1);
+        send = &program.On<PushButton>(dialog, u"BtnSendS(0)"_q);
+        ClickOn(*send);
+    });
+    EXPECT_EQ(program.gateway.CallCount(), 0);
+}
+
 TEST_F(Dispatch, TenThousandRowsOfWhichOneIsFilledAreWalkedToTheEnd)
 {
     program.Write(u"안녕"_q);

@@ -37,6 +37,8 @@ INSTANTIATE_TEST_SUITE_P(
         Paste{"TwoRows", u"a\tb\nc\td"_q, {{u"a"_q, u"b"_q}, {u"c"_q, u"d"_q}}, true},
         Paste{"OneColumn", u"a\rb\rc\r"_q, {{u"a"_q}, {u"b"_q}, {u"c"_q}}, true},
         Paste{"BlankRow", u"a\r\n\r\nb"_q, {{u"a"_q}, {u""_q}, {u"b"_q}}, true},
+        Paste{"EmptyLinesAtTheEnd", u"010-1\r\n\r\n \n"_q, {{u"010-1"_q}}, false},
+        Paste{"EmptyLinesAlone", u"\n\n"_q, {}, false},
         Paste{"BlankValues", u"\t\t\n\tb"_q, {{u""_q, u""_q, u""_q}, {u""_q, u"b"_q}}, true},
         Paste{"TabAtTheEnd", u"a\t"_q, {{u"a"_q, u""_q}}, true},
         Paste{"Blanks", u"  a \t b\n"_q, {{u"a"_q, u"b"_q}}, true},
