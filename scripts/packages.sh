@@ -10,8 +10,8 @@ run_packages=(qt6-qpa-plugins qt6-translations-l10n fonts-nanum libodbc2 tdsodbc
 screen_packages=(xvfb openbox xdotool x11-utils x11-xserver-utils imagemagick curl sqlite3)
 office_packages=(libreoffice-calc-nogui) # the tests have it open what the program writes
 bench_packages=(xvfb bsdextrautils)
-sanitize_packages=(clang-14 libclang-rt-14-dev)
-check_packages=(clang clang-format-14 clang-tidy-14 git)
+sanitize_packages=(clang libclang-rt-dev)
+check_packages=(clang clang-format clang-tidy git)
 packaging_packages=(dpkg-dev file mmdebstrap lintian desktop-file-utils)
 
 # ensure_packages NAME...: installs what is missing of them, through apt, with sudo unless root.
@@ -38,14 +38,15 @@ ensure_packages() {
   "${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# configure_and_build PRESET [TARGET...]: with ccache where it is there.
+# configure_and_build PRESET [TARGET...]: with ccache where it is there; in CI warnings are errors.
 configure_and_build() {
   local preset=$1
   shift
-  local launcher=()
-  command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+  # A newer compiler's new warning must not stop a user, only the change that brings it.
+  local options=(-DCMAKE_COMPILE_WARNING_AS_ERROR="${CI:+ON}")
+  command -v ccache >/dev/null && options+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
   export CCACHE_SLOPPINESS=pch_defines,time_macros
-  cmake --preset "$preset" "${launcher[@]}" >/dev/null || return 1
+  cmake --preset "$preset" "${options[@]}" >/dev/null || return 1
   local targets=()
   [ $# -gt 0 ] && targets=(--target "$@")
   cmake --build --preset "$preset" "${targets[@]}"
