@@ -1,4 +1,5 @@
 #include "store/Statement.h"
+#include "support/AttackTexts.h"
 #include "support/Words.h"
 
 #include <gtest/gtest.h>
@@ -10,6 +11,11 @@ namespace {
 Statement MemberOfName(const QString& name)
 {
     return Statement(u"SELECT GSubNm FROM SMSGroupSub   WHERE GSubNm ='").InQuotes(name).Own(u"'");
+}
+
+Statement MemberWithNumberLike(const QString& number)
+{
+    return Statement(u"SELECT GSubNm FROM SMSGroupSub WHERE GSPhone LIKE '%").InQuotes(number).Own(u"%'");
 }
 
 Statement Insert(const QString& first, const QString& second)
@@ -89,6 +95,20 @@ TEST(Statement, ValuesWhoseApostrophesBalanceAreRefused)
     EXPECT_EQ(Insert(u"a'"_q, u"'b"_q).Fault(), u"Incorrect syntax near ','."_q);
     EXPECT_EQ(Insert(u"x', 'y"_q, u"z"_q).Fault(), u"Incorrect syntax near ','."_q);
     EXPECT_EQ(MemberOfName(u"x'; DELETE SMSSetup WHERE 'a'='a"_q).Fault(), u"Incorrect syntax near ';'."_q);
+}
+
+TEST(Statement, EveryAttackIsRefusedAtEachPlaceOfAValue)
+{
+    for (const AttackText& attack : AttackTexts)
+        for (const auto& [text, near] :
+             {std::pair(attack.text, attack.near), {attack.brief, attack.nearBrief}}) {
+            SCOPED_TRACE(attack.name + ": " + text.toStdString());
+            const QString refusal = u"Incorrect syntax near '%1'."_q.arg(near);
+            EXPECT_EQ(MemberOfName(text).Fault(), refusal);
+            EXPECT_EQ(Insert(text, u"a"_q).Fault(), refusal);
+            EXPECT_EQ(Insert(u"a"_q, text).Fault(), refusal);
+            EXPECT_EQ(MemberWithNumberLike(text).Fault(), refusal);
+        }
 }
 
 TEST(Statement, AValueThatHidesTheClosingQuoteIsRefused)
