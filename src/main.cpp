@@ -2,6 +2,7 @@
 #include "gateway/ModSMS.h"
 #include "runtime/Clock.h"
 #include "runtime/CommandLine.h"
+#include "runtime/ProcessRules.h"
 #include "services/Services.h"
 #include "session/Session.h"
 #include "shell/frmSMSMain.h"
@@ -14,6 +15,10 @@
 int main(int argc, char** argv)
 {
     using namespace tsms;
+    KeepMemoryPrivate(); // the launch line holds a password
+    FillStandardStreams();
+    TakeWriteFaultsAsErrors();
+
     // The launch line is all there is on the command line: the toolkit gets to see none of it.
     const QString command = TakeCommandLine(argc, argv);
     int programNameOnly = 1;

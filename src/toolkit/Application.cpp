@@ -5,11 +5,41 @@
 
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QTextStream>
+
+#include <cstdlib>
 
 namespace tsms {
 
-Application::Application(int& argc, char** argv) : QApplication(argc, argv)
+namespace {
+
+QtMessageHandler usualHandler = nullptr;
+
+/// What the toolkit gives up for while it starts is a display. It would abort.
+void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
+    if (type != QtFatalMsg) {
+        usualHandler(type, context, text);
+        return;
+    }
+    QTextStream(stderr) << QStringLiteral(
+        "tsms: 화면에 연결할 수 없어 프로그램을 시작하지 못했습니다. 그래픽 화면에서 실행하거나 환경변수 "
+        "DISPLAY, WAYLAND_DISPLAY, QT_QPA_PLATFORM을 확인하여 주십시오.\n");
+    std::_Exit(EXIT_FAILURE);
+}
+
+/// Comes before the toolkit starts. Answers what the toolkit is given.
+int& AwaitDisplay(int& argc)
+{
+    usualHandler = qInstallMessageHandler(EndWithoutDisplay);
+    return argc;
+}
+
+} // namespace
+
+Application::Application(int& argc, char** argv) : QApplication(AwaitDisplay(argc), argv)
+{
+    qInstallMessageHandler(usualHandler);
     setWindowIcon(PictureIcon(QStringLiteral("application")));
     const QLocale korean(QLocale::Korean, QLocale::SouthKorea);
     if (words_.load(korean, QStringLiteral("qtbase"), QStringLiteral("_"),

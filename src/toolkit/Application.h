@@ -13,6 +13,7 @@ class Desktop;
 class Application : public QApplication
 {
 public:
+    /// Without a display it ends the process in order: with a line on stderr and status 1.
     Application(int& argc, char** argv);
 
     /// Where unhandled errors are shown; without it they end the program.

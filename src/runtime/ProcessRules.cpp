@@ -1,0 +1,49 @@
+#include "runtime/ProcessRules.h"
+
+#include <QtGlobal>
+
+#ifdef Q_OS_LINUX
+#include <sys/prctl.h>
+#endif
+#ifdef Q_OS_UNIX
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+namespace tsms {
+
+void KeepMemoryPrivate()
+{
+#ifdef Q_OS_LINUX
+    // A limit of 0 on the size of cores would not do: it does not hold where cores go to a program
+    // (core(5), "Piping core dumps to a program"), and a browser that is started would have it too.
+    ::prctl(PR_SET_DUMPABLE, 0);
+#endif
+}
+
+void FillStandardStreams()
+{
+#ifdef Q_OS_UNIX
+    int opened = 0;
+    do
+        opened = ::open("/dev/null", O_RDWR);
+    while (opened >= 0 && opened <= STDERR_FILENO);
+    if (opened >= 0)
+        ::close(opened);
+#endif
+}
+
+void TakeWriteFaultsAsErrors()
+{
+#ifdef Q_OS_UNIX
+    // A handler that does nothing, since what is ignored stays so in every program that is started.
+    struct sigaction nothing = {};
+    nothing.sa_handler = [](int) {};
+    nothing.sa_flags = SA_RESTART;
+    for (const int signal : {SIGPIPE, SIGXFSZ})
+        ::sigaction(signal, &nothing, nullptr);
+#endif
+}
+
+} // namespace tsms

@@ -1,0 +1,17 @@
+#pragma once
+
+namespace tsms {
+
+/// Keeps the memory of the process to itself: the system keeps no core of it, and no other program of the
+/// same user may look into it. Programs that it starts are not concerned. Call it before any secret is read.
+void KeepMemoryPrivate();
+
+/// Opens the standard streams that the caller has closed, on nothing. Otherwise the next file or connection
+/// would take the place of one, and get what is written to it.
+void FillStandardStreams();
+
+/// A write to a pipe without a reader, and one beyond the size that a file may have, come back as errors and
+/// do not end the process. Programs that it starts are not concerned.
+void TakeWriteFaultsAsErrors();
+
+} // namespace tsms
