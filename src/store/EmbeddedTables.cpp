@@ -92,6 +92,19 @@ private:
     QString path_;
 };
 
+[[noreturn]] void RefusePlace(const QString& path)
+{
+    throw RuntimeError(CommunicationFailure, QStringLiteral("파일을 만들 수 없습니다: ") + path);
+}
+
+/// Its owner alone may read it. The files that the engine puts beside it take over who may.
+void MakePrivateFile(const QString& path)
+{
+    if (!QFile(path).open(QIODevice::WriteOnly | QIODevice::NewOnly,
+                          QFileDevice::ReadOwner | QFileDevice::WriteOwner))
+        RefusePlace(path);
+}
+
 [[noreturn]] void RefuseTaken(const QString& path)
 {
     throw RuntimeError(StatementFailure, QStringLiteral("같은 이름의 파일이 이미 있습니다: ") + path);
@@ -137,15 +150,16 @@ void CreateEmbeddedDatabase(const QString& path, YearRange years, const Clock& c
     if (file.exists() || file.isSymLink())
         RefuseTaken(path);
     const Draft draft(file.absoluteFilePath());
+    MakePrivateFile(draft.Path());
     EmbeddedConnection connection(clock);
-    connection.OpenFile(draft.Path(), true);
+    connection.OpenFile(draft.Path());
     MakeTables(connection, years, fill);
     connection.Close();
     if (QFile::rename(draft.Path(), file.absoluteFilePath()))
         return;
     if (file.exists())
         RefuseTaken(path);
-    throw RuntimeError(CommunicationFailure, QStringLiteral("파일을 만들 수 없습니다: ") + path);
+    RefusePlace(path);
 }
 
 void AddEmbeddedLogYear(const QString& path, int year, const Clock& clock)

@@ -10,8 +10,8 @@ class Clock;
 class Connection;
 
 /// Makes an embedded database with all tables and the one account row, empty and with a balance of 0. `fill`
-/// may write more before the file appears under its name. Raises a RuntimeError when the name is taken or the
-/// file cannot be made; then nothing is left of it.
+/// may write more before the file appears under its name. Its owner alone may read and write it. Raises a
+/// RuntimeError when the name is taken or the file cannot be made; then nothing is left of it.
 void CreateEmbeddedDatabase(const QString& path, YearRange years, const Clock& clock,
                             const std::function<void(Connection&)>& fill = {});
 

@@ -368,6 +368,16 @@ TEST_F(DatabaseTool, TheDemoIsTheSameForTheSameMoment)
     EXPECT_EQ(Value(u"a.db"_q, all), Value(u"b.db"_q, all));
 }
 
+TEST_F(DatabaseTool, AScriptThatCannotBeWrittenToItsEndIsAFailure)
+{
+    QFile full(u"/dev/full"_q);
+    ASSERT_TRUE(full.open(QIODevice::WriteOnly));
+    QTextStream script(&full);
+    QTextStream words(&err);
+    EXPECT_EQ(RunDatabaseTool({u"tsms-db"_q, u"schema"_q, u"--server"_q}, clock, script, words), 1);
+    EXPECT_EQ(err, u"tsms-db: 출력을 끝까지 쓰지 못했습니다.\n"_q);
+}
+
 TEST(DemoContent, EveryTemplateFitsIntoOneMessage)
 {
     for (const DemoCategory& category : DemoCategories())

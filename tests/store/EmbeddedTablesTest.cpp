@@ -8,8 +8,11 @@
 
 #include <QDir>
 #include <QFile>
+#include <QScopeGuard>
 
 #include <gtest/gtest.h>
+
+#include <sys/stat.h>
 
 namespace tsms::test {
 
@@ -20,6 +23,15 @@ class EmbeddedTablesTest : public ::testing::Test
 protected:
     QString In(const QString& name) { return QDir(folder.path()).filePath(name); }
     QStringList Files() { return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden); }
+    /// Those that others than their owner may read or write.
+    QStringList FilesForOthers()
+    {
+        const QFile::Permissions others =
+            QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+        QStringList names = Files();
+        names.removeIf([&](const QString& name) { return !(QFile::permissions(In(name)) & others); });
+        return names;
+    }
 
     FixedClock clock;
     QTemporaryDir folder;
@@ -59,6 +71,21 @@ TEST_F(EmbeddedTablesTest, ADatabaseIsOneFileThatKeepsItsJournalAhead)
     TestDatabase database(clock);
     EXPECT_EQ(QDir(database.Folder()).entryList(QDir::Files | QDir::Hidden).size(), 1);
     EXPECT_EQ(database.Value(u"PRAGMA journal_mode"_q), u"wal"_q);
+}
+
+TEST_F(EmbeddedTablesTest, OnlyItsOwnerMayReadADatabaseOrWhatStandsBesideIt)
+{
+    const auto asBefore = qScopeGuard([former = ::umask(0)] { ::umask(former); });
+    CreateEmbeddedDatabase(In(u"a.db"_q), {}, clock, [this](Connection&) {
+        EXPECT_GE(Files().size(), 2) << "the engine has files of its own";
+        EXPECT_EQ(FilesForOthers(), QStringList());
+    });
+    EXPECT_EQ(FilesForOthers(), QStringList());
+    EmbeddedConnection connection(clock);
+    connection.OpenFile(In(u"a.db"_q));
+    connection.Execute(u"UPDATE SMSSetup SET SMSRemainCnt= 1"_q);
+    EXPECT_EQ(Files(), (QStringList{u"a.db"_q, u"a.db-shm"_q, u"a.db-wal"_q}));
+    EXPECT_EQ(FilesForOthers(), QStringList());
 }
 
 TEST_F(EmbeddedTablesTest, AFileThatStandsIsNotTouched)

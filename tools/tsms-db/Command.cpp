@@ -191,7 +191,12 @@ private:
 
 int RunDatabaseTool(const QStringList& arguments, const Clock& clock, QTextStream& out, QTextStream& err)
 {
-    return Tool(clock, out, err).Run(arguments);
+    const int status = Tool(clock, out, err).Run(arguments);
+    out.flush();
+    if (out.status() == QTextStream::Ok)
+        return status;
+    err << QStringLiteral("tsms-db: 출력을 끝까지 쓰지 못했습니다.\n");
+    return Failed;
 }
 
 } // namespace tsms

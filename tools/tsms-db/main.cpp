@@ -1,10 +1,12 @@
 #include "runtime/Clock.h"
+#include "runtime/ProcessRules.h"
 #include "tsms-db/Command.h"
 
 #include <QCoreApplication>
 
 int main(int argc, char** argv)
 {
+    tsms::TakeWriteFaultsAsErrors();
     const QCoreApplication application(argc, argv);
     const tsms::SystemClock clock;
     QTextStream out(stdout);
