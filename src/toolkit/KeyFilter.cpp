@@ -1,6 +1,7 @@
 #include "toolkit/KeyFilter.h"
 
 #include "toolkit/Guarded.h"
+#include "toolkit/LimitRule.h"
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -31,7 +32,7 @@ QString CharactersOf(const QKeyEvent& event)
     default:
         break;
     }
-    QString text = event.text();
+    QString text = Manageable(event.text());
     if (text.isEmpty() || text.front().category() == QChar::Other_Control)
         return {};
     return text;
@@ -73,7 +74,7 @@ void SendFilteredKey(QKeyEvent& event, const PassKeysFunction& pass,
         return;
     }
     const QString passed = pass(characters);
-    if (passed == characters) {
+    if (passed == characters && event.text().size() <= characters.size()) {
         send(&event);
         return;
     }
@@ -88,13 +89,17 @@ void SendFilteredKey(QKeyEvent& event, const PassKeysFunction& pass,
 void SendFilteredCommit(QInputMethodEvent& event, const PassKeysFunction& pass,
                         const std::function<void(QInputMethodEvent*)>& send)
 {
-    const QString committed = event.commitString();
+    const QString committed = Manageable(event.commitString());
     const QString passed = committed.isEmpty() ? committed : pass(committed);
-    if (passed == committed) {
+    const QString composed = Manageable(event.preeditString());
+    const bool wholly = composed == event.preeditString();
+    if (wholly && passed == event.commitString()) {
         send(&event);
         return;
     }
-    QInputMethodEvent filtered(event.preeditString(), event.attributes());
+    // The attributes mark places of the composed text, which may be gone.
+    const auto marks = wholly ? event.attributes() : QList<QInputMethodEvent::Attribute>();
+    QInputMethodEvent filtered(composed, marks);
     filtered.setCommitString(passed, event.replacementStart(), event.replacementLength());
     send(&filtered);
     event.accept();

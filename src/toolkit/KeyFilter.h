@@ -26,13 +26,14 @@ QString OfferKeys(const QWidget& control, const std::function<void(char16_t& key
 /// True when the event is a Tab that the filter swallowed; it is then used up.
 bool SwallowsTab(QEvent& event, const PassKeysFunction& pass);
 
-/// Hands a key press on with the characters that the filter lets pass, or uses it up when none is left.
+/// Hands a key press on with the characters that the filter lets pass, of a manageable number, or uses it up
+/// when none is left.
 /// Keys without a character and editing commands go on untouched.
 void SendFilteredKey(QKeyEvent& event, const PassKeysFunction& pass,
                      const std::function<void(QKeyEvent*)>& send);
 
 /// Hands an input method's event on with what the filter lets pass of the committed text. What is still being
-/// composed is left alone.
+/// composed is left alone. Of neither more than a manageable number of characters is handed on.
 void SendFilteredCommit(QInputMethodEvent& event, const PassKeysFunction& pass,
                         const std::function<void(QInputMethodEvent*)>& send);
 

@@ -93,4 +93,9 @@ QString LimitText(QStringView text, const Measure& measure, int limit)
     return text.first(measure.fitting(text, limit)).toString();
 }
 
+QString Manageable(QStringView text)
+{
+    return LimitText(text, CharactersMeasure, MostGiven);
+}
+
 } // namespace tsms

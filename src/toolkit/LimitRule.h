@@ -50,4 +50,11 @@ qsizetype FirstLineLength(QStringView text);
 /// The text that stays of one set by the program: the longest beginning that fits.
 QString LimitText(QStringView text, const Measure& measure, int limit);
 
+/// The most characters that a control is given at once. No field's own limit comes near it, and a control
+/// lays out what it is given before that limit can act: with a million characters it is busy for a minute.
+inline constexpr int MostGiven = 10'000;
+
+/// What a control is given of a text from outside.
+QString Manageable(QStringView text);
+
 } // namespace tsms

@@ -2,6 +2,7 @@
 
 #include "runtime/Text.h"
 #include "toolkit/KeyFilter.h"
+#include "toolkit/LimitRule.h"
 #include "toolkit/Naming.h"
 
 #include <QInputMethodEvent>
@@ -71,7 +72,7 @@ QString MemoBox::Text() const
 
 void MemoBox::SetText(const QString& text)
 {
-    ChangeByProgram([&] { setPlainText(text); });
+    ChangeByProgram([&] { setPlainText(Manageable(text)); });
 }
 
 int MemoBox::SelStart() const
@@ -201,7 +202,7 @@ void MemoBox::insertFromMimeData(const QMimeData* source)
     if (!source->hasText())
         return;
     const EditStep step(*this, true);
-    insertPlainText(source->text().replace(QChar::LineSeparator, QChar(u'\n')));
+    insertPlainText(Manageable(source->text()).replace(QChar::LineSeparator, QChar(u'\n')));
 }
 
 } // namespace tsms

@@ -1,6 +1,7 @@
 #include "toolkit/TextBox.h"
 
 #include "toolkit/KeyFilter.h"
+#include "toolkit/LimitRule.h"
 #include "toolkit/Naming.h"
 
 #include <QInputMethodEvent>
@@ -13,7 +14,7 @@ namespace tsms {
 TextBox::TextBox(QWidget* parent) : QLineEdit(parent)
 {
     // Its own limit works on what was put in; the control's would cut without telling where.
-    QLineEdit::setMaxLength(16'777'216);
+    QLineEdit::setMaxLength(MostGiven);
     setTextMargins(2, 1, 2, 1);
     connect(this, &QLineEdit::textChanged, this, [this] { TellChange(); });
 }

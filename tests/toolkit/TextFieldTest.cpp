@@ -1,3 +1,4 @@
+#include "toolkit/LimitRule.h"
 #include "toolkit/MemoBox.h"
 #include "toolkit/TextBox.h"
 #include "toolkit/TextHelper.h"
@@ -7,7 +8,9 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDropEvent>
 #include <QInputMethodEvent>
+#include <QMimeData>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -228,6 +231,86 @@ TYPED_TEST(AnyTextField, BackColorIsTheColourThatWasSet)
 {
     this->field.SetBackColor(QColor(144, 215, 250));
     EXPECT_EQ(this->field.BackColor(), QColor(144, 215, 250));
+}
+
+/// The longest text that a control has laid out.
+class LongestText
+{
+public:
+    explicit LongestText(TextBox& field)
+    {
+        watch_ = QObject::connect(&field, &QLineEdit::textChanged, &field,
+                                  [this](const QString& text) { Note(text.size()); });
+    }
+    explicit LongestText(MemoBox& field)
+    {
+        watch_ = QObject::connect(field.document(), &QTextDocument::contentsChange, &field,
+                                  [this](int, int, int added) { Note(added); });
+    }
+    ~LongestText() { QObject::disconnect(watch_); }
+    LongestText(const LongestText&) = delete;
+    LongestText& operator=(const LongestText&) = delete;
+
+    qsizetype Length() const { return length_; }
+
+private:
+    void Note(qsizetype length) { length_ = std::max(length_, length); }
+
+    QMetaObject::Connection watch_;
+    qsizetype length_ = 0;
+};
+
+void Drop(QWidget& field, const QMimeData& data)
+{
+    const QPoint place(4, 4);
+    QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&field, &enter);
+    QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&field, &drop);
+}
+void DropOn(TextBox& field, const QMimeData& data)
+{
+    Drop(field, data);
+}
+void DropOn(MemoBox& field, const QMimeData& data)
+{
+    Drop(*field.viewport(), data);
+}
+
+TYPED_TEST(AnyTextField, AMillionCharactersAreCutBeforeTheyAreLaidOut)
+{
+    const QString million(1'000'000, u'가');
+    QMimeData plain;
+    plain.setText(million);
+    const auto put = [&](const char* way, const std::function<void()>& act) {
+        this->field.SetMaxLength(0);
+        this->field.SetText(QString());
+        this->field.SetMaxLength(7);
+        const LongestText longest(this->field);
+        act();
+        EXPECT_EQ(this->field.Text(), QString(7, u'가')) << way;
+        EXPECT_LE(longest.Length(), MostGiven + 1) << way; // a paragraph's end may count
+    };
+    put("set by the program", [&] { this->field.SetText(million); });
+    put("typed", [&] {
+        QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, million);
+        QApplication::sendEvent(&this->field, &key);
+    });
+    put("pasted", [&] { PasteText(this->field, million); });
+    put("pasted as rich text", [&] {
+        auto* rich = new QMimeData;
+        rich->setHtml(u"<b>"_q + million + u"</b>"_q);
+        rich->setText(million);
+        QApplication::clipboard()->setMimeData(rich);
+        QTest::keyClick(&this->field, Qt::Key_V, Qt::ControlModifier);
+    });
+    put("dropped", [&] { DropOn(this->field, plain); });
+    put("committed", [&] {
+        Compose(this->field, million);
+        QInputMethodEvent commit;
+        commit.setCommitString(million);
+        QApplication::sendEvent(&this->field, &commit);
+    });
 }
 
 /// Two fields in a window that the focus can leave for another one.

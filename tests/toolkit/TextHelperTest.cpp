@@ -1,6 +1,8 @@
 #include "toolkit/TextHelper.h"
 
 #include "runtime/CodePage949.h"
+#include "toolkit/KeyFilter.h"
+#include "toolkit/LimitRule.h"
 #include "toolkit/MemoBox.h"
 #include "toolkit/TextBox.h"
 
@@ -9,6 +11,7 @@
 #include "support/Words.h"
 
 #include <QApplication>
+#include <QInputMethodEvent>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -379,6 +382,23 @@ TEST_F(TextHelperTest, AKeyThatMakesNoCharacterIsOfferedToNoFilter)
     QTest::keyClick(&line, Qt::Key_Escape);
     QTest::keyClick(&line, Qt::Key_Delete);
     QTest::keyClick(&line, Qt::Key_Left);
+}
+
+TEST(Composing, OfAMillionCharactersAManageablePartIsHandedOnWithoutMarks)
+{
+    const QString million(1'000'000, u'가');
+    const QInputMethodEvent::Attribute mark(QInputMethodEvent::Cursor, 999'999, 1);
+    QInputMethodEvent event(million, {mark});
+    QString composed;
+    qsizetype marks = -1;
+    SendFilteredCommit(
+        event, [](QStringView keys) { return keys.toString(); },
+        [&](QInputMethodEvent* handed) {
+            composed = handed->preeditString();
+            marks = handed->attributes().size();
+        });
+    EXPECT_EQ(composed.size(), MostGiven);
+    EXPECT_EQ(marks, 0);
 }
 
 TEST(NumberKeys, AreTheCodes45To57AndThreeEditingKeys)
