@@ -1,5 +1,7 @@
 #include "templates/CardLabel.h"
 
+#include "toolkit/LimitRule.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QTextLayout>
@@ -41,7 +43,7 @@ QString WithEllipsis(QString line, const QFontMetrics& metrics, int width)
 WrappedText WrapText(const QString& text, const QFont& font, int width, int most)
 {
     WrappedText wrapped;
-    for (const QString& paragraph : text.split(u'\n'))
+    for (const QString& paragraph : Manageable(text).split(u'\n'))
         wrapped.lines += LinesOf(paragraph, font, width);
     wrapped.cut = wrapped.lines.size() > std::max(1, most);
     if (wrapped.cut) {
@@ -90,7 +92,7 @@ bool CardLabel::event(QEvent* event)
     if (event->type() != QEvent::ToolTip)
         return Label::event(event);
     if (Shown().cut) {
-        const QString words = text().toHtmlEscaped();
+        const QString words = Manageable(text()).toHtmlEscaped();
         QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
                            QStringLiteral("<p style=\"white-space:pre-wrap\">%1</p>").arg(words), this);
     } else {

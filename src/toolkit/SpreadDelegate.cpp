@@ -202,7 +202,7 @@ bool SpreadDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const
     if (Fits(option.rect, text, option.fontMetrics.horizontalAdvance(text))) {
         QToolTip::hideText();
     } else {
-        const QString whole = index.data(Qt::DisplayRole).toString().toHtmlEscaped();
+        const QString whole = Manageable(index.data(Qt::DisplayRole).toString()).toHtmlEscaped();
         QToolTip::showText(event->globalPos(), QStringLiteral("<qt>%1</qt>").arg(whole), view, option.rect);
     }
     return true;

@@ -1,5 +1,6 @@
 #include "templates/CardLabel.h"
 #include "support/Words.h"
+#include "toolkit/LimitRule.h"
 #include "toolkit/Theme.h"
 
 #include <gtest/gtest.h>
@@ -105,6 +106,13 @@ TEST_F(CardLabelTest, ACutCaptionIsWholeInItsToolTip)
     const QString words = ToolTip();
     EXPECT_TRUE(words.contains(u"&lt;b&gt; &amp; 첫째\n"_q)) << words.toStdString();
     EXPECT_TRUE(words.contains(QString(160, u'가') + u"끝"_q));
+}
+
+TEST_F(CardLabelTest, OfAMillionCharactersTheToolTipTakesABeginning)
+{
+    label.SetCaption(QString(1'000'000, u'가'));
+    EXPECT_TRUE(label.Shown().cut);
+    EXPECT_EQ(ToolTip().count(u'가'), MostGiven);
 }
 
 TEST_F(CardLabelTest, ACaptionThatIsWholeHasNoToolTip)

@@ -1,16 +1,19 @@
 #include "support/Words.h"
 #include "toolkit/fpSpread.h"
+#include "toolkit/LimitRule.h"
 #include "toolkit/SpreadDelegate.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 
 #include <gtest/gtest.h>
 
@@ -1215,6 +1218,16 @@ TEST_F(SpreadTest, TenThousandRowsCanBeFilledAndHidden)
         grid.SetRowHidden(row, true);
     EXPECT_TRUE(grid.isRowHidden(9998));
     EXPECT_FALSE(grid.isRowHidden(9999));
+}
+
+TEST_F(SpreadTest, OfAMillionCharactersInACellTheToolTipTakesABeginning)
+{
+    Show();
+    grid.SetText(2, 1, QString(1'000'000, u'가'));
+    QHelpEvent event(QEvent::ToolTip, Place(2, 1), grid.viewport()->mapToGlobal(Place(2, 1)));
+    QApplication::sendEvent(grid.viewport(), &event);
+    EXPECT_EQ(QToolTip::text().count(u'가'), MostGiven);
+    QToolTip::hideText();
 }
 
 } // namespace
