@@ -4,8 +4,8 @@
 
 #include <iconv.h>
 
+#include <algorithm>
 #include <array>
-#include <cerrno>
 
 namespace tsms {
 
@@ -57,6 +57,32 @@ Converter& Decoder()
     return decoder;
 }
 
+/// Decodes up to the first byte that begins no character, or all, and gives the number of characters.
+qsizetype Decode(const char* from, const char* end, char16_t* to)
+{
+    std::size_t inLeft = static_cast<std::size_t>(end - from);
+    char* out = reinterpret_cast<char*>(to);
+    std::size_t outLeft = inLeft * sizeof(char16_t);
+    Decoder().Convert(from, inLeft, out, outLeft);
+    return reinterpret_cast<char16_t*>(out) - to;
+}
+
+/// Where so many characters end: one is of two bytes unless it is ASCII. The decoder itself cannot be asked
+/// for that: glibc's takes both bytes of A2 E8 before it refuses them, and none of other bytes that it
+/// refuses.
+const char* Behind(qsizetype characters, const char* from)
+{
+    for (; characters > 0; --characters)
+        from += (*from & 0x80) != 0 ? 2 : 1;
+    return from;
+}
+
+/// How many of the bytes one U+FFFD stands for where no character begins.
+qsizetype ReplacedBytes(const char* from, const char* end)
+{
+    return QByteArrayView(from, end).startsWith("\xA2\xE8") ? 2 : 1;
+}
+
 /// How many bytes one UTF-16 unit takes.
 int UnitBytes(char16_t unit)
 {
@@ -82,10 +108,21 @@ bool IsSurrogatePair(QStringView text, qsizetype at)
     return text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
 }
 
+bool IsSurrogate(QChar unit)
+{
+    return unit.isSurrogate();
+}
+
 } // namespace
 
 QByteArray ToCodePage949(QStringView text)
 {
+    if (std::any_of(text.begin(), text.end(), IsSurrogate)) {
+        // Nothing outside the basic plane has a code; glibc's encoder drops the tags there without a word.
+        QString plain = text.toString();
+        std::replace_if(plain.begin(), plain.end(), IsSurrogate, u'?');
+        return ToCodePage949(plain);
+    }
     QByteArray bytes(2 * text.size(), Qt::Uninitialized);
     char* out = bytes.data();
     std::size_t outLeft = static_cast<std::size_t>(bytes.size());
@@ -103,20 +140,21 @@ QByteArray ToCodePage949(QStringView text)
 
 QString FromCodePage949(const QByteArray& bytes)
 {
-    QString text(bytes.size(), Qt::Uninitialized);
-    char* out = reinterpret_cast<char*>(text.data());
-    std::size_t outLeft = static_cast<std::size_t>(text.size()) * sizeof(char16_t);
-    const char* in = bytes.constData();
-    std::size_t inLeft = static_cast<std::size_t>(bytes.size());
-    while (inLeft > 0 && !Decoder().Convert(in, inLeft, out, outLeft)) {
-        const char16_t replacement = u'\xFFFD';
-        memcpy(out, &replacement, sizeof replacement);
-        out += sizeof replacement;
-        outLeft -= sizeof replacement;
-        ++in;
-        --inLeft;
+    QString text(bytes.size(), Qt::Uninitialized); // no character has more units than bytes
+    char16_t* const begin = reinterpret_cast<char16_t*>(text.data());
+    char16_t* to = begin;
+    const char* from = bytes.constData();
+    const char* const end = from + bytes.size();
+    while (from < end) {
+        const qsizetype characters = Decode(from, end, to);
+        from = Behind(characters, from);
+        to += characters; // one unit each
+        if (from < end) {
+            *to++ = u'\xFFFD';
+            from += ReplacedBytes(from, end);
+        }
     }
-    text.truncate((out - reinterpret_cast<char*>(text.data())) / static_cast<qsizetype>(sizeof(char16_t)));
+    text.truncate(to - begin);
     return text;
 }
 

@@ -10,7 +10,8 @@ namespace tsms {
 /// one "?" (so a character outside the basic plane becomes two).
 QByteArray ToCodePage949(QStringView text);
 
-/// The text of bytes in code page 949. A byte that begins no character becomes U+FFFD.
+/// The text of bytes in code page 949, by the platform's own table. A byte that begins no character becomes
+/// one U+FFFD, and so does the pair A2 E8 where it has no character (U+327E in a later edition of KS X 1001).
 QString FromCodePage949(const QByteArray& bytes);
 
 /// The length in bytes of the whole text in code page 949, less one for each CR LF pair, so that a line

@@ -1,4 +1,5 @@
 #include "runtime/CodePage949.h"
+#include "support/CodePageTable.h"
 #include "support/Words.h"
 
 #include <gtest/gtest.h>
@@ -45,6 +46,73 @@ TEST(CodePage949, AUnitWithoutACodeBecomesAQuestionMark)
 {
     EXPECT_EQ(ToCodePage949(u"aéb"), QByteArray("a?b"));
     EXPECT_EQ(ToCodePage949(u"😀"), QByteArray("??"));
+}
+
+TEST(CodePage949, ACharacterOutsideTheBasicPlaneBecomesTwoQuestionMarks)
+{
+    for (char32_t c = 0x10000; c < 0x110000; ++c)
+        ASSERT_EQ(ToCodePage949(QString::fromUcs4(&c, 1)), "??") << std::hex << std::uint32_t(c);
+}
+
+TEST(CodePage949, EveryUnitIsWrittenAtTheEndAndInTheMiddle)
+{
+    for (int value = 0; value < 0x10000; ++value) {
+        const QChar unit(value);
+        const QByteArray bigEndian = QByteArray(1, static_cast<char>(value >> 8)) + static_cast<char>(value);
+        const QByteArray code = OneConverted("CP949", "UTF-16BE", bigEndian).value_or("?");
+        ASSERT_EQ(ToCodePage949(u"a가"_q + unit), "a\xB0\xA1" + code) << std::hex << value;
+        ASSERT_EQ(ToCodePage949(unit + u"가a"_q), code + "\xB0\xA1"
+                                                         "a")
+            << std::hex << value;
+    }
+}
+
+TEST(CodePage949, EveryUnitFitsIntoItsBytesAndNotIntoLess)
+{
+    for (int value = 0; value < 0x10000; ++value) {
+        const QString text{QChar(value)};
+        const int bytes = static_cast<int>(ToCodePage949(text).size());
+        ASSERT_EQ(FittingLength(text, bytes), 1) << std::hex << value;
+        ASSERT_EQ(FittingLength(text, bytes - 1), 0) << std::hex << value;
+    }
+}
+
+TEST(CodePage949, ThePlatformHasEveryPairOfTheCodePage)
+{
+    // 988 signs, 2,350 + 8,822 syllables, 4,888 Hanja; A2 E8 is a sign in a later edition only.
+    const bool hasTheLaterSign = CodePageTable::Get().TextOf("\xA2\xE8") != u"\xFFFD"_q;
+    EXPECT_EQ(CodePageTable::Get().Pairs(), 17048 + (hasTheLaterSign ? 1 : 0));
+}
+
+TEST(CodePage949, EveryByteIsReadAtTheEndAndInTheMiddle)
+{
+    for (int value = 0; value < 0x100; ++value) {
+        const QByteArray byte(1, static_cast<char>(value));
+        for (const QByteArray& bytes : {byte, "a" + byte, "\xB0\xA1" + byte, byte + "a", byte + "\xB0\xA1z"})
+            ASSERT_EQ(FromCodePage949(bytes), CodePageTable::Get().TextOf(bytes))
+                << bytes.toHex(' ').constData();
+    }
+}
+
+TEST(CodePage949, EveryPairIsReadAtTheEndAndInTheMiddle)
+{
+    for (int value = 0; value < 0x10000; ++value) {
+        const QByteArray pair = QByteArray(1, static_cast<char>(value >> 8)) + static_cast<char>(value);
+        for (const QByteArray& bytes :
+             {pair, "a" + pair, "\xB0\xA1" + pair, pair + "a", pair + "\xB0\xA1z", pair + "a" + pair})
+            ASSERT_EQ(FromCodePage949(bytes), CodePageTable::Get().TextOf(bytes))
+                << bytes.toHex(' ').constData();
+    }
+}
+
+TEST(CodePage949, APairThatTheDecoderTakesAndRefusesLeavesTheByteBehindInItsPlace)
+{
+    const QString pair = CodePageTable::Get().TextOf("\xA2\xE8");
+    ASSERT_EQ(pair.size(), 1);
+    EXPECT_EQ(FromCodePage949("\xA2\xE8"), pair);
+    EXPECT_EQ(FromCodePage949("\xA2\xE8z"), pair + u'z');
+    EXPECT_EQ(FromCodePage949("a\xA2\xE8\xB0\xA1"), u'a' + pair + u'가');
+    EXPECT_EQ(FromCodePage949(QByteArray("\xA2\xE8").repeated(5000)), QString(pair).repeated(5000));
 }
 
 TEST(CodePage949, KoreanTextGoesThereAndBack)
