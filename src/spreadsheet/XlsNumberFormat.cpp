@@ -25,14 +25,48 @@ QString ShownGeneral(double value)
     return value == 0 ? QStringLiteral("0") : QString::number(value, 'G', KeptDigits);
 }
 
-/// To so many decimals, by the digits that are kept, a half upwards. A whole number stays as it is.
-double Rounded(double magnitude, int decimals)
+/// The digits of a number in front of its point, none where it is below 1, and so many behind it.
+struct Digits
 {
-    const double steps = std::pow(10.0, decimals);
-    const double scaled = magnitude * steps;
-    if (std::floor(magnitude) == magnitude || !std::isfinite(scaled))
-        return magnitude;
-    return std::round(QString::number(scaled, 'g', KeptDigits).toDouble()) / steps;
+    QString whole;
+    QString decimals;
+};
+
+/// Half a unit of the last digit that stays is rounded upwards.
+void RoundTo(qsizetype kept, QString& digits, qsizetype& point)
+{
+    if (kept >= digits.size())
+        return;
+    const bool upwards = kept >= 0 && digits[kept] >= u'5';
+    digits.truncate(std::max<qsizetype>(kept, 0));
+    if (!upwards)
+        return;
+    while (digits.endsWith(u'9')) // a zero that need not be written
+        digits.chop(1);
+    if (digits.isEmpty()) {
+        digits = u'1';
+        ++point;
+    } else {
+        digits.back() = QChar(digits.back().unicode() + 1);
+    }
+}
+
+/// Of a finite number times 10 to the `power`. It is moved and rounded as it is written, so that nothing of
+/// it is lost, and a number too large for a double has its digits too.
+Digits DigitsOf(double magnitude, int power, int decimals)
+{
+    if (magnitude == 0)
+        return {{}, QString(decimals, u'0')};
+    const QString written = QString::number(magnitude, 'e', KeptDigits - 1); // d.dd...e+dd
+    const qsizetype exponent = KeptDigits + 2;
+    QString digits = written.first(1) + written.sliced(2, KeptDigits - 1);
+    qsizetype point = 1 + written.sliced(exponent).toInt() + power; // so many digits stand in front of it
+    RoundTo(point + decimals, digits, point);
+    if (point < 0)
+        digits.prepend(QString(-point, u'0'));
+    point = std::max<qsizetype>(point, 0);
+    return {digits.left(point).leftJustified(point, u'0'),
+            digits.mid(point).leftJustified(decimals, u'0', true)};
 }
 
 /// The moment that a number stands for. No moment for one that is none.
@@ -335,13 +369,10 @@ bool XlsNumberFormat::Section::Meets(double value) const
 
 QString XlsNumberFormat::ShownDigits(const Section& section, double magnitude)
 {
-    const double scaled = magnitude * std::pow(10.0, section.power);
-    const QString number = QString::number(Rounded(scaled, section.decimals), 'f', section.decimals);
-    const qsizetype point = number.indexOf(u'.');
-    QStringView whole = QStringView(number).first(point < 0 ? number.size() : point);
-    const QStringView decimals = QStringView(number).sliced(point < 0 ? number.size() : point + 1);
-    if (whole == u"0")
-        whole = {}; // the code says whether a zero shows
+    const auto [whole, decimals] = DigitsOf(magnitude, section.power, section.decimals);
+    qsizetype needed = decimals.size(); // decimals up to the last one that is no zero
+    while (needed > 0 && decimals[needed - 1] == u'0')
+        --needed;
 
     QString shown;
     // A digit, or the sign of an empty place, that has so many places behind it.
@@ -373,16 +404,13 @@ QString XlsNumberFormat::ShownDigits(const Section& section, double magnitude)
                 shown += whole[whole.size() - left];
             shown += u'.';
             break;
-        case What::Decimal: {
-            const bool needed = text == u"0" || std::any_of(decimals.begin() + decimal, decimals.end(),
-                                                            [](QChar digit) { return digit != u'0'; });
-            if (needed)
+        case What::Decimal:
+            if (text == u"0" || decimal < needed)
                 shown += decimals[decimal];
             else if (text == u"?")
                 shown += u' ';
             ++decimal;
             break;
-        }
         }
     }
     return shown;

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QRegularExpression>
+
 #include <cmath>
 #include <limits>
 
@@ -23,6 +25,17 @@ void ExpectShown(const std::vector<Case>& cases)
     for (const Case& each : cases)
         EXPECT_EQ(XlsNumberFormat(each.code).Shown(each.value), each.shown)
             << QStringView(each.code).toString().toStdString() << " of " << each.value;
+}
+
+/// All codes of one to `most` of these tokens, in every order.
+template <class Visit>
+void ForEachCode(const std::vector<QString>& tokens, int most, const Visit& visit, const QString& begin = {})
+{
+    for (const QString& token : tokens) {
+        visit(begin + token);
+        if (most > 1)
+            ForEachCode(tokens, most - 1, visit, begin + token);
+    }
 }
 
 TEST(XlsNumberFormat, LeadingZerosShow)
@@ -164,6 +177,63 @@ TEST(XlsNumberFormat, WhatIsNoNumberSaysSo)
 {
     EXPECT_EQ(XlsNumberFormat(u"0").Shown(std::nan("")), u"#NUM!"_q);
     EXPECT_EQ(XlsNumberFormat(u"0").Shown(std::numeric_limits<double>::infinity()), u"#NUM!"_q);
+}
+
+TEST(XlsNumberFormat, NumbersBeyondADoubleKeepTheirPlaces)
+{
+    const QString zeros(308, u'0');
+    ExpectShown({{u"0.00%", 1e308, u"1"_q + zeros + u"00.00%"_q},
+                 {u"0.0#%%", 1e308, u"1"_q + zeros + u"0000.0%%"_q},
+                 {u".0?%", 1e308, u"1"_q + zeros + u"00.0 %"_q},
+                 {u"%0", 0, u"%0"_q},
+                 {u"0.0,,,,", 1e308, u"1"_q + zeros.chopped(12) + u".0"_q},
+                 {u"0.00", 5e-324, u"0.00"_q}});
+    const QString percents(200, u'%'); // their power of ten alone is beyond a double
+    EXPECT_EQ(XlsNumberFormat(u"0.0"_q + percents).Shown(0), u"0.0"_q + percents);
+    EXPECT_EQ(XlsNumberFormat(u"0.0"_q + percents).Shown(7),
+              u"7"_q + QString(400, u'0') + u".0"_q + percents);
+    EXPECT_EQ(XlsNumberFormat(u"0.0"_q + QString(200, u',')).Shown(1e308), u"0.0"_q);
+}
+
+TEST(XlsNumberFormat, InWhateverOrderPlacesPointsAndWordsStandAllDigitsShow)
+{
+    struct Number
+    {
+        double value;
+        QString digits;
+    };
+    const Number numbers[] = {
+        {0, {}}, {7, u"7"_q}, {120034, u"120034"_q}, {1.7e308, u"17"_q + QString(307, u'0')}};
+    const QRegularExpression place(u"[0#?.]"_q);
+    const QRegularExpression words(u"[^0-9.]"_q);
+    const QRegularExpression leadingZeros(u"^0+"_q);
+    const auto expectDigits = [&](const QString& code) {
+        for (const auto& [value, digits] : numbers) {
+            const QString hundreds = digits.isEmpty() ? QString() : u"00"_q.repeated(code.count(u'%'));
+            const QString shown = XlsNumberFormat(code).Shown(value).remove(words).remove(leadingZeros);
+            const QString decimals = shown.section(u'.', 1);
+            ASSERT_EQ(shown.section(u'.', 0, 0), code.contains(place) ? digits + hundreds : QString())
+                << code.toStdString() << " of " << value;
+            ASSERT_EQ(decimals.count(u'0') + decimals.count(u'.'), decimals.size())
+                << code.toStdString() << " of " << value;
+        }
+    };
+    ForEachCode({u"0"_q, u"#"_q, u"?"_q, u"."_q, u"%"_q, u"\"x\""_q, u"_)"_q}, 5, expectDigits);
+}
+
+TEST(XlsNumberFormat, NoOrderOfTokensReadsAPlaceThatIsNotThere)
+{
+    const auto expectEnd = [](const QString& code) {
+        const XlsNumberFormat format(code);
+        for (const double value : {0.0, 0.5, -5.0, 1234567.0, 1.7e308, -1.7e308, 5e-324}) {
+            const QString shown = format.Shown(value);
+            ASSERT_LE(shown.size(), 500) << code.toStdString();
+            ASSERT_FALSE(shown.contains(u"inf") || shown.contains(u"nan")) << code.toStdString();
+        }
+    };
+    ForEachCode({u"0"_q, u"#"_q, u"?"_q, u"."_q, u","_q, u"%"_q, u"\""_q, u"\\"_q, u"_"_q, u"*"_q, u";"_q,
+                 u"[<5]"_q, u"["_q, u"General"_q, u"@"_q, u"E+"_q, u"/"_q, u"h"_q},
+                4, expectEnd);
 }
 
 TEST(XlsNumberFormat, BrokenCodesEndSomewhere)
