@@ -1,24 +1,16 @@
 #include "spreadsheet/XlsNumberFormat.h"
 
-#include <QDateTime>
+#include <QDate>
+#include <QStringList>
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
-#include <utility>
 
 namespace tsms {
 
 namespace {
 
-constexpr qsizetype MostCodeCharacters = 255;
-constexpr std::size_t MostSections = 3; // a fourth one is for texts
-constexpr int KeptDigits = 15;          // of a number, in all that a spreadsheet shows
-
-bool IsDigitSign(QChar c)
-{
-    return c == u'0' || c == u'#' || c == u'?';
-}
+constexpr int KeptDigits = 15; // of a number, in all that a spreadsheet shows
 
 QString ShownGeneral(double value)
 {
@@ -69,211 +61,129 @@ Digits DigitsOf(double magnitude, int power, int decimals)
             digits.mid(point).leftJustified(decimals, u'0', true)};
 }
 
-/// The moment that a number stands for. No moment for one that is none.
-QDateTime MomentOf(double value, FirstDay firstDay)
+/// Writes a number into the places of a section.
+class PlacesWriter
+{
+public:
+    PlacesWriter(const FormatSection& section, double magnitude)
+        : section_(section),
+          magnitude_(magnitude),
+          digits_(DigitsOf(magnitude, section.power, section.decimals)),
+          placesLeft_(section.wholeDigits),
+          digitsLeft_(digits_.whole.size())
+    {
+    }
+
+    QString Write(QStringView code)
+    {
+        for (const FormatToken& token : section_.tokens)
+            WriteToken(token, token.TextIn(code));
+        return shown_;
+    }
+
+private:
+    void WriteToken(const FormatToken& token, QStringView text)
+    {
+        switch (token.what) {
+        case FormatToken::Words:
+            shown_ += text;
+            break;
+        case FormatToken::Blank:
+            shown_ += u' ';
+            break;
+        case FormatToken::WholeDigit:
+            --placesLeft_;
+            if (digitsLeft_ <= placesLeft_ && text != u"#")
+                WriteWhole(text == u"0" ? u'0' : u' ', placesLeft_);
+            WriteWholeDigits(); // the first place takes all that have none
+            break;
+        case FormatToken::Point:
+            WriteWholeDigits();
+            shown_ += u'.';
+            break;
+        case FormatToken::Decimal:
+            if (text == u"0" || HasDecimals())
+                shown_ += digits_.decimals[decimal_];
+            else if (text == u"?")
+                shown_ += u' ';
+            ++decimal_;
+            break;
+        case FormatToken::General:
+            shown_ += ShownGeneral(magnitude_);
+            break;
+        }
+    }
+
+    /// Those for which no place is left.
+    void WriteWholeDigits()
+    {
+        const QString& whole = digits_.whole;
+        for (; digitsLeft_ > placesLeft_; --digitsLeft_)
+            WriteWhole(whole[whole.size() - digitsLeft_], digitsLeft_ - 1);
+    }
+
+    /// With so many digits or places behind it.
+    void WriteWhole(QChar digit, qsizetype behind)
+    {
+        shown_ += digit;
+        if (section_.grouped && behind > 0 && behind % 3 == 0)
+            shown_ += u',';
+    }
+
+    /// Whether any but zeros are still to come.
+    bool HasDecimals() const
+    {
+        return std::any_of(digits_.decimals.begin() + decimal_, digits_.decimals.end(),
+                           [](QChar digit) { return digit != u'0'; });
+    }
+
+    const FormatSection& section_;
+    double magnitude_;
+    Digits digits_;
+    qsizetype placesLeft_; // for whole digits
+    qsizetype digitsLeft_; // in front of the point
+    qsizetype decimal_ = 0;
+    QString shown_;
+};
+
+QDate DateOf(qint64 day, FirstDay firstDay)
+{
+    if (firstDay == FirstDay::Of1904)
+        return QDate(1904, 1, 1).addDays(day);
+    return QDate(1899, 12, day < 60 ? 31 : 30).addDays(day); // day 60 is one that never was
+}
+
+QString ShownTime(qint64 seconds)
+{
+    const QChar zero(u'0');
+    return QStringLiteral("%1:%2:%3")
+        .arg(seconds / 3600, 2, 10, zero)
+        .arg(seconds / 60 % 60, 2, 10, zero)
+        .arg(seconds % 60, 2, 10, zero);
+}
+
+/// A number that stands for no moment shows as itself.
+QString ShownMoment(const FormatSection& section, double value, FirstDay firstDay)
 {
     constexpr double lastDay = 2958465; // 9999-12-31
     if (value < 0 || value > lastDay)
-        return {};
+        return ShownGeneral(value);
     constexpr qint64 secondsOfDay = qint64{24} * 60 * 60;
     const qint64 seconds = std::llround(value * static_cast<double>(secondsOfDay));
-    const qint64 day = seconds / secondsOfDay;
-    QDate from(1904, 1, 1);
-    if (firstDay == FirstDay::Of1900)
-        from = day < 60 ? QDate(1899, 12, 31) : QDate(1899, 12, 30); // day 60 is one that never was
-    return QDateTime(from.addDays(day), QTime(0, 0), Qt::UTC).addSecs(seconds % secondsOfDay);
-}
-
-QString ShownMoment(const QDateTime& moment, bool date, bool time)
-{
     QStringList parts;
-    if (date)
-        parts += moment.toString(QStringLiteral("yyyy-MM-dd"));
-    if (time)
-        parts += moment.toString(QStringLiteral("HH:mm:ss"));
+    if (section.date)
+        parts += DateOf(seconds / secondsOfDay, firstDay).toString(QStringLiteral("yyyy-MM-dd"));
+    if (section.time)
+        parts += ShownTime(section.elapsed ? seconds : seconds % secondsOfDay);
     return parts.join(u' ');
 }
 
 } // namespace
 
-/// Reads a code, section by section.
-class XlsNumberFormat::Parser
-{
-public:
-    explicit Parser(QStringView code) : code_(code) {}
-
-    std::vector<Section> Sections()
-    {
-        std::vector<Section> sections{ReadSection()};
-        while (!AtEnd()) {
-            ++at_; // the semicolon
-            sections.push_back(ReadSection());
-        }
-        return sections;
-    }
-
-private:
-    bool AtEnd() const { return at_ >= code_.size(); }
-    QChar Next() const { return AtEnd() ? QChar() : code_[at_]; }
-
-    QStringView Until(QChar end)
-    {
-        const qsizetype begin = at_;
-        while (!AtEnd() && code_[at_] != end)
-            ++at_;
-        const QStringView words = code_.sliced(begin, at_ - begin);
-        at_ = std::min(at_ + 1, code_.size());
-        return words;
-    }
-
-    Section ReadSection()
-    {
-        section_ = {};
-        afterPoint_ = false;
-        monthOrMinute_ = false;
-        while (!AtEnd() && Next() != u';')
-            if (!ReadGeneral())
-                ReadSign(code_[at_++]);
-        section_.date = section_.date || (monthOrMinute_ && !section_.time);
-        return section_;
-    }
-
-    /// Korean spreadsheets write its name in their own language.
-    bool ReadGeneral()
-    {
-        for (const QStringView name : {QStringView(u"General"), QStringView(u"G/표준")})
-            if (code_.sliced(at_).startsWith(name, Qt::CaseInsensitive)) {
-                at_ += name.size();
-                Add(What::General);
-                return true;
-            }
-        return false;
-    }
-
-    void ReadSign(QChar sign)
-    {
-        switch (sign.toLower().unicode()) {
-        case u'0':
-        case u'#':
-        case u'?':
-            ++(afterPoint_ ? section_.decimals : section_.wholeDigits);
-            Add(afterPoint_ ? What::Decimal : What::WholeDigit, sign);
-            break;
-        case u'.':
-            Add(afterPoint_ ? What::Literal : What::Point, sign);
-            afterPoint_ = true;
-            break;
-        case u',':
-            ReadComma();
-            break;
-        case u'%':
-            section_.power += 2;
-            Add(What::Literal, sign);
-            break;
-        case u'"':
-            Add(What::Literal, Until(u'"').toString());
-            break;
-        case u'\\':
-            Add(What::Literal, Next());
-            ++at_;
-            break;
-        case u'_': // as much room as the next character takes
-            Add(What::Literal, QChar(u' '));
-            ++at_;
-            break;
-        case u'*': // the next character fills up the cell
-            ++at_;
-            break;
-        case u'[':
-            ReadBrackets(Until(u']'));
-            break;
-        case u'@':
-            Add(What::General);
-            break;
-        default:
-            ReadLetter(sign);
-        }
-    }
-
-    void ReadLetter(QChar sign)
-    {
-        switch (sign.toLower().unicode()) {
-        case u'y':
-        case u'd':
-            section_.date = true;
-            break;
-        case u'h':
-        case u's':
-            section_.time = true;
-            break;
-        case u'm':
-            monthOrMinute_ = true;
-            break;
-        case u'e': // of an exponent
-            section_.plain = section_.plain || Next() == u'+' || Next() == u'-';
-            break;
-        case u'/': // of a fraction
-            section_.plain = section_.plain || (FollowsDigit() && (IsDigitSign(Next()) || Next().isDigit()));
-            break;
-        default:
-            break;
-        }
-        Add(What::Literal, sign);
-    }
-
-    /// Between digits it groups them in threes; behind them it leaves out three digits.
-    void ReadComma()
-    {
-        if (!FollowsDigit())
-            Add(What::Literal, QChar(u','));
-        else if (IsDigitSign(Next()))
-            section_.grouped = true;
-        else
-            section_.power -= 3;
-    }
-
-    /// A currency with its language, a condition, a count of hours, or a colour, which does not show here.
-    void ReadBrackets(QStringView words)
-    {
-        static constexpr std::pair<QStringView, Relation> relations[] = {
-            {u"<=", Relation::LessOrEqual}, {u">=", Relation::GreaterOrEqual}, {u"<>", Relation::NotEqual},
-            {u"<", Relation::Less},         {u">", Relation::Greater},         {u"=", Relation::Equal}};
-        if (words.startsWith(u'$')) {
-            Add(What::Literal, words.sliced(1).toString().section(u'-', 0, 0));
-            return;
-        }
-        if (words == u"h" || words == u"hh" || words == u"m" || words == u"mm" || words == u"s" ||
-            words == u"ss")
-            section_.time = true;
-        const auto relation = std::find_if(std::begin(relations), std::end(relations),
-                                           [&](const auto& each) { return words.startsWith(each.first); });
-        if (relation == std::end(relations))
-            return;
-        section_.relation = relation->second;
-        section_.limit = words.sliced(relation->first.size()).toDouble();
-    }
-
-    bool FollowsDigit() const
-    {
-        return !section_.tokens.empty() && (section_.tokens.back().what == What::WholeDigit ||
-                                            section_.tokens.back().what == What::Decimal);
-    }
-
-    void Add(What what, const QString& text = {}) { section_.tokens.push_back({what, text}); }
-
-    QStringView code_;
-    qsizetype at_ = 0;
-    Section section_;
-    bool afterPoint_ = false;
-    bool monthOrMinute_ = false;
-};
-
 XlsNumberFormat::XlsNumberFormat(QStringView code)
+    : code_(code.isEmpty() || code.size() > MostCodeCharacters ? QStringLiteral("General") : code.toString()),
+      sections_(ReadFormatCode(code_))
 {
-    if (code.isEmpty() || code.size() > MostCodeCharacters)
-        code = u"General";
-    sections_ = Parser(code).Sections();
-    sections_.resize(std::min(sections_.size(), MostSections));
 }
 
 QString XlsNumberFormat::BuiltInCode(int number)
@@ -282,7 +192,6 @@ QString XlsNumberFormat::BuiltInCode(int number)
     static constexpr QStringView time = u"hh:mm:ss";
     static constexpr QStringView whole = u"#,##0";
     static constexpr QStringView cents = u"#,##0.00";
-    static constexpr QStringView elapsed = u"[h]:mm:ss";
     static constexpr struct
     {
         int first;
@@ -306,7 +215,9 @@ QString XlsNumberFormat::BuiltInCode(int number)
                  {39, 40, cents},
                  {41, 42, whole},
                  {43, 44, cents},
-                 {45, 47, elapsed},
+                 {45, 45, time},
+                 {46, 46, u"[h]:mm:ss"},
+                 {47, 47, time},
                  {50, 58, date}};
     for (const auto& [first, last, code] : codes)
         if (number >= first && number <= last)
@@ -318,102 +229,16 @@ QString XlsNumberFormat::Shown(double value, FirstDay firstDay) const
 {
     if (!std::isfinite(value))
         return QStringLiteral("#NUM!");
-    const int place = SectionFor(value);
-    if (place < 0)
+    const auto section = std::find_if(sections_.begin(), sections_.end(),
+                                      [&](const FormatSection& each) { return each.Takes(value); });
+    if (section == sections_.end())
         return ShownGeneral(value);
-    const Section& section = sections_[static_cast<std::size_t>(place)];
-    if (section.date || section.time) {
-        const QDateTime moment = MomentOf(value, firstDay);
-        return moment.isValid() ? ShownMoment(moment, section.date, section.time) : ShownGeneral(value);
-    }
-    if (section.plain)
+    if (section->date || section->time)
+        return ShownMoment(*section, value, firstDay);
+    if (section->general)
         return ShownGeneral(value);
-    // A section of their own tells negative numbers by its words.
-    const QString sign = value < 0 && place == 0 ? QStringLiteral("-") : QString();
-    return sign + ShownDigits(section, std::abs(value));
-}
-
-int XlsNumberFormat::SectionFor(double value) const
-{
-    const auto sections = static_cast<int>(sections_.size());
-    for (int place = 0; place < sections; ++place) {
-        const Section& section = sections_[static_cast<std::size_t>(place)];
-        const bool last = place == sections - 1;
-        const bool byPlace = place == 0 ? (sections == 2 ? value >= 0 : value > 0) : value < 0;
-        if (section.relation != Relation::None ? section.Meets(value) : last || byPlace)
-            return place;
-    }
-    return -1;
-}
-
-bool XlsNumberFormat::Section::Meets(double value) const
-{
-    switch (relation) {
-    case Relation::Less:
-        return value < limit;
-    case Relation::LessOrEqual:
-        return value <= limit;
-    case Relation::Equal:
-        return value == limit;
-    case Relation::NotEqual:
-        return value != limit;
-    case Relation::GreaterOrEqual:
-        return value >= limit;
-    case Relation::Greater:
-        return value > limit;
-    case Relation::None:
-        break;
-    }
-    return true;
-}
-
-QString XlsNumberFormat::ShownDigits(const Section& section, double magnitude)
-{
-    const auto [whole, decimals] = DigitsOf(magnitude, section.power, section.decimals);
-    qsizetype needed = decimals.size(); // decimals up to the last one that is no zero
-    while (needed > 0 && decimals[needed - 1] == u'0')
-        --needed;
-
-    QString shown;
-    // A digit, or the sign of an empty place, that has so many places behind it.
-    const auto addWhole = [&](QChar digit, int behind) {
-        shown += digit;
-        if (section.grouped && behind > 0 && behind % 3 == 0)
-            shown += u',';
-    };
-    qsizetype behind = section.wholeDigits; // places for digits that are still to come
-    qsizetype left = whole.size();          // digits that are still to come
-    qsizetype decimal = 0;
-    for (const auto& [what, text] : section.tokens) {
-        switch (what) {
-        case What::Literal:
-            shown += text;
-            break;
-        case What::General:
-            shown += ShownGeneral(magnitude);
-            break;
-        case What::WholeDigit:
-            --behind;
-            if (left <= behind && text != u"#")
-                addWhole(text == u"0" ? u'0' : u' ', static_cast<int>(behind));
-            for (; left > behind; --left) // the first place takes all that have none
-                addWhole(whole[whole.size() - left], static_cast<int>(left - 1));
-            break;
-        case What::Point:
-            for (; left > behind; --left) // the code has no place for any
-                shown += whole[whole.size() - left];
-            shown += u'.';
-            break;
-        case What::Decimal:
-            if (text == u"0" || decimal < needed)
-                shown += decimals[decimal];
-            else if (text == u"?")
-                shown += u' ';
-            ++decimal;
-            break;
-        }
-    }
-    return shown;
+    const QString sign = value < 0 && !section->signless ? QStringLiteral("-") : QString();
+    return sign + PlacesWriter(*section, std::abs(value)).Write(code_);
 }
 
 } // namespace tsms

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "spreadsheet/XlsFormatCode.h"
+
 #include <QString>
 #include <QStringView>
 
@@ -14,9 +16,9 @@ enum class FirstDay { Of1900, Of1904 };
 /// [ECMA-376] Part 1, 18.8.31).
 ///
 /// Digits, literal words, separators, percents and sections with or without conditions come out as a person
-/// sees them, rounded by the 15 digits that a spreadsheet keeps, a half upwards. "General" shows up to 15
-/// digits, and so do fractions and exponents. Dates and times come out as YYYY-MM-DD and HH:MM:SS whatever
-/// their code says.
+/// sees them, rounded to the 15 digits that a spreadsheet keeps, a half upwards. "General" shows up to 15
+/// digits, and so do fractions and exponents. Dates, of whatever calendar, and times come out as YYYY-MM-DD
+/// and HH:MM:SS whatever their code says; elapsed hours count on beyond a day.
 class XlsNumberFormat
 {
 public:
@@ -30,38 +32,8 @@ public:
     QString Shown(double value, FirstDay firstDay = FirstDay::Of1900) const;
 
 private:
-    enum class Relation { None, Less, LessOrEqual, Equal, NotEqual, GreaterOrEqual, Greater };
-    enum class What { Literal, WholeDigit, Point, Decimal, General };
-
-    struct Token
-    {
-        What what;
-        QString text = {}; // of a literal its words, of a digit its sign: 0, # or ?
-    };
-
-    /// One for all numbers, or several: for positive ones, for negative ones, for zero.
-    struct Section
-    {
-        std::vector<Token> tokens;
-        bool date = false;
-        bool time = false;
-        bool plain = false;                 // shown as "General" shows it
-        Relation relation = Relation::None; // the condition that its numbers meet, where it has one
-        double limit = 0;
-        int wholeDigits = 0;
-        int decimals = 0;
-        int power = 0; // of ten, by which the number is multiplied
-        bool grouped = false;
-
-        bool Meets(double value) const;
-    };
-
-    class Parser;
-
-    int SectionFor(double value) const; // -1: none
-    static QString ShownDigits(const Section& section, double magnitude);
-
-    std::vector<Section> sections_;
+    QString code_;
+    std::vector<FormatSection> sections_; // their tokens stand in the code
 };
 
 } // namespace tsms

@@ -128,6 +128,49 @@ TEST(XlsNumberFormat, NegativeNumbersAndZeroMayHaveSectionsOfTheirOwn)
                  {u";;;", 5, u""_q}}); // hidden from a person as well
 }
 
+TEST(XlsNumberFormat, TheLastSectionIsForTextsWhereItHasTheirSign)
+{
+    ExpectShown({{u"0;@", -5, u"-5"_q},
+                 {u"000-0000;@", -1234567, u"-123-4567"_q},
+                 {u"0.0;(0.0);@", 0, u"0.0"_q},
+                 {u"0.0;(0.0);@", -5, u"(5.0)"_q},
+                 {u"yyyy-mm-dd;@", -1, u"-1"_q},
+                 {u"yyyy-mm-dd;@", 41059, u"2012-05-30"_q}});
+}
+
+TEST(XlsNumberFormat, ANegativeNumberShowsItsSignWherePositiveOnesShowToo)
+{
+    ExpectShown({{u"[>100]\"many\";0", -5, u"-5"_q},
+                 {u"[>=1]0;0", -2, u"-2"_q},
+                 {u"[=0]\"none\";#,##0", -1234, u"-1,234"_q},
+                 {u"[>100]\"many\";[=7]\"seven\";0", -5, u"-5"_q},
+                 {u"[<100]0;0.0", -5, u"-5"_q},
+                 {u"[<=9999999]###-####;(0##) ###-####", -1234567, u"-123-4567"_q}});
+}
+
+TEST(XlsNumberFormat, ASectionForNegativeNumbersAloneShowsNoSignOfItsOwn)
+{
+    ExpectShown({{u"0;0", -2, u"2"_q},
+                 {u"#,##0_);\\(#,##0\\)", -1234, u"(1,234)"_q},
+                 {u"0;0;0", -2, u"2"_q},
+                 {u"[>=1]0;0;0.00", -2, u"2"_q},
+                 {u"[>=-1]0;0", -2, u"2"_q},
+                 {u"[<0]\"minus \"0;0", -2, u"minus 2"_q},
+                 {u"[<=-25]0;[>=25]0;0.0", -25, u"25"_q},
+                 {u"[<=-25]0;[>=25]0;0.0", -5, u"-5.0"_q}});
+}
+
+TEST(XlsNumberFormat, TheSixteenthDigitAndThoseBehindItAreZeros)
+{
+    ExpectShown({{u"0", 1234567890123456, u"1234567890123460"_q},
+                 {u"0000-0000-0000-0000", 1234567890123456, u"1234-5678-9012-3460"_q},
+                 {u"#,##0", 12345678901234567.0, u"12,345,678,901,234,600"_q},
+                 {u"0.00", 123456789012345678.0, u"123456789012346000.00"_q},
+                 {u"0.0", 12345678901234.56, u"12345678901234.6"_q},
+                 {u"0", 999999999999999, u"999999999999999"_q},
+                 {u"0", 9999999999999999.0, u"10000000000000000"_q}});
+}
+
 TEST(XlsNumberFormat, WhatOnlyAdornsDoesNotShow)
 {
     ExpectShown({{u"[Red]0", 5, u"5"_q},
@@ -144,19 +187,34 @@ TEST(XlsNumberFormat, DatesAndTimesComeOutInOneForm)
                  {u"[$-412]yyyy-mm-dd hh:mm", 41059.5, u"2012-05-30 12:00:00"_q},
                  {u"h:mm AM/PM", 0.75, u"18:00:00"_q},
                  {u"mm:ss", 0.5, u"12:00:00"_q},
-                 {u"[h]:mm", 0.25, u"06:00:00"_q},
-                 {u"[h]", 0.25, u"06:00:00"_q},
-                 {u"[hh]", 0.25, u"06:00:00"_q},
-                 {u"[m]", 0.25, u"06:00:00"_q},
-                 {u"[mm]", 0.25, u"06:00:00"_q},
-                 {u"[s]", 0.25, u"06:00:00"_q},
-                 {u"[ss]", 0.25, u"06:00:00"_q},
                  {u"yyyy-mm-dd", 59, u"1900-02-28"_q},
                  {u"yyyy-mm-dd", 61, u"1900-03-01"_q},
                  {u"yyyy-mm-dd", 2958465, u"9999-12-31"_q},
                  {u"yyyy-mm-dd", -1, u"-1"_q},
                  {u"yyyy-mm-dd", 1e300, u"1E+300"_q}});
     EXPECT_EQ(XlsNumberFormat(u"yyyy-mm-dd").Shown(0, FirstDay::Of1904), u"1904-01-01"_q);
+}
+
+TEST(XlsNumberFormat, ElapsedHoursCountOnBeyondADay)
+{
+    for (const char16_t* code : {u"[h]:mm:ss", u"[h]:mm", u"[h]", u"[hh]", u"[H]", u"[HH]", u"[m]", u"[mm]",
+                                 u"[M]", u"[MM]:SS", u"[s]", u"[ss]", u"[S]", u"[SS]"})
+        ExpectShown({{code, 0.25, u"06:00:00"_q},
+                     {code, 1.5, u"36:00:00"_q},
+                     {code, 100.25, u"2406:00:00"_q},
+                     {code, -1, u"-1"_q}});
+    ExpectShown({{u"h:mm", 1.5, u"12:00:00"_q}, {u"[Magenta]0", 1.5, u"2"_q}, {u"[]0", 1.5, u"2"_q}});
+}
+
+TEST(XlsNumberFormat, LettersOfOtherCalendarsAreDatesAndDoNotShow)
+{
+    for (const char16_t* code :
+         {u"bbbb", u"gg", u"[$-411]ggge", u"e", u"aaa", u"[$-412]aaaa", u"e-mm-dd", u"B2yyyy"})
+        ExpectShown({{code, 41059, u"2012-05-30"_q}});
+    ExpectShown({{u"aaa h:mm", 41059.5, u"2012-05-30 12:00:00"_q},
+                 {u"AM/PM", 0.75, u"18:00:00"_q},
+                 {u"h:mm A/P", 0.75, u"18:00:00"_q},
+                 {u"0ea", 5, u"5ea"_q}}); // beside digits they are words
 }
 
 TEST(XlsNumberFormat, FractionsAndExponentsAreShownInFull)
@@ -169,6 +227,9 @@ TEST(XlsNumberFormat, FormatsThatNeedNoCodeAreKnown)
     EXPECT_EQ(XlsNumberFormat(XlsNumberFormat::BuiltInCode(0)).Shown(1012345678), u"1012345678"_q);
     EXPECT_EQ(XlsNumberFormat(XlsNumberFormat::BuiltInCode(3)).Shown(1012345678), u"1,012,345,678"_q);
     EXPECT_EQ(XlsNumberFormat(XlsNumberFormat::BuiltInCode(14)).Shown(41059), u"2012-05-30"_q);
+    EXPECT_EQ(XlsNumberFormat(XlsNumberFormat::BuiltInCode(45)).Shown(1.5), u"12:00:00"_q);
+    EXPECT_EQ(XlsNumberFormat(XlsNumberFormat::BuiltInCode(46)).Shown(1.5), u"36:00:00"_q);
+    EXPECT_EQ(XlsNumberFormat(XlsNumberFormat::BuiltInCode(47)).Shown(1.5), u"12:00:00"_q);
     EXPECT_EQ(XlsNumberFormat(XlsNumberFormat::BuiltInCode(49)).Shown(1012345678), u"1012345678"_q);
     EXPECT_EQ(XlsNumberFormat(XlsNumberFormat::BuiltInCode(4711)).Shown(5), u"5"_q);
 }
