@@ -16,6 +16,9 @@ namespace {
 /// Of all cells together, as if no two of them shared a text.
 constexpr qint64 MostCharacters = 32 << 20;
 
+/// Of all cells with numbers, which share no texts: ten bytes of the file may show as hundreds of characters.
+constexpr qint64 MostNumberCharacters = 6 << 20;
+
 class TextCells final : public CellSource
 {
 public:
@@ -170,7 +173,13 @@ private:
         cells_->SetText(head_.col, head_.row, std::move(text));
     }
 
-    QString Shown(double number) const { return tables_.Shown(number, head_.format); }
+    QString Shown(double number)
+    {
+        QString text = tables_.Shown(number, head_.format);
+        numberCharacters_ += text.size();
+        Demand(numberCharacters_ <= MostNumberCharacters);
+        return text;
+    }
 
     QString SharedText()
     {
@@ -248,6 +257,7 @@ private:
     CellHead head_{};
     std::optional<CellHead> waiting_; // the cell of a formula whose text comes later
     qint64 characters_ = 0;
+    qint64 numberCharacters_ = 0;
 };
 
 } // namespace

@@ -82,7 +82,6 @@ private:
         reader_.Skip(4); // how often they are used
         const quint32 count = reader_.U32();
         Demand(count <= MostStrings);
-        tables_.strings.reserve(count);
         for (quint32 i = 0; i < count; ++i) {
             if (reader_.Left() == 0)
                 Demand(reader_.NextPart());
@@ -106,13 +105,18 @@ private:
                                    : tables_.ByteText(reader_.Bytes(reader_.U8()));
     }
 
-    /// What cells tell is not the number of a format but that of a record that names it.
+    /// What cells tell is not the number of a format but that of a record that names it. Thousands of these
+    /// may name the same format.
     void AddFormats()
     {
+        std::map<QString, std::shared_ptr<const XlsNumberFormat>> formats;
         for (const int number : cellFormats_) {
-            const auto code = codes_.find(number);
-            tables_.formats.emplace_back(code != codes_.end() ? code->second
-                                                              : XlsNumberFormat::BuiltInCode(number));
+            const auto own = codes_.find(number);
+            const QString code = own != codes_.end() ? own->second : XlsNumberFormat::BuiltInCode(number);
+            auto& format = formats[code];
+            if (!format)
+                format = std::make_shared<const XlsNumberFormat>(code);
+            tables_.formats.push_back(format);
         }
     }
 
@@ -136,7 +140,7 @@ QString WorkbookTables::ByteText(QByteArrayView bytes) const
 QString WorkbookTables::Shown(double number, quint16 format) const
 {
     static const XlsNumberFormat general;
-    return (format < formats.size() ? formats[format] : general).Shown(number, firstDay);
+    return (format < formats.size() ? *formats[format] : general).Shown(number, firstDay);
 }
 
 BiffVersion ReadPartHead(BiffReader& reader, ReadPart part)

@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <deque>
+#include <memory>
 #include <vector>
 
 namespace tsms {
@@ -26,8 +28,8 @@ struct WorkbookTables
     quint16 codePage = 0;                 ///< of texts in bytes
     FirstDay firstDay = FirstDay::Of1900; ///< of dates
     std::vector<SheetPlace> worksheets;   ///< in their order, hidden ones too; charts and macros are none
-    std::vector<QString> strings;         ///< which cells share
-    std::vector<XlsNumberFormat> formats; ///< of cells, by the number that a cell tells
+    std::deque<QString> strings;          ///< which cells share
+    std::vector<std::shared_ptr<const XlsNumberFormat>> formats; ///< by the number that a cell tells
 
     /// A text in bytes, as BIFF5 has them. Those of code page 1252 read as Latin-1, all others as 949: what
     /// Korean programs write, also those that tell nothing.

@@ -1,10 +1,13 @@
 #include "spreadsheet/XlsNumberFormat.h"
 
+#include <QByteArrayView>
 #include <QDate>
 #include <QStringList>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <iterator>
 
 namespace tsms {
 
@@ -49,10 +52,16 @@ Digits DigitsOf(double magnitude, int power, int decimals)
 {
     if (magnitude == 0)
         return {{}, QString(decimals, u'0')};
-    const QString written = QString::number(magnitude, 'e', KeptDigits - 1); // d.dd...e+dd
-    const qsizetype exponent = KeptDigits + 2;
-    QString digits = written.first(1) + written.sliced(2, KeptDigits - 1);
-    qsizetype point = 1 + written.sliced(exponent).toInt() + power; // so many digits stand in front of it
+    constexpr int writtenDigits = 25; // enough to tell a half of the last digit that is kept
+    char written[writtenDigits + 8];  // d.dd...e+ddd
+    const char* end = std::to_chars(std::begin(written), std::end(written), magnitude,
+                                    std::chars_format::scientific, writtenDigits - 1)
+                          .ptr;
+    const char* exponent = written + writtenDigits + 2;
+    QString digits = QLatin1String(written, 1) + QLatin1String(written + 2, writtenDigits - 1);
+    // So many digits stand in front of the point.
+    qsizetype point = 1 + QByteArrayView(exponent, end).toInt() + power;
+    RoundTo(KeptDigits, digits, point);
     RoundTo(point + decimals, digits, point);
     if (point < 0)
         digits.prepend(QString(-point, u'0'));
@@ -61,23 +70,35 @@ Digits DigitsOf(double magnitude, int power, int decimals)
             digits.mid(point).leftJustified(decimals, u'0', true)};
 }
 
+qsizetype LengthWithoutZeros(QStringView decimals)
+{
+    while (decimals.endsWith(u'0'))
+        decimals.chop(1);
+    return decimals.size();
+}
+
 /// Writes a number into the places of a section.
 class PlacesWriter
 {
 public:
-    PlacesWriter(const FormatSection& section, double magnitude)
+    PlacesWriter(const FormatSection& section, double value)
         : section_(section),
-          magnitude_(magnitude),
-          digits_(DigitsOf(magnitude, section.power, section.decimals)),
+          magnitude_(std::abs(value)),
+          digits_(DigitsOf(magnitude_, section.power, section.decimals)),
           placesLeft_(section.wholeDigits),
-          digitsLeft_(digits_.whole.size())
+          digitsLeft_(digits_.whole.size()),
+          decimalsNeeded_(LengthWithoutZeros(digits_.decimals))
     {
+        if (value < 0 && !section.signless)
+            shown_ = u'-';
     }
 
+    /// In no more memory than the text takes, since a sheet has many.
     QString Write(QStringView code)
     {
         for (const FormatToken& token : section_.tokens)
             WriteToken(token, token.TextIn(code));
+        shown_.squeeze();
         return shown_;
     }
 
@@ -102,7 +123,7 @@ private:
             shown_ += u'.';
             break;
         case FormatToken::Decimal:
-            if (text == u"0" || HasDecimals())
+            if (text == u"0" || decimal_ < decimalsNeeded_)
                 shown_ += digits_.decimals[decimal_];
             else if (text == u"?")
                 shown_ += u' ';
@@ -130,18 +151,12 @@ private:
             shown_ += u',';
     }
 
-    /// Whether any but zeros are still to come.
-    bool HasDecimals() const
-    {
-        return std::any_of(digits_.decimals.begin() + decimal_, digits_.decimals.end(),
-                           [](QChar digit) { return digit != u'0'; });
-    }
-
     const FormatSection& section_;
     double magnitude_;
     Digits digits_;
-    qsizetype placesLeft_; // for whole digits
-    qsizetype digitsLeft_; // in front of the point
+    qsizetype placesLeft_;     // for whole digits
+    qsizetype digitsLeft_;     // in front of the point
+    qsizetype decimalsNeeded_; // without the zeros at their end
     qsizetype decimal_ = 0;
     QString shown_;
 };
@@ -237,8 +252,7 @@ QString XlsNumberFormat::Shown(double value, FirstDay firstDay) const
         return ShownMoment(*section, value, firstDay);
     if (section->general)
         return ShownGeneral(value);
-    const QString sign = value < 0 && !section->signless ? QStringLiteral("-") : QString();
-    return sign + PlacesWriter(*section, std::abs(value)).Write(code_);
+    return PlacesWriter(*section, value).Write(code_);
 }
 
 } // namespace tsms

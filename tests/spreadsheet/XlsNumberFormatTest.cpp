@@ -111,6 +111,7 @@ TEST(XlsNumberFormat, HalvesAreRoundedUpwardsByTheDigitsThatAreKept)
                  {u"0", -2.5, u"-3"_q},
                  {u"0.00", 1.005, u"1.01"_q}, // in binary a little less
                  {u"0.00", 1.00499999999999, u"1.00"_q},
+                 {u"0.0000000000", 39308.40673828125, u"39308.4067382813"_q}, // a half of the fifteenth digit
                  {u"0.0", 9.95, u"10.0"_q},
                  {u"0%", 0.125, u"13%"_q},
                  {u"0,", 1500, u"2"_q},
