@@ -217,6 +217,8 @@ TEST_F(Statements, ErrorsHaveTheServersNumbersAndWords)
                 u"column does not allow nulls."_q);
     ExpectError(u"SELECT DATEADD(DAY, 1, 'x')"_q, 241,
                 u"Conversion failed when converting date and/or time from character string."_q);
+    ExpectError(u"INSERT INTO SMSGroupMst (GroupCd, GroupNm) VALUES (1, '가')"_q, 544,
+                u"when IDENTITY_INSERT is set to OFF."_q);
     ExpectError(u"UPDATE SMSSetup SET SMSRemainCnt= 2147483648"_q, 8115,
                 u"Arithmetic overflow error converting expression to data type int."_q);
 }
@@ -244,6 +246,23 @@ TEST_F(Statements, AnErrorLeavesTheConnectionUsable)
 {
     EXPECT_FALSE(client_.Execute(u"SELECT * FROM SMSLog_1999"_q));
     EXPECT_EQ(Value(u"SELECT COUNT(*) FROM SMSSetup"_q), u"1"_q);
+}
+
+TEST_F(Statements, AnEmptiedTableBeginsItsKeysAnew)
+{
+    Run(u"Insert into SMSGroupMst (GroupNm) values ('가'),('나')"_q);
+    Run(u"TRUNCATE TABLE dbo.SMSGroupMst"_q);
+    Run(u"Insert into SMSGroupMst (GroupNm) values ('다')"_q);
+    EXPECT_EQ(Rows(u"SELECT GroupCd, GroupNm FROM SMSGroupMst"_q), (QList<QStringList>{{u"1"_q, u"다"_q}}));
+    ExpectError(u"TRUNCATE TABLE dbo.SMSLog_1999"_q, 4701,
+                u"Cannot find the object \"SMSLog_1999\" because it does not exist or you do not have "
+                u"permissions."_q);
+}
+
+TEST_F(Statements, TheServerTellsWhoseWordsItUsesAndInWhichLanguage)
+{
+    EXPECT_EQ(Rows(u"SELECT @@VERSION, @@LANGUAGE"_q),
+              (QList<QStringList>{{u"Microsoft SQL Server, as the tests imitate it"_q, u"us_english"_q}}));
 }
 
 TEST_F(Statements, CallsOfProceduresAreAnsweredByAnError)

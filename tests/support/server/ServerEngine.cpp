@@ -5,6 +5,7 @@
 #include "store/EmbeddedTables.h"
 #include "support/server/ResultColumns.h"
 #include "support/server/ServerError.h"
+#include "support/server/ServerLimits.h"
 #include "support/server/ServerTables.h"
 #include "support/server/StatementTokens.h"
 
@@ -41,6 +42,14 @@ RuntimeError NoSuchObject(const QString& table)
     return RuntimeError(StatementFailure, QStringLiteral("Cannot find the object '%1', because it does not "
                                                          "exist or you do not have permission.")
                                               .arg(table));
+}
+
+/// What a client asks for to know the server, as the texts that it is answered with.
+QString WithAnswers(const QString& sql)
+{
+    if (sql != QStringLiteral("SELECT @@VERSION, @@LANGUAGE"))
+        return sql;
+    return QStringLiteral("SELECT 'Microsoft SQL Server, as the tests imitate it', 'us_english'");
 }
 
 StatementKind DoneKind(Kind kind)
@@ -104,6 +113,7 @@ QByteArray ServerEngine::RunAll(const QList<ServerStatement>& statements)
 QByteArray ServerEngine::RunOne(const ServerStatement& statement, bool moreFollows)
 {
     RefuseWithoutRight(statement);
+    RefuseWhatTheEngineAloneTakes(statement.Text);
     switch (statement.kind) {
     case Kind::Set:
         return DoneToken(StatementKind::Other, -1, moreFollows);
@@ -129,8 +139,9 @@ QByteArray ServerEngine::Use(const ServerStatement& statement, bool moreFollows)
            DoneToken(StatementKind::Other, -1, moreFollows);
 }
 
-QByteArray ServerEngine::Select(const QString& sql, bool moreFollows)
+QByteArray ServerEngine::Select(const QString& text, bool moreFollows)
 {
+    const QString sql = WithAnswers(text);
     const std::unique_ptr<Recordset> records = connection_.Query(EngineText(sql));
     QStringList names;
     for (int column = 0; column < records->FieldCount(); ++column)
@@ -189,6 +200,18 @@ bool ServerEngine::HasTable(const QString& name)
     return connection_.Query(sql.arg(name))->RecordCount() > 0;
 }
 
+/// Empties a table and begins its keys anew.
+void ServerEngine::Truncate(const QString& table)
+{
+    if (!HasTable(table))
+        throw RuntimeError(StatementFailure, QStringLiteral("Cannot find the object \"%1\" because it does "
+                                                            "not exist or you do not have permissions.")
+                                                 .arg(table));
+    connection_.ExecuteNative(QStringLiteral("DELETE FROM ") + table);
+    connection_.ExecuteNative(
+        QStringLiteral("DELETE FROM sqlite_sequence WHERE name='%1' COLLATE NOCASE").arg(table));
+}
+
 /// Databases, and the program's tables in the form that the engine gives them, their indexes included.
 void ServerEngine::Define(const QString& sql)
 {
@@ -200,6 +223,8 @@ void ServerEngine::Define(const QString& sql)
         databases_.Drop(tokens.Name(2));
     } else if (tokens.Is(0, "CREATE") && tokens.Is(1, "INDEX")) {
         return;
+    } else if (tokens.Is(0, "TRUNCATE") && tokens.Is(1, "TABLE")) {
+        Truncate(tokens.Name(at));
     } else if (TableDescription table = ServerTable(tokens.Name(at));
                tokens.Is(0, "CREATE") && tokens.Is(1, "TABLE") && !table.columns.isEmpty()) {
         table.name = tokens.Name(at);

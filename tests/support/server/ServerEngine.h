@@ -35,6 +35,7 @@ private:
     QByteArray Change(const ServerStatement& statement, bool moreFollows);
     QByteArray ChangeRights(const QString& sql, bool moreFollows);
     void Define(const QString& sql);
+    void Truncate(const QString& table);
 
     void RefuseWithoutRight(const ServerStatement& statement);
     bool HasTable(const QString& name);

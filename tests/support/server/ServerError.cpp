@@ -48,7 +48,11 @@ constexpr Translation Translations[] = {
     {StatementFailure, u"^Database '.*' does not exist", 911, 16, 1},
     {StatementFailure, u"permission was denied on the object", 229, 14, 5},
     {StatementFailure, u"permission denied in database", 262, 14, 1},
+    {StatementFailure, u"^Cannot find the object \"", 4701, 16, 1},
     {StatementFailure, u"^Cannot find the (object|user)", 15151, 16, 1},
+    {StatementFailure, u"^Cannot insert explicit value for identity", 544, 16, 1},
+    {StatementFailure, u"^Cannot update identity column", 8102, 16, 1},
+    {StatementFailure, u"^The number of row value expressions", 10738, 15, 1},
     {StatementFailure, u"is read-only", 3906, 16, 1},
     {StatementFailure, u"disk is full", 1101, 17, 10},
 };
