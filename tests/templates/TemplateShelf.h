@@ -19,7 +19,8 @@ class TemplateShelf : public ::testing::Test
 protected:
     void AddCategory(int code, const QString& name)
     {
-        program.database.Execute(u"INSERT INTO SMSTempLMst VALUES (%1,'%2')"_q.arg(code).arg(name));
+        program.database.Execute(
+            u"INSERT INTO SMSTempLMst (TempLCd, TempLNm) VALUES (%1,'%2')"_q.arg(code).arg(name));
     }
     void AddTemplate(int category, const QString& title, const QString& body)
     {
@@ -30,11 +31,10 @@ protected:
     /// Templates "제목 1" with "내용 1" and so on.
     void AddTemplates(int category, int count)
     {
-        program.database.Execute(
-            u"WITH RECURSIVE c(n) AS (SELECT 1 WHERE %2 > 0 UNION ALL SELECT n + 1 FROM c WHERE n < %2) "
-            u"INSERT INTO SMSTempLSub (TempLCd, TempLSubNm, TempLContent) "
-            u"SELECT %1, '제목 ' || n, '내용 ' || n FROM c"_q.arg(category)
-                .arg(count));
+        QStringList rows;
+        for (int n = 1; n <= count; ++n)
+            rows += u"%1, '제목 %2', '내용 %2'"_q.arg(category).arg(n);
+        program.database.Insert(u"SMSTempLSub (TempLCd, TempLSubNm, TempLContent)"_q, rows);
     }
     QList<QStringList> Stored()
     {

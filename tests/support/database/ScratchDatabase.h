@@ -20,10 +20,16 @@ class ScratchDatabase
 public:
     /// `launchFields` are the first five fields of a launch line, whose log-in may create databases. Raises
     /// what the connection raises.
-    ScratchDatabase(const QString& launchFields, YearRange years, const Clock& clock);
+    ScratchDatabase(const QString& launchFields, YearRange years);
     ~ScratchDatabase();
     ScratchDatabase(const ScratchDatabase&) = delete;
     ScratchDatabase& operator=(const ScratchDatabase&) = delete;
+
+    YearRange Years() const { return years_; }
+
+    /// Makes it what the script made it: the account row alone, and keys from 1. Raises what the connection
+    /// raises, such as for a table that has been dropped.
+    void Empty();
 
     /// Sets the session's launch fields so that it reaches this database.
     void Describe(Session& session) const;
@@ -32,15 +38,24 @@ public:
     Connection& Link() { return *link_; }
 
 private:
-    std::unique_ptr<Connection> Connect(const QString& catalog) const;
+    void Drop() const;
 
     QString launchFields_;
-    const Clock& clock_;
+    YearRange years_;
     QString name_;
     std::unique_ptr<Connection> link_;
 };
 
+/// A scratch database as the script makes it, on the server that TSMS_TEST_SERVER names. To make one takes a
+/// server seconds, so a test gets what another has given back; the program's end drops them all.
+std::unique_ptr<ScratchDatabase> BorrowScratchDatabase(YearRange years);
+void GiveBack(std::unique_ptr<ScratchDatabase> database);
+
 /// The launch fields that the environment variable TSMS_TEST_SERVER names; empty without one.
 QString LiveServer();
+
+/// What that server says it is: "Microsoft SQL Server …, us_english".
+QString LiveServerVersion();
+bool LiveServerSpeaksAsSqlServer(); ///< and in English
 
 } // namespace tsms::test

@@ -15,6 +15,8 @@ namespace tsms::test {
 
 namespace {
 
+constexpr qsizetype RowsOfAnInsert = 1000; // a server takes no more in one statement
+
 QList<QStringList> TextsOf(const Recordset& records)
 {
     QList<QStringList> rows;
@@ -33,7 +35,7 @@ TestDatabase::TestDatabase(const Clock& clock, YearRange years, TestEngine engin
     : clock_(clock)
 {
     if (engine == TestEngine::Live) {
-        scratch_ = std::make_unique<ScratchDatabase>(LiveServer(), years, clock_);
+        scratch_ = BorrowScratchDatabase(years);
         return;
     }
     if (original.isEmpty())
@@ -47,6 +49,8 @@ TestDatabase::TestDatabase(const Clock& clock, YearRange years, TestEngine engin
 TestDatabase::~TestDatabase()
 {
     sqlite3_close(handle_);
+    if (scratch_)
+        GiveBack(std::move(scratch_));
 }
 
 QString TestDatabase::Path() const
@@ -88,6 +92,13 @@ void TestDatabase::Execute(const QString& sql)
     if (sqlite3_exec(Handle(), sql.toUtf8().constData(), nullptr, nullptr, &words) != SQLITE_OK)
         ADD_FAILURE() << words << " in " << sql.toStdString();
     sqlite3_free(words);
+}
+
+void TestDatabase::Insert(const QString& into, const QStringList& rows)
+{
+    for (qsizetype first = 0; first < rows.size(); first += RowsOfAnInsert)
+        Execute(QStringLiteral("INSERT INTO ") + into + QStringLiteral(" VALUES (") +
+                rows.mid(first, RowsOfAnInsert).join(QStringLiteral("), (")) + u')');
 }
 
 QList<QStringList> TestDatabase::Rows(const QString& sql)

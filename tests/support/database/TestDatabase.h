@@ -24,10 +24,9 @@ class ScratchDatabase;
 class TestServer;
 
 /// A fresh embedded database, or a copy of the file `original`, in a folder of its own, and a second way to
-/// its rows that does not pass through the program: plain SQL of the engine on a handle of its own. The
-/// program reaches it on the file itself or from a server that stands before it, whichever engine the tests
-/// run with. With a real server there is a scratch database instead of the file, and the second way speaks
-/// its dialect.
+/// its rows that does not pass through the program: plain SQL on a handle of its own. The program reaches it
+/// on the file itself or from a server that stands before it, whichever engine the tests run with. With a
+/// real server there is a scratch database instead of the file.
 class TestDatabase
 {
 public:
@@ -51,7 +50,10 @@ public:
     /// The account row: id, password, domain, sender number, organisation and balance; the pages' addresses.
     void SetAccount(int balance = 100);
 
+    // What these are given has to mean the same to the embedded engine and to a real server.
     void Execute(const QString& sql);
+    /// Puts rows into "Table (Column, Column)", each given by its values: "1, '김하늘'".
+    void Insert(const QString& into, const QStringList& rows);
     QList<QStringList> Rows(const QString& sql); ///< a NULL reads as "(null)"
     QString Value(const QString& sql);           ///< first column of the first row, "(no row)" without one
     int Count(const QString& table);

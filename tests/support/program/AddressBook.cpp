@@ -115,18 +115,16 @@ void AddressBookTest::Fill(int groups, int membersOfEach)
 {
     program.database.Execute(u"DELETE FROM SMSGroupMst"_q);
     program.database.Execute(u"DELETE FROM SMSGroupSub"_q);
-    program.database.Execute(u"BEGIN"_q);
-    int number = 0;
-    for (int group = 1; group <= groups; ++group) {
-        program.database.Execute(
-            u"INSERT INTO SMSGroupMst (GroupCd, GroupNm) VALUES (%1, '그룹%1')"_q.arg(group));
+    QStringList names;
+    for (int group = 1; group <= groups; ++group)
+        names += u"'그룹%1'"_q.arg(group);
+    program.database.Insert(u"SMSGroupMst (GroupNm)"_q, names);
+    QStringList members;
+    for (const QStringList& group : Stored(u"SMSGroupMst"_q, u"GroupCd"_q))
         for (int i = 0; i < membersOfEach; ++i)
-            program.database.Execute(
-                u"INSERT INTO SMSGroupSub (GroupCd, GSubNm, GSPhone) VALUES (%1, '이름%2', '010-%2')"_q
-                    .arg(group)
-                    .arg(++number, 8, 10, QChar(u'0')));
-    }
-    program.database.Execute(u"COMMIT"_q);
+            members +=
+                u"%1, '이름%2', '010-%2'"_q.arg(group.first()).arg(members.size() + 1, 8, 10, QChar(u'0'));
+    program.database.Insert(u"SMSGroupSub (GroupCd, GSubNm, GSPhone)"_q, members);
 }
 
 QList<QStringList> AddressBookTest::Stored(const QString& table, const QString& columns)

@@ -65,11 +65,10 @@ void HistoryProgram::LogMany(int count, const SentMessage& message)
     for (const QString& text : {message.status, message.number, message.name, message.phone, message.content,
                                 message.time, message.errorCode, message.errorText})
         values += Literal(text);
-    program.database.Execute(
-        u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < "_q +
-        QString::number(count) + u") INSERT INTO SMSLog_"_q + message.time.left(4) +
-        u" (SMSStatus, SMSNo, SendNm, SendTelNo, SMSContent, SendTime, ErrCd, ErrMsg) SELECT "_q +
-        values.join(u", "_q) + u" FROM n"_q);
+    program.database.Insert(
+        u"SMSLog_%1 (SMSStatus, SMSNo, SendNm, SendTelNo, SMSContent, SendTime, ErrCd, ErrMsg)"_q.arg(
+            message.time.left(4)),
+        QStringList(count, values.join(u", "_q)));
 }
 
 int HistoryProgram::Reserve(const QString& name, const QString& until)
