@@ -18,6 +18,8 @@ struct Column
     bool centred;
     bool number;
     QColor back;
+
+    friend void PrintTo(const Column& column, std::ostream* out) { *out << "column " << column.col; }
 };
 
 class ChargeColumns : public ::testing::TestWithParam<Column>
@@ -92,6 +94,8 @@ struct FigureRow
     const char16_t* title;
     QColor text;
     QColor back;
+
+    friend void PrintTo(const FigureRow& figures, std::ostream* out) { *out << "row " << figures.row; }
 };
 
 class MonthRows : public ::testing::TestWithParam<FigureRow>

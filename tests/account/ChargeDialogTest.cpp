@@ -1,6 +1,7 @@
 #include "account/AccountBoxes.h"
 #include "account/ModStep3.h"
 #include "store/DatabaseError.h"
+#include "support/database/SqlServerWords.h"
 #include "support/program/Program.h"
 #include "toolkit/ComboBox.h"
 #include "toolkit/Controls.h"
@@ -79,7 +80,7 @@ protected:
     QStringList StoredRow()
     {
         const auto rows = program.database.Rows(
-            u"SELECT ChargeDt, ChargeCnt, ChargeAmt, ChargeUnit, Remark, RegDt FROM SMSCharge"_q);
+            u"SELECT ChargeDt, ChargeCnt, ChargeAmt, ChargeUnit, Remark FROM SMSCharge"_q);
         return rows.size() == 1 ? rows.first() : QStringList{u"%1 rows"_q.arg(rows.size())};
     }
     void ExpectNothingStored()
@@ -101,6 +102,8 @@ protected:
 private:
     qsizetype before_ = 0;
 };
+
+using ChargeDialogInSqlServerWords = InSqlServerWords<ChargeDialog>;
 
 TEST_F(ChargeDialog, ReadsAsItShould)
 {
@@ -153,15 +156,26 @@ TEST_F(ChargeDialog, AnEntryGoesIntoTheLedgerAndItsCountOntoTheBalance)
         Save();
         EXPECT_FALSE(IsOpen());
     });
-    EXPECT_EQ(StoredRow(), (QStringList{u"2012-05-30"_q, u"1000"_q, u"20000"_q, u"20"_q, u"첫 충전"_q,
-                                        u"2012-05-30 14:07:09"_q}));
+    EXPECT_EQ(StoredRow(), (QStringList{u"2012-05-30"_q, u"1000"_q, u"20000"_q, u"20"_q, u"첫 충전"_q}));
     EXPECT_EQ(program.Balance(), 1100);
     EXPECT_EQ(program.Caption(u"lblSMSCnt"_q), u"1,100건 남았습니다."_q);
     EXPECT_EQ(program.session.SMSRemainCnt, 1100);
-    const auto& ledger = program.The<fpSpread>(u"fpSpreadCharge"_q);
-    ASSERT_EQ(ledger.MaxRows(), 1);
-    EXPECT_EQ(ledger.GetText(ChargeRegistered, 1), u"2012-05-30 14:07:09"_q);
+    EXPECT_EQ(program.The<fpSpread>(u"fpSpreadCharge"_q).MaxRows(), 1);
     ExpectAtRest();
+}
+
+TEST_F(ChargeDialog, AnEntryIsRegisteredByTheClockOfTheDatabase)
+{
+    program.desktop.Expect(SavedBox());
+    Open([this] {
+        Fill();
+        const QString before = program.database.Value(u"SELECT getdate()"_q);
+        Save();
+        const QString stored = program.database.Value(u"SELECT RegDt FROM SMSCharge"_q);
+        EXPECT_GE(stored, before);
+        EXPECT_LE(stored, program.database.Value(u"SELECT getdate()"_q));
+        EXPECT_EQ(program.The<fpSpread>(u"fpSpreadCharge"_q).GetText(ChargeRegistered, 1), stored);
+    });
 }
 
 TEST_F(ChargeDialog, TheStatementsRunInTheirOrder)
@@ -303,7 +317,7 @@ TEST_F(ChargeDialog, AnAmountIsNotCheckedAndTheServerComputesIt)
     EXPECT_EQ(StoredRow()[2], u"-1"_q);
 }
 
-TEST_F(ChargeDialog, AUnitPriceThatIsNoNumberIsRefusedByTheServerAndNothingMoves)
+TEST_F(ChargeDialogInSqlServerWords, AUnitPriceThatIsNoNumberIsRefusedByTheServerAndNothingMoves)
 {
     program.desktop.Expect(
         ErrorBox(u"Cannot convert a char value to money. The char value has incorrect syntax."_q));
@@ -318,7 +332,7 @@ TEST_F(ChargeDialog, AUnitPriceThatIsNoNumberIsRefusedByTheServerAndNothingMoves
     ExpectAtRest();
 }
 
-TEST_F(ChargeDialog, AnApostropheInTheRemarkMakesTheStatementFail)
+TEST_F(ChargeDialogInSqlServerWords, AnApostropheInTheRemarkMakesTheStatementFail)
 {
     program.desktop.Expect(ErrorBox(u"Unclosed quotation mark after the character string ',getdate())'."_q));
     Open([this] {
@@ -410,7 +424,7 @@ TEST_F(ChargeDialog, AServerThatIsDownStoresNothing)
     ExpectAtRest();
 }
 
-TEST_F(ChargeDialog, AMissingLedgerIsToldInTheServersWords)
+TEST_F(ChargeDialogInSqlServerWords, AMissingLedgerIsToldInTheServersWords)
 {
     program.database.Execute(u"DROP TABLE SMSCharge"_q);
     program.desktop.Expect(ErrorBox(u"Invalid object name 'SMSCharge'."_q));
@@ -457,6 +471,11 @@ struct NumberRow
     int box;
     QString typed;
     QString text;
+
+    friend void PrintTo(const NumberRow& row, std::ostream* out)
+    {
+        *out << "box " << row.box << ": " << row.typed.toStdString();
+    }
 };
 
 class NumberBoxes : public ChargeDialog, public ::testing::WithParamInterface<NumberRow>

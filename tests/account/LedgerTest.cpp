@@ -2,6 +2,7 @@
 #include "account/ChargeRows.h"
 #include "account/ModStep3.h"
 #include "store/DatabaseError.h"
+#include "support/database/SqlServerWords.h"
 #include "support/program/Program.h"
 #include "toolkit/Controls.h"
 
@@ -90,6 +91,8 @@ protected:
     Program program;
 };
 
+using LedgerInSqlServerWords = InSqlServerWords<Ledger>;
+
 TEST(ShownMoment, LeavesPartsOfASecondOut)
 {
     EXPECT_EQ(ShownMoment(u"2012-05-30 14:07:09.123"_q), u"2012-05-30 14:07:09"_q);
@@ -169,7 +172,7 @@ TEST_F(Ledger, AFailedQueryLeavesItEmptyAndTheMonthsAreReadAllTheSame)
     ExpectAtRest();
 }
 
-TEST_F(Ledger, AMissingTableIsToldInTheServersWords)
+TEST_F(LedgerInSqlServerWords, AMissingTableIsToldInTheServersWords)
 {
     program.database.Execute(u"DROP TABLE SMSCharge"_q);
     program.desktop.Expect(ErrorBox(u"Invalid object name 'SMSCharge'."_q));
@@ -306,7 +309,7 @@ TEST_F(Ledger, DeletingANegativeCountRaisesTheBalance)
     EXPECT_EQ(StoredKeys(), QStringList());
 }
 
-TEST_F(Ledger, ARowWithoutACountCannotBeDeleted)
+TEST_F(LedgerInSqlServerWords, ARowWithoutACountCannotBeDeleted)
 {
     Add(u"2012-05-30"_q, u"NULL,NULL,NULL,NULL,NULL"_q);
     Enter();
@@ -391,7 +394,7 @@ TEST_F(Ledger, AServerThatIsDownAtADeleteChangesNothing)
     EXPECT_EQ(program.connections.OpenNow(), 0);
 }
 
-TEST_F(Ledger, AnAccountTableThatIsMissingStopsTheDelete)
+TEST_F(LedgerInSqlServerWords, AnAccountTableThatIsMissingStopsTheDelete)
 {
     AddThree();
     Enter();

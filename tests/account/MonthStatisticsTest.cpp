@@ -2,6 +2,7 @@
 #include "account/ModStep3.h"
 #include "runtime/RuntimeError.h"
 #include "store/DatabaseError.h"
+#include "support/database/SqlServerWords.h"
 #include "support/program/Program.h"
 #include "toolkit/ComboBox.h"
 
@@ -58,6 +59,8 @@ protected:
 
     Program program;
 };
+
+using MonthStatisticsInSqlServerWords = InSqlServerWords<MonthStatistics>;
 
 const QStringList Nothing{u""_q, u""_q, u""_q, u""_q};
 
@@ -183,7 +186,7 @@ TEST_F(MonthStatistics, ThePresentYearIsCountedWithoutTheWindowAsking)
         EXPECT_FALSE(statement.contains(u"SMSLog_"_q)) << statement.toStdString();
 }
 
-TEST_F(MonthStatistics, AYearWithoutALogLeavesTheTitlesAndNoFigures)
+TEST_F(MonthStatisticsInSqlServerWords, AYearWithoutALogLeavesTheTitlesAndNoFigures)
 {
     Log(u"2012-01-05 10-00"_q, u"1"_q, 3);
     program.database.Execute(u"DROP TABLE SMSLog_2011"_q);
@@ -220,9 +223,8 @@ TEST_F(MonthStatistics, TheFailureOfTheQueryIsToldOnce)
 
 TEST_F(MonthStatistics, LargeCountsAreGroupedOnTheScreenAndPlainInTheirCells)
 {
-    program.database.Execute(
-        u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i < 1234) "
-        u"INSERT INTO SMSLog_2012 (SMSStatus,SendTime) SELECT '1','2012-03-01 10-00' FROM n"_q);
+    program.database.Insert(u"SMSLog_2012 (SMSStatus,SendTime)"_q,
+                            QStringList(1234, u"'1', '2012-03-01 10-00'"_q));
     Enter();
     EXPECT_EQ(Grid().GetText(3, MonthSent), u"1234"_q);
     EXPECT_TRUE(Grid().ColNumber(3));

@@ -1,6 +1,7 @@
 #include "account/AccountBoxes.h"
 #include "runtime/RuntimeError.h"
 #include "store/DatabaseError.h"
+#include "support/database/SqlServerWords.h"
 #include "support/program/Program.h"
 #include "toolkit/Controls.h"
 #include "toolkit/TextBox.h"
@@ -85,6 +86,8 @@ protected:
 private:
     qsizetype before_ = 0;
 };
+
+using SettingsDialogInSqlServerWords = InSqlServerWords<SettingsDialog>;
 
 const QStringList OpenAccount{u"demo"_q, u"demo"_q, u"sms.example.kr"_q, u"02-1234-5678"_q, u"한빛교회"_q};
 
@@ -327,7 +330,7 @@ TEST_F(SettingsDialog, ABoxOfBlanksIsEmpty)
     EXPECT_EQ(Statements(), QStringList{SettingsQuery});
 }
 
-TEST_F(SettingsDialog, AnApostropheInThePasswordBreaksTheStatement)
+TEST_F(SettingsDialogInSqlServerWords, AnApostropheInThePasswordBreaksTheStatement)
 {
     program.desktop.Expect(ErrorBox(u"Unclosed quotation mark after the character string ''."_q));
     Open([this] {
@@ -456,6 +459,11 @@ struct LimitRow
     int box;
     QString put;
     QString text;
+
+    friend void PrintTo(const LimitRow& row, std::ostream* out)
+    {
+        *out << "box " << row.box << ": " << row.put.toStdString();
+    }
 };
 
 class SettingsLimits : public SettingsDialog, public ::testing::WithParamInterface<LimitRow>

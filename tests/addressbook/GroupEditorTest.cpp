@@ -1,4 +1,5 @@
 #include "store/DatabaseError.h"
+#include "support/database/SqlServerWords.h"
 #include "support/program/AddressBook.h"
 #include "toolkit/Controls.h"
 #include "toolkit/Form.h"
@@ -83,6 +84,8 @@ private:
 
     QWidget* dialog_ = nullptr;
 };
+
+using GroupEditorInSqlServerWords = InSqlServerWords<GroupEditor>;
 
 TEST_F(GroupEditor, TheDialogsWordsAreItsOwn)
 {
@@ -238,7 +241,7 @@ TEST_F(GroupEditor, TheDatabaseDecidesWhichNamesAreTheSame)
     });
 }
 
-TEST_F(GroupEditor, AnApostropheMakesAnAddFailOnceAndStoresNothing)
+TEST_F(GroupEditorInSqlServerWords, AnApostropheMakesAnAddFailOnceAndStoresNothing)
 {
     Add([this] {
         Type(u"김's 모임"_q);
@@ -251,7 +254,7 @@ TEST_F(GroupEditor, AnApostropheMakesAnAddFailOnceAndStoresNothing)
     EXPECT_EQ(Names().size(), 2);
 }
 
-TEST_F(GroupEditor, AnApostropheMakesARenameFail)
+TEST_F(GroupEditorInSqlServerWords, AnApostropheMakesARenameFail)
 {
     Edit(u"청년부"_q, [this] {
         Type(u"김's 모임"_q);

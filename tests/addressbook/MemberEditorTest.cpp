@@ -1,4 +1,5 @@
 #include "store/DatabaseError.h"
+#include "support/database/SqlServerWords.h"
 #include "support/program/AddressBook.h"
 #include "toolkit/Controls.h"
 #include "toolkit/Form.h"
@@ -102,6 +103,8 @@ private:
 
     QWidget* dialog_ = nullptr;
 };
+
+using MemberEditorInSqlServerWords = InSqlServerWords<MemberEditor>;
 
 TEST_F(MemberEditor, TheDialogsWordsAreItsOwn)
 {
@@ -454,7 +457,7 @@ TEST_F(MemberEditor, NumbersAreStoredAsTypedWithTheirSigns)
         EXPECT_EQ(MembersInDatabase()[4 + i][3], numbers[i]);
 }
 
-TEST_F(MemberEditor, AnApostropheMakesAnAddFailOnceAndStoresNothing)
+TEST_F(MemberEditorInSqlServerWords, AnApostropheMakesAnAddFailOnceAndStoresNothing)
 {
     Add([this] {
         Type(u"오'하라"_q, u"0100000005"_q);

@@ -1,5 +1,6 @@
 #include "compose/GridRecipients.h"
 #include "compose/MakeSMSTransport.h"
+#include "support/database/SqlServerWords.h"
 #include "support/program/Program.h"
 #include "toolkit/ComboBox.h"
 #include "toolkit/Controls.h"
@@ -82,6 +83,8 @@ protected:
     QString status;
     std::function<void()> atTheEnd; ///< when the dialog is about to go
 };
+
+using DispatchInSqlServerWords = InSqlServerWords<Dispatch>;
 
 TEST_F(Dispatch, AFilteredRowCountsAsDoneAndTheBalanceFallsByWhatLeft)
 {
@@ -510,6 +513,11 @@ struct BrokenReply
 {
     FaultKind kind;
     int messages; ///< that the gateway took all the same
+
+    friend void PrintTo(const BrokenReply& reply, std::ostream* out)
+    {
+        *out << ::testing::PrintToString(reply.kind);
+    }
 };
 
 class DispatchToABrokenGateway : public Dispatch, public ::testing::WithParamInterface<BrokenReply>
@@ -573,7 +581,7 @@ TEST_F(Dispatch, AFailedInsertLosesItsRowAndTheNextAndTheRestIsLogged)
     EXPECT_EQ(program.Balance(), 96);
 }
 
-TEST_F(Dispatch, WhenTheInsertOfTheLastRowFailsTheDebitIsLost)
+TEST_F(DispatchInSqlServerWords, WhenTheInsertOfTheLastRowFailsTheDebitIsLost)
 {
     program.database.Execute(u"DROP TABLE SMSLog_2012"_q);
     program.desktop.Expect({u" - 오류!!!"_q, u"☞ : "_q + InvalidObject(u"SMSLog_2012"_q), MsgBoxCritical});
@@ -583,7 +591,7 @@ TEST_F(Dispatch, WhenTheInsertOfTheLastRowFailsTheDebitIsLost)
     EXPECT_EQ(program.Balance(), 100);
 }
 
-TEST_F(Dispatch, WithoutALogTableTheRowBehindReconnectsAndTheRunGoesOn)
+TEST_F(DispatchInSqlServerWords, WithoutALogTableTheRowBehindReconnectsAndTheRunGoesOn)
 {
     program.database.Execute(u"DROP TABLE SMSLog_2012"_q);
     const Box box{u" - 오류!!!"_q, u"☞ : "_q + InvalidObject(u"SMSLog_2012"_q), MsgBoxCritical};

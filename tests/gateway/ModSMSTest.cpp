@@ -4,6 +4,7 @@
 #include "runtime/RuntimeError.h"
 #include "session/Session.h"
 #include "store/DBConnect.h"
+#include "support/database/SqlServerWords.h"
 #include "support/database/TestDatabase.h"
 #include "support/FixedClock.h"
 #include "support/gateway/TestGateway.h"
@@ -85,6 +86,8 @@ protected:
     std::optional<ReplyGateway> replying;
     std::optional<ModSMS> sms;
 };
+
+using SendingInSqlServerWords = InSqlServerWords<Sending>;
 
 } // namespace
 
@@ -370,7 +373,7 @@ TEST_F(Sending, AfterALostLogRowTheNextIsLostQuietlyAndTheOneAfterIsWritten)
     EXPECT_EQ(desktop.boxes.size(), 1);
 }
 
-TEST_F(Sending, AMissingTableLosesTheRowAndTheMessageCounts)
+TEST_F(SendingInSqlServerWords, AMissingTableLosesTheRowAndTheMessageCounts)
 {
     database.Execute(u"DROP TABLE SMSLog_2013"_q);
     Begin(gateway.WsdlUrl());
@@ -484,7 +487,7 @@ TEST_F(Sending, AFalseReturnValueIsNoRefusalOfAWithdrawal)
     EXPECT_EQ(database.Count(u"SMSLog_2012"_q), 0);
 }
 
-TEST_F(Sending, ARowThatCannotBeRemovedCountsAsWithdrawn)
+TEST_F(SendingInSqlServerWords, ARowThatCannotBeRemovedCountsAsWithdrawn)
 {
     Begin(gateway.WsdlUrl());
     Submit(u"예약"_q, u"2012:06:01:09:05"_q);

@@ -3,6 +3,7 @@
 #include "history/GridSentRows.h"
 #include "runtime/Numbers.h"
 #include "store/DatabaseError.h"
+#include "support/database/SqlServerWords.h"
 #include "support/program/HistoryProgram.h"
 #include "toolkit/Controls.h"
 #include "toolkit/Pictures.h"
@@ -498,6 +499,11 @@ struct BrokenReply
 {
     FaultKind kind;
     int withdrawn; ///< by the gateway, all the same
+
+    friend void PrintTo(const BrokenReply& reply, std::ostream* out)
+    {
+        *out << ::testing::PrintToString(reply.kind);
+    }
 };
 
 class CancellationAtABrokenGateway : public Cancellation, public ::testing::WithParamInterface<BrokenReply>
@@ -592,13 +598,20 @@ struct RowsWithoutTable
     int rows;
     int boxes; ///< each second row reconnects in silence
     int credit;
+
+    friend void PrintTo(const RowsWithoutTable& without, std::ostream* out)
+    {
+        *out << without.rows << " rows";
+    }
 };
 
 class CancellationWithoutATable : public Cancellation, public ::testing::WithParamInterface<RowsWithoutTable>
 {
 };
 
-TEST_P(CancellationWithoutATable, CreditsOnlyBehindARowThatHasReconnected)
+using CancellationWithoutATableInSqlServerWords = InSqlServerWords<CancellationWithoutATable>;
+
+TEST_P(CancellationWithoutATableInSqlServerWords, CreditsOnlyBehindARowThatHasReconnected)
 {
     ListReserved(GetParam().rows);
     program.database.Execute(u"DROP TABLE SMSLog_2012"_q);
@@ -612,7 +625,7 @@ TEST_P(CancellationWithoutATable, CreditsOnlyBehindARowThatHasReconnected)
     EXPECT_FALSE(program.session.IsBusy());
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, CancellationWithoutATable,
+INSTANTIATE_TEST_SUITE_P(Rows, CancellationWithoutATableInSqlServerWords,
                          ::testing::Values(RowsWithoutTable{1, 1, 0}, RowsWithoutTable{2, 1, 2},
                                            RowsWithoutTable{3, 2, 0}, RowsWithoutTable{4, 2, 4}));
 

@@ -1,5 +1,6 @@
 #include "history/SendListStatement.h"
 #include "store/DatabaseError.h"
+#include "support/database/SqlServerWords.h"
 #include "support/program/HistoryProgram.h"
 #include "toolkit/ComboBox.h"
 #include "toolkit/Controls.h"
@@ -44,6 +45,8 @@ protected:
     }
     MousePointer Pointer() { return program.desktop.pointers.last(); }
 };
+
+using SendHistoryInSqlServerWords = InSqlServerWords<SendHistory>;
 
 // The search.
 
@@ -256,6 +259,11 @@ struct Field
     int index;
     QString words;
     QStringList found;
+
+    friend void PrintTo(const Field& field, std::ostream* out)
+    {
+        *out << "field " << field.index << ": " << field.words.toStdString();
+    }
 };
 
 class SearchedField : public SendHistory, public ::testing::WithParamInterface<Field>
@@ -295,6 +303,8 @@ struct Status
 {
     int index;
     QStringList found;
+
+    friend void PrintTo(const Status& status, std::ostream* out) { *out << "entry " << status.index; }
 };
 
 class ChosenStatus : public SendHistory, public ::testing::WithParamInterface<Status>
@@ -568,7 +578,9 @@ protected:
     }
 };
 
-TEST_F(FailedSearch, OfAYearWithoutATableEmptiesTheListAndLeavesTheRest)
+using FailedSearchInSqlServerWords = InSqlServerWords<FailedSearch>;
+
+TEST_F(FailedSearchInSqlServerWords, OfAYearWithoutATableEmptiesTheListAndLeavesTheRest)
 {
     SetPeriod(u"2009-01-01"_q, u"2009-12-31"_q);
     program.desktop.Expect(DatabaseBox(u"Invalid object name 'SMSLog_2009'."_q));
@@ -616,7 +628,7 @@ TEST_F(FailedSearch, OnALinkThatBreaksShowsOneBox)
     ExpectThePageWorksOn();
 }
 
-TEST_F(FailedSearch, ForAnApostropheShowsTheServersWordsAndChangesNothing)
+TEST_F(FailedSearchInSqlServerWords, ForAnApostropheShowsTheServersWordsAndChangesNothing)
 {
     Words().SetText(u"O'Neil"_q);
     program.desktop.Expect(
@@ -657,7 +669,7 @@ TEST_F(SendHistory, ARowWithoutADayEndsTheMarksInABox)
     EXPECT_EQ(Marks(), u"l"_q);
 }
 
-TEST_F(SendHistory, ADayThatTheServerCannotReadFailsTheFilterOfTheReserved)
+TEST_F(SendHistoryInSqlServerWords, ADayThatTheServerCannotReadFailsTheFilterOfTheReserved)
 {
     Log({.time = u"2012-02-30-10-00"_q});
     Enter();

@@ -1,6 +1,7 @@
 #include "history/dlgSMSShowDetail.h"
 #include "runtime/RuntimeError.h"
 #include "store/DatabaseError.h"
+#include "support/database/SqlServerWords.h"
 #include "support/program/HistoryProgram.h"
 #include "toolkit/Controls.h"
 
@@ -40,6 +41,11 @@ struct StatusWord
     QString read;   ///< by the query
     QString time;
     QString shown;
+
+    friend void PrintTo(const StatusWord& word, std::ostream* out)
+    {
+        *out << "status " << word.status.toStdString() << " of " << word.time.toStdString();
+    }
 };
 
 const StatusWord StatusWords[] = {{u"0"_q, u"예약중"_q, u"2012-05-31-10-00"_q, u"예약중"_q},
@@ -134,6 +140,8 @@ protected:
 
     int callsBefore = 0;
 };
+
+using ShowDetailInSqlServerWords = InSqlServerWords<ShowDetail>;
 
 // Opening and what it shows.
 
@@ -638,7 +646,7 @@ TEST_F(ShowDetail, AMessageThatIsGoneOpensEmptyAndIsNotCancelled)
     EXPECT_EQ(program.connections.OpenNow(), 0);
 }
 
-TEST_F(ShowDetail, AMissingTableShowsItsBoxAndOpensEmpty)
+TEST_F(ShowDetailInSqlServerWords, AMissingTableShowsItsBoxAndOpensEmpty)
 {
     ListReserved();
     program.database.Execute(u"DROP TABLE SMSLog_2012"_q);

@@ -48,6 +48,8 @@ struct LineFault
 {
     QString line;
     long number;
+
+    friend void PrintTo(const LineFault& fault, std::ostream* out) { *out << fault.line.toStdString(); }
 };
 
 class LineFaults : public ::testing::TestWithParam<LineFault>

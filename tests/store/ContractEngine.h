@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <string>
 
 namespace tsms::test {
@@ -23,6 +24,8 @@ struct ContractEngine
 {
     std::string name;
     std::function<std::unique_ptr<ContractDatabase>()> makeDatabase;
+
+    friend void PrintTo(const ContractEngine& engine, std::ostream* out) { *out << engine.name; }
 };
 
 } // namespace tsms::test

@@ -3,7 +3,7 @@
 #include "store/ConnectionText.h"
 #include "store/ContractEngine.h"
 #include "store/DatabaseError.h"
-#include "support/database/ScratchDatabase.h"
+#include "support/database/SqlServerWords.h"
 #include "support/database/TestDatabase.h"
 #include "support/Words.h"
 
@@ -103,6 +103,8 @@ protected:
     std::unique_ptr<Connection> connection_;
 };
 
+using ContractInSqlServerWords = InSqlServerWords<Contract>;
+
 } // namespace
 
 // Connection and result
@@ -178,7 +180,7 @@ TEST_P(Contract, TheBalanceStaysAWholeNumber)
     EXPECT_EQ(Value(u"SELECT SMSRemainCnt FROM SMSSetup"_q), u"11"_q);
 }
 
-TEST_P(Contract, ABalanceOutOf32BitsIsRefused)
+TEST_P(ContractInSqlServerWords, ABalanceOutOf32BitsIsRefused)
 {
     Execute(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 2147483647"_q);
     const RuntimeError error = ErrorOf(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1"_q);
@@ -349,7 +351,7 @@ TEST_P(Contract, AUnitPriceWithDigitGroupsIsANumber)
     EXPECT_EQ(Value(u"SELECT ChargeUnit FROM SMSCharge"_q).toDouble(), 1000);
 }
 
-TEST_P(Contract, AUnitPriceThatIsNoNumberIsRefused)
+TEST_P(ContractInSqlServerWords, AUnitPriceThatIsNoNumberIsRefused)
 {
     const RuntimeError error = ErrorOf(
         u"Insert INTO SMSCharge  (ChargeDt, ChargeCnt, ChargeAmt,ChargeUnit,Remark,RegDt )  VALUES ('2012-05-01',1,1000,'1-2',Null,getdate())"_q);
@@ -478,7 +480,7 @@ TEST_P(Contract, OneMessageIsReadByItsKeyAndDeleted)
 
 // Failures
 
-TEST_P(Contract, AMissingTableHasItsNumber)
+TEST_P(ContractInSqlServerWords, AMissingTableHasItsNumber)
 {
     const RuntimeError error = ErrorOf(u"SELECT * FROM SMSLog_1999"_q);
     EXPECT_EQ(error.Number, NoSuchTable);
@@ -488,7 +490,7 @@ TEST_P(Contract, AMissingTableHasItsNumber)
     EXPECT_EQ(ErrorOf(u"Insert INTO SMSLog_1999 (SMSStatus) VALUES ('1')"_q).Number, NoSuchTable);
 }
 
-TEST_P(Contract, AMissingColumnHasItsWords)
+TEST_P(ContractInSqlServerWords, AMissingColumnHasItsWords)
 {
     for (const QString& sql : {u"SELECT Nope FROM SMSSetup"_q, u"UPDATE SMSSetup SET Nope=1"_q,
                                u"Insert INTO SMSSetup (Nope) VALUES (1)"_q}) {
@@ -498,7 +500,7 @@ TEST_P(Contract, AMissingColumnHasItsWords)
     }
 }
 
-TEST_P(Contract, AnUnclosedQuoteChangesNothing)
+TEST_P(ContractInSqlServerWords, AnUnclosedQuoteChangesNothing)
 {
     const RuntimeError error = ErrorOf(u"UPDATE SMSSetup SET SMSID ='O'Brien'"_q);
     EXPECT_EQ(error.Number, StatementFailure);
@@ -507,7 +509,7 @@ TEST_P(Contract, AnUnclosedQuoteChangesNothing)
     EXPECT_EQ(Value(u"SELECT SMSID FROM SMSSetup"_q), QString());
 }
 
-TEST_P(Contract, ATextThatBreaksOffIsASyntaxError)
+TEST_P(ContractInSqlServerWords, ATextThatBreaksOffIsASyntaxError)
 {
     for (const QString& sql :
          {u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt - "_q, u"DELETE SMSTempLSub WHERE TempLSeq = "_q,
@@ -519,14 +521,14 @@ TEST_P(Contract, ATextThatBreaksOffIsASyntaxError)
     }
 }
 
-TEST_P(Contract, AKeyThatIsThereIsAnIntegrityFailure)
+TEST_P(ContractInSqlServerWords, AKeyThatIsThereIsAnIntegrityFailure)
 {
     Execute(u"INSERT INTO SMSTempLMst (TempLCd, TempLNm) VALUES (1, '안내')"_q);
     EXPECT_EQ(ErrorOf(u"INSERT INTO SMSTempLMst (TempLCd, TempLNm) VALUES (1, '인사')"_q).Number,
               IntegrityViolation);
 }
 
-TEST_P(Contract, AStatusIsRequired)
+TEST_P(ContractInSqlServerWords, AStatusIsRequired)
 {
     const RuntimeError error = ErrorOf(u"Insert INTO SMSLog_2012 (SMSStatus) VALUES (Null)"_q);
     EXPECT_EQ(error.Number, IntegrityViolation);
@@ -534,7 +536,7 @@ TEST_P(Contract, AStatusIsRequired)
         << error.Description.toStdString();
 }
 
-TEST_P(Contract, ASendTimeThatIsNoDateFailsTheReservedFilter)
+TEST_P(ContractInSqlServerWords, ASendTimeThatIsNoDateFailsTheReservedFilter)
 {
     AddLog(u"1"_q, u"2012-99-99 10-00"_q);
     const RuntimeError error = ErrorOf(History(
@@ -588,9 +590,14 @@ std::vector<ContractEngine> Engines()
     return engines;
 }
 
+std::string NameOf(const ::testing::TestParamInfo<ContractEngine>& engine)
+{
+    return engine.param.name;
+}
+
 } // namespace
 
-INSTANTIATE_TEST_SUITE_P(Engine, Contract, ::testing::ValuesIn(Engines()),
-                         [](const auto& engine) { return engine.param.name; });
+INSTANTIATE_TEST_SUITE_P(Engine, Contract, ::testing::ValuesIn(Engines()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Engine, ContractInSqlServerWords, ::testing::ValuesIn(Engines()), NameOf);
 
 } // namespace tsms::test

@@ -1,4 +1,5 @@
 #include "runtime/CodePage949.h"
+#include "support/database/SqlServerWords.h"
 #include "templates/ModStep4.h"
 #include "templates/TemplateShelf.h"
 
@@ -70,6 +71,8 @@ protected:
         EXPECT_EQ(program.desktop.pointers.value(program.desktop.pointers.size() - 1), MousePointer::Default);
     }
 };
+
+using TemplateLibraryInSqlServerWords = InSqlServerWords<TemplateLibrary>;
 
 TEST_F(TemplateLibrary, NewEmptiesTheEditorAndKeepsTheCategoryAndTheLabelsTag)
 {
@@ -249,7 +252,7 @@ class TemplateBodies : public TemplateLibrary, public ::testing::WithParamInterf
 /// A server keeps its texts in code page 949; the embedded engine takes them as they are.
 QString InTheDatabase(const QString& text)
 {
-    return ChosenTestEngine() == TestEngine::Server ? FromCodePage949(ToCodePage949(text)) : text;
+    return ChosenTestEngine() == TestEngine::Embedded ? text : FromCodePage949(ToCodePage949(text));
 }
 
 TEST_P(TemplateBodies, AreStoredShownAndLoadedAsTheyAre)
@@ -289,7 +292,7 @@ TEST_F(TemplateLibrary, ABodyOfAHundredSyllablesIsStoredAsItIs)
     EXPECT_EQ(Stored().last().last(), QString(100, u'가'));
 }
 
-TEST_F(TemplateLibrary, AnApostropheInTheTitleMakesTheStatementFail)
+TEST_F(TemplateLibraryInSqlServerWords, AnApostropheInTheTitleMakesTheStatementFail)
 {
     Write(u"it's"_q, u"내용"_q);
     program.desktop.Expect(AskNew, AnswerYes);

@@ -7,7 +7,7 @@ namespace tsms {
 
 namespace {
 
-std::optional<FaultKind> KindOf(const QString& name)
+const QHash<QString, FaultKind>& Kinds()
 {
     static const QHash<QString, FaultKind> kinds = {
         {QStringLiteral("refuse"), FaultKind::Refuse},
@@ -29,11 +29,21 @@ std::optional<FaultKind> KindOf(const QString& name)
         {QStringLiteral("wsdl-http500"), FaultKind::WsdlHttp500},
         {QStringLiteral("wsdl-leave"), FaultKind::WsdlLeave},
     };
-    const auto found = kinds.constFind(name);
-    return found == kinds.cend() ? std::nullopt : std::optional(*found);
+    return kinds;
+}
+
+std::optional<FaultKind> KindOf(const QString& name)
+{
+    const auto found = Kinds().constFind(name);
+    return found == Kinds().cend() ? std::nullopt : std::optional(*found);
 }
 
 } // namespace
+
+QString FaultName(FaultKind kind)
+{
+    return Kinds().key(kind);
+}
 
 std::optional<GatewayFault> ReadGatewayFault(const QString& text)
 {

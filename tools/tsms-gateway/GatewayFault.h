@@ -43,4 +43,7 @@ struct GatewayFault
 /// wsdl-garbage, wsdl-no-operation, wsdl-late, wsdl-drop, wsdl-cut, wsdl-http500, wsdl-leave.
 std::optional<GatewayFault> ReadGatewayFault(const QString& text);
 
+/// The kind as it is read.
+QString FaultName(FaultKind kind);
+
 } // namespace tsms

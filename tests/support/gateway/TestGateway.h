@@ -6,6 +6,18 @@
 
 #include <QString>
 
+#include <ostream>
+
+namespace tsms {
+
+/// Lets a test that has one for its parameter print it.
+inline void PrintTo(FaultKind kind, std::ostream* out)
+{
+    *out << FaultName(kind).toStdString();
+}
+
+} // namespace tsms
+
 namespace tsms::test {
 
 /// The simulated gateway in the test's own process, on a free port, with the account demo / demo /

@@ -17,6 +17,11 @@ struct SentMessage
     QString number = u"100001"_q; ///< the gateway's
     QString errorCode = {};
     QString errorText = {};
+
+    friend void PrintTo(const SentMessage& message, std::ostream* out)
+    {
+        *out << "status " << message.status.toStdString() << " of " << message.time.toStdString();
+    }
 };
 
 // The boxes of cancellations.
