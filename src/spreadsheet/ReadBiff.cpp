@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <utility>
 
 namespace tsms {
 
@@ -31,20 +32,22 @@ void SkipOver(BiffReader& reader, qint64 size)
 {
     while (size > reader.Left()) {
         size -= reader.Left();
-        Demand(reader.NextPart());
+        if (!reader.NextPart())
+            return;
     }
     reader.Skip(static_cast<qsizetype>(size));
 }
 
-QString TextOfParts(BiffReader& reader, int length, quint8 flags)
+RecordText TextOfParts(BiffReader& reader, int length, quint8 flags)
 {
     QString text = Characters(reader, length, flags & Wide);
-    while (text.size() < length) {
-        Demand(reader.Left() == 0 && reader.NextPart()); // half a character never stands at an edge
-        const bool wide = reader.U8() & Wide;            // each part has flags of its own
+    // Half a character never stands at an edge.
+    while (text.size() < length && reader.Left() == 0 && reader.NextPart()) {
+        const bool wide = reader.U8() & Wide; // each part has flags of its own
         text += Characters(reader, length - text.size(), wide);
     }
-    return text;
+    const bool whole = text.size() == length;
+    return {std::move(text), whole};
 }
 
 } // namespace
@@ -71,16 +74,18 @@ void BiffReader::Next()
 
 bool BiffReader::NextPart()
 {
-    const bool continues =
-        HasHead() && qFromLittleEndian<quint16>(stream_.data() + end_) == quint16(ReadRecord::Continue);
-    if (continues)
+    while (HasHead() && qFromLittleEndian<quint16>(stream_.data() + end_) == quint16(ReadRecord::Continue)) {
         Next();
-    return continues;
+        if (Left() > 0)
+            return true;
+    }
+    return false;
 }
 
 template <class Value> Value BiffReader::Take()
 {
-    return qFromLittleEndian<Value>(Bytes(sizeof(Value)).data());
+    const QByteArrayView bytes = Bytes(sizeof(Value));
+    return bytes.size() == sizeof(Value) ? qFromLittleEndian<Value>(bytes.data()) : 0;
 }
 
 quint8 BiffReader::U8()
@@ -105,24 +110,23 @@ double BiffReader::F64()
 
 QByteArrayView BiffReader::Bytes(qsizetype size)
 {
-    Demand(size <= Left());
-    const QByteArrayView bytes = content_.sliced(at_, size);
-    at_ += size;
+    const QByteArrayView bytes = content_.sliced(at_, std::min(size, Left()));
+    at_ += bytes.size();
     return bytes;
 }
 
-QString ReadUnicodeText(BiffReader& reader, int length)
+RecordText ReadUnicodeText(BiffReader& reader, int length)
 {
     return TextOfParts(reader, length, reader.U8());
 }
 
-QString ReadRichText(BiffReader& reader)
+RecordText ReadRichText(BiffReader& reader)
 {
     const int length = reader.U16();
     const quint8 flags = reader.U8();
     const qint64 runs = flags & HasRuns ? reader.U16() : 0;
     const qint64 extension = flags & HasExtension ? reader.U32() : 0;
-    QString text = TextOfParts(reader, length, flags);
+    RecordText text = TextOfParts(reader, length, flags);
     if (runs > 0 || extension > 0)
         SkipOver(reader, 4 * runs + extension);
     return text;

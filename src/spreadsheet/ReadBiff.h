@@ -32,7 +32,8 @@ enum class ReadRecord : quint16 {
 /// The values of BOF that tell the two layouts apart.
 enum class BiffVersion : quint16 { Biff5 = 0x0500, Biff8 = 0x0600 };
 
-/// Walks over the records of a workbook's stream. Nothing is read beyond a record: what would be raises 321.
+/// Walks over the records of a workbook's stream, which have to follow one another to its end. Nothing is
+/// read beyond a record: a number that it lacks is 0, and of bytes those come that it has.
 class BiffReader
 {
 public:
@@ -46,7 +47,8 @@ public:
     /// somebody waits for.
     void Next();
 
-    /// On to the next record if it continues the present one.
+    /// On to the next record with content that continues the present one, past those that have none. False
+    /// where there is no such record.
     bool NextPart();
 
     ReadRecord Record() const { return record_; }
@@ -75,10 +77,17 @@ private:
 
 /// Texts of BIFF8. They may run over into the records that continue theirs: [MS-XLS] 2.5.293 and 2.5.294.
 
+/// A text as far as the records have it.
+struct RecordText
+{
+    QString text;
+    bool whole = false;
+};
+
 /// A text of `length` characters that begins with its flags.
-QString ReadUnicodeText(BiffReader& reader, int length);
+RecordText ReadUnicodeText(BiffReader& reader, int length);
 
 /// A text with its length of 16 bits in front and, where it has them, formats of its parts behind.
-QString ReadRichText(BiffReader& reader);
+RecordText ReadRichText(BiffReader& reader);
 
 } // namespace tsms

@@ -126,26 +126,26 @@ private:
     {
         switch (reader_.Record()) {
         case ReadRecord::LabelSst:
-            ReadCell([this] { return SharedText(); });
+            ReadCell(4, [this] { return SharedText(); });
             break;
         case ReadRecord::Label:
         case ReadRecord::RString:
-            ReadCell([this] { return OwnText(); });
+            ReadCell(2, [this] { return OwnText(); });
             break;
         case ReadRecord::Number:
-            ReadCell([this] { return Shown(reader_.F64()); });
+            ReadCell(8, [this] { return Shown(reader_.F64()); });
             break;
         case ReadRecord::RK:
-            ReadCell([this] { return Shown(NumberOfRK(reader_.U32())); });
+            ReadCell(4, [this] { return Shown(NumberOfRK(reader_.U32())); });
             break;
         case ReadRecord::MulRK:
             ReadRow();
             break;
         case ReadRecord::BoolErr:
-            ReadCell([this] { return TruthOrError(); });
+            ReadCell(2, [this] { return TruthOrError(); });
             break;
         case ReadRecord::Formula:
-            ReadCell([this] { return FormulaResult(); });
+            ReadCell(8, [this] { return FormulaResult(); });
             break;
         case ReadRecord::String:
             ReadFormulaText();
@@ -155,10 +155,14 @@ private:
         }
     }
 
-    /// A record about one cell. Texts of columns that nobody wants are not read.
-    template <class TextOf> void ReadCell(TextOf&& text)
+    /// A record about one cell, with `least` bytes behind its head: a shorter one says nothing about its
+    /// cell. Texts of columns that nobody wants are not read.
+    template <class TextOf> void ReadCell(qsizetype least, TextOf&& text)
     {
+        constexpr qsizetype headBytes = 6;
         waiting_.reset();
+        if (reader_.Left() < headBytes + least)
+            return;
         const int row = reader_.U16();
         const int col = reader_.U16();
         head_ = {row, col, reader_.U16()};
@@ -188,14 +192,9 @@ private:
         return tables_.strings[number];
     }
 
-    /// [MS-XLS] 2.4.148; its formats, where it has some, stand behind it.
-    QString OwnText() { return TextOfLength(reader_.U16()); }
-
-    QString TextOfLength(int length)
-    {
-        return tables_.version == BiffVersion::Biff8 ? ReadUnicodeText(reader_, length)
-                                                     : tables_.ByteText(reader_.Bytes(length));
-    }
+    /// [MS-XLS] 2.4.148; its formats, where it has some, stand behind it. Of one that is cut the part that
+    /// there is, as spreadsheets show it.
+    QString OwnText() { return tables_.Text(reader_, reader_.U16()).text; }
 
     QString TruthOrError()
     {

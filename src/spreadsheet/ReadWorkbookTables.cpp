@@ -6,6 +6,7 @@
 
 #include <limits>
 #include <map>
+#include <utility>
 
 namespace tsms {
 
@@ -14,6 +15,15 @@ namespace {
 constexpr std::size_t MostWorksheets = std::numeric_limits<qint16>::max(); // their count has 16 bits
 constexpr quint32 MostStrings = 1 << 20;
 constexpr std::size_t MostCellFormats = 8192; // spreadsheets make half of them at most
+
+QString TextOfBytes(QByteArrayView bytes, quint16 codePage)
+{
+    constexpr quint16 western = 1252;
+    constexpr quint16 westernInBiff5 = 0x8001;
+    if (codePage == western || codePage == westernInBiff5)
+        return QString::fromLatin1(bytes);
+    return FromCodePage949(bytes.toByteArray());
+}
 
 class TablesReader
 {
@@ -64,12 +74,15 @@ private:
     void ReadSheet()
     {
         constexpr quint8 worksheet = 0;
+        constexpr qsizetype headBytes = 6; // up to its kind
+        if (reader_.Left() < headBytes)
+            return;
         SheetPlace sheet;
         sheet.position = reader_.U32();
         reader_.Skip(1); // whether it is hidden
         const quint8 kind = reader_.U8();
         const quint8 length = reader_.U8();
-        sheet.name = IsBiff8() ? ReadUnicodeText(reader_, length) : tables_.ByteText(reader_.Bytes(length));
+        sheet.name = tables_.Text(reader_, length).text;
         if (kind != worksheet)
             return;
         Demand(tables_.worksheets.size() < MostWorksheets);
@@ -85,7 +98,7 @@ private:
         for (quint32 i = 0; i < count; ++i) {
             if (reader_.Left() == 0)
                 Demand(reader_.NextPart());
-            tables_.strings.push_back(ReadRichText(reader_));
+            tables_.strings.push_back(ReadRichText(reader_).text);
         }
     }
 
@@ -101,8 +114,9 @@ private:
     void ReadFormat()
     {
         const int number = reader_.U16();
-        codes_[number] = IsBiff8() ? ReadUnicodeText(reader_, reader_.U16())
-                                   : tables_.ByteText(reader_.Bytes(reader_.U8()));
+        RecordText code = tables_.Text(reader_, IsBiff8() ? reader_.U16() : reader_.U8());
+        if (code.whole)
+            codes_[number] = std::move(code.text);
     }
 
     /// What cells tell is not the number of a format but that of a record that names it. Thousands of these
@@ -128,13 +142,12 @@ private:
 
 } // namespace
 
-QString WorkbookTables::ByteText(QByteArrayView bytes) const
+RecordText WorkbookTables::Text(BiffReader& reader, int length) const
 {
-    constexpr quint16 western = 1252;
-    constexpr quint16 westernInBiff5 = 0x8001;
-    if (codePage == western || codePage == westernInBiff5)
-        return QString::fromLatin1(bytes);
-    return FromCodePage949(bytes.toByteArray());
+    if (version == BiffVersion::Biff8)
+        return ReadUnicodeText(reader, length);
+    const QByteArrayView bytes = reader.Bytes(length);
+    return {TextOfBytes(bytes, codePage), bytes.size() == length};
 }
 
 QString WorkbookTables::Shown(double number, quint16 format) const

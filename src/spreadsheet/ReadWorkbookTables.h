@@ -31,9 +31,10 @@ struct WorkbookTables
     std::deque<QString> strings;          ///< which cells share
     std::vector<std::shared_ptr<const XlsNumberFormat>> formats; ///< by the number that a cell tells
 
-    /// A text in bytes, as BIFF5 has them. Those of code page 1252 read as Latin-1, all others as 949: what
-    /// Korean programs write, also those that tell nothing.
-    QString ByteText(QByteArrayView bytes) const;
+    /// The text of that length that comes next: in BIFF8 with its flags, in BIFF5 in bytes of the code page.
+    /// Those of code page 1252 read as Latin-1, all others as 949: what Korean programs write, also those
+    /// that tell nothing.
+    RecordText Text(BiffReader& reader, int length) const;
 
     /// What a cell of that format shows.
     QString Shown(double number, quint16 format) const;
@@ -42,8 +43,9 @@ struct WorkbookTables
 /// Moves on to the record that begins a part, and answers its version. Raises 321 when it begins another one.
 BiffVersion ReadPartHead(BiffReader& reader, ReadPart part);
 
-/// Reads the globals at the beginning of a workbook: [MS-XLS] 2.1.7.20.3. Raises 321 where they are damaged,
-/// for a workbook that wants a password, and for tables beyond all measure.
+/// Reads the globals at the beginning of a workbook: [MS-XLS] 2.1.7.20.3. A record that lacks something gives
+/// what it has; a format that lacks something is "General". Raises 321 where the records do not follow one
+/// another, for a workbook that wants a password, and for tables beyond all measure.
 WorkbookTables ReadWorkbookTables(BiffReader& reader);
 
 } // namespace tsms

@@ -166,34 +166,6 @@ TEST(DamagedBiff8, ASharedTextThatThereIsNotIsRefused)
     EXPECT_EQ(Error(book), InvalidFileFormat);
 }
 
-TEST(DamagedBiff8, ATextThatNeverEndsIsRefused)
-{
-    WorkbookMaker book;
-    book.AddSheet(u"하나"_q).Record(0x0204,
-                                    LittleEndian().U16(0).U16(0).U16(0).U16(0xFFFF).U8(1).Raw("abc").bytes);
-    EXPECT_EQ(Error(book), InvalidFileFormat);
-}
-
-TEST(DamagedBiff8, AResultThatNeverEndsIsRefused)
-{
-    WorkbookMaker book;
-    book.AddSheet(u"하나"_q)
-        .OtherFormula(1, 1, 0, 0)
-        .Record(0x0207, LittleEndian().U16(0xFFFF).U8(1).Raw("abcd").bytes)
-        .Record(0x003C, LittleEndian().U8(1).bytes);
-    EXPECT_EQ(Error(book), InvalidFileFormat);
-}
-
-TEST(DamagedBiff8, HalfACharacterAtTheEdgeOfARecordIsRefused)
-{
-    WorkbookMaker book;
-    book.AddSheet(u"하나"_q)
-        .OtherFormula(1, 1, 0, 0)
-        .Record(0x0207, LittleEndian().U16(2).U8(1).Raw("abc").bytes)
-        .Record(0x003C, LittleEndian().U8(1).Raw("d").bytes);
-    EXPECT_EQ(Error(book), InvalidFileFormat);
-}
-
 TEST(DamagedBiff8, OneTextInMoreCellsThanAllTextsMayHaveIsRefused)
 {
     // 32,767 characters in each of 1,025 cells, which share one text: small in the file, large in a list.
