@@ -185,11 +185,11 @@ private:
         return text;
     }
 
+    /// Nothing where the table has no such text.
     QString SharedText()
     {
         const quint32 number = reader_.U32();
-        Demand(number < tables_.strings.size());
-        return tables_.strings[number];
+        return number < tables_.strings.size() ? tables_.strings[number] : QString();
     }
 
     /// [MS-XLS] 2.4.148; its formats, where it has some, stand behind it. Of one that is cut the part that

@@ -13,7 +13,7 @@ namespace tsms {
 namespace {
 
 constexpr std::size_t MostWorksheets = std::numeric_limits<qint16>::max(); // their count has 16 bits
-constexpr quint32 MostStrings = 1 << 20;
+constexpr std::size_t MostStrings = 1 << 20;
 constexpr std::size_t MostCellFormats = 8192; // spreadsheets make half of them at most
 
 QString TextOfBytes(QByteArrayView bytes, quint16 codePage)
@@ -89,16 +89,16 @@ private:
         tables_.worksheets.push_back(std::move(sheet));
     }
 
-    /// [MS-XLS] 2.4.265
+    /// [MS-XLS] 2.4.265. All texts that there are, up to one that is cut: writers miscount them.
     void ReadStrings()
     {
-        reader_.Skip(4); // how often they are used
-        const quint32 count = reader_.U32();
-        Demand(count <= MostStrings);
-        for (quint32 i = 0; i < count; ++i) {
-            if (reader_.Left() == 0)
-                Demand(reader_.NextPart());
-            tables_.strings.push_back(ReadRichText(reader_).text);
+        reader_.Skip(8); // how often they are used, and how many there should be
+        while (reader_.Left() > 0 || reader_.NextPart()) {
+            RecordText text = ReadRichText(reader_);
+            if (!text.whole)
+                return;
+            Demand(tables_.strings.size() < MostStrings);
+            tables_.strings.push_back(std::move(text.text));
         }
     }
 

@@ -46,6 +46,7 @@ enum Record {
     CodePage = 0x42,
     BoundSheet = 0x85,
     MulRK = 0xBD,
+    LabelSst = 0xFD,
     Number = 0x203,
     Label = 0x204,
     BoolErr = 0x205,
@@ -85,7 +86,8 @@ TEST_P(CarelessWorkbooks, OfATextThatIsCutThePartThatThereIsComes)
 
 TEST_P(CarelessWorkbooks, ARecordTooShortForItsNumberOrItsPlaceSaysNothingAboutItsCell)
 {
-    const std::pair<int, int> wholeBytes[] = {{Label, 2}, {Number, 8}, {RK, 4}, {BoolErr, 2}, {Formula, 8}};
+    const std::pair<int, int> wholeBytes[] = {{Label, 2}, {LabelSst, 4}, {Number, 8},
+                                              {RK, 4},    {BoolErr, 2},  {Formula, 8}};
     for (const auto& [record, whole] : wholeBytes)
         for (int size = 0; size < 6 + whole; ++size) {
             WorkbookMaker careless(GetParam());
@@ -167,6 +169,72 @@ TEST_P(CarelessWorkbooks, OtherRecordsThatAreCutSayNothing)
     const WorkbookTexts texts = ReadStream(stream);
     EXPECT_EQ(texts.sheets, QStringList{u"하나"_q});
     EXPECT_EQ(FirstColumn(texts), QStringList{u"글"_q});
+}
+
+TEST(CarelessBiff8, TheCountOfTheSharedTextsMayBeTooHighOrTooLow)
+{
+    QStringList texts;
+    for (int i = 0; i < 50; ++i)
+        texts += u"글 %1"_q.arg(i);
+    for (const quint32 told : {1u, 49u, 51u, 1000u, 0xFFFFFFFFu}) {
+        WorkbookMaker book;
+        book.recordLimit = 40;
+        book.toldStrings = told;
+        WorkbookMaker::Sheet& sheet = book.AddSheet(u"하나"_q);
+        for (int i = 0; i < texts.size(); ++i)
+            sheet.Text(1, i + 1, texts[i]);
+        EXPECT_EQ(FirstColumn(book), texts) << told;
+    }
+}
+
+TEST(CarelessBiff8, ASharedTextThatThereIsNotIsAnEmptyCell)
+{
+    WorkbookMaker book;
+    WorkbookMaker::Sheet& sheet = book.AddSheet(u"하나"_q).Text(1, 1, u"글"_q);
+    int row = 1;
+    for (const quint32 number : {2u, 1000u, 0xFFFFFFFFu})
+        sheet.Record(LabelSst, Cell(++row).U32(number).bytes);
+    sheet.Text(1, 5, u"다음"_q);
+    EXPECT_EQ(FirstColumn(book), (QStringList{u"글"_q, u""_q, u""_q, u""_q, u"다음"_q}));
+}
+
+/// A workbook whose first cells share these texts, and whose last one has its own.
+class SharingBook : public WorkbookMaker
+{
+public:
+    explicit SharingBook(const QStringList& texts)
+    {
+        Sheet& sheet = AddSheet(u"하나"_q);
+        for (int i = 0; i < texts.size(); ++i)
+            sheet.Text(1, i + 1, texts[i]);
+        sheet.OwnText(1, static_cast<int>(texts.size()) + 1, u"끝"_q);
+    }
+};
+
+TEST(CarelessBiff8, OfSharedTextsThatAreCutTheWholeOnesCome)
+{
+    const QByteArray stream = SharingBook({u"abc"_q, u"가나다"_q, u"xyz"_q}).Stream();
+    const qsizetype heads[] = {8, 8 + 6, 8 + 6 + 9, 8 + 6 + 9 + 6}; // of the texts, in the record
+    const QStringList whole{u"abc"_q, u"가나다"_q, u"xyz"_q};
+    for (qsizetype size = 0; size < heads[3] - 3; ++size) {
+        QStringList expected{QString(), QString(), QString(), u"끝"_q};
+        for (int i = 0; i < 3 && size >= heads[i + 1]; ++i)
+            expected[i] = whole[i];
+        EXPECT_EQ(FirstColumn(ReadStream(WithCutRecord(stream, QByteArray("\xFC\x00", 2), size))), expected)
+            << size;
+    }
+}
+
+TEST(CarelessBiff8, RecordsWithoutContentMayStandBetweenThoseOfTheSharedTexts)
+{
+    const QStringList texts{u"가나다라마바사아자차카타파하가나다라마바사"_q, u"plain latin text"_q, u""_q,
+                            u"섞인 mixed"_q};
+    for (int limit = 14; limit < 60; ++limit) {
+        SharingBook book(texts);
+        book.recordLimit = limit;
+        book.emptyContinues = true;
+        EXPECT_EQ(FirstColumn(book), texts + QStringList{u"끝"_q}) << limit;
+    }
 }
 
 TEST(CarelessBiff8, RecordsWithoutContentMayStandInsideAText)

@@ -17,7 +17,10 @@ constexpr int FirstOwnFormat = 164;
 class LongRecord
 {
 public:
-    LongRecord(int record, int limit) : record_(record), limit_(limit) {}
+    LongRecord(int record, int limit, QByteArray between = {})
+        : record_(record), limit_(limit), between_(std::move(between))
+    {
+    }
 
     int Room() const { return limit_ - static_cast<int>(part_.size()); }
     void Add(const QByteArray& bytes) { part_ += bytes; }
@@ -32,7 +35,7 @@ public:
 
     void NextPart()
     {
-        done_ += WorkbookMaker::OneRecord(record_, part_);
+        done_ += WorkbookMaker::OneRecord(record_, part_) + between_;
         part_.clear();
         record_ = 0x003C;
     }
@@ -46,6 +49,7 @@ public:
 private:
     int record_;
     int limit_;
+    QByteArray between_;
     QByteArray part_;
     QByteArray done_;
 };
@@ -242,7 +246,7 @@ QByteArray WorkbookMaker::Bof(int kind) const
 
 QByteArray WorkbookMaker::SharedTexts() const
 {
-    LongRecord record(0x00FC, recordLimit);
+    LongRecord record(0x00FC, recordLimit, emptyContinues ? OneRecord(0x003C, {}) : QByteArray());
     const quint32 told = toldStrings > 0 ? toldStrings : static_cast<quint32>(strings_.size());
     record.Add(LittleEndian().U32(told).U32(told).bytes);
     for (const Shared& string : strings_) {

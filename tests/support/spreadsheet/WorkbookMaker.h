@@ -69,7 +69,8 @@ public:
     int codePage = 0;       ///< 0: none is told
     bool encrypted = false;
     bool from1904 = false;
-    quint32 toldStrings = 0; ///< their number as it is told; 0: the true one
+    quint32 toldStrings = 0;     ///< their number as it is told; 0: the true one
+    bool emptyContinues = false; ///< records without content stand between those of the shared texts
 
     QByteArray Stream() const;
     QByteArray File() const; ///< in its compound file
