@@ -23,6 +23,7 @@ constexpr qint64 EntryBytes = 128;
 constexpr qint64 MiniSectorBytes = 64;
 constexpr int FatSectorsInHeader = 109;
 constexpr char Signature[] = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
+constexpr quint32 LastSector = 0xFFFFFFFA; // higher numbers are signs
 constexpr quint32 EndOfChain = 0xFFFFFFFE;
 constexpr quint32 NoEntry = 0xFFFFFFFF;
 enum EntryType : quint8 { StorageEntry = 1, StreamEntry = 2, RootEntry = 5 };
@@ -73,11 +74,21 @@ public:
     /// As far as it is used; it may be longer.
     std::vector<quint32> Beginning(quint32 start, qint64 sectors)
     {
+        std::vector<quint32> chain = AtMost(start, sectors);
+        Demand(static_cast<qint64>(chain.size()) == sectors);
+        return chain;
+    }
+
+    /// The same, but it may also end before.
+    std::vector<quint32> AtMost(quint32 start, qint64 sectors)
+    {
         std::vector<quint32> chain;
         quint32 sector = start;
         for (qint64 i = 0; i < sectors; ++i) {
             if (i > 0)
                 sector = Next(sector);
+            if (sector > LastSector)
+                break;
             chain.push_back(Take(sector));
         }
         return chain;
@@ -220,8 +231,11 @@ private:
     {
         Entry& root = entries_[0];
         TakeChain(root, sectors_, sectorBytes_);
-        miniSectors_ = SectorChains(PartsFor(root.size, MiniSectorBytes));
-        for (const quint32 sector : sectors_.Beginning(U32(header_, 60), U32(header_, 64)))
+        const qint64 miniSectors = PartsFor(root.size, MiniSectorBytes);
+        miniSectors_ = SectorChains(miniSectors);
+        // The chain decides: writers miscount its sectors in the header.
+        for (const quint32 sector :
+             sectors_.AtMost(U32(header_, 60), PartsFor(4 * miniSectors, sectorBytes_)))
             miniSectors_.AddLinks(Sector(sector));
     }
 

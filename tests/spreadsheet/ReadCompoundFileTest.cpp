@@ -81,6 +81,47 @@ TEST_F(CompoundFile, ALargeFileHasMoreLinksThanItsHeaderLists)
     EXPECT_EQ(Read(maker.Make()), Content(20 << 20));
 }
 
+constexpr qsizetype MiniLinksStart = 60; // in the header
+constexpr qsizetype MiniLinksCount = 64;
+
+TEST_F(CompoundFile, TheNumberOfSectorsOfTheMiniLinksMayBeWrong)
+{
+    // More than one sector of links, and as much in mini sectors again as one of them holds.
+    for (int i = 0; i < 5; ++i)
+        maker.streams += {u"Small%1"_q.arg(i), Content(4000)};
+    maker.streams += {u"Workbook"_q, Content(4000)};
+    const QByteArray file = maker.Make();
+    ASSERT_EQ(qFromLittleEndian<quint32>(file.constData() + MiniLinksCount), 3u);
+    for (const quint32 told : {0u, 1u, 2u, 4u, 100u, 0x7FFFFFFFu, 0xFFFFFFFFu})
+        EXPECT_EQ(Read(Patched(file, MiniLinksCount, told)), Content(4000)) << told;
+}
+
+TEST_F(CompoundFile, TheMiniLinksMayEndWithAnySignOrGoOn)
+{
+    maker.streams = {{u"Workbook"_q, Content(300)}};
+    const QByteArray file = maker.Make();
+    const auto links = qFromLittleEndian<quint32>(file.constData() + MiniLinksStart);
+    for (const quint32 next : {0xFFFFFFFFu, 0xFFFFFFFDu, 0xFFFFFFFBu, 0x7FFFFFFFu, links})
+        EXPECT_EQ(Read(Patched(file, maker.firstLinkAt + 4 * links, next)), Content(300)) << next;
+}
+
+TEST_F(CompoundFile, WithoutMiniSectorsTheirLinksMayBeginAnywhere)
+{
+    maker.streams = {{u"Workbook"_q, Content(5000)}};
+    for (const quint32 start : {0u, 1u, 0x7FFFFFFFu, 0xFFFFFFFFu})
+        EXPECT_EQ(Read(Patched(maker.Make(), MiniLinksStart, start)), Content(5000)) << start;
+}
+
+TEST_F(CompoundFile, MiniLinksThatEndTooEarlyOrRunInACircleAreRefused)
+{
+    maker.streams = {
+        {u"Small"_q, Content(4000)}, {u"Other"_q, Content(4000)}, {u"Workbook"_q, Content(4000)}};
+    const QByteArray file = maker.Make();
+    const auto links = qFromLittleEndian<quint32>(file.constData() + MiniLinksStart);
+    for (const quint32 next : {0xFFFFFFFEu, 0x7FFFFFFFu, links, 0u})
+        EXPECT_EQ(ErrorOfFile(Patched(file, maker.firstLinkAt + 4 * links, next)), InvalidFileFormat) << next;
+}
+
 TEST_F(CompoundFile, TheStreamMayStandAnywhereInTheDirectory)
 {
     maker.spareEntries = 50;
@@ -192,8 +233,8 @@ TEST_F(CompoundFile, AbsurdNumbersAreRefused)
     maker.streams = {{u"Small"_q, Content(300)}, {u"Workbook"_q, Content(5000)}};
     const QByteArray file = maker.Make();
     const qsizetype entry = maker.directoryAt + 3 * 128;
-    for (const qsizetype at : {qsizetype(44), qsizetype(48), qsizetype(60), qsizetype(64), qsizetype(76),
-                               entry + 116, entry + 120, maker.directoryAt + 116, maker.directoryAt + 120})
+    for (const qsizetype at : {qsizetype(44), qsizetype(48), qsizetype(60), qsizetype(76), entry + 116,
+                               entry + 120, maker.directoryAt + 116, maker.directoryAt + 120})
         for (const quint32 number : {0xFFFFFFFFu, 0x7FFFFFFFu, 0x40000000u, 100000u})
             EXPECT_EQ(ErrorOfFile(Patched(file, at, number)), InvalidFileFormat) << at << ", " << number;
 }
