@@ -52,9 +52,14 @@ RecordText TextOfParts(BiffReader& reader, int length, quint8 flags)
 
 } // namespace
 
+bool BiffReader::HasRecordAt(quint32 position) const
+{
+    const qsizetype content = stream_.size() - position - HeadBytes;
+    return content >= 0 && qFromLittleEndian<quint16>(stream_.data() + position + 2) <= content;
+}
+
 void BiffReader::MoveTo(quint32 position)
 {
-    Demand(position < stream_.size());
     end_ = position;
     content_ = {};
     at_ = 0;
@@ -62,10 +67,9 @@ void BiffReader::MoveTo(quint32 position)
 
 void BiffReader::Next()
 {
-    Demand(HasHead());
+    Demand(HasRecordAt(End()));
     const char* head = stream_.data() + end_;
     const qsizetype size = qFromLittleEndian<quint16>(head + 2);
-    Demand(size <= stream_.size() - end_ - HeadBytes);
     record_ = static_cast<ReadRecord>(qFromLittleEndian<quint16>(head));
     content_ = stream_.sliced(end_ + HeadBytes, size);
     end_ += HeadBytes + size;

@@ -29,7 +29,7 @@ enum class ReadRecord : quint16 {
     BOF = 0x0809,
 };
 
-/// The values of BOF that tell the two layouts apart.
+/// The values of BOF that tell the two layouts apart. The lower byte does not count: some writers fill it.
 enum class BiffVersion : quint16 { Biff5 = 0x0500, Biff8 = 0x0600 };
 
 /// Walks over the records of a workbook's stream, which have to follow one another to its end. Nothing is
@@ -40,8 +40,16 @@ public:
     /// `stream` has to outlive the reader.
     explicit BiffReader(QByteArrayView stream) : stream_(stream) {}
 
+    /// Whether that place has a record, by its head, with all that it should have.
+    bool HasRecordAt(quint32 position) const;
+
     /// To where a record begins; Next comes after it.
     void MoveTo(quint32 position);
+
+    quint32 End() const
+    {
+        return static_cast<quint32>(end_);
+    } ///< of the present record: where the next begins
 
     /// On to the next record. Raises 321 at the end of the stream: the last record is always an Eof that
     /// somebody waits for.

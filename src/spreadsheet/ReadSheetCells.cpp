@@ -259,13 +259,38 @@ private:
     qint64 numberCharacters_ = 0;
 };
 
+/// The parts that follow; what stands in one of them belongs to it.
+void MoveToPart(BiffReader& reader, int part)
+{
+    for (int depth = 0;;) {
+        reader.Next();
+        if (reader.Record() == ReadRecord::BOF && depth++ == 0 && part-- == 0)
+            return;
+        if (reader.Record() == ReadRecord::Eof && depth > 0)
+            --depth;
+    }
+}
+
+/// Where its place is told wrongly, the sheet is found by its number: parts stand in the order of their list.
+void MoveToSheet(BiffReader& reader, const SheetPlace& sheet, const WorkbookTables& tables)
+{
+    if (reader.HasRecordAt(sheet.position)) {
+        reader.MoveTo(sheet.position);
+        reader.Next();
+        if (ReadPartHead(reader, ReadPart::Worksheet))
+            return;
+    }
+    reader.MoveTo(tables.end);
+    MoveToPart(reader, sheet.part);
+    Demand(ReadPartHead(reader, ReadPart::Worksheet).has_value());
+}
+
 } // namespace
 
 std::shared_ptr<const CellSource> ReadSheetCells(BiffReader& reader, const SheetPlace& sheet,
                                                  const WorkbookTables& tables, int columns)
 {
-    reader.MoveTo(sheet.position);
-    ReadPartHead(reader, ReadPart::Worksheet);
+    MoveToSheet(reader, sheet, tables);
     return CellsReader(reader, tables, columns).Read();
 }
 

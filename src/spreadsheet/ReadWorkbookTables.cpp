@@ -32,9 +32,13 @@ public:
 
     WorkbookTables Read()
     {
-        tables_.version = ReadPartHead(reader_, ReadPart::Globals);
+        reader_.Next();
+        const std::optional<BiffVersion> version = ReadPartHead(reader_, ReadPart::Globals);
+        Demand(version.has_value());
+        tables_.version = *version;
         for (reader_.Next(); reader_.Record() != ReadRecord::Eof; reader_.Next())
             ReadOne();
+        tables_.end = reader_.End();
         AddFormats();
         return std::move(tables_);
     }
@@ -75,9 +79,10 @@ private:
     {
         constexpr quint8 worksheet = 0;
         constexpr qsizetype headBytes = 6; // up to its kind
+        SheetPlace sheet;
+        sheet.part = sheets_++;
         if (reader_.Left() < headBytes)
             return;
-        SheetPlace sheet;
         sheet.position = reader_.U32();
         reader_.Skip(1); // whether it is hidden
         const quint8 kind = reader_.U8();
@@ -136,6 +141,7 @@ private:
 
     BiffReader& reader_;
     WorkbookTables tables_;
+    int sheets_ = 0; // of all kinds
     std::map<int, QString> codes_;
     std::vector<int> cellFormats_;
 };
@@ -156,13 +162,14 @@ QString WorkbookTables::Shown(double number, quint16 format) const
     return (format < formats.size() ? *formats[format] : general).Shown(number, firstDay);
 }
 
-BiffVersion ReadPartHead(BiffReader& reader, ReadPart part)
+std::optional<BiffVersion> ReadPartHead(BiffReader& reader, ReadPart part)
 {
-    reader.Next();
-    Demand(reader.Record() == ReadRecord::BOF);
-    const auto version = static_cast<BiffVersion>(reader.U16());
-    Demand(version == BiffVersion::Biff5 || version == BiffVersion::Biff8);
-    Demand(static_cast<ReadPart>(reader.U16()) == part);
+    if (reader.Record() != ReadRecord::BOF)
+        return {};
+    const auto version = static_cast<BiffVersion>(reader.U16() & 0xFF00);
+    const bool isKnown = version == BiffVersion::Biff5 || version == BiffVersion::Biff8;
+    if (!isKnown || static_cast<ReadPart>(reader.U16()) != part)
+        return {};
     return version;
 }
 

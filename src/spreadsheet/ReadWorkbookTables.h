@@ -7,6 +7,7 @@
 
 #include <deque>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace tsms {
@@ -18,7 +19,8 @@ enum class ReadPart : quint16 { Globals = 0x0005, Worksheet = 0x0010 };
 struct SheetPlace
 {
     QString name;
-    quint32 position = 0;
+    quint32 position = 0; ///< as the workbook tells it
+    int part = 0;         ///< its number, from 0, among the sheets of all kinds
 };
 
 /// What a workbook says ahead of its sheets.
@@ -30,6 +32,7 @@ struct WorkbookTables
     std::vector<SheetPlace> worksheets;   ///< in their order, hidden ones too; charts and macros are none
     std::deque<QString> strings;          ///< which cells share
     std::vector<std::shared_ptr<const XlsNumberFormat>> formats; ///< by the number that a cell tells
+    quint32 end = 0;                                             ///< where the sheets' records begin
 
     /// The text of that length that comes next: in BIFF8 with its flags, in BIFF5 in bytes of the code page.
     /// Those of code page 1252 read as Latin-1, all others as 949: what Korean programs write, also those
@@ -40,8 +43,8 @@ struct WorkbookTables
     QString Shown(double number, quint16 format) const;
 };
 
-/// Moves on to the record that begins a part, and answers its version. Raises 321 when it begins another one.
-BiffVersion ReadPartHead(BiffReader& reader, ReadPart part);
+/// The version of the part that the present record begins. Null where it begins no such part.
+std::optional<BiffVersion> ReadPartHead(BiffReader& reader, ReadPart part);
 
 /// Reads the globals at the beginning of a workbook: [MS-XLS] 2.1.7.20.3. A record that lacks something gives
 /// what it has; a format that lacks something is "General". Raises 321 where the records do not follow one

@@ -225,6 +225,47 @@ TEST(CarelessBiff8, OfSharedTextsThatAreCutTheWholeOnesCome)
     }
 }
 
+/// With the places of all sheets told by so many bytes too high.
+QByteArray WithMovedSheets(QByteArray stream, int bytes)
+{
+    const QByteArray record("\x85\x00", 2);
+    for (qsizetype at = stream.indexOf(record); at >= 0; at = stream.indexOf(record, at + 1)) {
+        char* place = stream.data() + at + 4;
+        qToLittleEndian(qFromLittleEndian<quint32>(place) + static_cast<quint32>(bytes), place);
+    }
+    return stream;
+}
+
+TEST_P(CarelessWorkbooks, ASheetIsFoundThatIsNotWhereTheWorkbookSays)
+{
+    const QByteArray chart = LittleEndian().U16(static_cast<int>(GetParam())).U16(0x0020).Fill(12).bytes;
+    const auto charted = [&](WorkbookMaker::Sheet& sheet) -> WorkbookMaker::Sheet& {
+        return sheet.Record(0x0809, chart).OwnText(1, 1, u"그림"_q).Record(0x000A, {});
+    };
+    charted(book.AddSheet(u"그림"_q, WorkbookMaker::Visibility::Shown, WorkbookMaker::Kind::Chart));
+    charted(book.AddSheet(u"회원"_q)).OwnText(1, 1, u"첫째"_q);
+    charted(book.AddSheet(u"둘"_q)).OwnText(1, 1, u"둘째"_q);
+    const QByteArray stream = book.Stream();
+    for (const int bytes : {-100000, -4, -3, -1, 1, 2, 4, 8, 50, 100000, 0x7FFFFFFF}) {
+        const WorkbookTexts texts = ReadStream(WithMovedSheets(stream, bytes));
+        EXPECT_EQ(texts.sheets, (QStringList{u"회원"_q, u"둘"_q})) << bytes;
+        EXPECT_EQ(FirstColumn(texts), QStringList{u"첫째"_q}) << bytes;
+    }
+}
+
+TEST_P(CarelessWorkbooks, TheLowerByteOfTheVersionDoesNotCount)
+{
+    book.codePage = 949;
+    book.AddSheet(u"하나"_q).OwnText(1, 1, u"글"_q);
+    for (const int lower : {0x01, 0x80, 0xFF}) {
+        QByteArray stream = book.Stream();
+        const QByteArray record("\x09\x08", 2);
+        for (qsizetype at = stream.indexOf(record); at >= 0; at = stream.indexOf(record, at + 1))
+            stream[at + 4] = static_cast<char>(lower);
+        EXPECT_EQ(FirstColumn(ReadStream(stream)), QStringList{u"글"_q}) << lower;
+    }
+}
+
 TEST(CarelessBiff8, RecordsWithoutContentMayStandBetweenThoseOfTheSharedTexts)
 {
     const QStringList texts{u"가나다라마바사아자차카타파하가나다라마바사"_q, u"plain latin text"_q, u""_q,
