@@ -72,8 +72,21 @@ void BiffReader::Next()
     const qsizetype size = qFromLittleEndian<quint16>(head + 2);
     record_ = static_cast<ReadRecord>(qFromLittleEndian<quint16>(head));
     content_ = stream_.sliced(end_ + HeadBytes, size);
+    if (cipher_)
+        content_ = Plain(content_);
     end_ += HeadBytes + size;
     at_ = 0;
+}
+
+/// A BOF is never hidden, nor the place of a sheet. There are others, of which nothing is read.
+QByteArrayView BiffReader::Plain(QByteArrayView content)
+{
+    constexpr qsizetype placeBytes = 4;
+    if (record_ == ReadRecord::BOF)
+        return content;
+    plain_ = content.toByteArray();
+    cipher_->Decrypt(plain_, End() + HeadBytes, record_ == ReadRecord::BoundSheet ? placeBytes : 0);
+    return plain_;
 }
 
 bool BiffReader::NextPart()

@@ -1,8 +1,13 @@
 #pragma once
 
+#include "spreadsheet/RecordCipher.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
+
+#include <memory>
+#include <utility>
 
 namespace tsms {
 
@@ -40,6 +45,9 @@ public:
     /// `stream` has to outlive the reader.
     explicit BiffReader(QByteArrayView stream) : stream_(stream) {}
 
+    /// The records behind the present one are hidden.
+    void Decrypt(std::unique_ptr<RecordCipher> cipher) { cipher_ = std::move(cipher); }
+
     /// Whether that place has a record, by its head, with all that it should have.
     bool HasRecordAt(quint32 position) const;
 
@@ -72,11 +80,14 @@ public:
 
 private:
     template <class Value> Value Take();
+    QByteArrayView Plain(QByteArrayView content);
     bool HasHead() const { return stream_.size() - end_ >= HeadBytes; }
 
     static constexpr qsizetype HeadBytes = 4;
 
     QByteArrayView stream_;
+    std::unique_ptr<RecordCipher> cipher_;
+    QByteArray plain_; // the content of the present record, where it is hidden in the stream
     QByteArrayView content_;
     qsizetype end_ = 0; // of the present record
     qsizetype at_ = 0;  // in its content

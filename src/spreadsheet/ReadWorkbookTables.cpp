@@ -1,11 +1,11 @@
 #include "spreadsheet/ReadWorkbookTables.h"
 
 #include "runtime/CodePage949.h"
-#include "runtime/RuntimeError.h"
 #include "spreadsheet/Demand.h"
 
 #include <limits>
 #include <map>
+#include <memory>
 #include <utility>
 
 namespace tsms {
@@ -50,7 +50,8 @@ private:
     {
         switch (reader_.Record()) {
         case ReadRecord::FilePass:
-            throw RuntimeError(InvalidFileFormat); // all that follows is encrypted
+            Unlock();
+            break;
         case ReadRecord::CodePage:
             tables_.codePage = reader_.U16();
             break;
@@ -72,6 +73,13 @@ private:
         default:
             break;
         }
+    }
+
+    void Unlock()
+    {
+        std::unique_ptr<RecordCipher> cipher = OpenWithDefaultPassword(reader_);
+        Demand(cipher != nullptr);
+        reader_.Decrypt(std::move(cipher));
     }
 
     /// [MS-XLS] 2.4.28

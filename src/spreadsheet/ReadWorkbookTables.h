@@ -48,7 +48,7 @@ std::optional<BiffVersion> ReadPartHead(BiffReader& reader, ReadPart part);
 
 /// Reads the globals at the beginning of a workbook: [MS-XLS] 2.1.7.20.3. A record that lacks something gives
 /// what it has; a format that lacks something is "General". Raises 321 where the records do not follow one
-/// another, for a workbook that wants a password, and for tables beyond all measure.
+/// another, for a workbook that wants a password of its own, and for tables beyond all measure.
 WorkbookTables ReadWorkbookTables(BiffReader& reader);
 
 } // namespace tsms

@@ -1,5 +1,6 @@
 #include "support/program/Program.h"
 #include "support/spreadsheet/CompoundMaker.h"
+#include "support/spreadsheet/WorkbookEncryptor.h"
 #include "support/spreadsheet/WorkbookMaker.h"
 #include "toolkit/ComboBox.h"
 #include "toolkit/Controls.h"
@@ -371,7 +372,7 @@ TEST_F(Import, AFileThatIsNoWorkbookIsNotTakenAndNothingSaysSo)
     FillList();
     const QByteArray good = WorkbookOf({{u"가"_q, u"010-1111-1111"_q}});
     WorkbookMaker encrypted;
-    encrypted.encrypted = true;
+    encrypted.filePass = WorkbookEncryptor(WorkbookEncryptor::Method::Rc4, "secret").FilePass(true);
     for (int i = 0; i < 3; ++i)
         encrypted.AddSheet(u"s"_q);
     CompoundMaker document;

@@ -77,13 +77,6 @@ TEST_P(DamagedWorkbooks, OneThatIsCutAnywhereUpToTheEndOfItsFirstSheetIsRefused)
     EXPECT_EQ(Error(stream.first(firstSheetEnd)), NoError);
 }
 
-TEST_P(DamagedWorkbooks, OneThatWantsAPasswordIsRefused)
-{
-    SmallWorkbook book(GetParam());
-    book.encrypted = true;
-    EXPECT_EQ(Error(book), InvalidFileFormat);
-}
-
 TEST_P(DamagedWorkbooks, AnyByteMayBeWrong)
 {
     const QByteArray stream = SmallWorkbook(GetParam()).Stream();

@@ -266,8 +266,8 @@ QByteArray WorkbookMaker::SharedTexts() const
 QByteArray WorkbookMaker::Globals(const std::vector<quint32>& positions) const
 {
     QByteArray out = Bof(0x0005);
-    if (encrypted)
-        out += OneRecord(0x002F, LittleEndian().U16(0).U16(0x1234).U16(0x5678).bytes);
+    if (!filePass.isEmpty())
+        out += OneRecord(0x002F, filePass);
     if (codePage != 0)
         out += OneRecord(0x0042, LittleEndian().U16(codePage).bytes);
     out += OneRecord(0x0022, LittleEndian().U16(from1904).bytes);

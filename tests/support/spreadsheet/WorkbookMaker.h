@@ -67,7 +67,7 @@ public:
 
     int recordLimit = 8224; ///< the most content bytes of the shared texts' records
     int codePage = 0;       ///< 0: none is told
-    bool encrypted = false;
+    QByteArray filePass;    ///< the content of FilePass; empty: the workbook has none
     bool from1904 = false;
     quint32 toldStrings = 0;     ///< their number as it is told; 0: the true one
     bool emptyContinues = false; ///< records without content stand between those of the shared texts
