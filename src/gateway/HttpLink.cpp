@@ -2,10 +2,12 @@
 
 #include "gateway/CurlLibrary.h"
 #include "gateway/SoapFault.h"
+#include "runtime/IdleSocket.h"
 
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <utility>
 
 namespace tsms {
 
@@ -108,9 +110,14 @@ SoapFault FaultOf(CURLcode code, const char* words, bool tooLong)
 
 } // namespace
 
+/// Its kept connection goes with it.
 struct HttpLink::Handle
 {
-    Handle() : curl(Curl().Init()) {}
+    Handle() : curl(Curl().Init())
+    {
+        if (curl == nullptr)
+            throw LocalFault(QStringLiteral("통신 기능을 시작하지 못하였습니다."));
+    }
     ~Handle() { Curl().Cleanup(curl); }
     Handle(const Handle&) = delete;
     Handle& operator=(const Handle&) = delete;
@@ -118,25 +125,20 @@ struct HttpLink::Handle
     CURL* curl;
 };
 
-HttpLink::HttpLink()
-{
-    handle_ = std::make_unique<Handle>();
-    if (handle_->curl == nullptr)
-        throw LocalFault(QStringLiteral("통신 기능을 시작하지 못하였습니다."));
-}
+HttpLink::HttpLink() : handle_(std::make_unique<Handle>()) {}
 
 HttpLink::~HttpLink() = default;
 
 HttpReply HttpLink::Get(const QString& url)
 {
-    Curl().Reset(handle_->curl); // forgets the options and keeps the connection
+    PrepareConnection();
     return Perform(url);
 }
 
 HttpReply HttpLink::Post(const QString& url, const QList<QByteArray>& headers, const QByteArray& body)
 {
+    PrepareConnection();
     CURL* curl = handle_->curl;
-    Curl().Reset(curl);
     Outgoing out{&body, 0};
     Curl().SetOption(curl, CURLOPT_POST, 1L);
     Curl().SetOption(curl, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(body.size()));
@@ -149,7 +151,26 @@ HttpReply HttpLink::Post(const QString& url, const QList<QByteArray>& headers, c
         list.Add(header.constData());
     list.Add("Expect:"); // empty: no asking first, which costs a round trip for each message
     Curl().SetOption(curl, CURLOPT_HTTPHEADER, list.Get());
-    return Perform(url);
+    HttpReply reply = Perform(url);
+    if (!std::exchange(isTried_, true))
+        listening_.setRemainingTime(ListeningMilliseconds, Qt::PreciseTimer);
+    return reply;
+}
+
+/// Leaves a kept connection that does not wait for a request in silence, and forgets the last request.
+void HttpLink::PrepareConnection()
+{
+    curl_socket_t socket = CURL_SOCKET_BAD;
+    Curl().GetInfo(handle_->curl, CURLINFO_ACTIVESOCKET, &socket);
+    if (socket != CURL_SOCKET_BAD) {
+        const IdleSocket kept =
+            WatchIdleSocket(static_cast<qintptr>(socket), static_cast<int>(listening_.remainingTime()));
+        if (kept == IdleSocket::Speaks)
+            answersUnasked_ = true;
+        if (kept != IdleSocket::Quiet)
+            handle_ = std::make_unique<Handle>();
+    }
+    Curl().Reset(handle_->curl); // forgets the options and keeps the connection
 }
 
 HttpReply HttpLink::Perform(const QString& url)
@@ -165,6 +186,7 @@ HttpReply HttpLink::Perform(const QString& url)
     Curl().SetOption(curl, CURLOPT_FOLLOWLOCATION, 0L);
     Curl().SetOption(curl, CURLOPT_TCP_NODELAY, 1L);
     Curl().SetOption(curl, CURLOPT_TCP_KEEPALIVE, 1L); // notices a dead host, and leaves a slow one its time
+    Curl().SetOption(curl, CURLOPT_FORBID_REUSE, answersUnasked_ ? 1L : 0L);
     Curl().SetOption(curl, CURLOPT_NOSIGNAL, 1L);
     Curl().SetOption(curl, CURLOPT_USERAGENT, "tsms");
     Curl().SetOption(curl, CURLOPT_HEADERFUNCTION, &ReceiveHead);
@@ -175,9 +197,16 @@ HttpReply HttpLink::Perform(const QString& url)
 
     const CURLcode code = Curl().Perform(curl);
     Curl().SetOption(curl, CURLOPT_ERRORBUFFER, nullptr);
-    if (code != CURLE_OK)
+    if (code != CURLE_OK) {
+        // libcurl 8 before 8.16 remembers a refused rewind through every reset, and refuses all that follows.
+        handle_ = std::make_unique<Handle>();
         throw FaultOf(code, words.data(), in.tooLong);
+    }
 
+    long connections = 0;
+    Curl().GetInfo(curl, CURLINFO_NUM_CONNECTS, &connections);
+    if (connections > 0)
+        isTried_ = false;
     Curl().GetInfo(curl, CURLINFO_RESPONSE_CODE, &in.reply.Status);
     const char* contentType = nullptr;
     Curl().GetInfo(curl, CURLINFO_CONTENT_TYPE, &contentType);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDeadlineTimer>
 #include <QList>
 #include <QString>
 
@@ -19,10 +20,17 @@ struct HttpReply
 /// One HTTP/1.1 connection that is kept alive from request to request and made anew when it has died.
 /// Goes to the address it is given and nowhere else: no proxy, no redirection, no other protocol than http
 /// and https. Raises a SoapFault when no whole reply of at most MaxReplyBytes came.
+///
+/// HTTP/1.1 tells by nothing but the order which answer belongs to which request. So a kept connection is
+/// looked at before it is used again, and left when it is not quiet; and once something came that nobody had
+/// asked for, every further request gets a connection of its own.
 class HttpLink
 {
 public:
     static constexpr qsizetype MaxReplyBytes = 1 << 20; ///< heads and body together
+    /// For so long after the first reply to a Post, a connection is not used again but listened to: a
+    /// gateway that answers twice shows itself before its second answer can be taken for another's.
+    static constexpr int ListeningMilliseconds = 30;
 
     HttpLink();
     ~HttpLink();
@@ -36,9 +44,13 @@ public:
 
 private:
     struct Handle;
+    void PrepareConnection();
     HttpReply Perform(const QString& url);
 
     std::unique_ptr<Handle> handle_;
+    QDeadlineTimer listening_;    ///< until then the kept connection is on trial
+    bool isTried_ = false;        ///< a Post has been answered over the kept connection
+    bool answersUnasked_ = false; ///< the other side has been heard to
 };
 
 } // namespace tsms

@@ -1,3 +1,4 @@
+#include "gateway/HttpLink.h"
 #include "gateway/ReplyGateway.h"
 #include "gateway/SoapClient30.h"
 #include "gateway/SoapFault.h"
@@ -6,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
 #include <QThread>
 
 #include <atomic>
@@ -18,6 +20,12 @@ const QStringList ShortMessage = {
     u"demo"_q, u"demo"_q, u"sms.example.kr"_q, u"02-1234-5678"_q, u"010-0000-0001"_q, u"안녕"_q,
     QString(), QString(), QString(),           QString(),         QString()};
 const QString Accepted = u"return_value:true;;;unique_num:1;;;;error_code:;error_msg:"_q;
+
+/// A good reply with the number of its call.
+QString Numbered(int call)
+{
+    return u"return_value:true;;;unique_num:%1;;;;error_code:;error_msg:"_q.arg(call);
+}
 
 /// "" for a fault, else the result.
 QString ResultOf(SoapClient30& client)
@@ -89,6 +97,100 @@ TEST_P(LostConnection, AfterALongMessageIsAFaultAndNothingIsSentAgain)
     client.Call(u"SendSMS"_q, message);
     EXPECT_THROW(client.Call(u"SendSMS"_q, message), SoapFault);
     EXPECT_EQ(gateway.CallCount(), 2);
+}
+
+class AnswerNobodyAskedFor : public ::testing::TestWithParam<int>
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(Milliseconds, AnswerNobodyAskedFor, ::testing::Values(0, 1, 2, 5, 10, 20));
+
+TEST_P(AnswerNobodyAskedFor, IsNotTakenForThatOfTheNextCall)
+{
+    ReplyGateway gateway([](int call) {
+        HttpAnswer answer = ReplyGateway::Replying(Numbered(call));
+        answer.AgainMilliseconds = GetParam();
+        return answer;
+    });
+    SoapClient30 client;
+    client.mssoapinit(gateway.WsdlUrl(), {}, {}, {});
+    for (int call = 1; call <= 400; ++call) // longer than the second answers are late
+        EXPECT_EQ(ResultOf(client), Numbered(call));
+    EXPECT_EQ(gateway.CallCount(), 400);
+}
+
+TEST_P(AnswerNobodyAskedFor, OfACallInTheMiddleIsNotTakenForThatOfTheNextCall)
+{
+    ReplyGateway gateway([](int call) {
+        HttpAnswer answer = ReplyGateway::Replying(Numbered(call));
+        if (call == 10)
+            answer.AgainMilliseconds = GetParam();
+        return answer;
+    });
+    SoapClient30 client;
+    client.mssoapinit(gateway.WsdlUrl(), {}, {}, {});
+    for (int call = 1; call <= 20; ++call) {
+        EXPECT_EQ(ResultOf(client), Numbered(call));
+        if (call == 10)
+            QThread::msleep(GetParam() + 20); // what the next row waits for
+    }
+    EXPECT_EQ(gateway.CallCount(), 20);
+}
+
+TEST(HttpAttack, TwoAnswersInOneGoAreTheOneAndNoneForTheNextCall)
+{
+    const auto chunked = [](HttpAnswer answer) {
+        const qsizetype body = answer.Bytes.indexOf("\r\n\r\n") + 4;
+        const QByteArray size = QByteArray::number(answer.Bytes.size() - body, 16);
+        answer.Bytes.insert(body, size + "\r\n").append("\r\n0\r\n\r\n");
+        const qsizetype field = answer.Bytes.indexOf("Content-Length");
+        answer.Bytes.replace(field, answer.Bytes.indexOf("\r\n", field) - field,
+                             "Transfer-Encoding: chunked");
+        return answer;
+    };
+    for (const bool isChunked : {false, true}) {
+        ReplyGateway gateway([&](int call) {
+            HttpAnswer answer = ReplyGateway::Replying(Numbered(call));
+            if (isChunked)
+                answer = chunked(answer);
+            answer.Bytes += answer.Bytes;
+            return answer;
+        });
+        SoapClient30 client;
+        client.mssoapinit(gateway.WsdlUrl(), {}, {}, {});
+        for (int call = 1; call <= 10; ++call)
+            EXPECT_EQ(ResultOf(client), Numbered(call)) << isChunked;
+        EXPECT_EQ(gateway.CallCount(), 10);
+    }
+}
+
+TEST(HttpAttack, ASecondAnswerBeforeTheConnectionClosesIsNotTakenForThatOfACallThatNeverArrives)
+{
+    ReplyGateway gateway([](int call) {
+        HttpAnswer answer = ReplyGateway::Replying(Numbered(call));
+        answer.Bytes += answer.Bytes;
+        answer.After = HttpAnswer::Then::Close;
+        return answer;
+    });
+    SoapClient30 client;
+    client.mssoapinit(gateway.WsdlUrl(), {}, {}, {});
+    for (int call = 1; call <= 10; ++call) {
+        EXPECT_EQ(ResultOf(client), Numbered(call));
+        EXPECT_EQ(gateway.CallCount(), call);
+    }
+}
+
+TEST(HttpAttack, AConnectionThatHasBeenQuietOnceIsListenedToNoMore)
+{
+    ReplyGateway gateway([](int call) { return ReplyGateway::Replying(Numbered(call)); });
+    SoapClient30 client;
+    client.mssoapinit(gateway.WsdlUrl(), {}, {}, {});
+    QElapsedTimer time;
+    time.start();
+    for (int call = 1; call <= 1000; ++call)
+        ASSERT_EQ(ResultOf(client), Numbered(call));
+    EXPECT_LT(time.elapsed(), 1000 * HttpLink::ListeningMilliseconds / 2);
+    EXPECT_EQ(gateway.ConnectionCount(), 1);
 }
 
 TEST(HttpAttack, AKeptConnectionThatWasClosedInBetweenIsMadeAnew)

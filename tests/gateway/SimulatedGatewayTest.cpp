@@ -271,6 +271,7 @@ TEST(GatewayFault, AreReadFromTheirWords)
     EXPECT_EQ(ReadGatewayFault(u"wsdl-missing"_q)->Kind, FaultKind::WsdlMissing);
     EXPECT_EQ(ReadGatewayFault(u"drop"_q)->Call, 0);
     EXPECT_EQ(ReadGatewayFault(u"leave@2"_q)->Kind, FaultKind::Leave);
+    EXPECT_EQ(ReadGatewayFault(u"twice=5"_q)->Kind, FaultKind::Twice);
     EXPECT_EQ(ReadGatewayFault(u"wsdl-late=20"_q)->Milliseconds, 20);
 }
 

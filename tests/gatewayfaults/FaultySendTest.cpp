@@ -92,6 +92,33 @@ TEST_P(FaultySend, TellsEachRowSendsNoneTwiceLogsWhatWasAnsweredAndTheNextRunWor
     ExpectAtRest();
 }
 
+class SendAnsweredTwice : public ::testing::TestWithParam<int>
+{
+};
+
+TEST_P(SendAnsweredTwice, LogsForEachRowTheNumberOfItsOwnMessageAndReachesTheGatewayWithEach)
+{
+    Program program;
+    ASSERT_TRUE(program.Start());
+    program.Write(u"안녕"_q);
+    QList<QStringList> recipients;
+    for (const QString& number : Numbers(9))
+        recipients += {u"이름"_q, number};
+    program.List(recipients);
+    program.gateway.AnswerTwice(GetParam());
+    program.desktop.Expect(SentBox());
+    program.Send();
+
+    QList<QStringList> taken;
+    for (const GatewayMessage& message : program.gateway.Messages())
+        taken += {message.RecvTelNo, QString::number(message.Number)};
+    EXPECT_EQ(taken.size(), 9);
+    EXPECT_EQ(program.database.Rows(u"SELECT SendTelNo, SMSNo FROM SMSLog_2012 ORDER BY SMSKey"_q), taken);
+    EXPECT_EQ(program.Balance(), 100 - 9);
+}
+
+INSTANTIATE_TEST_SUITE_P(Milliseconds, SendAnsweredTwice, ::testing::Values(0, 1, 5, 20));
+
 INSTANTIATE_TEST_SUITE_P(Calls, FaultySend,
                          ::testing::Combine(::testing::ValuesIn(CallFaults()), ::testing::Values(1, 2, 3)),
                          [](const auto& attempt) {

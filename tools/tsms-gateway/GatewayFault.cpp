@@ -14,6 +14,7 @@ const QHash<QString, FaultKind>& Kinds()
         {QStringLiteral("short"), FaultKind::Short},
         {QStringLiteral("bad-boolean"), FaultKind::BadTruth},
         {QStringLiteral("late"), FaultKind::Late},
+        {QStringLiteral("twice"), FaultKind::Twice},
         {QStringLiteral("drop"), FaultKind::Drop},
         {QStringLiteral("cut"), FaultKind::Cut},
         {QStringLiteral("soap-fault"), FaultKind::SoapFault},

@@ -12,6 +12,7 @@ enum class FaultKind {
     Short,           ///< a reply of eight items
     BadTruth,        ///< a reply whose return_value is no truth value
     Late,            ///< the right reply after a while
+    Twice,           ///< the right reply, and after a while once more
     Drop,            ///< takes the request, answers nothing and closes
     Cut,             ///< closes in the middle of the reply
     SoapFault,       ///< a SOAP fault with HTTP 500
@@ -32,15 +33,19 @@ struct GatewayFault
 {
     FaultKind Kind = FaultKind::Refuse;
     int Call = 0;         ///< which call it hits, from 1, counted over the life of the gateway; 0 every one
-    int Milliseconds = 0; ///< of Late and WsdlLate
+    int Milliseconds = 0; ///< of Late, Twice and WsdlLate
 
     bool IsOfDescription() const { return Kind >= FaultKind::WsdlMissing; }
-    bool TakesTime() const { return Kind == FaultKind::Late || Kind == FaultKind::WsdlLate; }
+    bool TakesTime() const
+    {
+        return Kind == FaultKind::Late || Kind == FaultKind::Twice || Kind == FaultKind::WsdlLate;
+    }
 };
 
 /// Reads "kind", "kind@call", "late=milliseconds" or "late=milliseconds@call"; the kinds are refuse, short,
-/// bad-boolean, late, drop, cut, soap-fault, http500, garbage, leave, and of the description wsdl-missing,
-/// wsdl-garbage, wsdl-no-operation, wsdl-late, wsdl-drop, wsdl-cut, wsdl-http500, wsdl-leave.
+/// bad-boolean, late, twice (with milliseconds, too), drop, cut, soap-fault, http500, garbage, leave, and of
+/// the description wsdl-missing, wsdl-garbage, wsdl-no-operation, wsdl-late, wsdl-drop, wsdl-cut,
+/// wsdl-http500, wsdl-leave.
 std::optional<GatewayFault> ReadGatewayFault(const QString& text);
 
 /// The kind as it is read.

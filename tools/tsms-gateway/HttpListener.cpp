@@ -142,8 +142,15 @@ private:
 
     void Send(QTcpSocket& socket, const HttpAnswer& answer)
     {
-        if (answer.DelayMilliseconds > 0)
-            QTimer::singleShot(answer.DelayMilliseconds, &socket,
+        WriteAfter(answer.DelayMilliseconds, socket, answer);
+        if (answer.AgainMilliseconds)
+            WriteAfter(answer.DelayMilliseconds + *answer.AgainMilliseconds, socket, answer);
+    }
+
+    void WriteAfter(int milliseconds, QTcpSocket& socket, const HttpAnswer& answer)
+    {
+        if (milliseconds > 0)
+            QTimer::singleShot(milliseconds, Qt::PreciseTimer, &socket,
                                [this, &socket, answer] { Write(socket, answer); });
         else
             Write(socket, answer);

@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <functional>
+#include <optional>
 
 namespace tsms {
 
@@ -33,6 +34,7 @@ struct HttpAnswer
     QByteArray Bytes;
     Then After = Then::Keep;
     int DelayMilliseconds = 0;
+    std::optional<int> AgainMilliseconds = {}; ///< the same bytes once more, so much later
 };
 
 /// A whole answer with its Content-Length. Without a body for HEAD.

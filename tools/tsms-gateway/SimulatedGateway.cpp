@@ -35,6 +35,9 @@ HttpAnswer Spoilt(const HttpAnswer& right, const GatewayFault& fault)
     case FaultKind::WsdlLate:
         answer.DelayMilliseconds = fault.Milliseconds;
         break;
+    case FaultKind::Twice:
+        answer.AgainMilliseconds = fault.Milliseconds;
+        break;
     case FaultKind::Drop:
     case FaultKind::WsdlDrop:
         answer = {{}, HttpAnswer::Then::Close};

@@ -40,12 +40,12 @@ int main(int argc, char** argv)
                                   QStringLiteral("N"), QStringLiteral("8790"));
     const QCommandLineOption faults(
         QStringLiteral("fault"),
-        QStringLiteral(
-            "정해 둔 잘못. 여러 번 쓸 수 있습니다. 종류: refuse, short, bad-boolean, late=밀리초, drop, cut, "
-            "soap-fault, http500, garbage, leave, wsdl-missing, wsdl-garbage, wsdl-no-operation, "
-            "wsdl-late=밀리초, "
-            "wsdl-drop, wsdl-cut, wsdl-http500, wsdl-leave. 뒤에 @N을 붙이면 "
-            "N번째 호출에만, 붙이지 않으면 모든 호출에 적용합니다."),
+        QStringLiteral("정해 둔 잘못. 여러 번 쓸 수 있습니다. 종류: refuse, short, bad-boolean, late=밀리초, "
+                       "twice=밀리초, drop, cut, "
+                       "soap-fault, http500, garbage, leave, wsdl-missing, wsdl-garbage, wsdl-no-operation, "
+                       "wsdl-late=밀리초, "
+                       "wsdl-drop, wsdl-cut, wsdl-http500, wsdl-leave. 뒤에 @N을 붙이면 "
+                       "N번째 호출에만, 붙이지 않으면 모든 호출에 적용합니다."),
         QStringLiteral("종류[@N]"));
     const QCommandLineOption hold(
         QStringLiteral("hold"),

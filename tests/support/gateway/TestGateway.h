@@ -43,6 +43,8 @@ public:
     {
         gateway_.Script({FaultKind::Late, call, milliseconds});
     }
+    /// Each answer to a call comes once more, so much later.
+    void AnswerTwice(int milliseconds) { gateway_.Script({FaultKind::Twice, 0, milliseconds}); }
     /// Refuses connections from now on, or when it has answered the `call`-th call.
     void Leave() { gateway_.Leave(); }
     void LeaveAfter(int call) { gateway_.Script({FaultKind::Leave, call, 0}); }
