@@ -71,6 +71,23 @@ QString MicrosoftText(const OdbcDriver& driver, const ConnectionParts& parts)
            QStringLiteral(";APP={tsms};Encrypt=no;TrustServerCertificate=yes;");
 }
 
+/// FreeTDS knows a host, and an instance as long as no port is told: it refuses both together, while
+/// Microsoft's drivers pass over the instance then. Of the other words that these understand it knows none.
+QString FreeTdsServer(const ConnectionParts& parts)
+{
+    constexpr QStringView protocol = u"tcp:";
+    QStringView server = parts.Server;
+    if (server.startsWith(protocol, Qt::CaseInsensitive))
+        server = server.sliced(protocol.size()).trimmed();
+    const qsizetype sign = server.indexOf(u'\\');
+    const QStringView name = sign < 0 ? server : server.first(sign);
+    const bool isHere = name == u"." || name.compare(u"(local)", Qt::CaseInsensitive) == 0;
+    QString host = isHere ? QStringLiteral("localhost") : name.toString();
+    if (sign >= 0 && parts.Port.isEmpty())
+        host += server.sliced(sign);
+    return host;
+}
+
 /// The version is pinned, since a server that says nothing would let the driver try all of them, and
 /// statements pass through the client's character set. Without the last semicolon the last brace would be
 /// part of a value.
@@ -79,7 +96,7 @@ QString FreeTdsText(const OdbcDriver& driver, const ConnectionParts& parts)
     const QString port =
         parts.Port.isEmpty() ? QString() : QStringLiteral(";PORT=") + InFreeTdsBraces(parts.Port);
     return QStringLiteral("DRIVER=") + InFreeTdsBraces(driver.name) + QStringLiteral(";SERVER=") +
-           InFreeTdsBraces(parts.Server) + port + QStringLiteral(";DATABASE=") +
+           InFreeTdsBraces(FreeTdsServer(parts)) + port + QStringLiteral(";DATABASE=") +
            InFreeTdsBraces(parts.Catalog) + QStringLiteral(";UID=") + InFreeTdsBraces(parts.User) +
            QStringLiteral(";PWD=") + InFreeTdsBraces(parts.Password) +
            QStringLiteral(";APP={tsms};TDS_Version=7.4;ClientCharset=UTF-8;");

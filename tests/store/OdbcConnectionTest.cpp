@@ -254,6 +254,15 @@ TEST_F(OdbcConnectionTest, AServerWithoutANameIsADeadServer)
     EXPECT_EQ(OpenErrorOf(u";Data Source=,1433"_q).Number, CommunicationFailure);
 }
 
+TEST_F(OdbcConnectionTest, EveryWayToNameThisMachineWithAPortReachesIt)
+{
+    for (const QString& name :
+         {u"127.0.0.1"_q, u"localhost"_q, u"."_q, u"(local)"_q, u"tcp:127.0.0.1"_q, u"tcp:."_q,
+          u"127.0.0.1\\SQLEXPRESS"_q, u".\\SQLEXPRESS"_q, u"tcp:(local)\\SQLEXPRESS"_q})
+        EXPECT_EQ(OpenErrorOf(u";Data Source=%1,%2"_q.arg(name).arg(server.Port())).Number, NoError)
+            << name.toStdString();
+}
+
 TEST_F(OdbcConnectionTest, AServerThatSaysNothingIsADeadServerWhenTheLogInHasTakenItsTime)
 {
     server.StaySilentAtPreLogIn();

@@ -109,6 +109,47 @@ TEST(OdbcDrivers, WithoutAPortTheDriversOwnIsTaken)
     EXPECT_TRUE(OdbcConnectionText(FreeTds, parts).contains(u";SERVER={office\\sql};DATABASE="_q));
 }
 
+TEST(OdbcDrivers, AnInstanceIsLeftOutForFreeTdsWhereAPortIsTold)
+{
+    ConnectionParts parts = Office();
+    parts.Server = u"office\\sql"_q;
+    EXPECT_TRUE(OdbcConnectionText(FreeTds, parts).contains(u";SERVER={office};PORT={1433};"_q));
+    EXPECT_TRUE(OdbcConnectionText(Microsoft, parts).contains(u";SERVER={office\\sql,1433};"_q));
+}
+
+TEST(OdbcDrivers, FreeTdsIsToldAHostWhereMicrosoftsDriversHaveAWordOfTheirOwn)
+{
+    struct Case
+    {
+        const char16_t* server;
+        const char16_t* freeTds;
+    };
+    const Case cases[] = {
+        {u".", u"localhost"},
+        {u"(local)", u"localhost"},
+        {u"(LOCAL)", u"localhost"},
+        {u"tcp:.", u"localhost"},
+        {u".\\sql", u"localhost\\sql"},
+        {u"(local)\\sql", u"localhost\\sql"},
+        {u"tcp:office", u"office"},
+        {u"TCP: office\\sql", u"office\\sql"},
+        {u"localhost", u"localhost"},
+        {u"office.example.kr", u"office.example.kr"},
+        {u"::1", u"::1"},
+        {u"", u""},
+    };
+    for (const Case& one : cases) {
+        ConnectionParts parts = Office();
+        parts.Server = QString::fromUtf16(one.server);
+        parts.Port.clear();
+        const QString wanted = u";SERVER={%1};DATABASE="_q;
+        EXPECT_TRUE(OdbcConnectionText(FreeTds, parts).contains(wanted.arg(QString::fromUtf16(one.freeTds))))
+            << parts.Server.toStdString();
+        EXPECT_TRUE(OdbcConnectionText(Microsoft, parts).contains(wanted.arg(parts.Server)))
+            << parts.Server.toStdString();
+    }
+}
+
 TEST(OdbcDrivers, ClosingBracesAreDoubledForMicrosoftAlone)
 {
     struct Case
