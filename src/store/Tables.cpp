@@ -179,7 +179,8 @@ QString AccountRow()
 {
     return QStringLiteral(
         "INSERT INTO SMSSetup (SMSID, SMSPWD, SMSDNS, SMSTelNo, SMSOrgNm, SMSAuto1, SMSAuto2, "
-        "SMSRemainCnt, SMSWeb1, SMSWeb2) VALUES ('', '', '', '', '', '0', '0', 0, '', '')");
+        "SMSRemainCnt, SMSWeb1, SMSWeb2) SELECT '', '', '', '', '', '0', '0', 0, '', '' "
+        "WHERE NOT EXISTS (SELECT * FROM SMSSetup)");
 }
 
 QString ServerScript(YearRange years)

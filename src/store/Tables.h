@@ -44,10 +44,11 @@ bool ReadYearRange(QStringView text, YearRange& into);
 TableDescription LogTable(int year);
 QList<TableDescription> AllTables(YearRange years);
 
-/// The statement that writes the account row, empty and with a balance of 0.
+/// The statement that writes the account row, empty and with a balance of 0, unless there is one.
 QString AccountRow();
 
-/// What makes all tables and the one account row, in the dialect of the server.
+/// What makes all tables and the one account row, in the dialect of the server. Run again it makes those that
+/// are missing: the server refuses the others one by one, and the account row stays as it is.
 QString ServerScript(YearRange years);
 
 /// What makes the send log of one more year, in the dialect of the server.

@@ -1,6 +1,8 @@
 #include "store/EmbeddedTables.h"
 
 #include "runtime/RuntimeError.h"
+#include "session/Session.h"
+#include "store/ConnectionText.h"
 #include "store/EmbeddedConnection.h"
 #include "store/EmbeddedDialect.h"
 #include "support/database/TestDatabase.h"
@@ -147,6 +149,29 @@ TEST(ServerScript, DescribesEveryTableOnce)
         EXPECT_EQ(script.count(u"CREATE TABLE dbo."_q + table + u" ("_q), 1) << table.toStdString();
     EXPECT_EQ(script.count(u"CREATE TABLE"_q), 8);
     EXPECT_EQ(script.count(u"INSERT INTO SMSSetup"_q), 1);
+}
+
+TEST(ServerScript, RunTwiceLeavesTheAccountRowAlone)
+{
+    const FixedClock clock;
+    TestDatabase database(clock, {2012, 2012}, TestEngine::Server);
+    Session session;
+    database.Describe(session);
+    const std::unique_ptr<Connection> link = database.Connections()();
+    link->ConnectionString = AssembleConnectionText(session);
+    link->Open();
+    database.SetAccount(77);
+    for (const QString& batch : ServerScript({2012, 2013}).split(u"\nGO\n"_q, Qt::SkipEmptyParts)) {
+        try {
+            link->Execute(batch);
+        } catch (const RuntimeError& error) {
+            EXPECT_TRUE(error.Description.startsWith(u"There is already an object named"_q))
+                << error.Description.toStdString();
+        }
+    }
+    EXPECT_EQ(database.Rows(u"SELECT SMSID, SMSRemainCnt FROM SMSSetup"_q),
+              QList<QStringList>({{u"demo"_q, u"77"_q}}));
+    EXPECT_EQ(database.Count(u"SMSLog_2013"_q), 0);
 }
 
 TEST(ServerScript, TextsCompareInTheKoreanManner)
