@@ -1,5 +1,6 @@
 #include "store/EmbeddedConnection.h"
 
+#include "runtime/CodePage949.h"
 #include "runtime/RuntimeError.h"
 #include "store/ConnectionText.h"
 #include "store/DatabaseError.h"
@@ -21,6 +22,15 @@ QString FirstToken(const QString& text)
     while (end < trimmed.size() && (trimmed[end].isLetterOrNumber() || trimmed[end] == u'_'))
         ++end;
     return trimmed.left(qMax(end, 1));
+}
+
+/// A plain literal is in the code page of the server's database, whatever becomes of it.
+QString InServersCharacters(const QString& sql)
+{
+    QStringList pieces = sql.split(u'\''); // every other one stands in quotes
+    for (qsizetype at = 1; at < pieces.size(); at += 2)
+        pieces[at] = FromCodePage949(ToCodePage949(pieces[at]));
+    return pieces.join(u'\'');
 }
 
 } // namespace
@@ -153,8 +163,9 @@ sqlite3* EmbeddedConnection::Handle() const
     return handle_;
 }
 
-std::unique_ptr<Recordset> EmbeddedConnection::Query(const QString& sql)
+std::unique_ptr<Recordset> EmbeddedConnection::Query(const QString& text)
 {
+    const QString sql = InServersCharacters(text);
     Prepared statement(*this, sql);
     auto records = std::make_unique<Recordset>(statement.FieldNames());
     while (statement.Step())
@@ -162,8 +173,9 @@ std::unique_ptr<Recordset> EmbeddedConnection::Query(const QString& sql)
     return records;
 }
 
-void EmbeddedConnection::Execute(const QString& sql)
+void EmbeddedConnection::Execute(const QString& text)
 {
+    const QString sql = InServersCharacters(text);
     if (const auto insert = LiftLiterals(sql)) {
         if (!insert_.Run(Handle(), *insert))
             throw EmbeddedError(handle_, path_, sql);

@@ -7,8 +7,9 @@ struct sqlite3;
 
 namespace tsms {
 
-/// The engine that is a file. It takes the server's dialect, compares texts in the server's manner and fails
-/// with the server's numbers and words.
+/// The engine that is a file. It takes the server's dialect, knows no characters in a text but those of the
+/// server's code page 949 (any other is a "?" for each UTF-16 unit), compares texts in the server's manner
+/// and fails with the server's numbers and words.
 class EmbeddedConnection final : public Connection
 {
 public:
@@ -18,8 +19,8 @@ public:
     bool IsOpen() const override { return handle_ != nullptr; }
     void Open() override; ///< the file of ConnectionString's Initial Catalog; a missing one is not made
     void Close() override;
-    std::unique_ptr<Recordset> Query(const QString& sql) override;
-    void Execute(const QString& sql) override;
+    std::unique_ptr<Recordset> Query(const QString& text) override;
+    void Execute(const QString& text) override;
 
     /// Opens a file by its name. `make` makes it when it is missing.
     void OpenFile(const QString& path, bool make = false);

@@ -289,6 +289,33 @@ TEST_P(Contract, MembersOfADeletedGroupBelongToNone)
     EXPECT_EQ(Value(u"SELECT GroupCd FROM SMSGroupSub"_q), u"(null)"_q);
 }
 
+// Characters
+
+TEST_P(Contract, ACharacterOutsideCodePage949IsOneQuestionMarkForEachUtf16Unit)
+{
+    AddLog(u"1"_q, u"2012-05-30 14-07"_q, u"李😀龘"_q, u"a☃ñ뷁\U0002070E끝"_q);
+    EXPECT_EQ(Rows(u"SELECT SendNm, SMSContent FROM SMSLog_2012"_q),
+              (QList<QStringList>{{u"李???"_q, u"a??뷁??끝"_q}}));
+}
+
+TEST_P(Contract, ACharacterOutsideCodePage949IsComparedAsItIsStored)
+{
+    Execute(u"Insert into SMSGroupMst (GroupNm) values ('모임 😀')"_q);
+    EXPECT_EQ(Column(u"SELECT GroupNm FROM SMSGroupMst WHERE GroupNm ='모임 😀'"_q),
+              QStringList{u"모임 ??"_q});
+    EXPECT_EQ(Column(u"SELECT GroupNm FROM SMSGroupMst WHERE GroupNm Like '%☃☃%'"_q),
+              QStringList{u"모임 ??"_q});
+    Execute(u"UPDATE SMSGroupMst set GroupNm='😀'  + '뷁' WHERE GroupNm='모임 ☃☃'"_q);
+    EXPECT_EQ(Value(u"SELECT GroupNm FROM SMSGroupMst"_q), u"??뷁"_q);
+}
+
+TEST_P(Contract, TheCharactersOfCodePage949AreKept)
+{
+    const QString kept = u"가힣뷁똠 ㅎ 李金 ＡｚＦ￦ ☆☎♪ €® ø ß °C \\ ~ `"_q;
+    Execute(u"Insert into SMSGroupMst (GroupNm) values ('"_q + kept + u"')"_q);
+    EXPECT_EQ(Value(u"SELECT GroupNm FROM SMSGroupMst"_q), kept);
+}
+
 // Templates
 
 TEST_P(Contract, TemplatesAreWrittenReadChangedAndDeleted)

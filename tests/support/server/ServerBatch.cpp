@@ -126,8 +126,6 @@ QString EngineText(const QString& sql)
             ++at;
         else if (IsDialectWord(tokens[at].text, "N") && next.kind == DialectToken::Kind::Literal)
             text += TextOf(tokens[++at]);
-        else if (tokens[at].kind == DialectToken::Kind::Literal)
-            text += FromCodePage949(ToCodePage949(TextOf(tokens[at])));
         else
             text += TextOf(tokens[at]);
     }
