@@ -3,12 +3,27 @@
 #include "runtime/RuntimeError.h"
 #include "store/ConnectionText.h"
 #include "store/DatabaseError.h"
+#include "store/LinkWatch.h"
 #include "store/OdbcRows.h"
 
 #include <array>
 #include <utility>
 
 namespace tsms {
+
+namespace {
+
+/// What is left of a statement's time for the driver to cancel it and to hear that this was done.
+constexpr int CancelSeconds = 1;
+
+QList<NetworkLink> LinksSince(const QList<NetworkLink>& before)
+{
+    QList<NetworkLink> links = NetworkLinks();
+    links.removeIf([&before](const NetworkLink& link) { return before.contains(link); });
+    return links;
+}
+
+} // namespace
 
 /// One statement that the server runs, standing on its first result.
 class OdbcConnection::Running
@@ -19,7 +34,7 @@ public:
         if (!connection.IsOpen())
             throw RuntimeError(ObjectNotSet);
         statement_ = OdbcHandle(SQL_HANDLE_STMT, connection.handle_);
-        Set(SQL_ATTR_QUERY_TIMEOUT, static_cast<SQLULEN>(connection.CommandTimeout));
+        Set(SQL_ATTR_QUERY_TIMEOUT, static_cast<SQLULEN>(connection.DriverSeconds()));
         Set(SQL_ATTR_NOSCAN, SQL_NOSCAN_ON); // a brace in a text is a brace
         statement_.Pass(OdbcLibrary::Get().ExecDirect(statement_.Get(), OdbcCharacters(sql),
                                                       static_cast<SQLINTEGER>(sql.size())));
@@ -97,12 +112,14 @@ bool OdbcConnection::OpenBy(const OdbcDriver& driver)
     const OdbcLibrary& odbc = OdbcLibrary::Get();
     const QString text = OdbcConnectionText(driver, ParseConnectionText(ConnectionString));
     OdbcHandle handle(SQL_HANDLE_DBC, OdbcEnvironment());
+    const QList<NetworkLink> before = NetworkLinks();
     odbc.SetConnectionAttribute(handle.Get(), SQL_ATTR_LOGIN_TIMEOUT,
                                 OdbcNumber(static_cast<SQLULEN>(ConnectionTimeout)), 0);
     const SQLRETURN result = odbc.DriverConnect(handle.Get(), nullptr, OdbcCharacters(text), SQL_NTS, nullptr,
                                                 0, nullptr, SQL_DRIVER_NOPROMPT);
     if (SQL_SUCCEEDED(result)) {
         handle_ = std::move(handle);
+        links_ = LinksSince(before);
         return true;
     }
     const QList<OdbcDiagnostic> records = handle.Diagnostics();
@@ -117,24 +134,46 @@ void OdbcConnection::Close()
         return;
     OdbcLibrary::Get().Disconnect(handle_.Get());
     handle_ = {};
+    links_.clear();
+}
+
+int OdbcConnection::DriverSeconds() const
+{
+    return CommandTimeout > CancelSeconds ? CommandTimeout - CancelSeconds : CommandTimeout;
+}
+
+/// FreeTDS counts its time anew at everything that it waits for, and once more for the cancellation. A server
+/// that stands still would hold the program for twice as long, and one that trickles for ever.
+template <class Act> auto OdbcConnection::InTime(Act act)
+{
+    const LinkWatch watch(links_, CommandTimeout);
+    try {
+        return act();
+    } catch (const RuntimeError&) {
+        if (watch.HasCut())
+            throw RuntimeError(CommandTimedOut, QStringLiteral("Timeout expired"));
+        throw;
+    }
 }
 
 std::unique_ptr<Recordset> OdbcConnection::Query(const QString& sql)
 {
-    Running statement(*this, sql);
-    std::vector<OdbcColumn> columns = statement.Columns();
-    while (columns.empty() && statement.NextResult())
-        columns = statement.Columns();
-    if (columns.empty())
-        return std::make_unique<Recordset>();
-    std::unique_ptr<Recordset> records = statement.Rows(columns);
-    statement.DropTheRest();
-    return records;
+    return InTime([this, &sql] {
+        Running statement(*this, sql);
+        std::vector<OdbcColumn> columns = statement.Columns();
+        while (columns.empty() && statement.NextResult())
+            columns = statement.Columns();
+        if (columns.empty())
+            return std::make_unique<Recordset>();
+        std::unique_ptr<Recordset> records = statement.Rows(columns);
+        statement.DropTheRest();
+        return records;
+    });
 }
 
 void OdbcConnection::Execute(const QString& sql)
 {
-    Running(*this, sql).DropTheRest();
+    InTime([this, &sql] { Running(*this, sql).DropTheRest(); });
 }
 
 } // namespace tsms

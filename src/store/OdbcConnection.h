@@ -1,12 +1,14 @@
 #pragma once
 
+#include "runtime/NetworkLinks.h"
 #include "store/Connection.h"
 #include "store/OdbcDrivers.h"
 #include "store/OdbcHandle.h"
 
 namespace tsms {
 
-/// The engine that is a SQL Server, reached by ODBC.
+/// The engine that is a SQL Server, reached by ODBC. A statement with all its rows has CommandTimeout and no
+/// more, whatever the driver makes of that: then its link is cut, and it fails with CommandTimedOut.
 class OdbcConnection final : public Connection
 {
 public:
@@ -25,9 +27,12 @@ private:
     class Running;
 
     bool OpenBy(const OdbcDriver& driver);
+    int DriverSeconds() const; ///< after which the driver cancels a statement
+    template <class Act> auto InTime(Act act);
 
     QList<OdbcDriver> drivers_;
-    OdbcHandle handle_; ///< set while connected
+    OdbcHandle handle_;        ///< set while connected
+    QList<NetworkLink> links_; ///< that the driver has made for it; none where they cannot be told
 };
 
 } // namespace tsms

@@ -11,7 +11,12 @@
 #include "support/server/TestServer.h"
 #include "support/Words.h"
 
+#include <QElapsedTimer>
+#include <QProcess>
+
 #include <gtest/gtest.h>
+
+#include <csignal>
 
 namespace tsms::test {
 
@@ -121,6 +126,43 @@ ServerError Failure(int number, const QString& words)
 {
     return {number, 16, 1, words};
 }
+
+/// A server in a process of its own, which can stand still with all that it holds.
+class ServerProcess
+{
+public:
+    ServerProcess()
+    {
+        process_.start(QStringLiteral(TSMS_TEST_SERVER_PROGRAM), {});
+        EXPECT_TRUE(process_.waitForReadyRead(20'000));
+        fields_ = QString::fromUtf8(process_.readLine().trimmed()).split(u'■');
+    }
+    ~ServerProcess()
+    {
+        Signal(SIGCONT);
+        process_.closeWriteChannel();
+        process_.waitForFinished(20'000);
+    }
+
+    QString ConnectionText() const
+    {
+        Session session;
+        session.DBCatalog = fields_.value(0);
+        session.DBServer = fields_.value(1);
+        session.DBPort = fields_.value(2);
+        session.DBUser = fields_.value(3);
+        session.DBPassword = fields_.value(4);
+        return AssembleConnectionText(session);
+    }
+
+    void StandStill() { Signal(SIGSTOP); }
+
+private:
+    void Signal(int signal) { kill(static_cast<pid_t>(process_.processId()), signal); }
+
+    QProcess process_;
+    QStringList fields_;
+};
 
 class OdbcConnectionTest : public ::testing::Test
 {
@@ -338,7 +380,7 @@ TEST_F(OdbcConnectionTest, EveryDriverOfThisMachineReachesTheServer)
 
 TEST_F(OdbcConnectionTest, AStatementTimesOutAndTheNextOneRuns)
 {
-    connection.CommandTimeout = 1;
+    connection.CommandTimeout = 2;
     Open();
     server.StaySilent();
     const RuntimeError error = ErrorOfStatement(AddOne);
@@ -349,11 +391,36 @@ TEST_F(OdbcConnectionTest, AStatementTimesOutAndTheNextOneRuns)
 
 TEST_F(OdbcConnectionTest, AQueryTimesOutAndTheNextOneRuns)
 {
-    connection.CommandTimeout = 1;
+    connection.CommandTimeout = 2;
     Open();
     server.StaySilent();
     EXPECT_EQ(ErrorOfQuery(BalanceQuery).Number, CommandTimedOut);
     EXPECT_EQ(connection.Query(BalanceQuery)->Field(0), u"0"_q);
+}
+
+TEST_F(OdbcConnectionTest, AServerThatStandsStillHoldsAStatementForItsTimeAndNotLonger)
+{
+    ServerProcess still;
+    connection.CommandTimeout = 2;
+    connection.ConnectionString = still.ConnectionText();
+    connection.Open();
+    still.StandStill();
+    QElapsedTimer timer;
+    timer.start();
+    const RuntimeError error = ErrorOfStatement(AddOne);
+    connection.Close();
+    EXPECT_NEAR(static_cast<double>(timer.elapsed()), 2000, 200);
+    EXPECT_EQ(error.Number, CommandTimedOut);
+    EXPECT_EQ(error.Description, u"Timeout expired"_q);
+}
+
+TEST_F(OdbcConnectionTest, AStatementThatTakesNearlyItsWholeTimeIsNotGivenUp)
+{
+    connection.CommandTimeout = 3;
+    Open();
+    server.AnswerLate(1700);
+    EXPECT_EQ(ErrorOfStatement(AddOne).Number, NoError);
+    EXPECT_EQ(connection.Query(BalanceQuery)->Field(0), u"1"_q);
 }
 
 TEST_F(OdbcConnectionTest, ALateAnswerIsTaken)
