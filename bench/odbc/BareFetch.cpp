@@ -20,6 +20,7 @@ namespace tsms::bench {
 namespace {
 
 constexpr std::size_t BlockRows = 64;
+constexpr std::size_t EndlessUnits = 1000; // for a text without a width: no row of the benchmark has so many
 
 void DemandSuccess(SQLRETURN result)
 {
@@ -61,7 +62,8 @@ std::vector<BoundColumn> BindAll(SQLHANDLE statement)
         SQLULEN size = 0;
         DemandSuccess(
             SQLDescribeColW(statement, at + 1, nullptr, 0, nullptr, nullptr, &size, nullptr, nullptr));
-        column.units = size + 2; // a number has a sign besides its digits
+        const bool isEndless = size == 0 || size > 8000;
+        column.units = (isEndless ? EndlessUnits : size) + 2; // a number has a sign besides its digits
         column.texts = std::make_unique_for_overwrite<char16_t[]>(BlockRows * column.units);
         column.sizes.resize(BlockRows);
         DemandSuccess(SQLBindCol(statement, at + 1, SQL_C_WCHAR, column.texts.get(),

@@ -17,9 +17,7 @@ namespace {
 /// The number of the connected network socket that a file is.
 std::optional<quint64> ConnectedSocket(int file)
 {
-    struct stat status
-    {
-    };
+    struct stat status = {};
     sockaddr_storage peer{};
     socklen_t size = sizeof peer;
     if (fstat(file, &status) != 0 || !S_ISSOCK(status.st_mode) ||

@@ -40,6 +40,31 @@ public:
                                                       static_cast<SQLINTEGER>(sql.size())));
     }
 
+    /// The rows of the first result that has columns, or null where `take` has none.
+    std::unique_ptr<Recordset> FirstRows(decltype(&TakeOdbcRows) take)
+    {
+        std::vector<OdbcColumn> columns = Columns();
+        while (columns.empty() && NextResult())
+            columns = Columns();
+        if (columns.empty())
+            return std::make_unique<Recordset>();
+        std::unique_ptr<Recordset> records = take(statement_, columns);
+        if (records)
+            DropTheRest();
+        return records;
+    }
+
+    /// To the end of the statement: an error may come behind any result.
+    void DropTheRest()
+    {
+        while (NextResult()) {
+        }
+    }
+
+private:
+    /// Goes on to the next result, and drops what is left of this one. False at the end of the statement.
+    bool NextResult() { return statement_.Pass(OdbcLibrary::Get().MoreResults(statement_.Get())); }
+
     /// The columns of the result; none for a statement that only does something.
     std::vector<OdbcColumn> Columns() const
     {
@@ -51,22 +76,6 @@ public:
         return columns;
     }
 
-    std::unique_ptr<Recordset> Rows(const std::vector<OdbcColumn>& columns) const
-    {
-        return TakeOdbcRows(statement_, columns);
-    }
-
-    /// Goes on to the next result, and drops what is left of this one. False at the end of the statement.
-    bool NextResult() { return statement_.Pass(OdbcLibrary::Get().MoreResults(statement_.Get())); }
-
-    /// To the end of the statement: an error may come behind any result.
-    void DropTheRest()
-    {
-        while (NextResult()) {
-        }
-    }
-
-private:
     void Set(SQLINTEGER attribute, SQLULEN value)
     {
         statement_.Pass(
@@ -159,15 +168,8 @@ template <class Act> auto OdbcConnection::InTime(Act act)
 std::unique_ptr<Recordset> OdbcConnection::Query(const QString& sql)
 {
     return InTime([this, &sql] {
-        Running statement(*this, sql);
-        std::vector<OdbcColumn> columns = statement.Columns();
-        while (columns.empty() && statement.NextResult())
-            columns = statement.Columns();
-        if (columns.empty())
-            return std::make_unique<Recordset>();
-        std::unique_ptr<Recordset> records = statement.Rows(columns);
-        statement.DropTheRest();
-        return records;
+        std::unique_ptr<Recordset> records = Running(*this, sql).FirstRows(TakeOdbcRows);
+        return records ? std::move(records) : Running(*this, sql).FirstRows(TakeLongOdbcRows);
     });
 }
 

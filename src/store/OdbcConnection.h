@@ -20,7 +20,11 @@ public:
     bool IsOpen() const override { return static_cast<bool>(handle_); }
     void Open() override;
     void Close() override;
-    std::unique_ptr<Recordset> Query(const QString& sql) override; ///< the first result with columns
+
+    /// The first result with columns. Where a column has no width, a long value has the statement run once
+    /// more.
+    std::unique_ptr<Recordset> Query(const QString& sql) override;
+
     void Execute(const QString& sql) override;
 
 private:

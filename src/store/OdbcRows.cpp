@@ -15,6 +15,7 @@ namespace {
 
 constexpr std::size_t BlockBytes = 1 << 20;
 constexpr std::size_t MostRows = 256;
+constexpr std::size_t LikelyUnits = 1000; ///< that values without a limit nearly always stay below
 constexpr std::size_t PieceUnits = 4096;
 
 SQLSMALLINT FetchedType(OdbcColumn::Form form)
@@ -47,7 +48,7 @@ std::size_t RoomOf(const OdbcColumn& column)
     case OdbcColumn::Form::Text:
         break;
     }
-    return (static_cast<std::size_t>(column.width) + 1) * sizeof(SQLWCHAR);
+    return ((column.width > 0 ? static_cast<std::size_t>(column.width) : LikelyUnits) + 1) * sizeof(SQLWCHAR);
 }
 
 /// Puts fetched values into a recordset.
@@ -130,11 +131,14 @@ public:
         odbc_.SetStatementAttribute(statement_.Get(), SQL_ATTR_ROWS_FETCHED_PTR, nullptr, 0);
     }
 
-    void TakeAll(Filler& filler)
+    /// False when a value without a limit has no room.
+    bool TakeAll(Filler& filler)
     {
         while (Next())
             for (std::size_t row = 0; row < fetched_; ++row)
-                TakeRow(row, filler);
+                if (!TakeRow(row, filler))
+                    return false;
+        return true;
     }
 
 private:
@@ -172,26 +176,35 @@ private:
         return true;
     }
 
-    void TakeRow(std::size_t row, Filler& filler)
+    bool TakeRow(std::size_t row, Filler& filler)
     {
         for (std::size_t column = 0; column < columns_.size(); ++column) {
+            const OdbcColumn::Form form = columns_[column].form;
             const SQLLEN size = bound_[column].sizes[row];
             const std::size_t room = RoomOf(columns_[column]);
             const std::byte* value = bound_[column].values.get() + row * room;
             if (size == SQL_NULL_DATA)
                 filler.AddNull();
-            else if (FetchedType(columns_[column].form) == SQL_C_WCHAR)
-                filler.AddText(columns_[column].form, WholeText(value, size, room));
+            else if (FetchedType(form) != SQL_C_WCHAR)
+                filler.AddNumber(form, value);
+            else if (IsWhole(size, room))
+                filler.AddText(form, Text(value, size));
+            else if (columns_[column].width > 0)
+                throw RuntimeError(StatementFailure, QStringLiteral("String data, right truncation"));
             else
-                filler.AddNumber(columns_[column].form, value);
+                return false;
         }
+        return true;
     }
 
-    /// A value that is wider than its column was announced to be has lost its end: better none than half.
-    static QStringView WholeText(const std::byte* value, SQLLEN size, std::size_t room)
+    /// A value that is wider than its room has lost its end: better none than half.
+    static bool IsWhole(SQLLEN size, std::size_t room)
     {
-        if (size < 0 || static_cast<std::size_t>(size) + sizeof(SQLWCHAR) > room)
-            throw RuntimeError(StatementFailure, QStringLiteral("String data, right truncation"));
+        return size >= 0 && static_cast<std::size_t>(size) + sizeof(SQLWCHAR) <= room;
+    }
+
+    static QStringView Text(const std::byte* value, SQLLEN size)
+    {
         return {reinterpret_cast<const char16_t*>(value),
                 static_cast<qsizetype>(static_cast<std::size_t>(size) / sizeof(SQLWCHAR))};
     }
@@ -266,20 +279,19 @@ private:
     const std::vector<OdbcColumn>& columns_;
 };
 
-bool IsBounded(const OdbcColumn& column)
-{
-    return FetchedType(column.form) != SQL_C_WCHAR || column.width > 0;
-}
-
 } // namespace
 
 std::unique_ptr<Recordset> TakeOdbcRows(const OdbcHandle& statement, const std::vector<OdbcColumn>& columns)
 {
     Filler filler(columns);
-    if (std::all_of(columns.begin(), columns.end(), IsBounded))
-        BlockFetch(statement, columns).TakeAll(filler);
-    else
-        PieceFetch(statement, columns).TakeAll(filler);
+    return BlockFetch(statement, columns).TakeAll(filler) ? filler.Take() : nullptr;
+}
+
+std::unique_ptr<Recordset> TakeLongOdbcRows(const OdbcHandle& statement,
+                                            const std::vector<OdbcColumn>& columns)
+{
+    Filler filler(columns);
+    PieceFetch(statement, columns).TakeAll(filler);
     return filler.Take();
 }
 

@@ -94,7 +94,7 @@ QString ServerType(const ColumnDescription& column)
         break;
     }
     return QStringLiteral("varchar(%1) COLLATE Korean_Wansung_CI_AS %2")
-        .arg(QString::number(column.width),
+        .arg(column.width > 0 ? QString::number(column.width) : QStringLiteral("max"),
              column.required ? QStringLiteral("NOT NULL") : QStringLiteral("NULL"));
 }
 
@@ -133,23 +133,25 @@ bool ReadYear(QStringView text, int& into)
 
 } // namespace
 
+// A message that has left must have its row. So what comes from a workbook, from the caller or from the
+// gateway has no width here, and neither has a text into which a name from a workbook was put.
 TableDescription LogTable(int year)
 {
     return {QStringLiteral("SMSLog_%1").arg(year),
             {{QStringLiteral("SMSKey"), ColumnType::GeneratedKey},
              {QStringLiteral("SMSStatus"), ColumnType::Text, 1, true},
-             {QStringLiteral("SMSNo"), ColumnType::Text, 50},
+             {QStringLiteral("SMSNo"), ColumnType::Text},
              {QStringLiteral("SMSID"), ColumnType::Text, 50},
-             {QStringLiteral("SendNm"), ColumnType::Text, 200},
-             {QStringLiteral("SendTelNo"), ColumnType::Text, 200},
+             {QStringLiteral("SendNm"), ColumnType::Text},
+             {QStringLiteral("SendTelNo"), ColumnType::Text},
              {QStringLiteral("ReceiveTelNo"), ColumnType::Text, 50},
-             {QStringLiteral("SMSContent"), ColumnType::Text, 2000},
+             {QStringLiteral("SMSContent"), ColumnType::Text},
              {QStringLiteral("SendTime"), ColumnType::Text, 16},
              {QStringLiteral("UserData1"), ColumnType::Text, 20},
-             {QStringLiteral("UserData2"), ColumnType::Text, 4000},
+             {QStringLiteral("UserData2"), ColumnType::Text},
              {QStringLiteral("UserData3"), ColumnType::Text, 500},
-             {QStringLiteral("ErrCd"), ColumnType::Text, 50},
-             {QStringLiteral("ErrMsg"), ColumnType::Text, 4000},
+             {QStringLiteral("ErrCd"), ColumnType::Text},
+             {QStringLiteral("ErrMsg"), ColumnType::Text},
              {QStringLiteral("RegDt"), ColumnType::DateTime}},
             // By time, and within one time as they were written. With the status the statistics need no row.
             {QStringLiteral("SendTime, SMSKey, SMSStatus")},

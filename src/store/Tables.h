@@ -19,7 +19,7 @@ struct ColumnDescription
 {
     QString name;
     ColumnType type;
-    int width = 0; ///< of a text, in bytes
+    int width = 0; ///< of a text, in bytes; 0: as long as it comes
     bool required = false;
 };
 

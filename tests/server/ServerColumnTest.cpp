@@ -56,6 +56,7 @@ TEST(ServerColumn, TypesHaveTheirDescriptions)
     EXPECT_EQ(Hex(TypeInfo(Numeric(38, 6))), "6c 11 26 06");
     EXPECT_EQ(Hex(TypeInfo(Text(Kind::VarChar, 2000))), "a7 d0 07 12 04 d0 00 00");
     EXPECT_EQ(Hex(TypeInfo(Text(Kind::NVarChar, 10))), "e7 14 00 12 04 d0 00 00");
+    EXPECT_EQ(Hex(TypeInfo(Text(Kind::VarChar, Endless))), "a7 ff ff 12 04 d0 00 00");
 }
 
 TEST(ServerColumn, ValuesAreWrittenAsTheirTypesHaveThem)
@@ -71,12 +72,17 @@ TEST(ServerColumn, ValuesAreWrittenAsTheirTypesHaveThem)
     EXPECT_EQ(Hex(ValueBytes(Type(Kind::DateTime, false), u"1899/12/31"_q)), "ff ff ff ff 00 00 00 00");
     EXPECT_EQ(Hex(ValueBytes(Text(Kind::VarChar, 10), u"a가"_q)), "03 00 61 b0 a1");
     EXPECT_EQ(Hex(ValueBytes(Text(Kind::NVarChar, 10), u"a가"_q)), "04 00 61 00 00 ac");
+    EXPECT_EQ(Hex(ValueBytes(Text(Kind::VarChar, Endless), u"a가"_q)),
+              "03 00 00 00 00 00 00 00 03 00 00 00 61 b0 a1 00 00 00 00");
+    EXPECT_EQ(Hex(ValueBytes(Text(Kind::VarChar, Endless), QString())),
+              "00 00 00 00 00 00 00 00 00 00 00 00");
 }
 
 TEST(ServerColumn, NullsAreTold)
 {
     EXPECT_EQ(Hex(NullBytes(Type(Kind::Int))), "00");
     EXPECT_EQ(Hex(NullBytes(Text(Kind::VarChar, 10))), "ff ff");
+    EXPECT_EQ(Hex(NullBytes(Text(Kind::VarChar, Endless))), "ff ff ff ff ff ff ff ff");
 }
 
 TEST(ServerColumn, FlagsTellKeysAndExpressions)

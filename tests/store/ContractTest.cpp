@@ -396,6 +396,34 @@ TEST_P(Contract, HistoryShowsARowInItsColumns)
                                    u"2012-05-30 14:07"_q, u"안녕하세요"_q, u"(null)"_q, u"(null)"_q}}));
 }
 
+TEST_P(Contract, ARowOfTheLogTakesWhateverACellOfAWorkbookHolds)
+{
+    const QString cell(32'767, u'가'); // the most that there is room for
+    const QString words = cell + u"님, "_q + cell;
+    AddLog(u"1"_q, u"2012-05-30 14-07"_q, u"이서연"_q);
+    AddLog(u"1"_q, u"2012-05-30 14-08"_q, cell, words);
+    Execute(u"UPDATE SMSLog_2012 SET SendTelNo ='010"_q + cell + u"' WHERE SMSKey=2"_q);
+    const QList<QStringList> rows = Rows(History(u"2012"_q, {}, u"20120530"_q, u"20120531"_q));
+    ASSERT_EQ(rows.size(), 2);
+    EXPECT_EQ(rows[0][4], cell);
+    EXPECT_EQ(rows[0][5], u"010"_q + cell);
+    EXPECT_EQ(rows[0][7], words);
+    EXPECT_EQ(rows[1][4], u"이서연"_q);
+    EXPECT_EQ(Times(History(u"2012"_q, u" AND SendNm Like '%"_q + cell.left(101) + u"%'"_q, u"20120530"_q,
+                            u"20120531"_q)),
+              QStringList{u"2012-05-30 14:08"_q});
+}
+
+TEST_P(Contract, ARowOfTheLogTakesWhateverTheCallerAndTheGatewaySay)
+{
+    const QString words(20'000, u'가');
+    Execute(
+        u"Insert INTO SMSLog_2012 (SMSStatus, SMSNo, SMSID,SendNm,SendTelNo,ReceiveTelNo,SMSContent,SendTime,UserData1,UserData2,UserData3,ErrCd,ErrMsg,RegDt )  VALUES ('2','%1','demo','김민준','010-0000-0001','02-1234-5678','안녕하세요','2012-05-30 14-07','1','%1',Null,'%1','%1',getdate())"_q
+            .arg(words));
+    EXPECT_EQ(Rows(u"SELECT SMSNo, UserData2, ErrCd, ErrMsg FROM SMSLog_2012"_q),
+              (QList<QStringList>{{words, words, words, words}}));
+}
+
 TEST_P(Contract, HistoryTellsTheStatusInWords)
 {
     AddLog(u"0"_q, u"2012-05-30 14-01"_q);

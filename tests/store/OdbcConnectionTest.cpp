@@ -227,7 +227,8 @@ protected:
     /// The one column of what the server answers by tokens.
     QStringList Answered(const QByteArray& tokens)
     {
-        server.AnswerWith(tokens);
+        server.BehaveAgain();
+        server.AnswerWhere(u"SELECT made"_q, tokens);
         const std::unique_ptr<Recordset> records = connection.Query(u"SELECT made"_q);
         QStringList values;
         for (int row = 0; row < records->RecordCount(); ++row)
@@ -663,7 +664,7 @@ TEST_F(OdbcConnectionTest, AStatementArrivesUnitByUnit)
 TEST_F(OdbcConnectionTest, ATextWithoutAWidthComesWhole)
 {
     Open();
-    for (const int size : {0, 1, 4094, 4095, 4096, 8191, 100'000}) {
+    for (const int size : {0, 1, 998, 999, 1000, 1001, 4094, 4095, 4096, 8191, 100'000}) {
         EXPECT_EQ(Answered(EndlessColumnToken(VarCharMax) + EndlessRow({QByteArray(size, 'x')}) +
                            EndlessNull() + End(2)),
                   (QStringList{QString(size, u'x'), u"(null)"_q}));
@@ -675,6 +676,19 @@ TEST_F(OdbcConnectionTest, ATextWithoutAWidthComesWhole)
                            EndlessRow({ToCodePage949(u'x' + words)}) + End(2)),
                   (QStringList{words, u'x' + words}));
     }
+}
+
+TEST_F(OdbcConnectionTest, OnlyALongTextWithoutAWidthHasItsStatementRunOnceMore)
+{
+    Open();
+    const auto runs = [this](int size) {
+        const qsizetype before = server.Statements().size();
+        Answered(EndlessColumnToken(VarCharMax) + EndlessRow({"short"}) +
+                 EndlessRow({QByteArray(size, 'x')}) + End(2));
+        return server.Statements().size() - before;
+    };
+    EXPECT_EQ(runs(1000), 1);
+    EXPECT_EQ(runs(1001), 2);
 }
 
 TEST_F(OdbcConnectionTest, ATextWiderThanItsColumnIsAnErrorAndNeverCut)

@@ -111,7 +111,8 @@ ServerType OperationType(const ServerType& a, const ServerType& b, char sign)
         if (sign != '+')
             throw UnknownExpression();
         ServerType type = Stronger(a, b);
-        type.width = std::min(a.width + b.width, type.kind == Kind::VarChar ? WidestText : WidestWideText);
+        const int widest = type.kind == Kind::VarChar ? WidestText : WidestWideText;
+        type.width = std::max(a.width, b.width) == Endless ? Endless : std::min(a.width + b.width, widest);
         return type;
     }
     const ServerType type = Stronger(a, b);

@@ -65,8 +65,8 @@ void RefuseLongText(const TableDescription& table, const QString& column, const 
                     Range value)
 {
     const ColumnDescription* description = FindColumn(table, column);
-    if (!description || description->type != ColumnType::Text || value.Count() != 1 ||
-        tokens.KindOf(value.from) != DialectToken::Kind::Literal)
+    if (!description || description->type != ColumnType::Text || description->width == 0 ||
+        value.Count() != 1 || tokens.KindOf(value.from) != DialectToken::Kind::Literal)
         return;
     QByteArray bytes = ToCodePage949(tokens.Literal(value.from));
     while (bytes.endsWith(' '))

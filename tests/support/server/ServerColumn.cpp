@@ -18,6 +18,7 @@ namespace {
 using Kind = ServerType::Kind;
 
 constexpr int NullText = 0xFFFF;
+constexpr int EndlessWidth = 0xFFFF; // as the type's description tells it
 constexpr int MoneyScale = 4;
 
 /// Type codes: those of a column that may be NULL, and of one that may not where there is one of its own.
@@ -150,6 +151,16 @@ QByteArray DateTimeBytes(const QString& value)
         .Data();
 }
 
+/// A value without a width: its size, then pieces, of which one is enough, and an empty one.
+QByteArray Pieces(const QByteArray& bytes)
+{
+    ByteWriter pieces;
+    pieces.QWord(static_cast<quint64>(bytes.size()));
+    if (!bytes.isEmpty())
+        pieces.DWord(static_cast<quint32>(bytes.size())).Bytes(bytes);
+    return pieces.DWord(0).Data();
+}
+
 QByteArray TextBytes(const ServerType& type, const QString& value)
 {
     const bool isWide = type.kind == Kind::NVarChar;
@@ -160,7 +171,8 @@ QByteArray TextBytes(const ServerType& type, const QString& value)
         bytes.chop(isWide ? 2 : 1);
     if (bytes.size() > room)
         throw RuntimeError(StatementFailure, QString::fromUtf16(TruncationWords));
-    return ByteWriter().Word(static_cast<int>(bytes.size())).Bytes(bytes).Data();
+    return type.width == Endless ? Pieces(bytes)
+                                 : ByteWriter().Word(static_cast<int>(bytes.size())).Bytes(bytes).Data();
 }
 
 QByteArray BareValue(const ServerType& type, const QString& value)
@@ -207,6 +219,8 @@ QByteArray TypeInfo(const ServerType& type)
     info.Byte(TypeCode(type));
     if (type.kind == Kind::Numeric)
         info.Byte(NumericSize(type.precision)).Byte(type.precision).Byte(type.scale);
+    else if (type.IsText() && type.width == Endless)
+        info.Word(EndlessWidth).Bytes(KoreanCollationBytes());
     else if (type.kind == Kind::VarChar)
         info.Word(type.width).Bytes(KoreanCollationBytes());
     else if (type.kind == Kind::NVarChar)
@@ -225,6 +239,8 @@ QByteArray ValueBytes(const ServerType& type, const QString& value)
 
 QByteArray NullBytes(const ServerType& type)
 {
+    if (type.IsText() && type.width == Endless)
+        return ByteWriter().QWord(~quint64{0}).Data();
     return type.IsText() ? ByteWriter().Word(NullText).Data() : ByteWriter().Byte(0).Data();
 }
 

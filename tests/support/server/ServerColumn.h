@@ -6,13 +6,16 @@
 
 namespace tsms::test {
 
+/// The width of a text that has none.
+inline constexpr int Endless = 0x3FFFFFFF;
+
 /// A data type of the server, as far as the tables and the statements over them have it.
 struct ServerType
 {
     enum class Kind { Int, Numeric, Money, Float, DateTime, VarChar, NVarChar };
 
     Kind kind = Kind::Int;
-    int width = 0; ///< of a VarChar in bytes, of an NVarChar in characters
+    int width = 0; ///< of a VarChar in bytes, of an NVarChar in characters; Endless for "max"
     int precision = 0;
     int scale = 0;
     bool nullable = true;

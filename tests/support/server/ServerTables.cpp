@@ -39,7 +39,7 @@ ServerType TypeOf(const ColumnDescription& column)
         break;
     case ColumnType::Text:
         type.kind = ServerType::Kind::VarChar;
-        type.width = column.width;
+        type.width = column.width > 0 ? column.width : Endless;
         break;
     }
     return type;
