@@ -3,7 +3,7 @@
 // third of them removed.
 #include "addressbook/RecipientRecord.h"
 #include "addressbook/UserSMSFileRead.h"
-#include "fuzz/Refusal.h"
+#include "fuzz/Target.h"
 #include "support/ListOfRows.h"
 
 #include <QBuffer>
@@ -27,20 +27,20 @@ ListOfRows ListBefore(int rows, const QByteArray& bytes)
     return list;
 }
 
-} // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void ReadRecipientFile(const QByteArray& bytes)
 {
-    if (size == 0)
-        return 0;
-    QByteArray bytes(reinterpret_cast<const char*>(data + 1), static_cast<qsizetype>(size) - 1);
-    bytes.truncate(MostBytes);
-    ListOfRows list = ListBefore(data[0] % 32, bytes);
+    if (bytes.isEmpty())
+        return;
+    QByteArray records = bytes.sliced(1, qMin(bytes.size() - 1, MostBytes));
+    ListOfRows list = ListBefore(static_cast<unsigned char>(bytes[0]) % 32, records);
     ListOfRows scanned(list.rows);
-    QBuffer file(&bytes);
+    QBuffer file(&records);
     file.open(QIODevice::ReadOnly);
     ReadRecipientRecords(file, list);
-    ReadByScans(bytes, scanned);
+    ReadByScans(records, scanned);
     Require(list.rows == scanned.rows);
-    return 0;
 }
+
+const Target recipientFile("recipient-file", ReadRecipientFile);
+
+} // namespace

@@ -1,14 +1,23 @@
 // Hands any bytes to the reader of workbooks, as a file.
 #include "fuzz/Refusal.h"
+#include "fuzz/Target.h"
 #include "spreadsheet/ReadWorkbook.h"
 
 #include <QBuffer>
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+using namespace tsms;
+using namespace tsms::test;
+
+namespace {
+
+void ReadAsWorkbook(const QByteArray& bytes)
 {
-    QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
-    QBuffer file(&bytes);
+    QByteArray content = bytes;
+    QBuffer file(&content);
     file.open(QIODevice::ReadOnly);
-    tsms::test::ExpectReadOrRefused([&] { return tsms::ReadWorkbook(file, 3); });
-    return 0;
+    ExpectReadOrRefused([&] { return ReadWorkbook(file, 3); });
 }
+
+const Target workbook("workbook", ReadAsWorkbook);
+
+} // namespace

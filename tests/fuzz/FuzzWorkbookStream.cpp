@@ -1,10 +1,18 @@
 // Hands any bytes to the reader of workbooks, as the stream that it finds in a file.
 #include "fuzz/Refusal.h"
+#include "fuzz/Target.h"
 #include "spreadsheet/ReadWorkbook.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+using namespace tsms;
+using namespace tsms::test;
+
+namespace {
+
+void ReadAsStream(const QByteArray& bytes)
 {
-    const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
-    tsms::test::ExpectReadOrRefused([&] { return tsms::ReadWorkbookStream(bytes, 3); });
-    return 0;
+    ExpectReadOrRefused([&] { return ReadWorkbookStream(bytes, 3); });
 }
+
+const Target workbookStream("workbook-stream", ReadAsStream);
+
+} // namespace

@@ -1,18 +1,10 @@
 #pragma once
 
+#include "fuzz/Target.h"
 #include "runtime/RuntimeError.h"
 #include "spreadsheet/ReadWorkbook.h"
 
-#include <cstdint>
-#include <cstdlib>
-
 namespace tsms::test {
-
-inline void Require(bool condition)
-{
-    if (!condition)
-        std::abort();
-}
 
 /// A workbook is read into cells that can all be looked at, or it is refused in the one way there is.
 template <class Read> void ExpectReadOrRefused(Read&& read)

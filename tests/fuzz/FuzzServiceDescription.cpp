@@ -1,0 +1,71 @@
+// Takes any bytes for a service description: a line with the content type, then the documents in the order in
+// which they are asked for, form feeds between them. Each operation found is called.
+#include "fuzz/Target.h"
+#include "gateway/ServiceDescription.h"
+#include "gateway/SoapFault.h"
+#include "gateway/SoapMessage.h"
+#include "gateway/XmlReading.h"
+
+using namespace tsms;
+using namespace tsms::test;
+
+namespace {
+
+/// As an attribute's value comes back from a document: control characters are blanks there.
+QString InDocument(QString text)
+{
+    for (QChar& c : text)
+        if ((c < u' ' && c != u'\r') || c >= u'\xFFFE')
+            c = u' ';
+    return text;
+}
+
+QualifiedName InDocument(const QString& space, const QString& local)
+{
+    return {InDocument(space), local};
+}
+
+void RequireReadable(const CallShape& shape)
+{
+    QStringList arguments;
+    for (qsizetype part = 0; part < shape.Parts.size(); ++part)
+        arguments += QStringLiteral("<가&\"']]>\r\n %1").arg(part);
+    pugi::xml_document document;
+    Require(ParseXml(CallEnvelope(shape).With(arguments), "text/xml", document));
+    const pugi::xml_node body = Child(document.document_element(), ns::SoapEnvelope, "Body");
+    const pugi::xml_node call = FirstElement(body);
+    Require(NameOf(call) == InDocument(shape.Namespace, shape.Element));
+    pugi::xml_node argument = FirstElement(call);
+    for (qsizetype part = 0; part < shape.Parts.size(); ++part, argument = NextElement(argument)) {
+        Require(NameOf(argument) == InDocument(shape.Parts[part].Namespace, shape.Parts[part].Name));
+        Require(TextOf(argument) == arguments[part]);
+    }
+    Require(!argument && !NextElement(call));
+}
+
+void ReadDescription(const QByteArray& bytes)
+{
+    const qsizetype line = qMax<qsizetype>(bytes.indexOf('\n'), 0);
+    const QByteArray contentType = bytes.first(line);
+    QByteArrayList documents = bytes.sliced(line).split('\f');
+    const auto fetch = [&](const QUrl&) {
+        if (documents.isEmpty())
+            throw LocalFault(QStringLiteral("not here"));
+        return FetchedDocument{documents.takeFirst(), contentType};
+    };
+    try {
+        const ServiceDescription service =
+            ReadServiceDescription(QUrl(QStringLiteral("http://gateway.test/a/service.wsdl")), {}, {}, fetch);
+        Require(!service.Endpoint.host().isEmpty());
+        for (const CallShape& shape : service.Operations) {
+            Require(shape.Parts.size() <= MaxParts);
+            RequireReadable(shape);
+        }
+    } catch (const SoapFault& fault) {
+        Require(!fault.IsOfGateway() && !fault.Description.isEmpty());
+    }
+}
+
+const Target serviceDescription("service-description", ReadDescription);
+
+} // namespace
