@@ -1,8 +1,7 @@
 #include "runtime/CodePage949.h"
 
+#include "runtime/IconvConverter.h"
 #include "runtime/Text.h"
-
-#include <iconv.h>
 
 #include <algorithm>
 #include <array>
@@ -11,49 +10,15 @@ namespace tsms {
 
 namespace {
 
-/// One direction of the platform's conversion; opened once, kept for the life of the process.
-class Converter
+IconvConverter& Encoder()
 {
-public:
-    Converter(const char* to, const char* from) : handle_(iconv_open(to, from)) {}
-    ~Converter()
-    {
-        if (IsOpen())
-            iconv_close(handle_);
-    }
-    Converter(const Converter&) = delete;
-    Converter& operator=(const Converter&) = delete;
-
-    bool IsOpen() const
-    {
-        return handle_ !=
-               reinterpret_cast<iconv_t>(-1); // NOLINT(performance-no-int-to-ptr): iconv's own sign
-    }
-
-    /// Converts as much as it can. On return `in` stands behind what was taken; true when all of it was.
-    bool Convert(const char*& in, std::size_t& inLeft, char*& out, std::size_t& outLeft)
-    {
-        char* source = const_cast<char*>(in); // iconv takes a pointer to char but does not write through it
-        const std::size_t result = iconv(handle_, &source, &inLeft, &out, &outLeft);
-        in = source;
-        return result != static_cast<std::size_t>(-1);
-    }
-
-private:
-    iconv_t handle_;
-};
-
-constexpr const char* NativeUtf16 = Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? "UTF-16LE" : "UTF-16BE";
-
-Converter& Encoder()
-{
-    thread_local Converter encoder("CP949", NativeUtf16);
+    thread_local IconvConverter encoder("CP949", NativeUtf16);
     return encoder;
 }
 
-Converter& Decoder()
+IconvConverter& Decoder()
 {
-    thread_local Converter decoder(NativeUtf16, "CP949");
+    thread_local IconvConverter decoder(NativeUtf16, "CP949");
     return decoder;
 }
 

@@ -17,6 +17,7 @@ enum class ReadRecord : quint16 {
     Eof = 0x000A,
     Date1904 = 0x0022,
     FilePass = 0x002F,
+    Font = 0x0031,
     Continue = 0x003C,
     CodePage = 0x0042,
     BoundSheet = 0x0085,

@@ -194,7 +194,7 @@ private:
 
     /// [MS-XLS] 2.4.148; its formats, where it has some, stand behind it. Of one that is cut the part that
     /// there is, as spreadsheets show it.
-    QString OwnText() { return tables_.Text(reader_, reader_.U16()).text; }
+    QString OwnText() { return tables_.CellText(reader_, reader_.U16(), head_.format).text; }
 
     QString TruthOrError()
     {

@@ -19,8 +19,9 @@ struct WorkbookTexts
     std::shared_ptr<const CellSource> firstSheet; ///< null when there is none
 };
 
-/// Reads a workbook of the old binary formats (BIFF8, and BIFF5 in code page 949; the public documents
-/// [MS-XLS] and [MS-CFB]), of its first worksheet the first columns, as a person sees them in the cells.
+/// Reads a workbook of the old binary formats (BIFF8, and BIFF5 in the code pages of Windows; the public
+/// documents [MS-XLS] and [MS-CFB]), of its first worksheet the first columns, as a person sees them in the
+/// cells.
 ///
 /// The file may be anything. Raises 321 for one that is no such workbook, is damaged or cut off, wants a
 /// password of its own, or is beyond all measure, and takes neither long nor much memory to find out.

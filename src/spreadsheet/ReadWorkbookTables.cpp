@@ -1,6 +1,6 @@
 #include "spreadsheet/ReadWorkbookTables.h"
 
-#include "runtime/CodePage949.h"
+#include "runtime/CodePages.h"
 #include "spreadsheet/Demand.h"
 
 #include <limits>
@@ -16,13 +16,23 @@ constexpr std::size_t MostWorksheets = std::numeric_limits<qint16>::max(); // th
 constexpr std::size_t MostStrings = 1 << 20;
 constexpr std::size_t MostCellFormats = 8192; // spreadsheets make half of them at most
 
-QString TextOfBytes(QByteArrayView bytes, quint16 codePage)
+constexpr int KoreanCodePage = 949;
+
+/// That of texts in bytes, by what the workbook tells of it. All that is none reads as Korean: what Korean
+/// programs write, also those that tell nothing.
+int CodePageOf(quint16 told)
 {
-    constexpr quint16 western = 1252;
+    constexpr int western = 1252;
     constexpr quint16 westernInBiff5 = 0x8001;
-    if (codePage == western || codePage == westernInBiff5)
-        return QString::fromLatin1(bytes);
-    return FromCodePage949(bytes.toByteArray());
+    if (told == westernInBiff5)
+        return western;
+    return IsCodePage(told) ? told : KoreanCodePage;
+}
+
+RecordText ReadByteText(BiffReader& reader, int length, int codePage)
+{
+    const QByteArrayView bytes = reader.Bytes(length);
+    return {FromCodePage(bytes, codePage), bytes.size() == length};
 }
 
 class TablesReader
@@ -40,6 +50,7 @@ public:
             ReadOne();
         tables_.end = reader_.End();
         AddFormats();
+        AddFonts();
         return std::move(tables_);
     }
 
@@ -53,7 +64,7 @@ private:
             Unlock();
             break;
         case ReadRecord::CodePage:
-            tables_.codePage = reader_.U16();
+            tables_.codePage = CodePageOf(reader_.U16());
             break;
         case ReadRecord::Date1904:
             tables_.firstDay = reader_.U16() == 0 ? FirstDay::Of1900 : FirstDay::Of1904;
@@ -63,6 +74,9 @@ private:
             break;
         case ReadRecord::SST:
             ReadStrings();
+            break;
+        case ReadRecord::Font:
+            ReadFont();
             break;
         case ReadRecord::Format:
             ReadFormat();
@@ -119,7 +133,7 @@ private:
     void ReadCellFormat()
     {
         Demand(cellFormats_.size() < MostCellFormats);
-        reader_.Skip(2); // the font
+        cellFonts_.push_back(reader_.U16());
         cellFormats_.push_back(reader_.U16());
     }
 
@@ -130,6 +144,24 @@ private:
         RecordText code = tables_.Text(reader_, IsBiff8() ? reader_.U16() : reader_.U8());
         if (code.whole)
             codes_[number] = std::move(code.text);
+    }
+
+    /// [MS-XLS] 2.4.122
+    void ReadFont()
+    {
+        constexpr quint8 korean = 129;
+        reader_.Skip(12); // its looks
+        koreanFonts_.push_back(reader_.U8() == korean);
+    }
+
+    /// As with formats. A font with the number 4 does not exist: the fifth one has the number 5.
+    void AddFonts()
+    {
+        constexpr std::size_t missing = 4;
+        for (const std::size_t number : cellFonts_) {
+            const std::size_t font = number > missing ? number - 1 : number;
+            tables_.koreanFonts.push_back(font < koreanFonts_.size() && koreanFonts_[font]);
+        }
     }
 
     /// What cells tell is not the number of a format but that of a record that names it. Thousands of these
@@ -151,6 +183,8 @@ private:
     WorkbookTables tables_;
     int sheets_ = 0; // of all kinds
     std::map<int, QString> codes_;
+    std::vector<bool> koreanFonts_;
+    std::vector<std::size_t> cellFonts_;
     std::vector<int> cellFormats_;
 };
 
@@ -158,10 +192,15 @@ private:
 
 RecordText WorkbookTables::Text(BiffReader& reader, int length) const
 {
-    if (version == BiffVersion::Biff8)
-        return ReadUnicodeText(reader, length);
-    const QByteArrayView bytes = reader.Bytes(length);
-    return {TextOfBytes(bytes, codePage), bytes.size() == length};
+    return version == BiffVersion::Biff8 ? ReadUnicodeText(reader, length)
+                                         : ReadByteText(reader, length, codePage);
+}
+
+RecordText WorkbookTables::CellText(BiffReader& reader, int length, quint16 format) const
+{
+    const bool isKorean = format < koreanFonts.size() && koreanFonts[format];
+    return version == BiffVersion::Biff5 && isKorean ? ReadByteText(reader, length, KoreanCodePage)
+                                                     : Text(reader, length);
 }
 
 QString WorkbookTables::Shown(double number, quint16 format) const

@@ -27,17 +27,19 @@ struct SheetPlace
 struct WorkbookTables
 {
     BiffVersion version = BiffVersion::Biff8;
-    quint16 codePage = 0;                 ///< of texts in bytes
+    int codePage = 949;                   ///< of texts in bytes
     FirstDay firstDay = FirstDay::Of1900; ///< of dates
-    std::vector<SheetPlace> worksheets;   ///< in their order, hidden ones too; charts and macros are none
-    std::deque<QString> strings;          ///< which cells share
+    std::vector<bool> koreanFonts;      ///< whether a cell's font is Korean, by the number that a cell tells
+    std::vector<SheetPlace> worksheets; ///< in their order, hidden ones too; charts and macros are none
+    std::deque<QString> strings;        ///< which cells share
     std::vector<std::shared_ptr<const XlsNumberFormat>> formats; ///< by the number that a cell tells
     quint32 end = 0;                                             ///< where the sheets' records begin
 
     /// The text of that length that comes next: in BIFF8 with its flags, in BIFF5 in bytes of the code page.
-    /// Those of code page 1252 read as Latin-1, all others as 949: what Korean programs write, also those
-    /// that tell nothing.
     RecordText Text(BiffReader& reader, int length) const;
+
+    /// The same of a cell of that format: in BIFF5 of code page 949 where its font is Korean.
+    RecordText CellText(BiffReader& reader, int length, quint16 format) const;
 
     /// What a cell of that format shows.
     QString Shown(double number, quint16 format) const;

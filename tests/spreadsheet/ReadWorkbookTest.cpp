@@ -278,7 +278,7 @@ TEST(Biff8, CharactersBeyondTheBasicPlaneStay)
     EXPECT_EQ(Text(Read(book), 1, 1), u"𠀀😀"_q);
 }
 
-TEST(Biff5, TextsInBytesAreOfCodePage949UnlessTheWorkbookSaysWestern)
+TEST(Biff5, TextsInBytesAreOfCodePage949UnlessTheWorkbookSaysAnother)
 {
     for (const int codePage : {0, 949, 1200, 0x8000}) {
         WorkbookMaker book(Version::Biff5);
@@ -294,6 +294,93 @@ TEST(Biff5, TextsInBytesAreOfCodePage949UnlessTheWorkbookSaysWestern)
     const WorkbookTexts texts = Read(book);
     EXPECT_EQ(texts.sheets, QStringList{u"Büro"_q});
     EXPECT_EQ(Text(texts, 1, 1), u"Jürgen"_q);
+}
+
+/// A workbook of texts in bytes: a cell, the result of a formula, and a sheet's name.
+class ByteBook : public WorkbookMaker
+{
+public:
+    ByteBook(int page, const QByteArray& bytes, int format = 0) : WorkbookMaker(Version::Biff5)
+    {
+        codePage = page;
+        const QByteArray text = LittleEndian().U16(static_cast<int>(bytes.size())).Raw(bytes).bytes;
+        AddSheet(QString(bytes.size(), u'x'))
+            .Record(0x0204, LittleEndian().U16(0).U16(0).U16(format).Raw(text).bytes)
+            .OtherFormula(2, 1, 0, 0, format)
+            .Record(0x0207, text);
+        bytes_ = bytes;
+    }
+
+    WorkbookTexts Texts() const
+    {
+        QByteArray stream = Stream();
+        return ReadWorkbookStream(stream.replace(QByteArray(bytes_.size(), 'x'), bytes_), ReadColumns);
+    }
+
+private:
+    QByteArray bytes_;
+};
+
+TEST(Biff5, TextsAreOfTheCodePageThatTheWorkbookSays)
+{
+    const struct
+    {
+        int codePage;
+        const char* bytes;
+        QString text;
+    } rows[] = {{874, "\xA1\xA2", u"กข"_q},           {932, "\x93\xFA\x96\x7B", u"日本"_q},
+                {936, "\xD6\xD0\xB9\xFA", u"中国"_q}, {949, "\xC8\xAB\xB1\xE6", u"홍길"_q},
+                {950, "\xA4\xA4\xB0\xEA", u"中國"_q}, {1250, "\x8A\x9E", u"Šž"_q},
+                {1251, "\xCF\xF0\xE8", u"При"_q},     {1252, "\x80\x93\xE4", u"€“ä"_q},
+                {0x8001, "\x80\x93\xE4", u"€“ä"_q},   {1253, "\xC1\xE2", u"Αβ"_q},
+                {1254, "\xDD\xF0", u"İğ"_q},          {1255, "\xF9\xEC", u"של"_q},
+                {1256, "\xC7\xE1", u"ال"_q},          {1257, "\xE0\xE8", u"ąč"_q},
+                {1258, "\xF0\xFE", u"đ₫"_q},          {1361, "\x88\x61", u"가"_q}};
+    for (const auto& row : rows) {
+        const WorkbookTexts texts = ByteBook(row.codePage, row.bytes).Texts();
+        EXPECT_EQ(texts.sheets, QStringList{row.text}) << row.codePage;
+        EXPECT_EQ(Text(texts, 1, 1), row.text) << row.codePage;
+        EXPECT_EQ(Text(texts, 2, 1), row.text) << row.codePage;
+    }
+}
+
+TEST(Biff5, ACellWhoseFontIsKoreanIsOfCodePage949)
+{
+    constexpr int western = 0;
+    constexpr int korean = 129;
+    for (int fontNumber = 0; fontNumber < 7; ++fontNumber) {
+        constexpr int format = 1;
+        ByteBook book(1252, "\xC8\xAB\xB1\xE6", format);
+        int font = 0;
+        for (int i = 0; i < 7; ++i) {
+            const int added = book.AddFont(i == fontNumber ? korean : western);
+            font = i == fontNumber ? added : font;
+        }
+        ASSERT_EQ(book.AddBuiltInFormat(0, font), format);
+        const WorkbookTexts texts = book.Texts();
+        EXPECT_EQ(Text(texts, 1, 1), u"홍길"_q) << font;
+        EXPECT_EQ(Text(texts, 2, 1), u"홍길"_q) << font;
+        EXPECT_EQ(texts.sheets, QStringList{u"È«±æ"_q}) << font;
+    }
+}
+
+TEST(Biff5, ACellWhoseFontThereIsNotIsOfTheCodePageOfTheWorkbook)
+{
+    for (const int font : {1, 4, 5, 0xFFFF}) {
+        ByteBook book(1252, "\xC8\xAB", 1);
+        book.AddFont(129);
+        book.AddBuiltInFormat(0, font);
+        EXPECT_EQ(Text(book.Texts(), 1, 1), u"È«"_q) << font;
+    }
+}
+
+TEST(Biff8, AKoreanFontChangesNothing)
+{
+    WorkbookMaker book;
+    const int format = book.AddBuiltInFormat(0, book.AddFont(129));
+    book.AddSheet(u"글"_q).Record(
+        0x0204, LittleEndian().U16(0).U16(0).U16(format).U16(2).U8(0).Raw("\xC8\xAB").bytes);
+    EXPECT_EQ(Text(Read(book), 1, 1), u"È«"_q);
 }
 
 TEST(Biff5, ATextWithFormatsOfItsPartsIsRead)

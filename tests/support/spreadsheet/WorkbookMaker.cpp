@@ -3,6 +3,7 @@
 #include "runtime/CodePage949.h"
 #include "support/spreadsheet/CompoundMaker.h"
 #include "support/spreadsheet/LittleEndian.h"
+#include "support/Words.h"
 
 #include <algorithm>
 #include <limits>
@@ -167,9 +168,9 @@ WorkbookMaker::Sheet& WorkbookMaker::Sheet::NumberFormula(int col, int row, doub
     return Formula(col, row, format, LittleEndian().F64(result).bytes);
 }
 
-WorkbookMaker::Sheet& WorkbookMaker::Sheet::OtherFormula(int col, int row, int kind, int value)
+WorkbookMaker::Sheet& WorkbookMaker::Sheet::OtherFormula(int col, int row, int kind, int value, int format)
 {
-    return Formula(col, row, 0, LittleEndian().U8(kind).U8(0).U8(value).Fill(3).U16(0xFFFF).bytes);
+    return Formula(col, row, format, LittleEndian().U8(kind).U8(0).U8(value).Fill(3).U16(0xFFFF).bytes);
 }
 
 WorkbookMaker::Sheet& WorkbookMaker::Sheet::TextFormula(int col, int row, const QString& result)
@@ -200,10 +201,17 @@ int WorkbookMaker::AddFormat(const QString& code)
     return AddBuiltInFormat(number);
 }
 
-int WorkbookMaker::AddBuiltInFormat(int number)
+int WorkbookMaker::AddBuiltInFormat(int number, int font)
 {
-    formats_.push_back(number);
+    formats_.emplace_back(number, font);
     return static_cast<int>(formats_.size()) - 1;
+}
+
+int WorkbookMaker::AddFont(int charset)
+{
+    charsets_.push_back(charset);
+    const int number = static_cast<int>(charsets_.size()) - 1;
+    return number < 4 ? number : number + 1; // there is no font 4
 }
 
 quint32 WorkbookMaker::Share(const QString& text, int runs)
@@ -271,6 +279,11 @@ QByteArray WorkbookMaker::Globals(const std::vector<quint32>& positions) const
     if (codePage != 0)
         out += OneRecord(0x0042, LittleEndian().U16(codePage).bytes);
     out += OneRecord(0x0022, LittleEndian().U16(from1904).bytes);
+    for (const int charset : charsets_) {
+        LittleEndian font;
+        font.U16(200).U16(0).U16(0x7FFF).U16(400).U16(0).U8(0).U8(0).U8(charset).U8(0).U8(1);
+        out += OneRecord(0x0031, font.Raw(version_ == Version::Biff8 ? UnicodeText(u"F"_q) : "F").bytes);
+    }
     for (const auto& [number, code] : codes_) {
         LittleEndian format;
         format.U16(number);
@@ -280,9 +293,9 @@ QByteArray WorkbookMaker::Globals(const std::vector<quint32>& positions) const
             format.U8(static_cast<int>(ByteText(code).size())).Raw(ByteText(code));
         out += OneRecord(0x041E, format.bytes);
     }
-    for (const int number : formats_)
-        out += OneRecord(0x00E0,
-                         LittleEndian().U16(0).U16(number).Fill(version_ == Version::Biff8 ? 16 : 12).bytes);
+    for (const auto& [number, font] : formats_)
+        out += OneRecord(
+            0x00E0, LittleEndian().U16(font).U16(number).Fill(version_ == Version::Biff8 ? 16 : 12).bytes);
     for (std::size_t i = 0; i < sheets_.size(); ++i) {
         const Sheet& sheet = sheets_[i];
         LittleEndian place;

@@ -33,7 +33,8 @@ public:
         Sheet& Blank(int col, int row);
         Sheet& NumberFormula(int col, int row, double result, int format = 0);
         Sheet& TextFormula(int col, int row, const QString& result);
-        Sheet& OtherFormula(int col, int row, int kind, int value); ///< 1 truth, 2 error, 3 empty text
+        /// 0 text, which comes in a record of its own, 1 truth, 2 error, 3 empty text
+        Sheet& OtherFormula(int col, int row, int kind, int value, int format = 0);
         Sheet& Record(int record, const QByteArray& content);
 
     private:
@@ -60,7 +61,10 @@ public:
 
     /// A cell format with a code of its own, or with one that spreadsheets know by its number.
     int AddFormat(const QString& code);
-    int AddBuiltInFormat(int number);
+    int AddBuiltInFormat(int number, int font = 0);
+
+    /// A font of that character set. Cell formats name it by what this answers.
+    int AddFont(int charset);
 
     /// Adds a shared text and answers its number. `runs` formats of its parts stand behind it.
     quint32 Share(const QString& text, int runs = 0);
@@ -97,7 +101,8 @@ private:
     std::deque<Sheet> sheets_;
     std::vector<Shared> strings_;
     std::vector<std::pair<int, QString>> codes_;
-    std::vector<int> formats_{0};
+    std::vector<int> charsets_;                        // of the fonts
+    std::vector<std::pair<int, int>> formats_{{0, 0}}; // numbers and fonts
 };
 
 /// A workbook with three sheets, of which the first has rows of name, number and a third value.
