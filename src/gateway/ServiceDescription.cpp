@@ -52,7 +52,7 @@ class Documents
 public:
     struct Named
     {
-        pugi::xml_node node;
+        XmlElement node;
         QString space;                  ///< target namespace of the document it stands in
         bool qualifiesElements = false; ///< of a schema
     };
@@ -67,12 +67,12 @@ public:
     /// `kind` is the local name of the WSDL or schema element that defines it.
     const Named* Find(const char* kind, const QualifiedName& name) const
     {
-        const auto found = index_.constFind(KeyOf(kind, name));
+        const auto found = index_.constFind({QLatin1String(kind), name});
         return found == index_.cend() ? nullptr : &*found;
     }
 
     /// All services in the order of the documents.
-    const QList<pugi::xml_node>& Services() const { return services_; }
+    const QList<XmlElement>& Services() const { return services_; }
 
 private:
     struct Wanted
@@ -81,10 +81,18 @@ private:
         QString includerSpace; ///< for a schema that has no namespace of its own
     };
 
-    static QString KeyOf(const char* kind, const QualifiedName& name)
+    struct Key
     {
-        return QString::fromLatin1(kind) + u'{' + name.Namespace + u'}' + name.Local;
-    }
+        QString kind;
+        QualifiedName name;
+
+        friend bool operator==(const Key&, const Key&) = default;
+        /// Without the namespace, which many share and which may be as long as the document.
+        friend std::size_t qHash(const Key& key, std::size_t seed)
+        {
+            return qHashMulti(seed, key.kind, key.name.Local);
+        }
+    };
 
     void Queue(const QUrl& url, const QString& includerSpace)
     {
@@ -99,25 +107,23 @@ private:
     void Load(const Wanted& wanted)
     {
         const FetchedDocument fetched = fetch_(wanted.url);
-        pugi::xml_document& document = documents_.emplace_back();
-        if (!ParseXml(fetched.Bytes, fetched.ContentType, document))
+        XmlDocument& document = documents_.emplace_back();
+        if (!document.Parse(fetched.Bytes, fetched.ContentType))
             throw UnreadableFault(QStringLiteral("XML 형식이 아닙니다."));
-        const pugi::xml_node root = document.document_element();
-        if (Is(root, ns::Wsdl, "definitions"))
+        const XmlElement root = document.Root();
+        if (root.Is(ns::Wsdl, "definitions"))
             TakeDefinitions(root, wanted.url);
-        else if (Is(root, ns::Schema, "schema"))
+        else if (root.Is(ns::Schema, "schema"))
             TakeSchema(root, wanted);
         else
             throw UnreadableFault(QStringLiteral("서비스 설명(WSDL)이 아닙니다."));
     }
 
-    void TakeDefinitions(const pugi::xml_node& definitions, const QUrl& url)
+    void TakeDefinitions(const XmlElement& definitions, const QUrl& url)
     {
-        const QString space = Attribute(definitions, "targetNamespace");
-        for (const pugi::xml_node& node : definitions.children()) {
-            if (node.type() != pugi::node_element)
-                continue;
-            const QualifiedName name = NameOf(node);
+        const QString space = definitions.Attribute("targetNamespace");
+        for (XmlElement node = definitions.First(); node; node = node.Next()) {
+            const QualifiedName name = node.Name();
             if (name.Namespace != QLatin1String(ns::Wsdl))
                 continue;
             if (name.Local == u"import")
@@ -131,23 +137,21 @@ private:
         }
     }
 
-    void TakeTypes(const pugi::xml_node& types, const QUrl& url)
+    void TakeTypes(const XmlElement& types, const QUrl& url)
     {
-        for (const pugi::xml_node& node : types.children())
-            if (Is(node, ns::Schema, "schema"))
+        for (XmlElement node = types.First(); node; node = node.Next())
+            if (node.Is(ns::Schema, "schema"))
                 TakeSchema(node, {url, {}});
     }
 
-    void TakeSchema(const pugi::xml_node& schema, const Wanted& wanted)
+    void TakeSchema(const XmlElement& schema, const Wanted& wanted)
     {
-        QString space = Attribute(schema, "targetNamespace");
+        QString space = schema.Attribute("targetNamespace");
         if (space.isEmpty())
             space = wanted.includerSpace;
-        const bool qualified = Attribute(schema, "elementFormDefault") == u"qualified";
-        for (const pugi::xml_node& node : schema.children()) {
-            if (node.type() != pugi::node_element)
-                continue;
-            const QualifiedName name = NameOf(node);
+        const bool qualified = schema.Attribute("elementFormDefault") == u"qualified";
+        for (XmlElement node = schema.First(); node; node = node.Next()) {
+            const QualifiedName name = node.Name();
             if (name.Namespace != QLatin1String(ns::Schema))
                 continue;
             if (name.Local == u"import")
@@ -159,53 +163,52 @@ private:
         }
     }
 
-    void Follow(const pugi::xml_node& import, const char* attribute, const QUrl& from, const QString& space)
+    void Follow(const XmlElement& import, const char* attribute, const QUrl& from, const QString& space)
     {
-        const QString location = Attribute(import, attribute);
+        const QString location = import.Attribute(attribute);
         if (!location.isEmpty())
             Queue(from.resolved(QUrl(location)).adjusted(QUrl::RemoveFragment), space);
     }
 
     void Enter(const QString& kind, const Named& named)
     {
-        const QString key = KeyOf(kind.toLatin1().constData(), {named.space, Attribute(named.node, "name")});
+        const Key key{kind, {named.space, named.node.Attribute("name")}};
         if (!index_.contains(key))
             index_.insert(key, named);
     }
 
     QUrl home_;
     const DocumentSource& fetch_;
-    std::deque<pugi::xml_document> documents_;
+    std::deque<XmlDocument> documents_;
     QList<Wanted> waiting_;
     QSet<QUrl> seen_;
-    QHash<QString, Named> index_;
-    QList<pugi::xml_node> services_;
+    QHash<Key, Named> index_;
+    QList<XmlElement> services_;
 };
 
 /// The operation elements of a port type or binding by their names; of several of one name the first.
-QHash<QString, pugi::xml_node> OperationsIn(const pugi::xml_node& parent)
+QHash<QString, XmlElement> OperationsIn(const XmlElement& parent)
 {
-    QHash<QString, pugi::xml_node> operations;
-    for (const pugi::xml_node& node : parent.children())
-        if (Is(node, ns::Wsdl, "operation") && !operations.contains(Attribute(node, "name")))
-            operations.insert(Attribute(node, "name"), node);
+    QHash<QString, XmlElement> operations;
+    for (XmlElement node = parent.First(); node; node = node.Next())
+        if (node.Is(ns::Wsdl, "operation") && !operations.contains(node.Attribute("name")))
+            operations.insert(node.Attribute("name"), node);
     return operations;
 }
 
 /// The message that an operation's input or output names.
-const Documents::Named* MessageOf(const Documents& documents, const pugi::xml_node& operation,
+const Documents::Named* MessageOf(const Documents& documents, const XmlElement& operation,
                                   const char* direction)
 {
-    const pugi::xml_node node = Child(operation, ns::Wsdl, direction);
-    return documents.Find("message", NameInText(node, node.attribute("message").value()));
+    const XmlElement node = operation.Child(ns::Wsdl, direction);
+    return documents.Find("message", node.NameIn("message"));
 }
 
-QList<pugi::xml_node> PartsOf(const pugi::xml_node& message)
+QList<XmlElement> PartsOf(const XmlElement& message)
 {
-    QList<pugi::xml_node> parts;
-    for (pugi::xml_node node = FirstElement(message); node && parts.size() <= MaxParts;
-         node = NextElement(node))
-        if (Is(node, ns::Wsdl, "part"))
+    QList<XmlElement> parts;
+    for (XmlElement node = message.First(); node && parts.size() <= MaxParts; node = node.Next())
+        if (node.Is(ns::Wsdl, "part"))
             parts.append(node);
     return parts;
 }
@@ -216,31 +219,31 @@ std::optional<QList<CallPart>> WithinBounds(const QList<CallPart>& parts)
     return parts.size() <= MaxParts ? std::optional(parts) : std::nullopt;
 }
 
-std::optional<QList<CallPart>> RpcParts(const pugi::xml_node& message)
+std::optional<QList<CallPart>> RpcParts(const XmlElement& message)
 {
     QList<CallPart> parts;
-    for (const pugi::xml_node& node : PartsOf(message)) {
-        if (!node.attribute("type") || !IsElementName(Attribute(node, "name")))
+    for (const XmlElement& node : PartsOf(message)) {
+        if (!node.Has("type") || !IsElementName(node.Attribute("name")))
             return std::nullopt;
-        const QualifiedName type = NameInText(node, node.attribute("type").value());
-        parts.append({Attribute(node, "name"), {}, type.Namespace, type.Local});
+        const QualifiedName type = node.NameIn("type");
+        parts.append({node.Attribute("name"), {}, type.Namespace, type.Local});
     }
     return WithinBounds(parts);
 }
 
 /// The one element of a wrapped sequence as an argument.
-std::optional<CallPart> WrappedPart(const pugi::xml_node& element, const Documents::Named& type)
+std::optional<CallPart> WrappedPart(const XmlElement& element, const Documents::Named& type)
 {
-    if (!Is(element, ns::Schema, "element"))
+    if (!element.Is(ns::Schema, "element"))
         return std::nullopt;
     CallPart part;
-    if (const pugi::xml_attribute ref = element.attribute("ref")) {
-        const QualifiedName name = NameInText(element, ref.value());
+    if (element.Has("ref")) {
+        const QualifiedName name = element.NameIn("ref");
         part.Name = name.Local;
         part.Namespace = name.Namespace;
     } else {
-        const QString form = Attribute(element, "form");
-        part.Name = Attribute(element, "name");
+        const QString form = element.Attribute("form");
+        part.Name = element.Attribute("name");
         if (form.isEmpty() ? type.qualifiesElements : form == u"qualified")
             part.Namespace = type.space;
     }
@@ -253,21 +256,20 @@ std::optional<CallPart> WrappedPart(const pugi::xml_node& element, const Documen
 std::optional<QList<CallPart>> WrappedParts(const Documents& documents, const Documents::Named& wrapper)
 {
     Documents::Named type = wrapper;
-    type.node = Child(wrapper.node, ns::Schema, "complexType");
+    type.node = wrapper.node.Child(ns::Schema, "complexType");
     if (!type.node) {
-        const Documents::Named* named =
-            documents.Find("complexType", NameInText(wrapper.node, wrapper.node.attribute("type").value()));
+        const Documents::Named* named = documents.Find("complexType", wrapper.node.NameIn("type"));
         if (named == nullptr)
             return std::nullopt;
         type = *named;
     }
     QList<CallPart> parts;
-    for (pugi::xml_node group = FirstElement(type.node); group; group = NextElement(group)) {
-        if (Is(group, ns::Schema, "annotation"))
+    for (XmlElement group = type.node.First(); group; group = group.Next()) {
+        if (group.Is(ns::Schema, "annotation"))
             continue;
-        if (!Is(group, ns::Schema, "sequence") && !Is(group, ns::Schema, "all"))
+        if (!group.Is(ns::Schema, "sequence") && !group.Is(ns::Schema, "all"))
             return std::nullopt;
-        for (pugi::xml_node element = FirstElement(group); element; element = NextElement(element)) {
+        for (XmlElement element = group.First(); element; element = element.Next()) {
             const std::optional<CallPart> part = WrappedPart(element, type);
             if (!part || parts.size() > MaxParts)
                 return std::nullopt;
@@ -279,12 +281,12 @@ std::optional<QList<CallPart>> WrappedParts(const Documents& documents, const Do
 
 /// Fills in what wraps the arguments of a document style call and the arguments. False for any form but one
 /// part that names an element.
-bool ShapeWrapped(const Documents& documents, const pugi::xml_node& message, CallShape& shape)
+bool ShapeWrapped(const Documents& documents, const XmlElement& message, CallShape& shape)
 {
-    const QList<pugi::xml_node> parts = PartsOf(message);
-    if (parts.size() != 1 || !parts.first().attribute("element"))
+    const QList<XmlElement> parts = PartsOf(message);
+    if (parts.size() != 1 || !parts.first().Has("element"))
         return false;
-    const QualifiedName name = NameInText(parts.first(), parts.first().attribute("element").value());
+    const QualifiedName name = parts.first().NameIn("element");
     const Documents::Named* wrapper = documents.Find("element", name);
     if (wrapper == nullptr)
         return false;
@@ -296,36 +298,36 @@ bool ShapeWrapped(const Documents& documents, const pugi::xml_node& message, Cal
     return arguments.has_value();
 }
 
-bool ShapeRpc(const Documents& documents, const pugi::xml_node& operation, const pugi::xml_node& message,
-              const pugi::xml_node& body, CallShape& shape)
+bool ShapeRpc(const Documents& documents, const XmlElement& operation, const XmlElement& message,
+              const XmlElement& body, CallShape& shape)
 {
     const std::optional<QList<CallPart>> arguments = RpcParts(message);
-    shape.Style = Attribute(body, "use") == u"encoded" ? CallStyle::RpcEncoded : CallStyle::RpcLiteral;
-    shape.Element = Attribute(operation, "name");
-    shape.Namespace = Attribute(body, "namespace");
-    shape.EncodingStyle = Attribute(body, "encodingStyle");
+    shape.Style = body.Attribute("use") == u"encoded" ? CallStyle::RpcEncoded : CallStyle::RpcLiteral;
+    shape.Element = operation.Attribute("name");
+    shape.Namespace = body.Attribute("namespace");
+    shape.EncodingStyle = body.Attribute("encodingStyle");
     shape.Parts = arguments.value_or(QList<CallPart>());
     if (const Documents::Named* answer = MessageOf(documents, operation, "output"))
-        shape.ResultName = Attribute(Child(answer->node, ns::Wsdl, "part"), "name");
+        shape.ResultName = answer->node.Child(ns::Wsdl, "part").Attribute("name");
     return arguments.has_value();
 }
 
 /// The shape of one operation; none when the client does not speak its form.
-std::optional<CallShape> ShapeOf(const Documents& documents, const pugi::xml_node& operation,
-                                 const pugi::xml_node& bound, const QString& bindingStyle)
+std::optional<CallShape> ShapeOf(const Documents& documents, const XmlElement& operation,
+                                 const XmlElement& bound, const QString& bindingStyle)
 {
-    const pugi::xml_node soap = Child(bound, ns::WsdlSoap, "operation");
-    const pugi::xml_node body = Child(Child(bound, ns::Wsdl, "input"), ns::WsdlSoap, "body");
+    const XmlElement soap = bound.Child(ns::WsdlSoap, "operation");
+    const XmlElement body = bound.Child(ns::Wsdl, "input").Child(ns::WsdlSoap, "body");
     const Documents::Named* message = MessageOf(documents, operation, "input");
     if (!body || message == nullptr)
         return std::nullopt;
 
     CallShape shape;
-    shape.Action = Attribute(soap, "soapAction");
-    const QString ownStyle = Attribute(soap, "style");
+    shape.Action = soap.Attribute("soapAction");
+    const QString ownStyle = soap.Attribute("style");
     const QString style = ownStyle.isEmpty() ? bindingStyle : ownStyle;
     const bool isShaped = style == u"rpc" ? ShapeRpc(documents, operation, message->node, body, shape)
-                                          : Attribute(body, "use") != u"encoded" &&
+                                          : body.Attribute("use") != u"encoded" &&
                                                 ShapeWrapped(documents, message->node, shape);
     if (!isShaped || !IsElementName(shape.Element) || !IsHeaderValue(shape.Action))
         return std::nullopt;
@@ -333,30 +335,29 @@ std::optional<CallShape> ShapeOf(const Documents& documents, const pugi::xml_nod
 }
 
 /// The binding of a port, when that port speaks SOAP 1.1 over HTTP.
-const Documents::Named* SoapBindingOf(const Documents& documents, const pugi::xml_node& port)
+const Documents::Named* SoapBindingOf(const Documents& documents, const XmlElement& port)
 {
-    const Documents::Named* binding =
-        documents.Find("binding", NameInText(port, port.attribute("binding").value()));
-    if (!Child(port, ns::WsdlSoap, "address") || binding == nullptr)
+    const Documents::Named* binding = documents.Find("binding", port.NameIn("binding"));
+    if (!port.Child(ns::WsdlSoap, "address") || binding == nullptr)
         return nullptr;
-    const pugi::xml_node soap = Child(binding->node, ns::WsdlSoap, "binding");
-    return soap && Attribute(soap, "transport") == QLatin1String(ns::SoapHttp) ? binding : nullptr;
+    const XmlElement soap = binding->node.Child(ns::WsdlSoap, "binding");
+    return soap && soap.Attribute("transport") == QLatin1String(ns::SoapHttp) ? binding : nullptr;
 }
 
 struct BoundPort
 {
-    pugi::xml_node port;
-    pugi::xml_node binding;
+    XmlElement port;
+    XmlElement binding;
 };
 
 BoundPort ChoosePort(const Documents& documents, const QString& serviceName, const QString& portName)
 {
-    const auto isWanted = [](const pugi::xml_node& node, const char* kind, const QString& name) {
-        return Is(node, ns::Wsdl, kind) && (name.isEmpty() || Attribute(node, "name") == name);
+    const auto isWanted = [](const XmlElement& node, const char* kind, const QString& name) {
+        return node.Is(ns::Wsdl, kind) && (name.isEmpty() || node.Attribute("name") == name);
     };
-    for (const pugi::xml_node& service : documents.Services())
+    for (const XmlElement& service : documents.Services())
         if (isWanted(service, "service", serviceName))
-            for (const pugi::xml_node& port : service.children())
+            for (XmlElement port = service.First(); port; port = port.Next())
                 if (isWanted(port, "port", portName))
                     if (const Documents::Named* binding = SoapBindingOf(documents, port))
                         return {port, binding->node};
@@ -372,20 +373,21 @@ ServiceDescription ReadServiceDescription(const QUrl& url, const QString& servic
         throw UnreadableFault(QStringLiteral("주소가 올바르지 않습니다."));
     const Documents documents(url, fetch);
     const BoundPort bound = ChoosePort(documents, service, port);
-    const Documents::Named* portType =
-        documents.Find("portType", NameInText(bound.binding, bound.binding.attribute("type").value()));
+    const Documents::Named* portType = documents.Find("portType", bound.binding.NameIn("type"));
     if (portType == nullptr)
         throw UnreadableFault(QStringLiteral("설명에 빠진 부분이 있습니다."));
 
     ServiceDescription description;
     description.Endpoint =
-        url.resolved(QUrl(Attribute(Child(bound.port, ns::WsdlSoap, "address"), "location")));
+        url.resolved(QUrl(bound.port.Child(ns::WsdlSoap, "address").Attribute("location")));
     if (!IsWebAddress(description.Endpoint))
         throw UnreadableFault(QStringLiteral("서비스의 주소가 올바르지 않습니다."));
 
-    const QString style = Attribute(Child(bound.binding, ns::WsdlSoap, "binding"), "style");
-    const QHash<QString, pugi::xml_node> operations = OperationsIn(portType->node);
-    const QHash<QString, pugi::xml_node> bindings = OperationsIn(bound.binding);
+    const QString style = bound.binding.Child(ns::WsdlSoap, "binding").Attribute("style");
+    const QHash<QString, XmlElement> operations = OperationsIn(portType->node);
+    if (operations.size() > MaxOperations)
+        throw UnreadableFault(QStringLiteral("서비스의 기능이 너무 많습니다."));
+    const QHash<QString, XmlElement> bindings = OperationsIn(bound.binding);
     for (auto operation = operations.cbegin(); operation != operations.cend(); ++operation)
         if (const auto shape = ShapeOf(documents, operation.value(), bindings.value(operation.key()), style))
             description.Operations.insert(operation.key(), *shape);

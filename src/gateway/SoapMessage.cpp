@@ -75,73 +75,56 @@ QString WithoutPrefix(const QString& name)
     return name.sliced(name.indexOf(u':') + 1);
 }
 
-/// The text of an element and of all below it. Walks without recursion: the depth is the sender's choice.
-QString AllText(const pugi::xml_node& element)
-{
-    struct Walker : pugi::xml_tree_walker
-    {
-        QString text;
-        bool for_each(pugi::xml_node& node) override
-        {
-            if (node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata)
-                text += QString::fromUtf8(node.value());
-            return text.size() < 2000;
-        }
-    } walker;
-    pugi::xml_node(element).traverse(walker);
-    return walker.text.trimmed();
-}
-
-SoapFault FaultIn(const pugi::xml_node& fault)
+SoapFault FaultIn(const XmlElement& fault)
 {
     QString code = QStringLiteral("Server"); // of a fault that does not say
     QString string;
     QString detail;
-    for (pugi::xml_node node = FirstElement(fault); node; node = NextElement(node)) {
-        const QString local = NameOf(node).Local;
-        if (local == u"faultcode" && !AllText(node).isEmpty())
-            code = WithoutPrefix(AllText(node));
+    for (XmlElement node = fault.First(); node; node = node.Next()) {
+        const QString local = node.Name().Local;
+        if (local == u"faultcode" && !node.WholeText().isEmpty())
+            code = WithoutPrefix(node.WholeText());
         else if (local == u"faultstring")
-            string = AllText(node);
+            string = node.WholeText();
         else if (local == u"detail")
-            detail = AllText(node);
+            detail = node.WholeText();
     }
     return SoapFault(code, string, detail);
 }
 
 /// The first element of the body: the answer. A fault there is raised.
-pugi::xml_node AnswerElement(const pugi::xml_document& document)
+XmlElement AnswerElement(const XmlDocument& document)
 {
-    const pugi::xml_node envelope = document.document_element();
-    if (!Is(envelope, ns::SoapEnvelope, "Envelope"))
+    const XmlElement envelope = document.Root();
+    if (!envelope.Is(ns::SoapEnvelope, "Envelope"))
         throw AnswerFault(QStringLiteral("SOAP 1.1 응답이 아닙니다."));
-    const pugi::xml_node answer = FirstElement(Child(envelope, ns::SoapEnvelope, "Body"));
+    const XmlElement answer = envelope.Child(ns::SoapEnvelope, "Body").First();
     if (!answer)
         throw AnswerFault(QStringLiteral("내용이 없는 응답입니다."));
-    if (Is(answer, ns::SoapEnvelope, "Fault"))
+    if (answer.Is(ns::SoapEnvelope, "Fault"))
         throw FaultIn(answer);
     return answer;
 }
 
 /// The element that holds the result: the one that bears the result's name, else the first.
-pugi::xml_node ResultElement(const pugi::xml_node& answer, const QString& name)
+XmlElement ResultElement(const XmlElement& answer, const QString& name)
 {
-    const pugi::xml_node first = FirstElement(answer);
-    for (pugi::xml_node node = first; node && !name.isEmpty(); node = NextElement(node))
-        if (NameOf(node).Local == name)
+    const XmlElement first = answer.First();
+    for (XmlElement node = first; node && !name.isEmpty(); node = node.Next())
+        if (node.Name().Local == name)
             return node;
     return first;
 }
 
 /// An encoded value may stand apart, beside the answer, under an id.
-pugi::xml_node Dereferenced(const pugi::xml_node& result)
+XmlElement Dereferenced(const XmlElement& result)
 {
-    const QString reference = Attribute(result, "href");
+    const QString reference = result.Attribute("href");
     if (!reference.startsWith(u'#'))
         return result;
-    const pugi::xml_node body = result.parent().parent();
-    for (pugi::xml_node node = FirstElement(body); node; node = NextElement(node))
-        if (Attribute(node, "id") == QStringView(reference).sliced(1))
+    const XmlElement body = result.Parent().Parent();
+    for (XmlElement node = body.First(); node; node = node.Next())
+        if (node.Attribute("id") == QStringView(reference).sliced(1))
             return node;
     throw AnswerFault(QStringLiteral("응답에 빠진 부분이 있습니다."));
 }
@@ -171,13 +154,13 @@ QByteArray CallEnvelope::With(const QStringList& arguments) const
 
 QString ReadAnswer(const CallShape& shape, const QByteArray& envelope, const QByteArray& contentType)
 {
-    pugi::xml_document document;
-    if (!ParseXml(envelope, contentType, document))
+    XmlDocument document;
+    if (!document.Parse(envelope, contentType))
         throw AnswerFault(QStringLiteral("XML 형식이 아닙니다."));
-    const pugi::xml_node result = ResultElement(AnswerElement(document), shape.ResultName);
+    const XmlElement result = ResultElement(AnswerElement(document), shape.ResultName);
     if (!result)
         throw AnswerFault(QStringLiteral("결과가 없는 응답입니다."));
-    return TextOf(Dereferenced(result));
+    return Dereferenced(result).Text();
 }
 
 } // namespace tsms

@@ -2,11 +2,13 @@
 
 #include "runtime/CodePage949.h"
 
+#include <QByteArrayView>
+#include <QHash>
 #include <QRegularExpression>
 
 #include <algorithm>
 #include <cstring>
-#include <string_view>
+#include <optional>
 
 namespace tsms {
 
@@ -38,16 +40,34 @@ bool IsKorean(const QString& encoding)
     return names.contains(encoding);
 }
 
-/// The address bound to a prefix at an element; the default namespace for an empty prefix.
-QString NamespaceFor(pugi::xml_node element, std::string_view prefix)
+/// The prefix that an attribute binds, which is empty for the default namespace; nothing for another
+/// attribute.
+std::optional<std::string_view> BoundPrefix(std::string_view attribute)
 {
-    for (; element.type() == pugi::node_element; element = element.parent())
-        for (const pugi::xml_attribute& attribute : element.attributes()) {
-            const std::string_view name = attribute.name();
-            if (prefix.empty() ? name == "xmlns" : name.starts_with("xmlns:") && name.substr(6) == prefix)
-                return QString::fromUtf8(attribute.value());
-        }
-    return {};
+    if (attribute == "xmlns")
+        return std::string_view();
+    return attribute.starts_with("xmlns:") ? std::optional(attribute.substr(6)) : std::nullopt;
+}
+
+struct SplitName
+{
+    std::string_view prefix;
+    std::string_view local;
+};
+
+SplitName Split(std::string_view name)
+{
+    const std::size_t colon = name.find(':');
+    if (colon == std::string_view::npos)
+        return {{}, name};
+    return {name.substr(0, colon), name.substr(colon + 1)};
+}
+
+pugi::xml_node ElementFrom(pugi::xml_node node)
+{
+    while (node && node.type() != pugi::node_element)
+        node = node.next_sibling();
+    return node;
 }
 
 bool HasDocumentType(const pugi::xml_document& document)
@@ -71,7 +91,7 @@ bool IsXmlCharacter(QStringView text, qsizetype i)
 
 } // namespace
 
-bool ParseXml(const QByteArray& bytes, const QByteArray& contentType, pugi::xml_document& into)
+bool XmlDocument::Parse(const QByteArray& bytes, const QByteArray& contentType)
 {
     constexpr unsigned int options = pugi::parse_default | pugi::parse_ws_pcdata | pugi::parse_doctype;
     QString encoding = DeclaredEncoding(bytes);
@@ -80,66 +100,132 @@ bool ParseXml(const QByteArray& bytes, const QByteArray& contentType, pugi::xml_
     pugi::xml_parse_result result;
     if (IsKorean(encoding)) {
         const QByteArray text = FromCodePage949(bytes).toUtf8();
-        result = into.load_buffer(text.constData(), static_cast<std::size_t>(text.size()), options,
-                                  pugi::encoding_utf8);
+        result = document_.load_buffer(text.constData(), static_cast<std::size_t>(text.size()), options,
+                                       pugi::encoding_utf8);
     } else {
         // The parser knows the Unicode encodings by their first bytes and reads Latin-1 where it is declared.
-        result = into.load_buffer(bytes.constData(), static_cast<std::size_t>(bytes.size()), options);
+        result = document_.load_buffer(bytes.constData(), static_cast<std::size_t>(bytes.size()), options);
     }
-    return result && !HasDocumentType(into);
+    IndexNamespaces();
+    return result && !HasDocumentType(document_);
 }
 
-QualifiedName NameInText(const pugi::xml_node& element, const char* text)
+void XmlDocument::IndexNamespaces()
 {
-    const std::string_view name = text;
-    const std::size_t colon = name.find(':');
-    const bool hasPrefix = colon != std::string_view::npos;
-    const std::string_view local = hasPrefix ? name.substr(colon + 1) : name;
-    return {NamespaceFor(element, hasPrefix ? name.substr(0, colon) : std::string_view()),
+    struct Walker : pugi::xml_tree_walker
+    {
+        std::unordered_map<Declaration, QString, DeclarationHash>& namespaces;
+        explicit Walker(std::unordered_map<Declaration, QString, DeclarationHash>& into) : namespaces(into) {}
+        bool for_each(pugi::xml_node& node) override
+        {
+            for (const pugi::xml_attribute& attribute : node.attributes())
+                if (const auto prefix = BoundPrefix(attribute.name()))
+                    namespaces.try_emplace({node.hash_value(), *prefix},
+                                           QString::fromUtf8(attribute.value()));
+            return true;
+        }
+    } walker(namespaces_);
+    namespaces_.clear();
+    document_.traverse(walker);
+}
+
+QString XmlDocument::NamespaceAt(pugi::xml_node element, std::string_view prefix) const
+{
+    for (; element.type() == pugi::node_element; element = element.parent()) {
+        const auto found = namespaces_.find({element.hash_value(), prefix});
+        if (found != namespaces_.end())
+            return found->second;
+    }
+    return {};
+}
+
+std::size_t XmlDocument::DeclarationHash::operator()(const Declaration& declaration) const noexcept
+{
+    const QByteArrayView prefix(declaration.second.data(), static_cast<qsizetype>(declaration.second.size()));
+    return qHash(prefix, declaration.first ^ QHashSeed::globalSeed());
+}
+
+QualifiedName XmlElement::Resolved(const char* text) const
+{
+    if (document_ == nullptr)
+        return {};
+    const auto [prefix, local] = Split(text);
+    return {document_->NamespaceAt(node_, prefix),
             QString::fromUtf8(local.data(), static_cast<qsizetype>(local.size()))};
 }
 
-QualifiedName NameOf(const pugi::xml_node& element)
+QualifiedName XmlElement::Name() const
 {
-    return NameInText(element, element.name());
+    return Resolved(node_.name());
 }
 
-bool Is(const pugi::xml_node& node, const char* space, const char* local)
+QualifiedName XmlElement::NameIn(const char* attribute) const
 {
-    return node.type() == pugi::node_element &&
-           NameOf(node) == QualifiedName{QString::fromLatin1(space), QString::fromLatin1(local)};
+    return Resolved(node_.attribute(attribute).value());
 }
 
-pugi::xml_node Child(const pugi::xml_node& parent, const char* space, const char* local)
+bool XmlElement::Is(const char* space, const char* local) const
 {
-    return parent.find_child([&](const pugi::xml_node& child) { return Is(child, space, local); });
+    const SplitName name = Split(node_.name());
+    return name.local == local && document_->NamespaceAt(node_, name.prefix) == QLatin1String(space);
 }
 
-pugi::xml_node FirstElement(const pugi::xml_node& parent)
+QString XmlElement::Attribute(const char* name) const
 {
-    return parent.find_child([](const pugi::xml_node& child) { return child.type() == pugi::node_element; });
+    return QString::fromUtf8(node_.attribute(name).value());
 }
 
-pugi::xml_node NextElement(const pugi::xml_node& sibling)
+bool XmlElement::Has(const char* attribute) const
 {
-    pugi::xml_node next = sibling.next_sibling();
-    while (next && next.type() != pugi::node_element)
-        next = next.next_sibling();
-    return next;
+    return !node_.attribute(attribute).empty();
 }
 
-QString TextOf(const pugi::xml_node& element)
+XmlElement XmlElement::Parent() const
+{
+    return Element(node_.parent());
+}
+
+XmlElement XmlElement::First() const
+{
+    return Element(ElementFrom(node_.first_child()));
+}
+
+XmlElement XmlElement::Next() const
+{
+    return Element(ElementFrom(node_.next_sibling()));
+}
+
+XmlElement XmlElement::Child(const char* space, const char* local) const
+{
+    XmlElement child = First();
+    while (child && !child.Is(space, local))
+        child = child.Next();
+    return child;
+}
+
+QString XmlElement::Text() const
 {
     QString text;
-    for (const pugi::xml_node& child : element.children())
+    for (const pugi::xml_node& child : node_.children())
         if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
             text += QString::fromUtf8(child.value());
     return text;
 }
 
-QString Attribute(const pugi::xml_node& element, const char* name)
+QString XmlElement::WholeText() const
 {
-    return QString::fromUtf8(element.attribute(name).value());
+    struct Walker : pugi::xml_tree_walker // without recursion: the depth is the sender's choice
+    {
+        QString text;
+        bool for_each(pugi::xml_node& node) override
+        {
+            if (node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata)
+                text += QString::fromUtf8(node.value());
+            return text.size() < 2000;
+        }
+    } walker;
+    pugi::xml_node(node_).traverse(walker);
+    return walker.text.trimmed();
 }
 
 QByteArray EscapeXml(QStringView text)

@@ -5,6 +5,11 @@
 
 #include <pugixml.hpp>
 
+#include <cstddef>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
 namespace tsms {
 
 /// Namespaces, by their addresses. No prefix means anything here.
@@ -27,31 +32,79 @@ struct QualifiedName
     friend bool operator==(const QualifiedName&, const QualifiedName&) = default;
 };
 
-/// Parses XML in the encoding that it declares, else in the charset of `contentType`, else UTF-8. Fetches
-/// nothing and knows no entities but XML's own. False when it is no XML document, or one with a document
-/// type declaration.
-bool ParseXml(const QByteArray& bytes, const QByteArray& contentType, pugi::xml_document& into);
+class XmlDocument;
 
-/// The name of an element.
-QualifiedName NameOf(const pugi::xml_node& element);
+/// An element of a document, or none: then it has no name, no text and no child. Valid as long as its
+/// document is.
+class XmlElement
+{
+public:
+    XmlElement() = default;
+    explicit operator bool() const { return !node_.empty(); }
 
-/// The name that a text such as an attribute's value stands for at `element`.
-QualifiedName NameInText(const pugi::xml_node& element, const char* text);
+    QualifiedName Name() const;
+    bool Is(const char* space, const char* local) const;
 
-bool Is(const pugi::xml_node& node, const char* space, const char* local);
+    /// The name that an attribute's value stands for here.
+    QualifiedName NameIn(const char* attribute) const;
 
-/// The first child element of that name; null when there is none.
-pugi::xml_node Child(const pugi::xml_node& parent, const char* space, const char* local);
+    /// An attribute without a prefix; empty when there is none.
+    QString Attribute(const char* name) const;
+    bool Has(const char* attribute) const;
 
-/// The first child element of any name, or the next such sibling; null when there is none.
-pugi::xml_node FirstElement(const pugi::xml_node& parent);
-pugi::xml_node NextElement(const pugi::xml_node& sibling);
+    XmlElement Parent() const;
+    XmlElement First() const; ///< child of any name
+    XmlElement Next() const;  ///< sibling of any name
 
-/// All text directly in an element.
-QString TextOf(const pugi::xml_node& element);
+    /// The first child of that name.
+    XmlElement Child(const char* space, const char* local) const;
 
-/// An attribute without a prefix; empty when there is none.
-QString Attribute(const pugi::xml_node& element, const char* name);
+    /// All text directly in it.
+    QString Text() const;
+
+    /// The text in it and in all below it, without blanks around; of a text of more than 2,000 characters
+    /// only the beginning.
+    QString WholeText() const;
+
+private:
+    friend class XmlDocument;
+    XmlElement(const XmlDocument* document, pugi::xml_node node) : document_(document), node_(node) {}
+    XmlElement Element(pugi::xml_node node) const { return {document_, node}; }
+    QualifiedName Resolved(const char* text) const;
+
+    const XmlDocument* document_ = nullptr;
+    pugi::xml_node node_;
+};
+
+/// A parsed document. A namespace is found in the same time however many are declared.
+class XmlDocument
+{
+public:
+    XmlDocument() = default;
+    XmlDocument(const XmlDocument&) = delete;
+    XmlDocument& operator=(const XmlDocument&) = delete;
+
+    /// Parses XML in the encoding that it declares, else in the charset of `contentType`, else UTF-8. Fetches
+    /// nothing and knows no entities but XML's own. False when it is no XML document, or one with a document
+    /// type declaration.
+    bool Parse(const QByteArray& bytes, const QByteArray& contentType);
+
+    XmlElement Root() const { return {this, document_.document_element()}; }
+
+private:
+    friend class XmlElement;
+    using Declaration = std::pair<std::size_t, std::string_view>; ///< the element where it stands, its prefix
+    struct DeclarationHash
+    {
+        std::size_t operator()(const Declaration& declaration) const noexcept;
+    };
+
+    void IndexNamespaces();
+    QString NamespaceAt(pugi::xml_node element, std::string_view prefix) const;
+
+    pugi::xml_document document_;
+    std::unordered_map<Declaration, QString, DeclarationHash> namespaces_;
+};
 
 /// Text as content or attribute value of an XML document in UTF-8. What XML 1.0 cannot hold becomes a
 /// blank; a carriage return survives.

@@ -11,17 +11,14 @@ namespace {
 
 bool Parses(const QByteArray& bytes)
 {
-    pugi::xml_document document;
-    return ParseXml(bytes, {}, document);
+    return XmlDocument().Parse(bytes, {});
 }
 
 /// The text of the root element, or "(no XML)".
 QString RootText(const QByteArray& bytes, const QByteArray& contentType = {})
 {
-    pugi::xml_document document;
-    if (!ParseXml(bytes, contentType, document))
-        return u"(no XML)"_q;
-    return TextOf(document.document_element());
+    XmlDocument document;
+    return document.Parse(bytes, contentType) ? document.Root().Text() : u"(no XML)"_q;
 }
 
 } // namespace
@@ -49,7 +46,7 @@ TEST(EscapeXml, ALoneSurrogateBecomesABlankAndAPairStays)
     EXPECT_EQ(QString::fromUtf8(EscapeXml(u"😀")), u"😀"_q);
 }
 
-TEST(ParseXml, ADeclaredKoreanEncodingIsHonoured)
+TEST(XmlDocument, ADeclaredKoreanEncodingIsHonoured)
 {
     for (const char* name : {"EUC-KR", "euc-kr", "CP949", "ks_c_5601-1987", "ms949"}) {
         const QByteArray head = QByteArray("<?xml version='1.0' encoding='") + name + "'?>";
@@ -57,32 +54,32 @@ TEST(ParseXml, ADeclaredKoreanEncodingIsHonoured)
     }
 }
 
-TEST(ParseXml, TheCharsetOfTheContentTypeServesWhereNothingIsDeclared)
+TEST(XmlDocument, TheCharsetOfTheContentTypeServesWhereNothingIsDeclared)
 {
     const QByteArray bytes = "<a>" + ToCodePage949(u"가나다") + "</a>";
     EXPECT_EQ(RootText(bytes, "text/xml; charset=EUC-KR"), u"가나다"_q);
 }
 
-TEST(ParseXml, TheDeclarationPrecedesTheContentType)
+TEST(XmlDocument, TheDeclarationPrecedesTheContentType)
 {
     EXPECT_EQ(RootText("<?xml version=\"1.0\" encoding=\"UTF-8\"?><a>가</a>", "text/xml; charset=euc-kr"),
               u"가"_q);
 }
 
-TEST(ParseXml, Utf8IsTheDefault)
+TEST(XmlDocument, Utf8IsTheDefault)
 {
     EXPECT_EQ(RootText("<a>가나다</a>"), u"가나다"_q);
     EXPECT_EQ(RootText("\xEF\xBB\xBF<a>가나다</a>"), u"가나다"_q);
 }
 
-TEST(ParseXml, Utf16IsRead)
+TEST(XmlDocument, Utf16IsRead)
 {
     const QString text = u"\uFEFF<?xml version=\"1.0\" encoding=\"UTF-16\"?><a>가나다</a>"_q;
     EXPECT_EQ(RootText(QByteArray(reinterpret_cast<const char*>(text.utf16()), text.size() * 2)),
               u"가나다"_q);
 }
 
-TEST(ParseXml, PlainTextIsNoXml)
+TEST(XmlDocument, PlainTextIsNoXml)
 {
     EXPECT_FALSE(Parses("return_value:true"));
     EXPECT_FALSE(Parses(""));
@@ -90,38 +87,38 @@ TEST(ParseXml, PlainTextIsNoXml)
     EXPECT_FALSE(Parses("<a>"));
 }
 
-TEST(ParseXml, ADocumentTypeIsRefused)
+TEST(XmlDocument, ADocumentTypeIsRefused)
 {
     EXPECT_FALSE(Parses("<!DOCTYPE a [<!ENTITY x SYSTEM \"file:///etc/passwd\">]><a>&x;</a>"));
     EXPECT_FALSE(Parses("<!DOCTYPE a SYSTEM \"http://127.0.0.1:1/a.dtd\"><a/>"));
 }
 
-TEST(ParseXml, AnUnknownEntityIsNotReplaced)
+TEST(XmlDocument, AnUnknownEntityIsNotReplaced)
 {
     EXPECT_EQ(RootText("<a>&x;</a>"), u"&x;"_q);
 }
 
-TEST(TextOf, JoinsTextAndCharacterData)
+TEST(XmlElement, TextJoinsTextAndCharacterData)
 {
     EXPECT_EQ(RootText("<a>x &amp; <![CDATA[<y>]]> <!-- no --> z</a>"), u"x & <y>  z"_q);
 }
 
-TEST(NameOf, APrefixMeansWhatIsNearest)
+TEST(XmlElement, APrefixMeansWhatIsNearest)
 {
-    pugi::xml_document document;
-    ASSERT_TRUE(ParseXml("<p:a xmlns:p='one' xmlns='two'><b><p:c xmlns:p='three'/></b></p:a>", {}, document));
-    const pugi::xml_node a = document.document_element();
-    const pugi::xml_node b = FirstElement(a);
-    EXPECT_EQ(NameOf(a), (QualifiedName{u"one"_q, u"a"_q}));
-    EXPECT_EQ(NameOf(b), (QualifiedName{u"two"_q, u"b"_q}));
-    EXPECT_EQ(NameOf(FirstElement(b)), (QualifiedName{u"three"_q, u"c"_q}));
+    XmlDocument document;
+    ASSERT_TRUE(document.Parse("<p:a xmlns:p='one' xmlns='two'><b><p:c xmlns:p='three'/></b></p:a>", {}));
+    const XmlElement a = document.Root();
+    const XmlElement b = a.First();
+    EXPECT_EQ(a.Name(), (QualifiedName{u"one"_q, u"a"_q}));
+    EXPECT_EQ(b.Name(), (QualifiedName{u"two"_q, u"b"_q}));
+    EXPECT_EQ(b.First().Name(), (QualifiedName{u"three"_q, u"c"_q}));
 }
 
-TEST(NameOf, AnUnboundPrefixHasNoNamespace)
+TEST(XmlElement, AnUnboundPrefixHasNoNamespace)
 {
-    pugi::xml_document document;
-    ASSERT_TRUE(ParseXml("<p:a/>", {}, document));
-    EXPECT_EQ(NameOf(document.document_element()), (QualifiedName{QString(), u"a"_q}));
+    XmlDocument document;
+    ASSERT_TRUE(document.Parse("<p:a/>", {}));
+    EXPECT_EQ(document.Root().Name(), (QualifiedName{QString(), u"a"_q}));
 }
 
 } // namespace tsms::test
