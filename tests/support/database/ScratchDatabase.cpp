@@ -47,8 +47,6 @@ std::unique_ptr<Connection> ConnectTo(const Session& session)
     return connection;
 }
 
-void DropIdleDatabases();
-
 /// Those that no test has at the moment.
 std::vector<std::unique_ptr<ScratchDatabase>>& IdleDatabases()
 {
@@ -57,11 +55,6 @@ std::vector<std::unique_ptr<ScratchDatabase>>& IdleDatabases()
         return std::vector<std::unique_ptr<ScratchDatabase>>();
     }();
     return databases;
-}
-
-void DropIdleDatabases()
-{
-    IdleDatabases().clear();
 }
 
 std::unique_ptr<ScratchDatabase> TakeIdle(YearRange years)
@@ -160,6 +153,11 @@ void GiveBack(std::unique_ptr<ScratchDatabase> database)
     IdleDatabases().push_back(std::move(database));
 }
 
+void DropIdleDatabases()
+{
+    IdleDatabases().clear();
+}
+
 QString LiveServer()
 {
     return qEnvironmentVariable("TSMS_TEST_SERVER");
@@ -167,18 +165,15 @@ QString LiveServer()
 
 QString LiveServerVersion()
 {
-    static const QString version = [] {
-        const std::unique_ptr<Recordset> told =
-            ConnectTo(SessionOf(LiveServer()))->Query(QStringLiteral("SELECT @@VERSION, @@LANGUAGE"));
-        return told->Field(0).section(u'\n', 0, 0) + QStringLiteral(", ") + told->Field(1);
-    }();
-    return version;
+    const std::unique_ptr<Recordset> told =
+        ConnectTo(SessionOf(LiveServer()))->Query(QStringLiteral("SELECT @@VERSION, @@LANGUAGE"));
+    return told->Field(0).section(u'\n', 0, 0).trimmed() + QStringLiteral(", ") + told->Field(1);
 }
 
-bool LiveServerSpeaksAsSqlServer()
+bool SpeaksAsSqlServer(const QString& version)
 {
-    return LiveServerVersion().startsWith(QStringLiteral("Microsoft SQL Server")) &&
-           LiveServerVersion().endsWith(QStringLiteral(", us_english"));
+    return version.startsWith(QStringLiteral("Microsoft SQL Server")) &&
+           version.endsWith(QStringLiteral(", us_english"));
 }
 
 } // namespace tsms::test

@@ -50,12 +50,14 @@ private:
 /// server seconds, so a test gets what another has given back; the program's end drops them all.
 std::unique_ptr<ScratchDatabase> BorrowScratchDatabase(YearRange years);
 void GiveBack(std::unique_ptr<ScratchDatabase> database);
+void DropIdleDatabases(); ///< those that have been given back
 
 /// The launch fields that the environment variable TSMS_TEST_SERVER names; empty without one.
 QString LiveServer();
 
 /// What that server says it is: "Microsoft SQL Server …, us_english".
 QString LiveServerVersion();
-bool LiveServerSpeaksAsSqlServer(); ///< and in English
+/// True of such a version: its words are those of Microsoft SQL Server, in English.
+bool SpeaksAsSqlServer(const QString& version);
 
 } // namespace tsms::test
