@@ -1,5 +1,6 @@
 # Sourced by ./run, ./test, ./check and .ci/run: which Debian packages each of them needs, and how to get them.
 # shellcheck shell=bash
+source scripts/progress.sh
 
 build_packages=(
   g++ cmake ninja-build ccache pkg-config
@@ -16,10 +17,9 @@ packaging_packages=(dpkg-dev file mmdebstrap lintian desktop-file-utils)
 
 # ensure_packages NAME...: installs what is missing of them, through apt, with sudo unless root.
 ensure_packages() {
-  local name missing=()
-  for name in "$@"; do
-    dpkg-query -W -f='${db:Status-Status}' "$name" 2>/dev/null | grep -qx installed || missing+=("$name")
-  done
+  local missing=()
+  mapfile -t missing < <(printf '%s\n' "$@" | sort -u | grep -vxFf <(
+    dpkg-query -W -f='${binary:Package} ${db:Status-Status}\n' 2>/dev/null | sed -n 's/\(:[^ ]*\)\? installed$//p') || true)
   [ ${#missing[@]} -eq 0 ] && return 0
   if ! command -v apt-get >/dev/null; then
     echo "These packages are missing, and apt is not there to install them: ${missing[*]}" >&2
@@ -33,21 +33,23 @@ ensure_packages() {
     }
     as_root=(sudo "${as_root[@]}")
   fi
-  echo "Installing: ${missing[*]}"
-  "${as_root[@]}" apt-get update -qq
-  "${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+  echo "Missing packages: ${missing[*]}"
+  follow "package lists" "${as_root[@]}" apt-get update -qq || return 1
+  follow "packages" "${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}"
 }
 
 # configure_and_build PRESET [TARGET...]: with ccache where it is there; in CI warnings are errors.
 configure_and_build() {
-  local preset=$1
+  local preset=$1 targets=()
   shift
   # A newer compiler's new warning must not stop a user, only the change that brings it.
   local options=(-DCMAKE_COMPILE_WARNING_AS_ERROR="${CI:+ON}")
   command -v ccache >/dev/null && options+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
   export CCACHE_SLOPPINESS=pch_defines,time_macros
-  cmake --preset "$preset" "${options[@]}" >/dev/null || return 1
-  local targets=()
+  # A tree that stands configures itself anew when something has changed.
+  if [ -n "${CI:-}" ] || [ CMakePresets.json -nt "build/$preset/build.ninja" ]; then
+    follow "configuration" cmake --preset "$preset" "${options[@]}" || return 1
+  fi
   [ $# -gt 0 ] && targets=(--target "$@")
-  cmake --build --preset "$preset" "${targets[@]}"
+  follow "build" cmake --build --preset "$preset" "${targets[@]}"
 }

@@ -1,6 +1,7 @@
 #include "bench/export/Cells.h"
 
 #include <QDateTime>
+#include <QTimeZone>
 
 namespace tsms::bench {
 
@@ -16,7 +17,7 @@ QString Name(int row)
 
 QStringList Row(int row)
 {
-    const QDateTime sent = QDateTime(QDate(2024, 2, 29), QTime(9, 0), Qt::UTC).addSecs(row * 3);
+    const QDateTime sent = QDateTime(QDate(2024, 2, 29), QTime(9, 0), QTimeZone::utc()).addSecs(row * 3);
     const bool failed = row % 40 == 0;
     return {
         QString::number(row),

@@ -597,7 +597,7 @@ const QList<Operation>& Operations()
     return operations;
 }
 
-const Operation& Named(const std::string& name)
+const Operation& Named(std::string_view name)
 {
     return *std::find_if(Operations().begin(), Operations().end(),
                          [&](const Operation& operation) { return operation.name == name; });

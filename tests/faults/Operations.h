@@ -2,6 +2,8 @@
 
 #include "faults/Scene.h"
 
+#include <string_view>
+
 namespace tsms::test {
 
 /// An operation of the program, as a person does it on the forms. Each can be done twice in one scene, in
@@ -43,6 +45,6 @@ void PrintTo(const Operation& operation, std::ostream* out);
 const QList<Operation>& Operations();
 
 /// The operation of that name, which there is.
-const Operation& Named(const std::string& name);
+const Operation& Named(std::string_view name);
 
 } // namespace tsms::test

@@ -204,7 +204,6 @@ TEST(QtDesktop, WithoutAnActiveWindowABoxStandsBeforeTheFormThatWasLoadedLastAnd
     main.show();
     onView.show();
     QApplication::processEvents();
-    QApplication::setActiveWindow(nullptr);
     ASSERT_EQ(QApplication::activeWindow(), nullptr);
     const QWidget* owner = nullptr;
     Meanwhile<QMessageBox>([&](QMessageBox& box) {
