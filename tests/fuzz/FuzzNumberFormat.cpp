@@ -12,8 +12,9 @@ using namespace tsms::test;
 namespace {
 
 constexpr qsizetype CodeAt = sizeof(double) + 1;
-constexpr qsizetype MostShown =
-    4000; // a code of 255 characters and a number of 309 digits with its separators
+// Each of the 255 signs of a code shows at most the number in its general form, and one of them all its
+// digits.
+constexpr qsizetype MostShown = 255 * 24 + 500;
 
 void ShowNumber(const QByteArray& bytes)
 {
