@@ -12,7 +12,6 @@ namespace tsms {
 
 namespace {
 
-constexpr int KoreanCodePage = 949;
 constexpr char16_t NoCharacter = 0xFFFF;
 
 /// The characters of a code page. The platform is asked for each of them once and alone, so that it does not

@@ -5,6 +5,8 @@
 
 namespace tsms {
 
+inline constexpr int KoreanCodePage = 949;
+
 /// Whether FromCodePage knows the code page, by its number in Windows: 874, 932, 936, 949, 950, 1250 to 1258
 /// and 1361.
 bool IsCodePage(int number);

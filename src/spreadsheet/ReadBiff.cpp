@@ -101,8 +101,14 @@ bool BiffReader::NextPart()
 
 template <class Value> Value BiffReader::Take()
 {
-    const QByteArrayView bytes = Bytes(sizeof(Value));
-    return bytes.size() == sizeof(Value) ? qFromLittleEndian<Value>(bytes.data()) : 0;
+    constexpr qsizetype size = sizeof(Value);
+    if (Left() < size) {
+        at_ = content_.size();
+        return 0;
+    }
+    const auto value = qFromLittleEndian<Value>(content_.data() + at_);
+    at_ += size;
+    return value;
 }
 
 quint8 BiffReader::U8()

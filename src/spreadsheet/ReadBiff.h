@@ -71,6 +71,9 @@ public:
     ReadRecord Record() const { return record_; }
     qsizetype Left() const { return content_.size() - at_; } ///< bytes of the present record
 
+    /// Bytes of the present record and of all behind it.
+    qsizetype LeftInStream() const { return stream_.size() - end_ + Left(); }
+
     // The values of the record, one after the other.
     quint8 U8();
     quint16 U16();

@@ -1,8 +1,8 @@
 #include "spreadsheet/ReadWorkbookTables.h"
 
-#include "runtime/CodePages.h"
 #include "spreadsheet/Demand.h"
 
+#include <algorithm>
 #include <limits>
 #include <map>
 #include <memory>
@@ -15,8 +15,6 @@ namespace {
 constexpr std::size_t MostWorksheets = std::numeric_limits<qint16>::max(); // their count has 16 bits
 constexpr std::size_t MostStrings = 1 << 20;
 constexpr std::size_t MostCellFormats = 8192; // spreadsheets make half of them at most
-
-constexpr int KoreanCodePage = 949;
 
 /// That of texts in bytes, by what the workbook tells of it. All that is none reads as Korean: what Korean
 /// programs write, also those that tell nothing.
@@ -119,7 +117,11 @@ private:
     /// [MS-XLS] 2.4.265. All texts that there are, up to one that is cut: writers miscount them.
     void ReadStrings()
     {
-        reader_.Skip(8); // how often they are used, and how many there should be
+        constexpr qsizetype leastBytes = 3; // of a text
+        reader_.Skip(4);                    // how often they are used
+        const std::size_t told = reader_.U32();
+        const auto possible = static_cast<std::size_t>(reader_.LeftInStream() / leastBytes);
+        tables_.strings.reserve(std::min({told, possible, MostStrings}));
         while (reader_.Left() > 0 || reader_.NextPart()) {
             RecordText text = ReadRichText(reader_);
             if (!text.whole)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "runtime/CodePages.h"
 #include "spreadsheet/ReadBiff.h"
 #include "spreadsheet/XlsNumberFormat.h"
 
@@ -27,7 +28,7 @@ struct SheetPlace
 struct WorkbookTables
 {
     BiffVersion version = BiffVersion::Biff8;
-    int codePage = 949;                   ///< of texts in bytes
+    int codePage = KoreanCodePage;        ///< of texts in bytes
     FirstDay firstDay = FirstDay::Of1900; ///< of dates
     std::vector<bool> koreanFonts;      ///< whether a cell's font is Korean, by the number that a cell tells
     std::vector<SheetPlace> worksheets; ///< in their order, hidden ones too; charts and macros are none

@@ -11,8 +11,11 @@ namespace tsms::test {
 
 namespace {
 
-const QByteArray Salt = QByteArray::fromHex("00112233445566778899aabbccddeeff");
-const QByteArray Verifier = QByteArray::fromHex("0f1e2d3c4b5a69788796a5b4c3d2e1f0");
+// Any bytes will do.
+constexpr char Salt[] = "salt of 16 bytes";
+constexpr char Verifier[] = "any other 16....";
+constexpr qsizetype SaltBytes = 16;
+constexpr qsizetype VerifierBytes = 16;
 
 QByteArray Md5(const QByteArray& bytes)
 {
@@ -137,14 +140,19 @@ QByteArray WorkbookEncryptor::FilePass(bool biff8) const
     }
     out.U16(1);
     const QByteArray hash = method_ == Method::Rc4 ? Md5(Verifier) : Sha1(Verifier);
-    const QByteArray hidden = Xored(Verifier + hash, Rc4(KeyOfBlock(0), Verifier.size() + hash.size()));
+    const QByteArray hidden = Xored(Verifier + hash, Rc4(KeyOfBlock(0), VerifierBytes + hash.size()));
     if (method_ == Method::Rc4)
         return out.U16(1).U16(1).Raw(Salt).Raw(hidden).bytes;
     const QByteArray provider = Utf16("Microsoft Enhanced Cryptographic Provider v1.0") + QByteArray(2, '\0');
     constexpr int flags = 4; // CryptoAPI
     out.U16(4).U16(2).U32(flags).U32(32 + provider.size());
     out.U32(flags).U32(0).U32(0x6801).U32(0x8004).U32(keyBits_).U32(1).U32(0).U32(0).Raw(provider);
-    return out.U32(Salt.size()).Raw(Salt).Raw(hidden.first(16)).U32(hash.size()).Raw(hidden.mid(16)).bytes;
+    return out.U32(SaltBytes)
+        .Raw(Salt)
+        .Raw(hidden.first(VerifierBytes))
+        .U32(hash.size())
+        .Raw(hidden.mid(VerifierBytes))
+        .bytes;
 }
 
 /// [MS-OFFCRYPTO] 2.3.6.2 and 2.3.5.2
