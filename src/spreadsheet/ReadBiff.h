@@ -55,10 +55,8 @@ public:
     /// To where a record begins; Next comes after it.
     void MoveTo(quint32 position);
 
-    quint32 End() const
-    {
-        return static_cast<quint32>(end_);
-    } ///< of the present record: where the next begins
+    /// Where the present record ends and the next one begins.
+    quint32 End() const { return static_cast<quint32>(end_); }
 
     /// On to the next record. Raises 321 at the end of the stream: the last record is always an Eof that
     /// somebody waits for.

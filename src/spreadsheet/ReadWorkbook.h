@@ -23,8 +23,9 @@ struct WorkbookTexts
 /// documents [MS-XLS] and [MS-CFB]), of its first worksheet the first columns, as a person sees them in the
 /// cells.
 ///
-/// The file may be anything. Raises 321 for one that is no such workbook, is damaged or cut off, wants a
-/// password of its own, or is beyond all measure, and takes neither long nor much memory to find out.
+/// The file may be anything. Small slips, which spreadsheet programs overlook, cost the cell or the format
+/// that they concern. Raises 321 for a file that is no such workbook, does not hold together or is cut off,
+/// wants a password of its own, or is beyond all measure, and takes neither long nor much memory to find out.
 WorkbookTexts ReadWorkbook(QIODevice& file, int columns);
 
 /// The same with the stream of a workbook, as it stands in its compound file.

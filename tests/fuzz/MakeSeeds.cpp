@@ -3,6 +3,7 @@
 #include "runtime/CodePage949.h"
 #include "support/RecipientFile.h"
 #include "support/spreadsheet/CompoundMaker.h"
+#include "support/spreadsheet/WorkbookEncryptor.h"
 #include "support/spreadsheet/WorkbookMaker.h"
 #include "support/Words.h"
 #include "tsms-gateway/ServiceWords.h"
@@ -77,6 +78,33 @@ void WriteWorkbooks(const QDir& files, const QDir& streams)
                     Write(files, u"book%1-%2-%3.xls"_q.arg(number).arg(sectorBytes).arg(size), file.Make());
                 }
         }
+}
+
+/// Workbooks that are hidden, that miscount, and in other code pages.
+void WriteOddStreams(const QDir& streams)
+{
+    using Method = WorkbookEncryptor::Method;
+    using Version = WorkbookMaker::Version;
+    for (const Method method : {Method::Xor, Method::Rc4, Method::CryptoApi}) {
+        const WorkbookEncryptor encryptor(method, "VelvetSweatshop");
+        WorkbookMaker book;
+        book.filePass = encryptor.FilePass(true);
+        book.AddSheet(u"회원"_q).Text(1, 1, u"홍길동"_q).Number(2, 1, 1012345678);
+        Write(streams, u"encrypted%1"_q.arg(static_cast<int>(method)), encryptor.Encrypted(book.Stream()));
+    }
+    WorkbookMaker miscounted;
+    miscounted.recordLimit = 20;
+    miscounted.emptyContinues = true;
+    miscounted.toldStrings = 1;
+    miscounted.AddSheet(u"회원"_q).Text(1, 1, u"홍길동과 그의 긴 이름"_q).Text(2, 1, u"010-1234-5678"_q);
+    Write(streams, u"miscounted"_q, miscounted.Stream());
+    for (const int codePage : {932, 1252, 1361}) {
+        WorkbookMaker book(Version::Biff5);
+        book.codePage = codePage;
+        book.AddBuiltInFormat(1, book.AddFont(129));
+        book.AddSheet(u"Sheet1"_q).Text(1, 1, u"\x20AC abc"_q).Number(2, 1, 1012345678, 1);
+        Write(streams, u"page%1"_q.arg(codePage), book.Stream());
+    }
 }
 
 void WriteRecipientFiles(const QDir& folder)
@@ -235,5 +263,6 @@ int main(int argc, char** argv)
     WriteReplies(folder.filePath(u"soap-reply"_q));
     WriteStatements(folder.filePath(u"statement"_q));
     WriteWorkbooks(folder.filePath(u"workbook"_q), folder.filePath(u"workbook-stream"_q));
+    WriteOddStreams(folder.filePath(u"workbook-stream"_q));
     return 0;
 }
