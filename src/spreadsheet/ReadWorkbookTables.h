@@ -6,7 +6,6 @@
 
 #include <QString>
 
-#include <deque>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -32,7 +31,7 @@ struct WorkbookTables
     FirstDay firstDay = FirstDay::Of1900; ///< of dates
     std::vector<bool> koreanFonts;      ///< whether a cell's font is Korean, by the number that a cell tells
     std::vector<SheetPlace> worksheets; ///< in their order, hidden ones too; charts and macros are none
-    std::deque<QString> strings;        ///< which cells share
+    std::vector<QString> strings;       ///< which cells share
     std::vector<std::shared_ptr<const XlsNumberFormat>> formats; ///< by the number that a cell tells
     quint32 end = 0;                                             ///< where the sheets' records begin
 

@@ -30,17 +30,16 @@ void RequireReadable(const CallShape& shape)
     QStringList arguments;
     for (qsizetype part = 0; part < shape.Parts.size(); ++part)
         arguments += QStringLiteral("<가&\"']]>\r\n %1").arg(part);
-    pugi::xml_document document;
-    Require(ParseXml(CallEnvelope(shape).With(arguments), "text/xml", document));
-    const pugi::xml_node body = Child(document.document_element(), ns::SoapEnvelope, "Body");
-    const pugi::xml_node call = FirstElement(body);
-    Require(NameOf(call) == InDocument(shape.Namespace, shape.Element));
-    pugi::xml_node argument = FirstElement(call);
-    for (qsizetype part = 0; part < shape.Parts.size(); ++part, argument = NextElement(argument)) {
-        Require(NameOf(argument) == InDocument(shape.Parts[part].Namespace, shape.Parts[part].Name));
-        Require(TextOf(argument) == arguments[part]);
+    XmlDocument document;
+    Require(document.Parse(CallEnvelope(shape).With(arguments), "text/xml"));
+    const XmlElement call = document.Root().Child(ns::SoapEnvelope, "Body").First();
+    Require(call.Name() == InDocument(shape.Namespace, shape.Element));
+    XmlElement argument = call.First();
+    for (qsizetype part = 0; part < shape.Parts.size(); ++part, argument = argument.Next()) {
+        Require(argument.Name() == InDocument(shape.Parts[part].Namespace, shape.Parts[part].Name));
+        Require(argument.Text() == arguments[part]);
     }
-    Require(!argument && !NextElement(call));
+    Require(!argument && !call.Next());
 }
 
 void ReadDescription(const QByteArray& bytes)
