@@ -4,6 +4,8 @@
 #include "gateway/SoapFault.h"
 #include "runtime/IdleSocket.h"
 
+#include <QFile>
+
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -98,7 +100,12 @@ SoapFault FaultOf(CURLcode code, const char* words, bool tooLong)
     switch (code) {
     case CURLE_COULDNT_RESOLVE_HOST:
     case CURLE_COULDNT_CONNECT:
+    case CURLE_SSL_CONNECT_ERROR:
         return LocalFault(QStringLiteral("문자메시지 서버에 연결하지 못하였습니다."), WordsOf(code, words));
+    case CURLE_PEER_FAILED_VERIFICATION:
+    case CURLE_SSL_CACERT_BADFILE: // nobody to know it by
+        return LocalFault(QStringLiteral("문자메시지 서버의 인증서를 믿을 수 없습니다."),
+                          WordsOf(code, words));
     case CURLE_URL_MALFORMAT:
     case CURLE_UNSUPPORTED_PROTOCOL:
         return LocalFault(QStringLiteral("문자메시지 서버의 주소가 올바르지 않습니다."),
@@ -125,7 +132,10 @@ struct HttpLink::Handle
     CURL* curl;
 };
 
-HttpLink::HttpLink() : handle_(std::make_unique<Handle>()) {}
+HttpLink::HttpLink(const QString& authorities)
+    : authorities_(QFile::encodeName(authorities)), handle_(std::make_unique<Handle>())
+{
+}
 
 HttpLink::~HttpLink() = default;
 
@@ -181,6 +191,11 @@ HttpReply HttpLink::Perform(const QString& url)
     const QByteArray address = url.toUtf8();
     Curl().SetOption(curl, CURLOPT_URL, address.constData());
     Curl().SetOption(curl, CURLOPT_PROTOCOLS_STR, "http,https");
+    Curl().SetOption(curl, CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2)); // at least
+    Curl().SetOption(curl, CURLOPT_SSL_VERIFYPEER, 1L);
+    Curl().SetOption(curl, CURLOPT_SSL_VERIFYHOST, 2L);
+    if (!authorities_.isEmpty())
+        Curl().SetOption(curl, CURLOPT_CAINFO, authorities_.constData());
     Curl().SetOption(curl, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
     Curl().SetOption(curl, CURLOPT_PROXY, ""); // also none from the environment
     Curl().SetOption(curl, CURLOPT_FOLLOWLOCATION, 0L);

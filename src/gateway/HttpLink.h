@@ -19,7 +19,9 @@ struct HttpReply
 
 /// One HTTP/1.1 connection that is kept alive from request to request and made anew when it has died.
 /// Goes to the address it is given and nowhere else: no proxy, no redirection, no other protocol than http
-/// and https. Raises a SoapFault when no whole reply of at most MaxReplyBytes came.
+/// and https. Over https nothing is sent before the other side has shown a certificate of its name that is
+/// valid today and comes from a known authority, in TLS 1.2 or later. Raises a SoapFault when no whole reply
+/// of at most MaxReplyBytes came.
 ///
 /// HTTP/1.1 tells by nothing but the order which answer belongs to which request. So a kept connection is
 /// looked at before it is used again, and left when it is not quiet; and once something came that nobody had
@@ -32,7 +34,8 @@ public:
     /// gateway that answers twice shows itself before its second answer can be taken for another's.
     static constexpr int ListeningMilliseconds = 30;
 
-    HttpLink();
+    /// `authorities` is a file of certificates (PEM); without one they are the system's.
+    explicit HttpLink(const QString& authorities = {});
     ~HttpLink();
     HttpLink(const HttpLink&) = delete;
     HttpLink& operator=(const HttpLink&) = delete;
@@ -47,6 +50,7 @@ private:
     void PrepareConnection();
     HttpReply Perform(const QString& url);
 
+    QByteArray authorities_;
     std::unique_ptr<Handle> handle_;
     QDeadlineTimer listening_;    ///< until then the kept connection is on trial
     bool isTried_ = false;        ///< a Post has been answered over the kept connection

@@ -382,6 +382,8 @@ ServiceDescription ReadServiceDescription(const QUrl& url, const QString& servic
         url.resolved(QUrl(bound.port.Child(ns::WsdlSoap, "address").Attribute("location")));
     if (!IsWebAddress(description.Endpoint))
         throw UnreadableFault(QStringLiteral("서비스의 주소가 올바르지 않습니다."));
+    if (url.scheme() == u"https" && description.Endpoint.scheme() != u"https")
+        throw UnreadableFault(QStringLiteral("서비스의 주소가 https가 아닙니다."));
 
     const QString style = bound.binding.Child(ns::WsdlSoap, "binding").Attribute("style");
     const QHash<QString, XmlElement> operations = OperationsIn(portType->node);

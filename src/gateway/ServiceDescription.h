@@ -51,8 +51,9 @@ using DocumentSource = std::function<FetchedDocument(const QUrl&)>;
 
 /// Reads the description at `url` and the imports that lie on the same host (at most MaxDocuments in all;
 /// others are passed over). Empty names take the first service with a port that speaks SOAP 1.1 over HTTP.
-/// Operations in a form that the client does not speak are left out; a service of more than MaxOperations is
-/// refused. The time it takes grows as the documents do. Raises a SoapFault.
+/// What came over https must name an https address for the calls, or it is refused. Operations in a form that
+/// the client does not speak are left out; a service of more than MaxOperations is refused. The time it takes
+/// grows as the documents do. Raises a SoapFault.
 ServiceDescription ReadServiceDescription(const QUrl& url, const QString& service, const QString& port,
                                           const DocumentSource& fetch);
 

@@ -6,6 +6,7 @@
 #include "gateway/SoapMessage.h"
 
 #include <map>
+#include <utility>
 
 namespace tsms {
 
@@ -60,6 +61,8 @@ QString Exchange(HttpLink& link, const QString& endpoint, const CallShape& shape
 
 struct SoapClient30::Service
 {
+    explicit Service(const QString& authorities) : link(authorities) {}
+
     HttpLink link;
     ServiceDescription description;
     QString endpoint;
@@ -71,7 +74,7 @@ struct SoapClient30::Service
     }
 };
 
-SoapClient30::SoapClient30() = default;
+SoapClient30::SoapClient30(QString authorities) : authorities_(std::move(authorities)) {}
 SoapClient30::~SoapClient30() = default;
 
 template <class Work> auto SoapClient30::KeepingFaults(Work&& work) -> decltype(work())
@@ -96,7 +99,7 @@ void SoapClient30::mssoapinit(const QString& wsdlUrl, const QString& service, co
     KeepingFaults([&] {
         if (!wsml.isEmpty())
             throw LocalFault(QStringLiteral("WSML은 쓰이지 않습니다."));
-        auto reading = std::make_unique<Service>();
+        auto reading = std::make_unique<Service>(authorities_);
         reading->description = ReadServiceDescription(
             QUrl(wsdlUrl), service, port, [&](const QUrl& url) { return Fetch(reading->link, url); });
         reading->endpoint = reading->description.Endpoint.toString(QUrl::FullyEncoded);

@@ -9,11 +9,14 @@ namespace tsms {
 
 /// A SOAP 1.1 client that learns the service from its description (WSDL 1.1) at run time: rpc/encoded,
 /// rpc/literal and wrapped document/literal. One connection is kept alive for the description and all calls.
-/// A call is put on the wire once: whatever happens to the connection, it is never repeated.
+/// A call is put on the wire once: whatever happens to the connection, it is never repeated. A service whose
+/// description came over https is called over https or not at all.
 class SoapClient30
 {
 public:
-    SoapClient30();
+    /// `authorities` is a file of certificates (PEM) to judge an https service by; without one they are the
+    /// system's.
+    explicit SoapClient30(QString authorities = {});
     ~SoapClient30();
     SoapClient30(const SoapClient30&) = delete;
     SoapClient30& operator=(const SoapClient30&) = delete;
@@ -35,6 +38,7 @@ private:
     template <class Work> auto KeepingFaults(Work&& work) -> decltype(work());
 
     struct Service;
+    QString authorities_;
     std::unique_ptr<Service> service_;
     QString faultCode_;
     QString faultString_;

@@ -19,15 +19,24 @@ public:
     explicit ReplyGateway(std::function<HttpAnswer(int call)> answer,
                           ServiceStyle style = ServiceStyle::RpcEncoded);
 
+    /// Such a one at https.
+    ReplyGateway(std::function<HttpAnswer(int call)> answer, const QSslConfiguration& tls);
+
     QString Url() const;
     QString WsdlUrl() const { return Url() + DescriptionPath(); }
     int CallCount() const { return calls_; }
     int ConnectionCount() const { return listener_.ConnectionCount(); }
+    int RequestCount() const { return listener_.RequestCount(); } ///< calls and readings of the description
 
     /// A whole answer of SendSMS with this reply text.
     static HttpAnswer Replying(const QString& reply);
 
 private:
+    HttpAnswer Answer(const HttpRequest& request);
+
+    std::function<HttpAnswer(int)> answer_;
+    ServiceStyle style_;
+    QString scheme_;
     std::atomic<int> calls_ = 0;
     HttpListener listener_; ///< last: its thread uses the above
 };

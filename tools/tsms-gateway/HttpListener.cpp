@@ -1,5 +1,6 @@
 #include "tsms-gateway/HttpListener.h"
 
+#include <QSslServer>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTimer>
@@ -104,23 +105,32 @@ HttpAnswer WholeAnswer(int status, const QByteArray& contentType, const QByteArr
 class HttpListener::Worker : public QObject
 {
 public:
-    explicit Worker(HttpListener& listener) : listener_(listener)
+    explicit Worker(HttpListener& listener) : listener_(listener), server_(NewServer())
     {
-        connect(&server_, &QTcpServer::newConnection, this, &Worker::Accept);
+        connect(server_, &QTcpServer::pendingConnectionAvailable, this, &Worker::Accept);
     }
 
     quint16 Listen(quint16 port)
     {
-        return server_.listen(QHostAddress::LocalHost, port) ? server_.serverPort() : 0;
+        return server_->listen(QHostAddress::LocalHost, port) ? server_->serverPort() : 0;
     }
 
-    void Leave() { server_.close(); }
-    bool Return(quint16 port) { return server_.isListening() || Listen(port) != 0; }
+    void Leave() { server_->close(); }
+    bool Return(quint16 port) { return server_->isListening() || Listen(port) != 0; }
 
 private:
+    QTcpServer* NewServer()
+    {
+        if (!listener_.tls_)
+            return new QTcpServer(this);
+        auto* server = new QSslServer(this);
+        server->setSslConfiguration(*listener_.tls_);
+        return server;
+    }
+
     void Accept()
     {
-        while (QTcpSocket* socket = server_.nextPendingConnection()) {
+        while (QTcpSocket* socket = server_->nextPendingConnection()) {
             ++listener_.connections_;
             socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
             connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
@@ -178,10 +188,15 @@ private:
     }
 
     HttpListener& listener_;
-    QTcpServer server_{this};
+    QTcpServer* server_;
 };
 
 HttpListener::HttpListener(Handler handler) : handler_(std::move(handler)) {}
+
+HttpListener::HttpListener(Handler handler, const QSslConfiguration& tls)
+    : handler_(std::move(handler)), tls_(tls)
+{
+}
 
 HttpListener::~HttpListener()
 {

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QSslConfiguration>
 #include <QString>
 #include <QThread>
 
@@ -49,6 +50,9 @@ public:
     using Handler = std::function<HttpAnswer(const HttpRequest&)>;
 
     explicit HttpListener(Handler handler);
+
+    /// Speaks TLS with this certificate and key.
+    HttpListener(Handler handler, const QSslConfiguration& tls);
     ~HttpListener(); ///< closes every connection and does not wait for anyone
     HttpListener(const HttpListener&) = delete;
     HttpListener& operator=(const HttpListener&) = delete;
@@ -62,7 +66,7 @@ public:
     bool Return();
 
     quint16 Port() const { return port_; }
-    int ConnectionCount() const { return connections_; } ///< accepted so far
+    int ConnectionCount() const { return connections_; } ///< accepted so far, of TLS those that came about
     int RequestCount() const { return requests_; }       ///< arrived whole so far
 
 private:
@@ -71,6 +75,7 @@ private:
     friend class Worker;
 
     Handler handler_;
+    std::optional<QSslConfiguration> tls_;
     std::atomic<int> connections_ = 0;
     std::atomic<int> requests_ = 0;
     quint16 port_ = 0;
