@@ -20,7 +20,7 @@ QString NumberedReply(int call)
     return u"return_value:true;;;unique_num:%1;;;;error_code:;error_msg:"_q.arg(call);
 }
 
-HttpAnswer Numbered(int call)
+HttpAnswer NumberedAnswer(int call)
 {
     return ReplyGateway::Replying(NumberedReply(call));
 }
@@ -74,7 +74,7 @@ class HttpsAnswerNobodyAskedFor : public Https, public ::testing::WithParamInter
 
 TEST_F(Https, ManyCallsUseOneConnection)
 {
-    ReplyGateway gateway(Numbered, Proper());
+    ReplyGateway gateway(NumberedAnswer, Proper());
     client.mssoapinit(gateway.WsdlUrl(), {}, {}, {});
     for (int call = 1; call <= 200; ++call)
         EXPECT_EQ(SendTo(client), NumberedReply(call));
@@ -83,7 +83,7 @@ TEST_F(Https, ManyCallsUseOneConnection)
 
 TEST_F(Https, ACertificateOfAnAuthorityThatOnlyTheEnvironmentNamesIsAFaultAndNothingIsSent)
 {
-    ReplyGateway gateway(Numbered, Proper());
+    ReplyGateway gateway(NumberedAnswer, Proper());
     qputenv("SSL_CERT_FILE", Authority().File().toLocal8Bit());
     EXPECT_EQ(FaultOfReading(gateway.WsdlUrl(), {}), NotTrusted);
     qunsetenv("SSL_CERT_FILE");
@@ -92,28 +92,28 @@ TEST_F(Https, ACertificateOfAnAuthorityThatOnlyTheEnvironmentNamesIsAFaultAndNot
 
 TEST_F(Https, AForeignCertificateIsAFaultAndNothingIsSent)
 {
-    ReplyGateway gateway(Numbered, TestAuthority().Certificate(Here));
+    ReplyGateway gateway(NumberedAnswer, TestAuthority().Certificate(Here));
     EXPECT_EQ(FaultOfReading(gateway.WsdlUrl(), Authority().File()), NotTrusted);
     EXPECT_EQ(gateway.RequestCount(), 0);
 }
 
 TEST_F(Https, AnExpiredCertificateIsAFaultAndNothingIsSent)
 {
-    ReplyGateway gateway(Numbered, Authority().Certificate(Here, -1));
+    ReplyGateway gateway(NumberedAnswer, Authority().Certificate(Here, -1));
     EXPECT_EQ(FaultOfReading(gateway.WsdlUrl(), Authority().File()), NotTrusted);
     EXPECT_EQ(gateway.RequestCount(), 0);
 }
 
 TEST_F(Https, ACertificateOfAnotherNameIsAFaultAndNothingIsSent)
 {
-    ReplyGateway gateway(Numbered, Authority().Certificate(u"DNS:elsewhere.test"_q));
+    ReplyGateway gateway(NumberedAnswer, Authority().Certificate(u"DNS:elsewhere.test"_q));
     EXPECT_EQ(FaultOfReading(gateway.WsdlUrl(), Authority().File()), NotTrusted);
     EXPECT_EQ(gateway.RequestCount(), 0);
 }
 
 TEST_F(Https, AGatewayThatHasNoCertificateIsAFaultAndNothingIsSent)
 {
-    ReplyGateway gateway(Numbered, QSslConfiguration());
+    ReplyGateway gateway(NumberedAnswer, QSslConfiguration());
     EXPECT_EQ(FaultOfReading(gateway.WsdlUrl(), Authority().File()),
               u"문자메시지 서버에 연결하지 못하였습니다."_q);
     EXPECT_EQ(gateway.RequestCount(), 0);
@@ -121,7 +121,7 @@ TEST_F(Https, AGatewayThatHasNoCertificateIsAFaultAndNothingIsSent)
 
 TEST_F(Https, ADescriptionThatNamesAPlainAddressIsAFaultAndNothingIsSentThere)
 {
-    ReplyGateway plain(Numbered);
+    ReplyGateway plain(NumberedAnswer);
     HttpListener listener(
         [&](const HttpRequest&) {
             return WholeAnswer(200, "text/xml",
@@ -139,7 +139,7 @@ TEST_F(Https, AKeptConnectionThatWasClosedInBetweenIsMadeAnew)
 {
     ReplyGateway gateway(
         [](int call) {
-            HttpAnswer answer = Numbered(call);
+            HttpAnswer answer = NumberedAnswer(call);
             answer.After = HttpAnswer::Then::Close;
             return answer;
         },
@@ -158,7 +158,7 @@ TEST_F(Https, AKeptConnectionThatDiesUnderACallIsAFaultAndNothingIsSentAgain)
     for (const HttpAnswer::Then death : {HttpAnswer::Then::Close, HttpAnswer::Then::Reset}) {
         ReplyGateway gateway(
             [&](int call) {
-                return call == 3 ? HttpAnswer{{}, death} : Numbered(call);
+                return call == 3 ? HttpAnswer{{}, death} : NumberedAnswer(call);
             },
             Proper());
         client.mssoapinit(gateway.WsdlUrl(), {}, {}, {});
@@ -176,7 +176,7 @@ TEST_P(HttpsAnswerNobodyAskedFor, IsNotTakenForThatOfTheNextCall)
 {
     ReplyGateway gateway(
         [](int call) {
-            HttpAnswer answer = Numbered(call);
+            HttpAnswer answer = NumberedAnswer(call);
             answer.AgainMilliseconds = GetParam();
             return answer;
         },
