@@ -49,6 +49,8 @@ QString FaultOfReading(const QString& wsdlUrl, const QString& authorities)
     return {};
 }
 
+} // namespace
+
 class Https : public ::testing::Test
 {
 protected:
@@ -69,8 +71,6 @@ protected:
 class HttpsAnswerNobodyAskedFor : public Https, public ::testing::WithParamInterface<int>
 {
 };
-
-} // namespace
 
 TEST_F(Https, ManyCallsUseOneConnection)
 {

@@ -10,8 +10,6 @@
 
 namespace tsms::test {
 
-namespace {
-
 /// The two ends of a connection. Ours is the one that is looked at.
 class IdleSocketTest : public ::testing::Test
 {
@@ -33,8 +31,6 @@ protected:
     QTcpSocket ours;
     std::unique_ptr<QTcpSocket> theirs;
 };
-
-} // namespace
 
 TEST_F(IdleSocketTest, IsQuietAsLongAsNothingComes)
 {
