@@ -128,7 +128,8 @@ bool HasTakenItsLine(pid_t process)
 {
     QFile line(u"/proc/%1/cmdline"_q.arg(process));
     const QByteArray words = line.open(QIODevice::ReadOnly) ? line.readAll() : QByteArray();
-    return words.startsWith(TSMS_PROGRAM) && !words.contains("s3cret-word");
+    const QByteArray program = QByteArrayLiteral(TSMS_PROGRAM) + '\0'; // and not the test of nearly that name
+    return words.startsWith(program) && !words.contains("s3cret-word");
 }
 
 TEST(Process, KeepsNoCoreOfItsSecrets)

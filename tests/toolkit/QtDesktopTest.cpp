@@ -17,6 +17,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QUrl>
+#include <QWindow>
 
 #include <gtest/gtest.h>
 
@@ -203,6 +204,9 @@ TEST(QtDesktop, WithoutAnActiveWindowABoxStandsBeforeTheFormThatWasLoadedLastAnd
     onView.setAttribute(Qt::WA_ShowWithoutActivating);
     main.show();
     onView.show();
+    QWindow another; // no window of the toolkit: while it has the keyboard, none of those is active
+    another.show();
+    another.requestActivate();
     QApplication::processEvents();
     ASSERT_EQ(QApplication::activeWindow(), nullptr);
     const QWidget* owner = nullptr;
