@@ -9,17 +9,25 @@ build_packages=(
   libgtest-dev libgmock-dev libfreexl-dev tdsodbc openssl) # the presets build the tests and benchmarks too
 run_packages=(qt6-qpa-plugins qt6-translations-l10n fonts-nanum libodbc2 tdsodbc)
 screen_packages=(xvfb openbox xdotool x11-utils x11-xserver-utils imagemagick curl sqlite3)
+# Korean input methods as people have them, and what reads the accessibility bus.
+hands_packages=(dbus-daemon dbus-bin fcitx5 fcitx5-hangul fcitx5-frontend-qt6 ibus ibus-hangul at-spi2-core
+  python3-gi gir1.2-glib-2.0)
 office_packages=(libreoffice-calc-nogui) # the tests have it open what the program writes
 bench_packages=(xvfb bsdextrautils)
 sanitize_packages=(clang libclang-rt-dev)
 check_packages=(clang clang-format clang-tidy git)
 packaging_packages=(dpkg-dev file mmdebstrap lintian desktop-file-utils)
 
+# missing_packages NAME...: prints those of them that are not installed, a line each.
+missing_packages() {
+  printf '%s\n' "$@" | sort -u | grep -vxFf <(
+    dpkg-query -W -f='${binary:Package} ${db:Status-Status}\n' 2>/dev/null | sed -n 's/\(:[^ ]*\)\? installed$//p') || true
+}
+
 # ensure_packages NAME...: installs what is missing of them, through apt, with sudo unless root.
 ensure_packages() {
   local missing=()
-  mapfile -t missing < <(printf '%s\n' "$@" | sort -u | grep -vxFf <(
-    dpkg-query -W -f='${binary:Package} ${db:Status-Status}\n' 2>/dev/null | sed -n 's/\(:[^ ]*\)\? installed$//p') || true)
+  mapfile -t missing < <(missing_packages "$@")
   [ ${#missing[@]} -eq 0 ] && return 0
   if ! command -v apt-get >/dev/null; then
     echo "These packages are missing, and apt is not there to install them: ${missing[*]}" >&2

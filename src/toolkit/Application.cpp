@@ -5,6 +5,7 @@
 
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QScopedValueRollback>
 #include <QTextStream>
 
 #include <cstdlib>
@@ -48,6 +49,16 @@ Application::Application(int& argc, char** argv) : QApplication(AwaitDisplay(arg
 }
 
 bool Application::notify(QObject* receiver, QEvent* event)
+{
+    const bool composing = event->type() == QEvent::InputMethod;
+    const bool handedOn = composing && composing_;
+    if (!handedOn && composition_.Withholds(*event))
+        return true;
+    const QScopedValueRollback within(composing_, composing_ || composing);
+    return Deliver(receiver, event);
+}
+
+bool Application::Deliver(QObject* receiver, QEvent* event)
 {
     if (!desktop_)
         return QApplication::notify(receiver, event);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "toolkit/Composition.h"
+
 #include <QApplication>
 #include <QTranslator>
 
@@ -9,6 +11,7 @@ class Desktop;
 
 /// The application. Its windows bear the program's icon. Menus and pickers that belong to the toolkit speak
 /// Korean, whatever the desk's language.
+/// What an input method composes stays where it was begun (see Composition).
 /// It is the last place that catches an exception which left an event handler.
 class Application : public QApplication
 {
@@ -22,8 +25,12 @@ public:
     bool notify(QObject* receiver, QEvent* event) override;
 
 private:
+    bool Deliver(QObject* receiver, QEvent* event);
+
     QTranslator words_; // where the platform has none, those menus stay English
     Desktop* desktop_ = nullptr;
+    Composition composition_;
+    bool composing_ = false; // an event of the input method is being delivered; a control may hand it on
 };
 
 } // namespace tsms

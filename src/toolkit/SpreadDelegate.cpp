@@ -131,6 +131,8 @@ QWidget* SpreadDelegate::createEditor(QWidget* parent, const QStyleOptionViewIte
 {
     const SpreadModel& cells = Cells(index);
     auto* line = new QLineEdit(parent);
+    if (grid_.keepsFocus_)
+        line->setFocusProxy(&grid_);
     line->setFrame(false);
     line->setTextMargins(0, 0, 0, 0);
     line->setAlignment(cells.Alignment(Col(index)));

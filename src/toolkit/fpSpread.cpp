@@ -1,5 +1,6 @@
 #include "toolkit/fpSpread.h"
 
+#include "toolkit/Composition.h"
 #include "toolkit/Guarded.h"
 #include "toolkit/LimitRule.h"
 #include "toolkit/SpreadDelegate.h"
@@ -35,6 +36,12 @@ int DigitWidth(const QWidget& grid)
 int PixelsOfPoints(double points)
 {
     return qRound(points * 4.0 / 3.0);
+}
+
+bool IsKey(const QEvent& event)
+{
+    return event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease ||
+           event.type() == QEvent::ShortcutOverride;
 }
 
 /// The titles of columns or rows, flat and without any part in the selection.
@@ -403,6 +410,9 @@ int fpSpread::CellPicture(int col, int row) const
 
 void fpSpread::CommitEdit()
 {
+    if (!Editor())
+        return;
+    EndComposition();
     if (QWidget* editor = Editor()) {
         commitData(editor);
         closeEditor(editor, QAbstractItemDelegate::NoHint);
@@ -418,6 +428,23 @@ void fpSpread::CancelEdit()
 QWidget* fpSpread::Editor() const
 {
     return state() == EditingState ? indexWidget(currentIndex()) : nullptr;
+}
+
+/// An input method takes a change of the focus for the end of its composition. An editor that it opened works
+/// without the focus, therefore, to its end: the grid hands on what comes.
+bool fpSpread::EditsWithoutFocus() const
+{
+    const QWidget* editor = Editor();
+    return editor && editor->focusProxy() == this;
+}
+
+void fpSpread::OpenKeepingFocus()
+{
+    keepsFocus_ = true;
+    edit(currentIndex(), AnyKeyPressed, nullptr);
+    keepsFocus_ = false;
+    if (auto* line = qobject_cast<QLineEdit*>(Editor()))
+        line->selectAll(); // to be replaced
 }
 
 bool fpSpread::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event)
@@ -482,13 +509,19 @@ void fpSpread::mouseDoubleClickEvent(QMouseEvent* event)
     Q_EMIT DblClick(col, row);
 }
 
+bool fpSpread::event(QEvent* event)
+{
+    if (!IsKey(*event) || handsOn_ || !EditsWithoutFocus())
+        return QTableView::event(event);
+    handsOn_ = true;
+    QCoreApplication::sendEvent(Editor(), event);
+    handsOn_ = false;
+    return true;
+}
+
 void fpSpread::keyPressEvent(QKeyEvent* event)
 {
     constexpr Qt::KeyboardModifiers Command = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
-    if (QWidget* editor = Editor(); editor && hasFocus()) {
-        QCoreApplication::sendEvent(editor, event); // the focus has not followed yet
-        return;
-    }
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const bool character = !event->text().isEmpty() && !(event->modifiers() & Command);
     event->accept();
@@ -514,15 +547,23 @@ void fpSpread::keyPressEvent(QKeyEvent* event)
 
 void fpSpread::inputMethodEvent(QInputMethodEvent* event)
 {
-    // Only a composition opens an editor by itself: what is committed without one would be lost.
-    const bool committed = !event->commitString().isEmpty() && event->preeditString().isEmpty();
-    if (!committed || Editor() || !IsEditable(currentIndex())) {
-        QTableView::inputMethodEvent(event);
-        return;
-    }
-    edit(currentIndex());
-    if (QWidget* editor = Editor())
+    const bool writes = !event->preeditString().isEmpty() || !event->commitString().isEmpty();
+    if (!Editor() && writes && IsEditable(currentIndex()))
+        OpenKeepingFocus();
+    if (QWidget* editor = Editor()) {
         QCoreApplication::sendEvent(editor, event);
+        updateMicroFocus(); // the caret has moved
+    }
+}
+
+QVariant fpSpread::inputMethodQuery(Qt::InputMethodQuery query) const
+{
+    if (!EditsWithoutFocus())
+        return QTableView::inputMethodQuery(query);
+    const QVariant answer = Editor()->inputMethodQuery(query);
+    if (answer.typeId() == QMetaType::QRect)
+        return answer.toRect().translated(Editor()->mapTo(this, QPoint()));
+    return answer;
 }
 
 void fpSpread::currentChanged(const QModelIndex& current, const QModelIndex& previous)
@@ -549,6 +590,9 @@ void fpSpread::focusOutEvent(QFocusEvent* event)
 {
     QTableView::focusOutEvent(event);
     ShowFocus();
+    // What is being composed may arrive only after this.
+    if (EditsWithoutFocus())
+        QMetaObject::invokeMethod(this, &fpSpread::CommitEdit, Qt::QueuedConnection);
 }
 
 void fpSpread::changeEvent(QEvent* event)

@@ -127,6 +127,7 @@ public:
 
     /// Ends an edit that is under way; the text that stands in the editor goes into the cell.
     void CommitEdit();
+    bool IsEditing() const { return Editor() != nullptr; }
 
     /// Each key that makes a character, before the grid acts, by its character code; Enter is 13, also while
     /// a cell is edited (the edit is committed first). Set it to 0 to swallow the key.
@@ -145,12 +146,14 @@ Q_SIGNALS:
 protected:
     using QTableView::edit;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+    bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void resizeEvent(QResizeEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
@@ -170,6 +173,8 @@ private:
     void ClickCell(const QModelIndex& index);
     bool OwnerTakesPaste(const QString& text);
     QWidget* Editor() const;
+    bool EditsWithoutFocus() const;
+    void OpenKeepingFocus();
     void CancelEdit();
     void KeepActiveCell();
     void ApplyWidths();
@@ -182,6 +187,8 @@ private:
     std::map<int, double> colWidths_; // in units, as they were set; column 0 is that of the row titles
     QPersistentModelIndex pressed_;   // the cell of the last press
     bool down_ = false;               // the button is held since then
+    bool keepsFocus_ = false;         // the editor that is being opened leaves the focus where it is
+    bool handsOn_ = false;            // a key is with the editor, and comes back when it has no use for it
     QColor gridColor_;
     bool reDraw_ = true;
     bool rowCursor_ = false;

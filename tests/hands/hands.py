@@ -1,0 +1,184 @@
+"""A person's hands on the program, and eyes on the screen. Nothing is tried twice: what is awaited is awaited until
+it is there, and then the next thing is done."""
+
+import glob
+import os
+import sqlite3
+import subprocess
+import time
+
+from gi.repository import GLib
+
+from keys import hangul_keys
+from screen import SHOWING, Screen
+
+PATIENCE = 10.0  # seconds until what does not come is missed
+TO_THE_MOUSE = 0.25  # seconds that a hand takes from the keyboard to the mouse
+DOUBLE_CLICK = 0.5  # seconds within which two clicks are one double click, and some more
+
+MAIN = "TSMS문자메시지"
+
+
+class Wrong(Exception):
+    """What was seen is not what was to be."""
+
+
+class Hands:
+    def __init__(self, programs, out):
+        self._programs = programs
+        self._out = out
+        self._process = None
+        self._typed = 0.0  # when the last key was pressed
+        self._clicked = 0.0
+        self._known = {}
+        self.screen = Screen()
+        self.pace = 60  # milliseconds between two keys
+
+    # The program.
+    def start(self):
+        """On a demo database of its own."""
+        self.database = f"{self._out}/demo.db"
+        for file in glob.glob(f"{self.database}*"):  # what an ended program kept beside it, too
+            os.remove(file)
+        subprocess.run([f"{self._programs}/tsms-db", "create", self.database, "--demo"], check=True,
+                       stdout=subprocess.DEVNULL)
+        log = open(f"{self._out}/tsms.log", "a", encoding="utf-8")
+        self._process = subprocess.Popen(
+            [f"{self._programs}/tsms", f"{self.database}■(embedded)■0■demo■demo■1■demo"],
+            env=dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1"), stdout=log, stderr=log)
+        self._known.clear()
+        self.wait_for(MAIN)
+        self.the("비우기")
+
+    def stop(self):
+        if self._process and self.is_running():
+            self._process.terminate()
+        if self._process:
+            self._process.wait()
+
+    def is_running(self):
+        return self._process is not None and self._process.poll() is None
+
+    def rows(self, statement):
+        """What stands in the database."""
+        with sqlite3.connect(f"file:{self.database}?mode=ro", uri=True) as connection:
+            return connection.execute(statement).fetchall()
+
+    # Eyes.
+    def the(self, words):
+        """The control on view that a person knows by these words."""
+        return self.wait(lambda: self._known_still(words) or self._find(words), f"'{words}'")
+
+    def is_there(self, title):
+        """A window of that title."""
+        return self._x("search", "--onlyvisible", "--name", f"^{title}$", check=False) != ""
+
+    def wait(self, seen, what):
+        """Looks until it is seen; gives what it saw."""
+        end = time.monotonic() + PATIENCE
+        while True:
+            self._still_runs()
+            try:
+                sight = seen()
+            except GLib.Error:  # what was just asked has gone
+                sight = None
+            if sight:
+                return sight
+            if time.monotonic() > end:
+                self.picture("missed")
+                raise Wrong(f"never seen: {what}")
+            time.sleep(0.02)
+
+    def wait_for(self, title):
+        self.wait(lambda: self._is_active(title), f"the window '{title}'")
+
+    def wait_gone(self, title):
+        self.wait(lambda: not self.is_there(title), f"'{title}' gone")
+
+    def expect(self, what, seen, wanted):
+        if seen != wanted:
+            self.picture("wrong")
+            raise Wrong(f"{what}: {seen!r}, and should be {wanted!r}")
+
+    # Hands.
+    def press(self, *keys):
+        """Keys as xdotool names them."""
+        self._still_runs()
+        self._x("key", "--delay", str(self.pace), *keys)
+        self._typed = time.monotonic()
+
+    def keys_have_arrived(self):
+        """Their effect was seen: the hand has had its time."""
+        self._typed = 0.0
+
+    def write(self, text):
+        """Hangul by the input method; all else by the keys of its characters."""
+        self.press(*_key_names(text))
+
+    def click(self, place, times=1):
+        """On a control or cell; or on what has these words."""
+        self._to_the_mouse(place)
+        if times > 1:  # not to be taken with the click before
+            time.sleep(max(0.0, self._clicked + DOUBLE_CLICK - time.monotonic()))
+        self._x("click", "--repeat", str(times), "--delay", "60", "1")
+        self._clicked = time.monotonic()
+
+    def turn_wheel(self, place, notches):
+        """Down; with a negative number up."""
+        self._to_the_mouse(place)
+        self._x("click", "--repeat", str(abs(notches)), "--delay", str(self.pace), "5" if notches > 0 else "4")
+
+    def picture(self, name):
+        subprocess.run(["import", "-window", "root", f"{self._out}/{name}.png"], check=False)
+
+    def _to_the_mouse(self, place):
+        self._still_runs()
+        if isinstance(place, str):
+            place = self.the(place)
+        time.sleep(max(0.0, self._typed + TO_THE_MOUSE - time.monotonic()))
+        x, y = place if isinstance(place, tuple) else place.middle
+        self._x("mousemove", str(x), str(y))
+
+    def _find(self, words):
+        for window in reversed(self.screen.windows()):
+            thing = window.find(words)
+            if thing:
+                self._known[words] = thing
+                return thing
+        return None
+
+    def _known_still(self, words):
+        """Where it was the last time, which saves a walk through the window."""
+        thing = self._known.pop(words, None)
+        if thing and thing.has(SHOWING) and thing.is_known_by(words):
+            self._known[words] = thing
+            return thing
+        return None
+
+    def _is_active(self, title):
+        window = self._x("getactivewindow", check=False)
+        return window and self._x("getwindowname", window, check=False) == title
+
+    def _still_runs(self):
+        if not self.is_running():
+            raise Wrong(f"the program ended by itself ({self._process.returncode})")
+
+    @staticmethod
+    def _x(*words, check=True):
+        done = subprocess.run(["xdotool", *words], check=check, capture_output=True, text=True)
+        return done.stdout.strip()
+
+
+def _is_hangul(character):
+    return "가" <= character <= "힣"
+
+
+KEY_NAMES = {" ": "space", "-": "minus", "\n": "Return", ".": "period", "/": "slash", "[": "bracketleft",
+             "]": "bracketright"}
+
+
+def _key_names(text):
+    keys = []
+    for character in text:
+        keys += hangul_keys(character) if _is_hangul(character) else [KEY_NAMES.get(character, character)]
+    return keys
