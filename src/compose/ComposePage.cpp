@@ -99,6 +99,7 @@ void ComposePage::BuildRecipients(QVBoxLayout& phone, QWidget& parent)
         WalkOnEnter(*recipients_);
         key = 0;
     };
+    recipients_->OnTabInto = [this] { GoToFreeName(*recipients_); };
     recipients_->OnPaste = [this](const QString& text) { return RecipientPaste(text); };
     connect(recipients_, &fpSpread::Click, this,
             Guarded(services_.desktop, [this](int column, int) { RecipientClick(column); }));

@@ -1,6 +1,7 @@
 #include "compose/ModStep1.h"
 
 #include "runtime/Numbers.h"
+#include "runtime/Text.h"
 #include "toolkit/fpSpread.h"
 #include "toolkit/GridHelper.h"
 #include "toolkit/Theme.h"
@@ -39,6 +40,12 @@ void SetCellTypes(fpSpread& grid)
     grid.SetColButton(RemoveColumn, QStringLiteral("x"), theme::Strip, theme::White);
     grid.SetColType(ThirdValueColumn, fpSpread::CellType::StaticText);
     grid.SetColHidden(ThirdValueColumn, true);
+}
+
+bool IsEmptyOnView(const fpSpread& grid, int row)
+{
+    return !grid.RowHidden(row) && IsBlank(grid.GetText(NameColumn, row)) &&
+           IsBlank(grid.GetText(PhoneColumn, row));
 }
 
 /// From that row to the last.
@@ -107,6 +114,14 @@ void WalkOnEnter(fpSpread& grid)
         column = NameColumn;
     }
     grid.SetActiveCell(column, row);
+}
+
+void GoToFreeName(fpSpread& grid)
+{
+    int row = 1;
+    while (row <= grid.MaxRows() && !IsEmptyOnView(grid, row))
+        ++row;
+    grid.SetActiveCell(NameColumn, row <= grid.MaxRows() ? row : grid.ActiveRow());
 }
 
 void PutRecipients(fpSpread& grid, const QList<QStringList>& rows)

@@ -19,6 +19,10 @@ void RemoveActiveRecipient(fpSpread& grid);
 /// The walk of the Enter key: from name to number to the next row's name.
 void WalkOnEnter(fpSpread& grid);
 
+/// Makes the name of the first row on view that is empty the active cell; without one the name in the active
+/// row.
+void GoToFreeName(fpSpread& grid);
+
 /// Puts rows of names and numbers, or of numbers alone, into the rows on view from the active cell on, each
 /// value up to its column's limit, as if it had been typed. From the number column on a row's first value is
 /// the number; from any other but the remove button's the name. Further values are left out. The grid grows

@@ -345,8 +345,8 @@ void frmSMSMain::BtnWebPageClick(int index)
 
 bool frmSMSMain::KeyDown(int key, Qt::KeyboardModifiers)
 {
-    if (IsBusy() || key != Qt::Key_Escape)
-        return false;
+    if (IsBusy() || key != Qt::Key_Escape || compose_->RecipientGrid().IsEditing())
+        return false; // a recipient that is being edited gets its cell back
     Unload();
     return true;
 }

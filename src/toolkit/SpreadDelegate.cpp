@@ -185,9 +185,12 @@ bool SpreadDelegate::eventFilter(QObject* object, QEvent* event)
         grid_.keyPressEvent(key);
         return true;
     case Qt::Key_Tab:
+        grid_.CommitEdit();
+        grid_.OwnerTakes('\r');
+        return true;
     case Qt::Key_Backtab:
         grid_.CommitEdit();
-        grid_.focusNextPrevChild(key->key() == Qt::Key_Tab);
+        grid_.WalkBack();
         return true;
     default:
         return QStyledItemDelegate::eventFilter(object, event);

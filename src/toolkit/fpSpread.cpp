@@ -133,6 +133,10 @@ fpSpread::fpSpread(QWidget* parent)
     setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
     SetBackgroundColor(theme::White);
     ShowFocus();
+    connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this,
+            [this](int section) { Q_EMIT DblClick(section + 1, 0); });
+    connect(verticalHeader(), &QHeaderView::sectionDoubleClicked, this,
+            [this](int section) { Q_EMIT DblClick(0, section + 1); });
     connect(model_, &QAbstractItemModel::rowsInserted, this, &fpSpread::KeepActiveCell);
     connect(model_, &QAbstractItemModel::columnsInserted, this, &fpSpread::KeepActiveCell);
     connect(model_, &QAbstractItemModel::modelReset, this, &fpSpread::KeepActiveCell);
@@ -465,8 +469,12 @@ void fpSpread::mousePressEvent(QMouseEvent* event)
     event->accept();
     if (event->button() != Qt::LeftButton)
         return;
+    const bool follows = FollowsAPress(*event);
+    const QModelIndex index = indexAt(event->position().toPoint());
+    if (follows && IsButton(index))
+        return; // of a double or triple click: what stands here by now may be another row's
     CommitEdit();
-    pressed_ = indexAt(event->position().toPoint());
+    pressed_ = index;
     down_ = true;
     if (pressed_.isValid()) {
         setCurrentIndex(pressed_);
@@ -495,15 +503,14 @@ void fpSpread::mouseReleaseEvent(QMouseEvent* event)
 void fpSpread::mouseDoubleClickEvent(QMouseEvent* event)
 {
     const QModelIndex index = indexAt(event->position().toPoint());
-    const bool second = event->button() == Qt::LeftButton && index.isValid() && index == pressed_ &&
-                        model_->Type(index.column() + 1) != CellType::Button;
-    if (!second) {
+    const bool left = index.isValid() && index != currentIndex(); // by a key since the first click
+    if (event->button() != Qt::LeftButton || index != pressed_ || left || IsButton(index)) {
         mousePressEvent(event);
         return;
     }
     event->accept();
-    const int col = index.column() + 1;
-    const int row = index.row() + 1;
+    const int col = index.isValid() ? index.column() + 1 : -1;
+    const int row = index.isValid() ? index.row() + 1 : -1;
     if (IsEditable(index))
         edit(index, DoubleClicked, event);
     Q_EMIT DblClick(col, row);
@@ -584,6 +591,9 @@ void fpSpread::focusInEvent(QFocusEvent* event)
 {
     QTableView::focusInEvent(event);
     ShowFocus();
+    const bool byTab = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    if (byTab && OnTabInto)
+        RaiseEvent(*this, OnTabInto);
 }
 
 void fpSpread::focusOutEvent(QFocusEvent* event)
@@ -617,9 +627,26 @@ bool fpSpread::IsEditable(const QModelIndex& index) const
     return IsOnView(index) && model_->flags(index).testFlag(Qt::ItemIsEditable);
 }
 
+bool fpSpread::IsButton(const QModelIndex& index) const
+{
+    return index.isValid() && model_->Type(index.column() + 1) == CellType::Button;
+}
+
 bool fpSpread::IsButtonDown(const QModelIndex& index) const
 {
     return down_ && index == pressed_;
+}
+
+/// As the second press of a double click follows its first.
+bool fpSpread::FollowsAPress(const QMouseEvent& press)
+{
+    const auto now = static_cast<qint64>(press.timestamp());
+    const QPoint place = press.position().toPoint();
+    const bool soon = now - pressTime_ < QApplication::doubleClickInterval();
+    const bool near = (place - pressPlace_).manhattanLength() < QApplication::startDragDistance();
+    pressTime_ = now;
+    pressPlace_ = place;
+    return press.type() == QEvent::MouseButtonDblClick || (soon && near);
 }
 
 /// The keyboard acts on this grid, on its cells or in the editor of one.
@@ -634,6 +661,20 @@ bool fpSpread::OwnerTakes(int key)
         return false;
     RaiseEvent(*this, [&] { OnKeyPress(key); });
     return key == 0;
+}
+
+/// To the edit cell before the active one, in its row or one above.
+void fpSpread::WalkBack()
+{
+    int col = ActiveCol();
+    int row = ActiveRow();
+    do {
+        if (--col < 1) {
+            col = MaxCols();
+            --row;
+        }
+    } while (row >= 1 && !IsEditable(model_->index(row - 1, col - 1)));
+    SetActiveCell(col, row);
 }
 
 /// Delete, cut and paste on the active cell.

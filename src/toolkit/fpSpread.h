@@ -24,7 +24,8 @@ class SpreadModel;
 ///
 /// Behaviour: a click or an arrow key makes a cell the active one. Typing (also by an input method) in an
 /// edit cell replaces its text, F2 and a double click edit it in place, Delete clears it, Ctrl+C, Ctrl+X and
-/// Ctrl+V work on it. The space bar in any other cell counts as a click on it. Tab leaves the grid.
+/// Ctrl+V work on it. The space bar in any other cell counts as a click on it. Tab leaves the grid; from a
+/// cell that is being edited it goes on as Enter does, and Shift+Tab back to the edit cell before it.
 class fpSpread : public QTableView
 {
     Q_OBJECT
@@ -137,10 +138,14 @@ public:
     /// its own. True: it has been taken, and the grid does nothing.
     std::function<bool(const QString& text)> OnPaste;
 
+    /// The keyboard comes to the grid from another control, by Tab or Shift+Tab.
+    std::function<void()> OnTabInto;
+
 Q_SIGNALS:
     /// A click, or the space bar, on a cell. The cell is the active one by then. A double click is one Click
-    /// and one DblClick, but two Clicks on a button.
+    /// and one DblClick; on a button, where what follows the first press stands for nothing, one Click alone.
     void Click(int col, int row);
+    /// Anywhere in the grid: on a title its row or column is 0, beside all cells both are -1.
     void DblClick(int col, int row);
 
 protected:
@@ -166,9 +171,12 @@ private:
     bool HasCell(int col, int row) const;
     bool IsOnView(const QModelIndex& index) const;
     bool IsEditable(const QModelIndex& index) const;
+    bool IsButton(const QModelIndex& index) const;
     bool IsButtonDown(const QModelIndex& index) const;
+    bool FollowsAPress(const QMouseEvent& press);
     bool HasAttention() const;
     bool OwnerTakes(int key);
+    void WalkBack();
     bool EditingCommand(QKeyEvent* event);
     void ClickCell(const QModelIndex& index);
     bool OwnerTakesPaste(const QString& text);
@@ -186,9 +194,11 @@ private:
     SpreadModel* model_;
     std::map<int, double> colWidths_; // in units, as they were set; column 0 is that of the row titles
     QPersistentModelIndex pressed_;   // the cell of the last press
-    bool down_ = false;               // the button is held since then
-    bool keepsFocus_ = false;         // the editor that is being opened leaves the focus where it is
-    bool handsOn_ = false;            // a key is with the editor, and comes back when it has no use for it
+    QPoint pressPlace_;               // of the last press, and when it came, in milliseconds
+    qint64 pressTime_ = 0;
+    bool down_ = false;       // the button is held since then
+    bool keepsFocus_ = false; // the editor that is being opened leaves the focus where it is
+    bool handsOn_ = false;    // a key is with the editor, and comes back when it has no use for it
     QColor gridColor_;
     bool reDraw_ = true;
     bool rowCursor_ = false;

@@ -200,6 +200,54 @@ TEST_F(RecipientGrid, EnterWhileACellIsTypedIntoKeepsTheTextAndWalks)
     EXPECT_EQ(Grid().ActiveRow(), 2);
 }
 
+TEST_F(RecipientGrid, TabWalksAsEnterDoesWhileACellIsEdited)
+{
+    ClickCell(Grid(), 2, 1);
+    for (const QString& text : {u"홍길동"_q, u"01012345678"_q}) {
+        TypeText(Grid(), text);
+        PressKey(Grid(), Qt::Key_Tab);
+    }
+    EXPECT_EQ(Grid().GetText(2, 1), u"홍길동"_q);
+    EXPECT_EQ(Grid().GetText(3, 1), u"01012345678"_q);
+    EXPECT_EQ(Grid().ActiveCol(), 2);
+    EXPECT_EQ(Grid().ActiveRow(), 2);
+    EXPECT_TRUE(Grid().hasFocus());
+    PressKey(Grid(), Qt::Key_Tab);
+    EXPECT_TRUE(program.Control(u"txtSendNo"_q).hasFocus());
+}
+
+TEST_F(RecipientGrid, TheKeyboardComesToTheFirstEmptyRowOnView)
+{
+    program.List({{u"가"_q, u"010-1"_q}, {QString(), u"010-2"_q}, {u"다"_q, QString()}});
+    Grid().SetRowHidden(4, true);
+    program.Control(u"txtSendNo"_q).setFocus();
+    PressKey(program.Control(u"txtSendNo"_q), Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_TRUE(Grid().hasFocus());
+    EXPECT_EQ(Grid().ActiveCol(), 2);
+    EXPECT_EQ(Grid().ActiveRow(), 5);
+}
+
+TEST_F(RecipientGrid, TheKeyboardComesToANameAlsoInAFullList)
+{
+    Grid().SetMaxRows(1);
+    program.List({{u"가"_q, u"010-1"_q}});
+    program.Control(u"txtSendNo"_q).setFocus();
+    Grid().setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(Grid().ActiveCol(), 2);
+    EXPECT_EQ(Grid().ActiveRow(), 1);
+}
+
+TEST_F(RecipientGrid, EscapeGivesACellThatIsEditedBackAndAsksNothing)
+{
+    program.List({{u"가"_q, u"010-1"_q}});
+    ClickCell(Grid(), 2, 1);
+    TypeText(Grid(), u"나"_q);
+    PressKey(*program.form, Qt::Key_Escape);
+    EXPECT_FALSE(Grid().IsEditing());
+    EXPECT_EQ(Grid().GetText(2, 1), u"가"_q);
+    EXPECT_TRUE(program.desktop.boxes.isEmpty());
+}
+
 TEST_F(RecipientGrid, EnterWalksWhileBusyToo)
 {
     ClickCell(Grid(), 2, 1);

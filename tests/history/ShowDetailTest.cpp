@@ -4,8 +4,12 @@
 #include "support/database/SqlServerWords.h"
 #include "support/program/HistoryProgram.h"
 #include "toolkit/Controls.h"
+#include "toolkit/fpSpread.h"
 
 #include <gtest/gtest.h>
+
+#include <QHeaderView>
+#include <QtTest/QTest>
 
 using namespace tsms;
 using namespace tsms::test;
@@ -215,6 +219,26 @@ TEST_F(ShowDetail, OpensByADoubleClickAnywhereInARow)
         EXPECT_EQ(name, u"나"_q) << col;
     }
     EXPECT_EQ(Marks(), u"et"_q); // the first of the two clicks on the mark ticked it
+}
+
+TEST_F(ShowDetail, OpensByADoubleClickOnATitleOrBelowTheLastRow)
+{
+    Log({.time = u"2012-05-31-12-00"_q, .name = u"가"_q});
+    Log({.time = u"2012-05-31-11-00"_q, .name = u"나"_q});
+    EnterAndListAll();
+    ClickCell(List(), 5, 2);
+    const int x = List().columnViewportPosition(4) + 20;
+    for (const auto& [surface, place] : {std::pair(List().horizontalHeader()->viewport(), QPoint(x, 5)),
+                                         {List().viewport(), QPoint(x, List().viewport()->height() - 5)}}) {
+        QString name;
+        WhenShown(u"dlgSMSShowDetail"_q, [&](QWidget& dialog) {
+            name = Value(dialog, 1);
+            PressKey(dialog, Qt::Key_Escape);
+        });
+        QTest::mouseClick(surface, Qt::LeftButton, {}, place);
+        QTest::mouseDClick(surface, Qt::LeftButton, {}, place);
+        EXPECT_EQ(name, u"나"_q);
+    }
 }
 
 TEST_F(ShowDetail, TheYearOfTheShownTimeNamesTheTable)

@@ -107,6 +107,23 @@ protected:
         QCoreApplication::sendEvent(grid.viewport(), &second);
         QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, place);
     }
+    /// As fast as a hand does it: each second press comes as a double click.
+    void MultiClickOn(int col, int row, int times)
+    {
+        const QPoint place = Place(col, row);
+        for (int i = 0; i < times; ++i) {
+            pressTime += 100;
+            for (const auto type : {i % 2 == 0 ? QEvent::MouseButtonPress : QEvent::MouseButtonDblClick,
+                                    QEvent::MouseButtonRelease}) {
+                QMouseEvent event(type, place, grid.viewport()->mapToGlobal(place), Qt::LeftButton,
+                                  Qt::LeftButton, Qt::NoModifier);
+                event.setTimestamp(pressTime);
+                QCoreApplication::sendEvent(grid.viewport(), &event);
+            }
+        }
+    }
+    quint64 pressTime = 100000; // milliseconds
+
     bool IsEditing() const
     {
         const auto editors = grid.viewport()->findChildren<QLineEdit*>();
@@ -681,14 +698,66 @@ TEST_F(SpreadTest, ADoubleClickIsOneClickAndOneDoubleClick)
     EXPECT_EQ(doubles[0][1].toInt(), 4);
 }
 
-TEST_F(SpreadTest, AButtonTakesBothClicksOfADoubleClick)
+TEST_F(SpreadTest, OfADoubleAndATripleClickAButtonTakesTheFirst)
 {
     Show();
     QSignalSpy clicks(&grid, &fpSpread::Click);
     QSignalSpy doubles(&grid, &fpSpread::DblClick);
-    DoubleClickOn(4, 4);
-    EXPECT_EQ(clicks.count(), 2);
+    QObject::connect(&grid, &fpSpread::Click, &grid, [this](int, int row) { grid.SetRowHidden(row, true); });
+    MultiClickOn(4, 4, 3);
+    EXPECT_EQ(clicks.count(), 1);
     EXPECT_EQ(doubles.count(), 0);
+    EXPECT_TRUE(grid.RowHidden(4));
+    EXPECT_FALSE(grid.RowHidden(5));
+}
+
+TEST_F(SpreadTest, AButtonTakesTheNextClickAgain)
+{
+    Show();
+    QSignalSpy clicks(&grid, &fpSpread::Click);
+    MultiClickOn(4, 4, 2);
+    pressTime += QApplication::doubleClickInterval();
+    MultiClickOn(4, 4, 1);
+    MultiClickOn(4, 8, 1);
+    EXPECT_EQ(clicks.count(), 3);
+}
+
+TEST_F(SpreadTest, ASecondClickOnACellThatAKeyHasLeftIsAFirst)
+{
+    Show();
+    QSignalSpy doubles(&grid, &fpSpread::DblClick);
+    MultiClickOn(2, 4, 1);
+    Press(Qt::Key_Down);
+    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, Place(2, 4));
+    EXPECT_EQ(doubles.count(), 0);
+    EXPECT_EQ(grid.ActiveRow(), 4);
+    EXPECT_FALSE(IsEditing());
+}
+
+TEST_F(SpreadTest, ADoubleClickOnATitleIsOneOfRowZero)
+{
+    grid.SetHeadersVisible(true, false);
+    Show();
+    QSignalSpy doubles(&grid, &fpSpread::DblClick);
+    QWidget* titles = grid.horizontalHeader()->viewport();
+    const QPoint place(grid.columnViewportPosition(2) + 20, 5);
+    QTest::mouseClick(titles, Qt::LeftButton, {}, place);
+    QTest::mouseDClick(titles, Qt::LeftButton, {}, place);
+    ASSERT_EQ(doubles.count(), 1);
+    EXPECT_EQ(doubles[0], QVariantList({3, 0}));
+}
+
+TEST_F(SpreadTest, ADoubleClickBesideTheCellsIsOneOfNoCell)
+{
+    Show();
+    grid.SetMaxRows(2);
+    QSignalSpy clicks(&grid, &fpSpread::Click);
+    QSignalSpy doubles(&grid, &fpSpread::DblClick);
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, QPoint(20, 200));
+    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, QPoint(20, 200));
+    EXPECT_EQ(clicks.count(), 0);
+    ASSERT_EQ(doubles.count(), 1);
+    EXPECT_EQ(doubles[0], QVariantList({-1, -1}));
 }
 
 TEST_F(SpreadTest, AClickMayEndTheGrid)
@@ -1068,19 +1137,59 @@ TEST_F(SpreadTest, UpAndDownCommitTheEditAndWalkOn)
     EXPECT_EQ(grid.ActiveRow(), 2);
 }
 
-TEST_F(SpreadTest, TabCommitsTheEditAndLeavesTheGrid)
+TEST_F(SpreadTest, TabCommitsTheEditAndIsEnterForTheOwner)
 {
     Show();
+    int seen = 0;
+    grid.OnKeyPress = [&](int& key) { seen += key == 13; };
     grid.SetActiveCell(3, 2);
     Type("010");
     Press(Qt::Key_Tab);
     EXPECT_EQ(grid.GetText(3, 2), u"010"_q);
+    EXPECT_TRUE(grid.hasFocus());
+    EXPECT_EQ(seen, 1);
+}
+
+TEST_F(SpreadTest, TabLeavesTheGridWhereNothingIsEdited)
+{
+    Show();
+    grid.SetActiveCell(3, 2);
+    Press(Qt::Key_Tab);
     EXPECT_TRUE(next.hasFocus());
     Press(Qt::Key_Backtab, Qt::ShiftModifier);
     EXPECT_TRUE(grid.hasFocus());
-    Press(Qt::Key_Tab);
-    EXPECT_TRUE(next.hasFocus());
     EXPECT_EQ(grid.ActiveCol(), 3);
+}
+
+TEST_F(SpreadTest, ShiftTabCommitsTheEditAndGoesToTheEditCellBefore)
+{
+    Show();
+    grid.SetRowHidden(2, true);
+    grid.SetActiveCell(3, 3);
+    for (const auto& [col, row] : {std::pair(2, 3), {3, 1}, {2, 1}, {2, 1}}) {
+        Type("1");
+        Press(Qt::Key_Backtab, Qt::ShiftModifier);
+        EXPECT_EQ(grid.ActiveCol(), col);
+        EXPECT_EQ(grid.ActiveRow(), row);
+        EXPECT_FALSE(IsEditing());
+    }
+    EXPECT_EQ(grid.GetText(3, 3), u"1"_q);
+    EXPECT_EQ(grid.GetText(2, 2), QString());
+}
+
+TEST_F(SpreadTest, TheOwnerIsToldWhenTabComesToTheGrid)
+{
+    Show();
+    int came = 0;
+    grid.OnTabInto = [&] { ++came; };
+    next.setFocus();
+    grid.setFocus(Qt::MouseFocusReason);
+    EXPECT_EQ(came, 0);
+    for (const auto reason : {Qt::TabFocusReason, Qt::BacktabFocusReason}) {
+        next.setFocus();
+        grid.setFocus(reason);
+    }
+    EXPECT_EQ(came, 2);
 }
 
 TEST_F(SpreadTest, TheOwnerSeesEnterWithTheEditCommitted)

@@ -50,9 +50,11 @@ def _left_by(what, leave, cell, held="하녕"):
 _left_by("a click on another cell", lambda hands, recipients: recipients.click(NAME, 6), (NAME, 6))
 _left_by("a click on its own number", lambda hands, recipients: recipients.click(PHONE, 3), (PHONE, 3))
 _left_by("Enter", lambda hands, recipients: hands.press("Return"), (PHONE, 3))
+_left_by("Tab", lambda hands, recipients: hands.press("Tab"), (PHONE, 3))
 _left_by("Down", lambda hands, recipients: hands.press("Down"), (NAME, 4))
 _left_by("Up", lambda hands, recipients: hands.press("Up"), (NAME, 2))
 _left_by("Left", lambda hands, recipients: hands.press("Left"), (NAME, 3))
+_left_by("Esc", lambda hands, recipients: hands.press("Escape"), (NAME, 3), held="")
 _left_by("the wheel", lambda hands, recipients: hands.turn_wheel(recipients.table, 1), (NAME, 3))
 _left_by("F12", lambda hands, recipients: hands.press("F12"), (NAME, 3))
 _left_by("a click on the message", lambda hands, recipients: hands.click("문자메시지 내용"), (NAME, 3))
@@ -69,6 +71,43 @@ def _wheel_within(hands):
     hands.press("k", "s", "Return")
     recipients.await_cell(PHONE, 3)
     recipients.expect({3: ("한", "")})
+
+
+# In place: how the cell is opened and where the caret goes.
+def _in_place(how, open_cell, walk, wanted, leave):
+    @scene(f"{how}, and a click elsewhere" if leave == "click" else f"{how}, and {leave}")
+    def play(hands):
+        hands.pace = 30
+        recipients = Recipients(hands)
+        recipients.click(NAME, 1)
+        hands.write("김하늘")
+        hands.press("Return")
+        recipients.await_cell(PHONE, 1)
+        open_cell(hands, recipients)
+        if walk:
+            hands.press(*walk)
+        hands.write("녕")
+        if leave == "click":
+            recipients.click(NAME, 4)
+        else:
+            hands.press(leave)
+        recipients.expect({1: (wanted, "")})
+
+
+def _by_f2(hands, recipients):
+    recipients.click(NAME, 1)
+    hands.press("F2")
+
+
+def _by_double_click(hands, recipients):
+    recipients.click(NAME, 1, times=2)
+
+
+_in_place("F2 and a syllable at the end", _by_f2, (), "김하늘녕", "click")
+_in_place("A double click and a syllable at the end", _by_double_click, (), "김하늘녕", "click")
+_in_place("F2 and a syllable at the start", _by_f2, ("Home",), "녕김하늘", "click")
+_in_place("F2 and a syllable in the middle", _by_f2, ("Left",), "김하녕늘", "Return")
+_in_place("A double click and a syllable in the middle", _by_double_click, ("Home", "Right"), "김녕하늘", "Tab")
 
 
 @scene("A name that was typed straight is mended in its middle without leaving the cell")
@@ -104,6 +143,22 @@ def _at_the_limit(hands):
     recipients.click(NAME, 1)
     hands.write("가나다라마바사")
     recipients.click(NAME, 2)
+    recipients.expect({1: ("가나다라마바", "")})
+
+
+@scene("A syllable in the middle of a full name finds no room and pushes none out")
+def _full(hands):
+    hands.pace = 30
+    recipients = Recipients(hands)
+    recipients.click(NAME, 1)
+    hands.write("가나다라마바")
+    hands.press("Return")
+    recipients.await_cell(PHONE, 1)
+    recipients.click(NAME, 1)
+    hands.press("F2", "Home")
+    hands.write("녕")
+    hands.press("Return")
+    recipients.await_cell(PHONE, 1)
     recipients.expect({1: ("가나다라마바", "")})
 
 
