@@ -20,6 +20,7 @@ namespace tsms {
 ComboBox::ComboBox(QWidget* parent, const QString& name) : QComboBox(parent)
 {
     SetName(*this, name);
+    setFocusPolicy(Qt::StrongFocus); // the wheel would take the focus first, and then change the list
     setMaxVisibleItems(14);
     setSizeAdjustPolicy(QComboBox::AdjustToContents);
     connect(this, &QComboBox::activated, this, [this] { RaiseEvent(*this, OnClick); });

@@ -565,16 +565,46 @@ TEST_F(ComboBoxTest, KeysWithoutACharacterAreNotOffered)
     EXPECT_EQ(combo.ListIndex(), 1);
 }
 
-TEST_F(ComboBoxTest, TheWheelOverAListWithoutTheFocusChangesNothing)
+/// As the desk sends it: through the window, to what lies under the mouse.
+void TurnWheelOver(QWidget& control)
 {
-    Fill();
-    combo.SetListIndex(0);
-    combo.show();
-    combo.clearFocus();
-    QWheelEvent wheel(QPointF(5, 5), combo.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, -120), Qt::NoButton,
+    const QPointF place(control.mapTo(control.window(), control.rect().center()));
+    QWheelEvent wheel(place, control.window()->mapToGlobal(place), {}, QPoint(0, -120), Qt::NoButton,
                       Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(&combo, &wheel);
+    QApplication::sendEvent(control.window()->windowHandle(), &wheel);
+}
+
+class WheelTest : public testing::Test
+{
+protected:
+    void Show(QWidget& control)
+    {
+        QWidget& window = *control.window();
+        auto* other = new QLineEdit(&window);
+        other->setGeometry(0, 60, 100, 20);
+        control.setGeometry(0, 0, 140, 30);
+        window.resize(200, 100);
+        window.show();
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        other->setFocus();
+    }
+    QWidget window;
+};
+
+TEST_F(WheelTest, OverAListWithoutTheFocusChangesNothingAndTakesNoFocus)
+{
+    ComboBox combo(&window, u"a"_q);
+    for (const QString& entry : {u"a"_q, u"b"_q})
+        combo.AddItem(entry);
+    combo.SetListIndex(0);
+    Show(combo);
+    TurnWheelOver(combo);
     EXPECT_EQ(combo.ListIndex(), 0);
+    EXPECT_FALSE(combo.hasFocus());
+    combo.setFocus();
+    TurnWheelOver(combo);
+    EXPECT_EQ(combo.ListIndex(), 1);
 }
 
 TEST(DatePicker, IsShownAndReadWithHyphensWhateverTheLocale)
