@@ -4,8 +4,10 @@
 #include "toolkit/LimitRule.h"
 #include "toolkit/Naming.h"
 
+#include <QApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMouseEvent>
 
 #include <algorithm>
 
@@ -97,12 +99,42 @@ void TextBox::focusInEvent(QFocusEvent* event)
     if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
         SetSelStart(caret);
     TellFocus(true, event->reason());
+    keepsMark_ = event->reason() == Qt::MouseFocusReason && SelLength() > 0;
 }
 
 void TextBox::focusOutEvent(QFocusEvent* event)
 {
     QLineEdit::focusOutEvent(event);
     TellFocus(false, event->reason());
+}
+
+void TextBox::mousePressEvent(QMouseEvent* event)
+{
+    const int start = SelStart();
+    const int length = SelLength();
+    QLineEdit::mousePressEvent(event);
+    keepsMark_ = keepsMark_ && event->button() == Qt::LeftButton;
+    if (!keepsMark_)
+        return;
+    Select(start, length);
+    pressed_ = event->position().toPoint();
+}
+
+void TextBox::mouseMoveEvent(QMouseEvent* event)
+{
+    const QPoint place = event->position().toPoint();
+    if (keepsMark_ && (place - pressed_).manhattanLength() < QApplication::startDragDistance())
+        return; // no hand holds the mouse quite still
+    if (keepsMark_)
+        SetSelStart(cursorPositionAt(pressed_)); // it is dragged over the text to mark a part of it
+    keepsMark_ = false;
+    QLineEdit::mouseMoveEvent(event);
+}
+
+void TextBox::mouseReleaseEvent(QMouseEvent* event)
+{
+    QLineEdit::mouseReleaseEvent(event);
+    keepsMark_ = false;
 }
 
 } // namespace tsms

@@ -34,6 +34,13 @@ protected:
     void inputMethodEvent(QInputMethodEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    bool keepsMark_ = false; // the press that brought the focus, which marked the text, leaves the mark
+    QPoint pressed_;         // where that was
 };
 
 } // namespace tsms

@@ -405,6 +405,47 @@ TYPED_TEST(FieldFocus, AFieldMayEndWhileItsWindowIsAway)
     EXPECT_EQ(lost, 0);
 }
 
+/// A box that marks its text when it gains the focus, beside another one.
+class MarkingBox : public FieldFocus<TextBox>
+{
+protected:
+    void SetUp() override
+    {
+        second.SetText(u"0212345678"_q);
+        second.OnGotFocus = [this] { second.SelectAll(); };
+    }
+    QPoint In(int x) const { return {x, second.height() / 2}; }
+};
+
+TEST_F(MarkingBox, KeepsTheMarkOfTheClickThatBringsTheFocus)
+{
+    QTest::mousePress(&second, Qt::LeftButton, {}, In(30));
+    QTest::mouseMove(&second, In(32)); // no hand holds still
+    QTest::mouseRelease(&second, Qt::LeftButton, {}, In(32));
+    EXPECT_EQ(second.SelText(), u"0212345678"_q);
+    QTest::keyClick(&second, Qt::Key_7);
+    EXPECT_EQ(second.Text(), u"7"_q);
+}
+
+TEST_F(MarkingBox, TheNextClickSetsTheCaret)
+{
+    QTest::mouseClick(&second, Qt::LeftButton, {}, In(30));
+    QTest::mouseClick(&second, Qt::LeftButton, {}, In(2));
+    EXPECT_EQ(second.SelLength(), 0);
+    EXPECT_EQ(second.SelStart(), 0);
+}
+
+TEST_F(MarkingBox, APartCanBeMarkedByDraggingAtOnce)
+{
+    QTest::mousePress(&second, Qt::LeftButton, {}, In(2));
+    QTest::mouseMove(&second, In(2 + second.fontMetrics().horizontalAdvance(u"0212"_q)));
+    QTest::mouseRelease(&second, Qt::LeftButton, {},
+                        In(2 + second.fontMetrics().horizontalAdvance(u"0212"_q)));
+    EXPECT_TRUE(u"0212345678"_q.startsWith(second.SelText()));
+    EXPECT_GT(second.SelLength(), 0);
+    EXPECT_LT(second.SelLength(), 10);
+}
+
 TEST(TextBox, OfAPastedTextItTakesTheFirstLine)
 {
     TextBox field;
