@@ -171,7 +171,7 @@ void TemplateEditor::Clear()
 {
     counter_->Number().SetCaption(QStringLiteral("0 /")); // its Tag stays
     for (TextField* field : {static_cast<TextField*>(body_), static_cast<TextField*>(subject_)}) {
-        field->SetText(QString());
+        field->PutText(QString());
         field->Tag.clear();
     }
     body_->SetFocus();
@@ -206,7 +206,7 @@ void TemplateEditor::InsertAtCaret(const QString& piece)
     if (body_->Text().size() + piece.size() > BodyCharacters)
         return;
     // The selection is not replaced, and the caret goes to the end of the whole text: both are meant.
-    body_->SetText(WithInsertion(body_->Text(), body_->SelStart(), piece));
+    body_->PutText(WithInsertion(body_->Text(), body_->SelStart(), piece));
     counter_->KeyUp(0, 0);
     body_->SetSelStart(static_cast<int>(body_->Text().size()));
     body_->SetFocus();

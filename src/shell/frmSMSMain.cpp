@@ -240,7 +240,7 @@ void frmSMSMain::TakeTemplate(int card)
 {
     const QString body = cards_->Content(card).Caption();
     if (!IsBlank(body))
-        compose_->Message().SetText(body);
+        compose_->Message().PutText(body);
 }
 
 void frmSMSMain::ShowVersion()

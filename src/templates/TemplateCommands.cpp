@@ -17,7 +17,7 @@ namespace {
 
 void FillField(TextField& field, const QString& text, const QString& tag)
 {
-    field.SetText(text);
+    field.PutText(text);
     field.Tag = tag;
 }
 
@@ -78,6 +78,9 @@ void TemplateCommands::Delete()
                                  MsgBoxInformation, QStringLiteral("문자서식 삭제"));
         reload_();
         New();
+        // Taken back, what was written would belong to a template that is gone, and no save would store it.
+        fields_.body.ForgetHistory();
+        fields_.subject.ForgetHistory();
     }
     services_.db.CloseDB();
 }

@@ -13,14 +13,6 @@ namespace {
 constexpr char16_t BackspaceKey = 8;
 constexpr char16_t TabKey = 9;
 
-bool IsCommand(const QKeyEvent& event)
-{
-    // AltGr comes as Ctrl and Alt, with the character that it makes.
-    return event.modifiers().testFlag(Qt::ControlModifier) &&
-           (event.text().isEmpty() || event.text().front().category() == QChar::Other_Control ||
-            !event.modifiers().testFlag(Qt::AltModifier));
-}
-
 QString CharactersOf(const QKeyEvent& event)
 {
     switch (event.key()) {
@@ -39,6 +31,14 @@ QString CharactersOf(const QKeyEvent& event)
 }
 
 } // namespace
+
+bool IsEditingCommand(const QKeyEvent& event)
+{
+    // AltGr comes as Ctrl and Alt, with the character that it makes.
+    return event.modifiers().testFlag(Qt::ControlModifier) &&
+           (event.text().isEmpty() || event.text().front().category() == QChar::Other_Control ||
+            !event.modifiers().testFlag(Qt::AltModifier));
+}
 
 QString OfferKeys(const QWidget& control, const std::function<void(char16_t& key)>& handler, QStringView keys)
 {
@@ -59,7 +59,7 @@ bool SwallowsTab(QEvent& event, const PassKeysFunction& pass)
     if (event.type() != QEvent::KeyPress)
         return false;
     const auto& key = static_cast<const QKeyEvent&>(event);
-    if (key.key() != Qt::Key_Tab || IsCommand(key) || !pass(QStringView(&TabKey, 1)).isEmpty())
+    if (key.key() != Qt::Key_Tab || IsEditingCommand(key) || !pass(QStringView(&TabKey, 1)).isEmpty())
         return false;
     event.accept();
     return true;
@@ -68,7 +68,7 @@ bool SwallowsTab(QEvent& event, const PassKeysFunction& pass)
 void SendFilteredKey(QKeyEvent& event, const PassKeysFunction& pass,
                      const std::function<void(QKeyEvent*)>& send)
 {
-    const QString characters = IsCommand(event) ? QString() : CharactersOf(event);
+    const QString characters = IsEditingCommand(event) ? QString() : CharactersOf(event);
     if (characters.isEmpty()) {
         send(&event);
         return;

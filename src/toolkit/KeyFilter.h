@@ -23,6 +23,9 @@ using PassKeysFunction = std::function<QString(QStringView keys)>;
 QString OfferKeys(const QWidget& control, const std::function<void(char16_t& key)>& handler,
                   QStringView keys);
 
+/// True when the keys are no character but a command, as those of copy and paste are.
+bool IsEditingCommand(const QKeyEvent& event);
+
 /// True when the event is a Tab that the filter swallowed; it is then used up.
 bool SwallowsTab(QEvent& event, const PassKeysFunction& pass);
 

@@ -5,8 +5,10 @@
 #include "toolkit/LimitRule.h"
 #include "toolkit/Naming.h"
 
+#include <QContextMenuEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -16,41 +18,10 @@
 
 namespace tsms {
 
-namespace {
-
-/// Makes one step of undo of an edit, which a correction can then join.
-class EditStep
-{
-public:
-    EditStep(QPlainTextEdit& box, bool edits) : box_(box), cursor_(edits ? box.textCursor() : QTextCursor())
-    {
-        if (!cursor_.isNull())
-            cursor_.beginEditBlock();
-    }
-    EditStep(QPlainTextEdit& box, const QKeyEvent& key)
-        : EditStep(box, !key.text().isEmpty() && !key.modifiers().testFlag(Qt::ControlModifier))
-    {
-    }
-    ~EditStep()
-    {
-        if (cursor_.isNull())
-            return;
-        cursor_.endEditBlock();
-        box_.ensureCursorVisible(); // the text was laid out only now
-    }
-    EditStep(const EditStep&) = delete;
-    EditStep& operator=(const EditStep&) = delete;
-
-private:
-    QPlainTextEdit& box_;
-    QTextCursor cursor_;
-};
-
-} // namespace
-
 MemoBox::MemoBox(QWidget* parent) : QPlainTextEdit(parent)
 {
     setTabChangesFocus(true);
+    setUndoRedoEnabled(false); // it would undo key by key, and a correction apart from its change
     connect(this, &QPlainTextEdit::textChanged, this, [this] { TellChange(); });
 }
 
@@ -70,9 +41,9 @@ QString MemoBox::Text() const
     return document()->toRawText().replace(QChar::ParagraphSeparator, CrLf.toString());
 }
 
-void MemoBox::SetText(const QString& text)
+void MemoBox::Load(const QString& text)
 {
-    ChangeByProgram([&] { setPlainText(Manageable(text)); });
+    setPlainText(Manageable(text));
 }
 
 int MemoBox::SelStart() const
@@ -116,7 +87,7 @@ void MemoBox::Replace(const QString& text, int caret)
         ++behind;
 
     QTextCursor cursor(document());
-    cursor.joinPreviousEditBlock();
+    cursor.beginEditBlock();
     cursor.setPosition(static_cast<int>(ahead));
     cursor.setPosition(static_cast<int>(now.size() - behind), QTextCursor::KeepAnchor);
     cursor.insertText(then.mid(ahead, then.size() - ahead - behind));
@@ -151,17 +122,15 @@ bool MemoBox::event(QEvent* event)
 
 void MemoBox::keyPressEvent(QKeyEvent* event)
 {
+    if (TakesBack(*event))
+        return;
     SendFilteredKey(
         *event, [this](QStringView keys) { return WithRoom(PassKeys(keys)); },
         [this](QKeyEvent* key) {
-            const EditStep step(*this, *key);
-            if (key->key() == Qt::Key_Return && key->modifiers() == Qt::ShiftModifier) {
-                // Otherwise the control would put in a break of its own kind, which no text of ours knows.
-                QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
-                QPlainTextEdit::keyPressEvent(&enter);
-                return;
-            }
-            QPlainTextEdit::keyPressEvent(key);
+            // With Shift the control would put in a break of its own kind, which no text of ours knows.
+            QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
+            const bool shifted = key->key() == Qt::Key_Return && key->modifiers() == Qt::ShiftModifier;
+            EditByKey(*key, [&] { QPlainTextEdit::keyPressEvent(shifted ? &enter : key); });
         });
 }
 
@@ -177,8 +146,7 @@ void MemoBox::inputMethodEvent(QInputMethodEvent* event)
     SendFilteredCommit(
         *event, [this](QStringView keys) { return PassKeys(keys); },
         [this](QInputMethodEvent* commit) {
-            const EditStep step(*this, !commit->commitString().isEmpty());
-            QPlainTextEdit::inputMethodEvent(commit);
+            EditByCommit([&] { QPlainTextEdit::inputMethodEvent(commit); });
         });
     // A syllable that a click finishes comes without a key of its own, and the counters go by keys.
     if (!event->commitString().isEmpty())
@@ -197,11 +165,15 @@ void MemoBox::focusOutEvent(QFocusEvent* event)
     TellFocus(false, event->reason());
 }
 
+void MemoBox::contextMenuEvent(QContextMenuEvent* event)
+{
+    OpenMenu(createStandardContextMenu(event->pos()), event->globalPos());
+}
+
 void MemoBox::insertFromMimeData(const QMimeData* source)
 {
     if (!source->hasText())
         return;
-    const EditStep step(*this, true);
     insertPlainText(Manageable(source->text()).replace(QChar::LineSeparator, QChar(u'\n')));
 }
 

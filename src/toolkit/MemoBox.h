@@ -19,7 +19,6 @@ public:
     void SetBorder(bool border);
 
     QString Text() const override;
-    void SetText(const QString& text) override;
     int SelStart() const override;
     void SetSelStart(int position) override;
     int SelLength() const override;
@@ -27,6 +26,7 @@ public:
     QWidget& Widget() override { return *this; }
 
 protected:
+    void Load(const QString& text) override;
     void Replace(const QString& text, int caret) override;
     int Caret() const override;
     bool OneLine() const override { return false; }
@@ -37,6 +37,7 @@ protected:
     void inputMethodEvent(QInputMethodEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
 
 private:

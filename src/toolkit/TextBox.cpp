@@ -5,8 +5,10 @@
 #include "toolkit/Naming.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMouseEvent>
 
 #include <algorithm>
@@ -26,12 +28,10 @@ TextBox::TextBox(QWidget* parent, const QString& name) : TextBox(parent)
     SetName(*this, name);
 }
 
-void TextBox::SetText(const QString& text)
+void TextBox::Load(const QString& text)
 {
-    ChangeByProgram([&] {
-        QLineEdit::setText(text);
-        setCursorPosition(0);
-    });
+    QLineEdit::setText(text);
+    setCursorPosition(0);
 }
 
 int TextBox::SelStart() const
@@ -72,9 +72,25 @@ bool TextBox::event(QEvent* event)
 
 void TextBox::keyPressEvent(QKeyEvent* event)
 {
+    if (TakesBack(*event))
+        return;
     SendFilteredKey(
         *event, [this](QStringView keys) { return WithRoom(PassKeys(keys)); },
-        [this](QKeyEvent* key) { QLineEdit::keyPressEvent(key); });
+        [this](QKeyEvent* key) {
+            StepOverSeparator(*key);
+            EditByKey(*key, [&] { QLineEdit::keyPressEvent(key); });
+        });
+}
+
+void TextBox::StepOverSeparator(const QKeyEvent& key)
+{
+    if (Separator().isNull() || hasSelectedText())
+        return;
+    const int caret = cursorPosition();
+    if (key.key() == Qt::Key_Backspace && text().first(caret).endsWith(Separator()))
+        setCursorPosition(caret - 1);
+    if (key.key() == Qt::Key_Delete && text().sliced(caret).startsWith(Separator()))
+        setCursorPosition(caret + 1);
 }
 
 void TextBox::keyReleaseEvent(QKeyEvent* event)
@@ -88,7 +104,7 @@ void TextBox::inputMethodEvent(QInputMethodEvent* event)
 {
     SendFilteredCommit(
         *event, [this](QStringView keys) { return PassKeys(keys); },
-        [this](QInputMethodEvent* commit) { QLineEdit::inputMethodEvent(commit); });
+        [this](QInputMethodEvent* commit) { EditByCommit([&] { QLineEdit::inputMethodEvent(commit); }); });
 }
 
 void TextBox::focusInEvent(QFocusEvent* event)
@@ -135,6 +151,11 @@ void TextBox::mouseReleaseEvent(QMouseEvent* event)
 {
     QLineEdit::mouseReleaseEvent(event);
     keepsMark_ = false;
+}
+
+void TextBox::contextMenuEvent(QContextMenuEvent* event)
+{
+    OpenMenu(createStandardContextMenu(), event->globalPos());
 }
 
 } // namespace tsms

@@ -16,7 +16,6 @@ public:
     TextBox(QWidget* parent, const QString& name);
 
     QString Text() const override { return text(); }
-    void SetText(const QString& text) override;
     int SelStart() const override;
     void SetSelStart(int position) override;
     int SelLength() const override;
@@ -24,6 +23,7 @@ public:
     QWidget& Widget() override { return *this; }
 
 protected:
+    void Load(const QString& text) override;
     void Replace(const QString& text, int caret) override;
     int Caret() const override { return cursorPosition(); }
     bool OneLine() const override { return true; }
@@ -37,8 +37,11 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
+    void StepOverSeparator(const QKeyEvent& key);
+
     bool keepsMark_ = false; // the press that brought the focus, which marked the text, leaves the mark
     QPoint pressed_;         // where that was
 };

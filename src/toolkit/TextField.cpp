@@ -6,7 +6,10 @@
 #include "toolkit/LimitRule.h"
 #include "toolkit/Theme.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QKeyEvent>
+#include <QMenu>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -84,15 +87,93 @@ void TextField::Correct(const QString& text, int caret)
         TellChange();
 }
 
-void TextField::ChangeByProgram(const std::function<void()>& change)
+void TextField::SetText(const QString& text)
+{
+    history_.Forget();
+    ChangeByProgram(Author::Program, text);
+}
+
+void TextField::PutText(const QString& text)
+{
+    ChangeByProgram(Author::Choice, text);
+}
+
+void TextField::ChangeByProgram(Author author, const QString& text)
 {
     {
         // The controls tell of some changes in several steps; this one is told once, when it is done.
         const QScopedValueRollback<bool> quiet(correcting_, true);
-        change();
+        Load(text);
     }
-    const QScopedValueRollback<bool> byProgram(byProgram_, true);
+    const QScopedValueRollback<Author> by(author_, author);
     const QScopedValueRollback<Change*> ownChange(change_, nullptr);
+    TellChange();
+}
+
+void TextField::EditByKey(const QKeyEvent& key, const std::function<void()>& edit)
+{
+    const bool pastes = IsEditingCommand(key) || key.key() == Qt::Key_Insert;
+    EditBy(pastes ? Author::Person : Author::Keys, edit);
+}
+
+void TextField::EditByCommit(const std::function<void()>& edit)
+{
+    EditBy(Author::Keys, edit);
+}
+
+void TextField::EditBy(Author author, const std::function<void()>& edit)
+{
+    const QScopedValueRollback<Author> by(author_, author);
+    const QScopedValueRollback<bool> over(overSelection_, SelLength() > 0);
+    edit();
+}
+
+bool TextField::TakesBack(QKeyEvent& key)
+{
+    const bool again =
+        key.matches(QKeySequence::Redo) || (key.key() == Qt::Key_Y && key.modifiers() == Qt::ControlModifier);
+    if (!again && !key.matches(QKeySequence::Undo))
+        return false;
+    again ? Redo() : Undo();
+    key.accept();
+    return true;
+}
+
+void TextField::OpenMenu(QMenu* menu, QPoint place)
+{
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto serve = [&](int entry, bool enabled, void (TextField::*act)()) {
+        QAction* action = menu->actions().at(entry);
+        action->disconnect();
+        QObject::connect(action, &QAction::triggered, &Widget(), [this, act] { (this->*act)(); });
+        action->setEnabled(enabled);
+    };
+    serve(0, history_.CanUndo(), &TextField::Undo);
+    serve(1, history_.CanRedo(), &TextField::Redo);
+    menu->popup(place);
+}
+
+void TextField::Undo()
+{
+    Recall(history_.Undo({Text(), Tag}));
+}
+
+void TextField::Redo()
+{
+    Recall(history_.Redo({Text(), Tag}));
+}
+
+void TextField::Recall(const std::optional<HeldText>& held)
+{
+    if (!held)
+        return;
+    const Insertion put = FindInsertion(Text(), held->text, 0);
+    {
+        const QScopedValueRollback<bool> quiet(correcting_, true);
+        Replace(held->text, static_cast<int>(put.start + put.length));
+    }
+    Tag = held->tag;
+    const QScopedValueRollback<Author> by(author_, Author::History);
     TellChange();
 }
 
@@ -108,13 +189,25 @@ void TextField::TellChange()
     const QString now = Text();
     if (now == settled_)
         return;
-    Change change{settled_, byProgram_};
+    const int caret = Caret();
+    Change change{settled_, author_ == Author::Program || author_ == Author::Choice};
     {
         const QScopedValueRollback<Change*> present(change_, &change);
         const QScopedValueRollback<int> round(rounds_, 0);
         TellRules();
     }
     settled_ = Text();
+    Remember(change.before, now, caret);
+}
+
+void TextField::Remember(const QString& before, const QString& put, int caret)
+{
+    const bool changed = settled_ != before;
+    if (changed && author_ == Author::Keys)
+        history_.AddKeys({before, Tag}, put, caret, overSelection_);
+    else if (changed && (author_ == Author::Person || author_ == Author::Choice))
+        history_.AddStep({before, Tag});
+    history_.Rest(Caret());
 }
 
 void TextField::TellRules()

@@ -1,11 +1,16 @@
 #pragma once
 
+#include "toolkit/EditHistory.h"
+
 #include <QColor>
 #include <QString>
 #include <QStringView>
 #include <QWidget>
 
 #include <functional>
+
+class QKeyEvent;
+class QMenu;
 
 namespace tsms {
 
@@ -21,8 +26,15 @@ public:
 
     virtual QString Text() const = 0;
     /// By the program: told through OnChange when it differs from what stands there. The caret goes to the
-    /// start.
-    virtual void SetText(const QString& text) = 0;
+    /// start. What was typed before can no longer be taken back.
+    void SetText(const QString& text);
+    /// The same for a text that a person chose: the choice is one step that can be taken back.
+    void PutText(const QString& text);
+
+    /// Takes the last step back, with the Tag that stood there. Told like every change.
+    void Undo();
+    void Redo();
+    void ForgetHistory() { history_.Forget(); }
 
     virtual int SelStart() const = 0; ///< start of the selection, or the caret
     virtual void SetSelStart(int position) = 0;
@@ -73,42 +85,64 @@ public:
     const Change* PresentChange() const { return change_; }
 
     /// Replaces the text as part of the change that is being told. What differs is told in its turn, as part
-    /// of the same change. The multi-line box undoes a change and its correction in one step.
+    /// of the same change. A change and its correction are undone in one step.
     void Correct(const QString& text, int caret);
 
     /// The byte limit that the field is held to. A key whose character finds no room is then refused before
     /// it acts; to put it in and take it out again would cost the control a second layout of the text.
     void SetByteLimit(int limit) { byteLimit_ = limit; }
 
+    /// A character that the field puts in by itself. The single-line box takes Backspace behind it, and
+    /// Delete before it, for its neighbour.
+    void SetSeparator(QChar separator) { separator_ = separator; }
+
 protected:
+    virtual void Load(const QString& text) = 0;
     virtual void Replace(const QString& text, int caret) = 0;
     /// The caret, which may be at either end of a selection.
     virtual int Caret() const = 0;
     /// Whether a pasted text ends at its first line break.
     virtual bool OneLine() const = 0;
 
-    void ChangeByProgram(const std::function<void()>& change);
     void TellChange();
+    /// Runs what a key press or a commit does to the text, which joins the step of those before it.
+    void EditByKey(const QKeyEvent& key, const std::function<void()>& edit);
+    void EditByCommit(const std::function<void()>& edit);
+    /// True when the keys are those of undo or redo, which are then used up.
+    bool TakesBack(QKeyEvent& key);
+    /// Opens the menu of the control, whose first two entries are undo and redo.
+    void OpenMenu(QMenu* menu, QPoint place);
     void TellKeyUp(int key, int shift);
     void TellFocus(bool gained, Qt::FocusReason reason);
     /// The characters that OnKeyPress lets pass.
     QString PassKeys(QStringView keys);
     /// Of a key press, its character: nothing when it finds no room.
     QString WithRoom(const QString& key) const;
+    QChar Separator() const { return separator_; }
 
 private:
+    /// Who makes the change that comes next.
+    enum class Author { Person, Keys, Program, Choice, History };
+
+    void EditBy(Author author, const std::function<void()>& edit);
+    void ChangeByProgram(Author author, const QString& text);
+    void Remember(const QString& before, const QString& put, int caret);
+    void Recall(const std::optional<HeldText>& held);
     void AwaitReturn();
     void TellRules();
     void ApplyOwnLimits();
 
     QString settled_;
+    EditHistory history_;
     Change* change_ = nullptr;
     QWidget* backing_ = nullptr;
     QMetaObject::Connection awaited_; // while the focus is out of the window
     int maxLength_ = 0;
     int byteLimit_ = 0;
     int rounds_ = 0;
-    bool byProgram_ = false;
+    QChar separator_;
+    Author author_ = Author::Person;
+    bool overSelection_ = false; // the keys that make the change
     bool correcting_ = false;
     bool focused_ = false; // as it was told
 };

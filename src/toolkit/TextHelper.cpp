@@ -91,6 +91,7 @@ void TextHelper::GuardPhoneField(TextField& field)
 
 void TextHelper::FormatThousands(TextField& field)
 {
+    field.SetSeparator(u',');
     const QString text = field.Text();
     const QString grouped = GroupDigits(text);
     if (grouped == text)

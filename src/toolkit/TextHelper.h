@@ -35,6 +35,7 @@ public:
     void GuardPhoneField(TextField& field);
 
     /// Shows a plain number with its digits in groups of three; the caret keeps its distance from the end.
+    /// Backspace and Delete pass over a separator and take the digit beyond it.
     void FormatThousands(TextField& field);
 
     /// The digits of a shown number without separators. `second` is taken and not looked at.

@@ -167,6 +167,22 @@ TEST_F(MessageEditor, OfTwoSymbolsTheFirstGoesToTheCaretAndTheSecondToTheEnd)
     EXPECT_TRUE(program.Control(u"PlDocEdit(0)"_q).isVisible());
 }
 
+TEST_F(MessageEditor, EachSymbolAndPlaceholderIsTakenBackInOneStep)
+{
+    OpenTemplatePage();
+    TypeText(Body(), u"two words"_q);
+    program.Click(u"BtnFuncDocEdit(0)"_q);
+    ClickCell(Symbols(), 1, 1);
+    program.Click(u"BtnFuncDocEdit(1)"_q);
+    program.Click(u"BtnAutoChangeChr(0)"_q);
+    ASSERT_EQ(Body().Text(), u"two words☆[받는사람]"_q);
+    PressKey(Body(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Body().Text(), u"two words☆"_q);
+    EXPECT_EQ(BodyCount(), u"11 /"_q);
+    PressKey(Body(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Body().Text(), u"two words"_q);
+}
+
 TEST_F(MessageEditor, ASelectionStaysBehindWhatIsInserted)
 {
     OpenTemplatePage();

@@ -213,6 +213,39 @@ TEST_F(TemplateLibrary, AfterRewriteASaveMakesANewTemplate)
     EXPECT_EQ(Stored().size(), 4);
 }
 
+TEST_F(TemplateLibrary, WhatACardReplacedComesBackAsTheNewTemplateThatItWas)
+{
+    Write(u"점심"_q, u"맛있게 드세요."_q);
+    ClickOn(EditCard(1));
+    ASSERT_EQ(Body().Tag, u"1"_q);
+    PressKey(Body(), Qt::Key_Z, Qt::ControlModifier);
+    PressKey(Subject(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Body().Text(), u"맛있게 드세요."_q);
+    EXPECT_EQ(Subject().Text(), u"점심"_q);
+    SaveNew();
+    EXPECT_EQ(Stored().size(), 4);
+}
+
+TEST_F(TemplateLibrary, WhatRewriteEmptiedCanBeTakenBack)
+{
+    ClickOn(EditCard(1));
+    program.Click(u"BtnFuncDocEdit(2)"_q);
+    PressKey(Body(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Body().Text(), u"좋은 아침입니다."_q);
+    EXPECT_EQ(Body().Tag, u"1"_q);
+}
+
+TEST_F(TemplateLibrary, ATemplateThatIsDeletedCannotBeTakenBackUnderItsKey)
+{
+    ClickOn(EditCard(1));
+    program.desktop.Expect(AskDelete(u"아침"_q), AnswerYes);
+    program.desktop.Expect(Deleted);
+    ClickDelete();
+    PressKey(Body(), Qt::Key_Z, Qt::ControlModifier);
+    PressKey(Subject(), Qt::Key_Z, Qt::ControlModifier);
+    ExpectEmptyEditor();
+}
+
 TEST_F(TemplateLibrary, BlanksAtTheEndsAreNotStored)
 {
     Write(u"  앞뒤 "_q, u"  가운데 빈칸  "_q);

@@ -323,6 +323,17 @@ TEST_F(TemplatePicker, ACardReplacesTheMessageAndTheCounterGoesStale)
     EXPECT_EQ(MessageCount(), u"24 /"_q);
 }
 
+TEST_F(TemplatePicker, OneUndoBringsTheMessageBackThatACardReplaced)
+{
+    Start();
+    program.Write(u"쓰던 글"_q);
+    Choose(ComposeList(), 1);
+    ClickOn(ComposeCard(1));
+    PressKey(Message(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Message().Text(), u"쓰던 글"_q);
+    EXPECT_EQ(MessageCount(), u"7 /"_q);
+}
+
 TEST_F(TemplatePicker, AnEmptyCardLeavesTheMessageAlone)
 {
     Start();

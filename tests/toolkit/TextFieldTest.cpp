@@ -8,8 +8,10 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QInputMethodEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QTest>
 
@@ -405,6 +407,98 @@ TYPED_TEST(FieldFocus, AFieldMayEndWhileItsWindowIsAway)
     EXPECT_EQ(lost, 0);
 }
 
+TYPED_TEST(AnyTextField, UndoAndRedoGoByWords)
+{
+    const auto undo = [this] { QTest::keyClick(&this->field, Qt::Key_Z, Qt::ControlModifier); };
+    QTest::keyClicks(&this->field, QStringLiteral("ab cd"));
+    CommitText(this->field, u"가"_q);
+    CommitText(this->field, u"나"_q);
+    undo();
+    EXPECT_EQ(this->field.Text(), u"ab "_q);
+    EXPECT_EQ(this->field.SelStart(), 3);
+    undo();
+    EXPECT_EQ(this->field.Text(), QString());
+    QTest::keyClick(&this->field, Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(this->field.Text(), u"ab "_q);
+    QTest::keyClick(&this->field, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(this->field.Text(), u"ab cd가나"_q);
+}
+
+TYPED_TEST(AnyTextField, UndoIsToldAsAChangeByAPerson)
+{
+    QTest::keyClicks(&this->field, QStringLiteral("ab"));
+    QStringList told;
+    this->field.OnChange = [&] {
+        told += this->field.Text();
+        EXPECT_FALSE(this->field.PresentChange()->byProgram);
+    };
+    this->field.Undo();
+    EXPECT_EQ(told, QStringList{QString()});
+}
+
+TYPED_TEST(AnyTextField, WhatIsTypedInPlaceOfAMarkedTextIsOneStep)
+{
+    this->field.SetText(u"02-1234"_q);
+    this->field.SelectAll();
+    QTest::keyClicks(&this->field, QStringLiteral("0255")); // begins as the text did
+    this->field.Undo();
+    EXPECT_EQ(this->field.Text(), u"02-1234"_q);
+}
+
+TYPED_TEST(AnyTextField, APasteIsAStepAndWhatWasRefusedIsNone)
+{
+    this->field.SetMaxLength(5);
+    QTest::keyClicks(&this->field, QStringLiteral("ab"));
+    PasteText(this->field, u"cdefgh"_q);
+    PasteText(this->field, u"x"_q);
+    ASSERT_EQ(this->field.Text(), u"abcde"_q);
+    this->field.Undo();
+    EXPECT_EQ(this->field.Text(), u"ab"_q);
+}
+
+TYPED_TEST(AnyTextField, ATextThatWasChosenIsOneStepAndBringsItsTagBack)
+{
+    QTest::keyClicks(&this->field, QStringLiteral("two words"));
+    this->field.Tag = u"typed"_q;
+    this->field.PutText(u"chosen text"_q);
+    this->field.Tag = u"chosen"_q;
+    EXPECT_EQ(this->field.SelStart(), 0);
+    this->field.Undo();
+    EXPECT_EQ(this->field.Text(), u"two words"_q);
+    EXPECT_EQ(this->field.Tag, u"typed"_q);
+    this->field.Redo();
+    EXPECT_EQ(this->field.Text(), u"chosen text"_q);
+    EXPECT_EQ(this->field.Tag, u"chosen"_q);
+}
+
+TYPED_TEST(AnyTextField, WhatTheProgramSetIsNotTakenBack)
+{
+    QTest::keyClicks(&this->field, QStringLiteral("typed"));
+    this->field.SetText(u"set"_q);
+    this->field.Undo();
+    EXPECT_EQ(this->field.Text(), u"set"_q);
+}
+
+TYPED_TEST(AnyTextField, ItsMenuTakesBackAndDoesAgain)
+{
+    this->field.show();
+    const auto choose = [this](int entry) {
+        QContextMenuEvent ask(QContextMenuEvent::Keyboard, QPoint(2, 2), QPoint(2, 2));
+        QApplication::sendEvent(&this->field, &ask);
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_NE(menu, nullptr);
+        EXPECT_TRUE(menu->actions().at(entry)->isEnabled());
+        EXPECT_FALSE(menu->actions().at(1 - entry)->isEnabled());
+        menu->actions().at(entry)->trigger();
+        menu->close();
+    };
+    QTest::keyClicks(&this->field, QStringLiteral("ab"));
+    choose(0);
+    EXPECT_EQ(this->field.Text(), QString());
+    choose(1);
+    EXPECT_EQ(this->field.Text(), u"ab"_q);
+}
+
 /// A box that marks its text when it gains the focus, beside another one.
 class MarkingBox : public FieldFocus<TextBox>
 {
@@ -563,17 +657,6 @@ TEST(MemoBox, WhatAnInputMethodCommitsCountsAsAReleasedKey)
     EXPECT_EQ(told, QStringList());
     CommitText(field, u"가"_q);
     EXPECT_EQ(told, QStringList{u"가"_q});
-}
-
-TEST(MemoBox, UndoTakesAChangeAndItsCorrectionInOneStep)
-{
-    MemoBox field;
-    field.SetMaxLength(4);
-    QTest::keyClicks(&field, QStringLiteral("ab"));
-    PasteText(field, u"cdefgh"_q);
-    ASSERT_EQ(field.Text(), u"abcd"_q);
-    QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(field.Text(), u"ab"_q);
 }
 
 } // namespace

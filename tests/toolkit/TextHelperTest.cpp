@@ -309,6 +309,37 @@ TEST_F(TextHelperTest, RemovingADigitRegroups)
     EXPECT_EQ(line.SelStart(), 3);
 }
 
+TEST_F(TextHelperTest, ASeparatorIsPassedOverByTheKeysThatRemove)
+{
+    line.OnChange = [this] { helper.FormatThousands(line); };
+    line.SetText(u"1234567"_q);
+    line.SetSelStart(6);
+    QTest::keyClick(&line, Qt::Key_Backspace);
+    EXPECT_EQ(line.Text(), u"123,567"_q);
+    EXPECT_EQ(line.SelStart(), 3);
+    QTest::keyClick(&line, Qt::Key_Delete);
+    EXPECT_EQ(line.Text(), u"12,367"_q);
+    EXPECT_EQ(line.SelStart(), 4);
+}
+
+TEST_F(TextHelperTest, AGroupedNumberIsTakenBackStepByStep)
+{
+    line.OnChange = [this] {
+        helper.LimitBytes(line, 10);
+        helper.FormatThousands(line);
+    };
+    QTest::keyClicks(&line, QStringLiteral("12345"));
+    QTest::keyClick(&line, Qt::Key_Backspace);
+    QTest::keyClick(&line, Qt::Key_Backspace);
+    ASSERT_EQ(line.Text(), u"123"_q);
+    line.Undo();
+    EXPECT_EQ(line.Text(), u"12,345"_q);
+    line.Undo();
+    EXPECT_EQ(line.Text(), QString());
+    line.Redo();
+    EXPECT_EQ(line.Text(), u"12,345"_q);
+}
+
 TEST_F(TextHelperTest, APlainNumberHasNoSeparators)
 {
     EXPECT_EQ(helper.PlainNumber(u"1,234,567"_q, QString()), u"1234567"_q);
