@@ -48,6 +48,15 @@ bool IsEmptyOnView(const fpSpread& grid, int row)
            IsBlank(grid.GetText(PhoneColumn, row));
 }
 
+/// The columns have no titles.
+void TellOfColumns(fpSpread& grid)
+{
+    grid.SetColWords(NumberColumn, QStringLiteral("번호"));
+    grid.SetColWords(NameColumn, QStringLiteral("받는사람"));
+    grid.SetColWords(PhoneColumn, QStringLiteral("수신번호"));
+    grid.SetColWords(RemoveColumn, QStringLiteral("삭제"));
+}
+
 /// From that row to the last.
 int CountOnView(const fpSpread& grid, int first)
 {
@@ -84,6 +93,7 @@ void InitRecipientGrid(fpSpread& grid)
     grid.SetMaxCols(ThirdValueColumn);
     LayOutColumns(grid, helper);
     SetCellTypes(grid);
+    TellOfColumns(grid);
     grid.SetMaxRows(FirstRows);
     helper.SetRangeColors(grid, NumberColumn, fpSpread::All, theme::Strip, theme::White);
     helper.SetRangeColors(grid, NameColumn, fpSpread::All, theme::Ground, QColor(Qt::black));

@@ -153,7 +153,7 @@ void TemplateCards::BuildPageButtons()
     for (int page = 0; page < Pages; ++page) {
         auto* button = new PushButton(pageCount_, IndexedName(u"BtnPageCount", names.firstPage + page),
                                       QString::number(page + 1), PushButton::Look::Flat);
-        DescribeBy(*button, QStringLiteral("서식 %1쪽").arg(page + 1));
+        button->setAccessibleDescription(QStringLiteral("서식 %1쪽").arg(page + 1));
         button->setMinimumWidth(PageButtonWidth); // the same for all, whatever their look asks for
         button->OnClick = [this, page] { BtnPageCountClick(page); };
         pages_[static_cast<std::size_t>(page)] = button;
@@ -171,7 +171,9 @@ void TemplateCards::Show(int card, const QString& subject, const QString& conten
     Subject(card).SetCaption(subject);
     Content(card).SetCaption(content);
     const bool empty = IsBlank(content);
-    Content(card).setAccessibleDescription(empty ? QStringLiteral("빈 서식") : subject);
+    if (empty)
+        Content(card).setAccessibleName(QStringLiteral("빈 서식"));
+    Content(card).setAccessibleDescription(subject);
     phones_.at(SlotOf(card))->SetOn(!empty);
     // On the template page an empty card begins a new template.
     contents_.at(SlotOf(card))->SetUsable(!empty || side_ == TemplateSide);

@@ -32,11 +32,6 @@ QString Shown(const QString& caption)
     return QString(caption).replace(u'&', QStringLiteral("&&"));
 }
 
-void NameByWords(QWidget& widget, const QString& words)
-{
-    widget.setAccessibleName(words.isEmpty() ? widget.objectName() : words);
-}
-
 /// Room of a mark and its words for the ring of the focus.
 constexpr QMargins RingRoom(4, 3, 4, 3);
 
@@ -71,6 +66,8 @@ public:
     QAccessible::State state() const override
     {
         QAccessible::State state = AccessibleButton::state();
+        if (IsSign()) // it means nothing
+            state.invisible = true;
         state.pressed = button_.isDown();
         state.selectable = button_.LookOf() == PictureButton::Look::Selected;
         state.selected = state.selectable;
@@ -116,7 +113,7 @@ void PushButton::SetCaption(const QString& caption)
 {
     caption_ = caption;
     setText(Shown(caption));
-    NameByWords(*this, caption);
+    setAccessibleName(caption);
     updateGeometry();
 }
 
@@ -171,13 +168,13 @@ PictureButton::PictureButton(QWidget* parent, const QString& name, const QString
                              const QString& words, Look look)
     : QAbstractButton(parent), picture_(picture), words_(words), look_(look)
 {
+    TellOfPictureButtons();
     setFocusPolicy(HasRoomForWords() ? Qt::StrongFocus : Qt::NoFocus);
     setAttribute(Qt::WA_Hover);
     SetName(*this, name);
-    setAccessibleDescription(words);
+    setAccessibleName(words);
     if (!HasRoomForWords())
         setToolTip(words);
-    TellOfPictureButtons();
     connect(this, &QAbstractButton::clicked, this, [this] { RaiseEvent(*this, OnClick); });
 }
 
@@ -282,14 +279,20 @@ Label::Label(QWidget* parent, const QString& name, const QString& caption) : QLa
 {
     setTextFormat(Qt::PlainText);
     SetName(*this, name);
-    SetCaption(caption);
+    if (!caption.isEmpty()) // a class that stands on this one is not to be asked about yet
+        SetCaption(caption);
 }
 
 void Label::SetCaption(const QString& caption)
 {
+    const bool wasBlank = IsBlank(caption_);
     caption_ = caption;
     setText(QString(caption).replace(CrLf.toString(), QStringLiteral("\n")));
-    NameByWords(*this, caption);
+    setAccessibleName(caption);
+    if (IsBlank(caption) != wasBlank && isVisible()) {
+        QAccessibleEvent event(this, wasBlank ? QAccessible::ObjectShow : QAccessible::ObjectHide);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 void Label::Refresh()
@@ -518,6 +521,7 @@ RadioButton::RadioButton(QWidget* parent, const QString& name, const QString& ca
 {
     setText(Shown(caption));
     SetName(*this, name);
+    setAccessibleName(Trim(caption));
     connect(this, &QRadioButton::toggled, this, [this](bool chosen) {
         if (chosen)
             RaiseEvent(*this, OnClick);
@@ -562,6 +566,7 @@ CheckBox::CheckBox(QWidget* parent, const QString& name, const QString& caption)
 {
     setText(Shown(caption));
     SetName(*this, name);
+    setAccessibleName(Trim(caption));
     connect(this, &QCheckBox::toggled, this, [this] { RaiseEvent(*this, OnClick); });
 }
 

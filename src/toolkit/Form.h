@@ -38,11 +38,7 @@ public:
 
     QString Name() const { return objectName(); }
     QString Caption() const { return windowTitle(); }
-    void SetCaption(const QString& caption)
-    {
-        setWindowTitle(caption);
-        setAccessibleDescription(caption);
-    }
+    void SetCaption(const QString& caption) { setWindowTitle(caption); }
 
     /// Shows the form and returns when it has been unloaded. The window below it has the keyboard again then.
     void ShowModal();

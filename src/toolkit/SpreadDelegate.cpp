@@ -133,6 +133,8 @@ QWidget* SpreadDelegate::createEditor(QWidget* parent, const QStyleOptionViewIte
     auto* line = new QLineEdit(parent);
     if (grid_.keepsFocus_)
         line->setFocusProxy(&grid_);
+    line->setAccessibleName(
+        cells.headerData(index.column(), Qt::Horizontal, Qt::AccessibleTextRole).toString());
     line->setFrame(false);
     line->setTextMargins(0, 0, 0, 0);
     line->setAlignment(cells.Alignment(Col(index)));

@@ -1,5 +1,6 @@
 #include "toolkit/SpreadModel.h"
 
+#include "runtime/Numbers.h"
 #include "runtime/Text.h"
 #include "toolkit/Pictures.h"
 #include "toolkit/Theme.h"
@@ -317,6 +318,12 @@ QColor SpreadModel::ButtonText(int col) const
     return column && column->faceText.isValid() ? column->faceText : theme::Text;
 }
 
+void SpreadModel::SetWords(int col, const QString& words)
+{
+    if (Has(col, 0))
+        At(col).words = words;
+}
+
 bool SpreadModel::IsNumber(int col) const
 {
     const Column* column = Find(col);
@@ -416,7 +423,7 @@ QVariant SpreadModel::data(const QModelIndex& index, int role) const
     case Qt::AccessibleTextRole:
         if (const int picture = CellPicture(col, row); picture >= 0)
             return CheckWords(picture);
-        return {};
+        return IsNumber(col) ? GroupDigits(Text(col, row)) : QString();
     case Qt::UserRole:
         if (const int picture = CellPicture(col, row); picture >= 0)
             return picture;
@@ -443,6 +450,10 @@ QVariant SpreadModel::headerData(int section, Qt::Orientation orientation, int r
     switch (role) {
     case Qt::DisplayRole:
         return titles ? Text(number, 0) : Text(0, number);
+    case Qt::AccessibleTextRole:
+        if (const Column* column = Find(number); titles && column && !column->words.isEmpty())
+            return column->words;
+        return headerData(section, orientation, Qt::DisplayRole);
     case Qt::TextAlignmentRole:
         return QVariant(static_cast<int>(Qt::AlignCenter));
     case Qt::BackgroundRole:

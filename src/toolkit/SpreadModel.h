@@ -44,6 +44,7 @@ public:
     void SetButton(int col, const QString& caption, const QColor& face, const QColor& text);
     QColor ButtonFace(int col) const;
     QColor ButtonText(int col) const;
+    void SetWords(int col, const QString& words);
     bool IsNumber(int col) const;
     void SetNumber(int col, bool number);
     void SetColors(int col, int row, const QColor& back, const QColor& text);
@@ -76,6 +77,7 @@ private:
         int picture = -1;
         bool number = false;
         Colors colors;
+        QString words; // for a screen reader
         QString caption;
         QColor face;
         QColor faceText;

@@ -1,5 +1,7 @@
 #include "toolkit/fpSpread.h"
 
+#include "toolkit/AccessibleControls.h"
+#include "toolkit/AccessibleGrid.h"
 #include "toolkit/Composition.h"
 #include "toolkit/Guarded.h"
 #include "toolkit/LimitRule.h"
@@ -113,6 +115,7 @@ public:
 fpSpread::fpSpread(QWidget* parent)
     : QTableView(parent), model_(new SpreadModel(this)), gridColor_(theme::Line)
 {
+    TellOfControls();
     setHorizontalHeader(new SpreadHeader(Qt::Horizontal, this));
     setVerticalHeader(new SpreadHeader(Qt::Vertical, this));
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -377,6 +380,11 @@ Qt::Alignment fpSpread::ColAlignment(int col) const
     return model_->Alignment(col);
 }
 
+void fpSpread::SetColWords(int col, const QString& words)
+{
+    model_->SetWords(col, words);
+}
+
 void fpSpread::SetColButton(int col, const QString& caption, const QColor& face, const QColor& text)
 {
     model_->SetButton(col, caption, face, text);
@@ -575,9 +583,19 @@ QVariant fpSpread::inputMethodQuery(Qt::InputMethodQuery query) const
 
 void fpSpread::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
-    QTableView::currentChanged(current, previous);
+    // Not by way of the base, which would tell of a cell by its place among hidden ones too.
+    QAbstractItemView::currentChanged(current, previous);
     UpdateRow(previous);
     UpdateRow(current);
+    if (hasFocus())
+        TellOfCell(*this, current, QAccessible::Focus);
+}
+
+void fpSpread::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
+{
+    QAbstractItemView::selectionChanged(selected, deselected);
+    TellOfCell(*this, selected.indexes().value(0), QAccessible::SelectionAdd);
+    TellOfCell(*this, deselected.indexes().value(0), QAccessible::SelectionRemove);
 }
 
 void fpSpread::resizeEvent(QResizeEvent* event)
@@ -594,6 +612,7 @@ void fpSpread::focusInEvent(QFocusEvent* event)
     const bool byTab = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
     if (byTab && OnTabInto)
         RaiseEvent(*this, OnTabInto);
+    TellOfCell(*this, currentIndex(), QAccessible::Focus);
 }
 
 void fpSpread::focusOutEvent(QFocusEvent* event)

@@ -105,6 +105,9 @@ public:
     void SetColAlignment(int col, Qt::Alignment alignment);
     Qt::Alignment ColAlignment(int col) const;
 
+    /// What a screen reader says of the column where its title says nothing.
+    void SetColWords(int col, const QString& words);
+
     /// Makes the column one of buttons, all with the same caption, which is also the text of its cells.
     void SetColButton(int col, const QString& caption, const QColor& face, const QColor& text);
 
@@ -160,6 +163,7 @@ protected:
     void inputMethodEvent(QInputMethodEvent* event) override;
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     void resizeEvent(QResizeEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;

@@ -1,6 +1,7 @@
 #include "support/program/Program.h"
 #include "toolkit/Controls.h"
 #include "toolkit/DatePicker.h"
+#include "toolkit/fpSpread.h"
 #include "toolkit/Pictures.h"
 
 #include <gtest/gtest.h>
@@ -25,7 +26,7 @@ protected:
         return *told;
     }
     QAccessibleInterface& Told(const QString& name) { return Told(program.Control(name)); }
-    QString WordsOf(const QString& control) { return Told(control).text(QAccessible::Description); }
+    QString WordsOf(const QString& control) { return Told(control).text(QAccessible::Name); }
     void Press(const QString& control)
     {
         Told(control).actionInterface()->doAction(QAccessibleActionInterface::pressAction());
@@ -35,9 +36,8 @@ protected:
     Program program;
 };
 
-TEST_F(Accessibility, AFieldHasItsOwnNameAndTheWordsOfItsLabel)
+TEST_F(Accessibility, AFieldHasTheWordsOfItsLabel)
 {
-    EXPECT_EQ(Told(u"txtSendNo"_q).text(QAccessible::Name), u"txtSendNo"_q);
     EXPECT_EQ(WordsOf(u"txtSendNo"_q), u"보내는사람"_q);
     const auto related = Told(u"txtSendNo"_q).relations(QAccessible::Label);
     ASSERT_EQ(related.size(), 1);
@@ -49,8 +49,7 @@ TEST_F(Accessibility, TheWordsOfAFieldLackTheColonAndTheGapsOfItsCaption)
     WhenShown(u"dlgSMSSetup"_q, [this](QWidget& dialog) {
         QStringList words;
         for (int i = 0; i < 5; ++i)
-            words +=
-                Told(program.On<QWidget>(dialog, u"txtUpdate(%1)"_q.arg(i))).text(QAccessible::Description);
+            words += Told(program.On<QWidget>(dialog, u"txtUpdate(%1)"_q.arg(i))).text(QAccessible::Name);
         EXPECT_EQ(words,
                   QStringList({u"아이디"_q, u"비밀번호"_q, u"도메인"_q, u"회신번호"_q, u"회신명칭"_q}));
         PressKey(dialog, Qt::Key_Escape);
@@ -88,7 +87,7 @@ TEST_F(Accessibility, TheSignAtTheHeadOfADialogIsAPictureAndItsCloserAButton)
         EXPECT_EQ(sign.role(), QAccessible::Graphic);
         EXPECT_EQ(sign.actionInterface()->actionNames(), QStringList());
         QWidget& closer = program.On<QWidget>(dialog, u"BtnTopFunc(1)"_q);
-        EXPECT_EQ(Told(closer).text(QAccessible::Description), u"닫기"_q);
+        EXPECT_EQ(Told(closer).text(QAccessible::Name), u"닫기"_q);
         EXPECT_EQ(closer.toolTip(), u"닫기"_q);
         PressKey(dialog, Qt::Key_Escape);
     });
@@ -109,8 +108,8 @@ protected:
 
 TEST_F(CardAccessibility, ACardTellsTitleAndTextAndAnEmptyOneThatItIsEmpty)
 {
-    EXPECT_EQ(Told(u"LblTmpContent(1)"_q).text(QAccessible::Name), u"시간: 새봄입니다"_q);
-    EXPECT_EQ(WordsOf(u"LblTmpContent(1)"_q), u"봄"_q);
+    EXPECT_EQ(WordsOf(u"LblTmpContent(1)"_q), u"시간: 새봄입니다"_q);
+    EXPECT_EQ(Told(u"LblTmpContent(1)"_q).text(QAccessible::Description), u"봄"_q);
     EXPECT_EQ(WordsOf(u"LblTmpContent(2)"_q), u"빈 서식"_q);
 }
 
@@ -127,7 +126,7 @@ TEST_F(Accessibility, AMarkCellSaysWhetherItIsTicked)
     program.The<DatePicker>(u"DTPSendDt(1)"_q).SetValue(program.clock.Date().addDays(1));
     program.Click(u"BtnToolbarDis(1)"_q);
     const auto said = [this](int row) {
-        return Told(u"fpSpreadSendList"_q).tableInterface()->cellAt(row - 1, 1)->text(QAccessible::Name);
+        return Told(u"fpSpreadSendList"_q).tableInterface()->cellAt(row - 1, 0)->text(QAccessible::Name);
     };
     auto& list = program.The<fpSpread>(u"fpSpreadSendList"_q);
     const int open = list.CellPicture(2, 1) == CheckLocked ? 2 : 1;
@@ -135,6 +134,28 @@ TEST_F(Accessibility, AMarkCellSaysWhetherItIsTicked)
     EXPECT_EQ(said(3 - open), u"선택할 수 없음"_q);
     ClickCell(list, 2, open);
     EXPECT_EQ(said(open), u"선택됨"_q);
+}
+
+TEST_F(Accessibility, ARemovedRecipientIsNotMetInTheList)
+{
+    auto& list = program.The<fpSpread>(u"fpSpread"_q);
+    list.SetText(3, 1, u"010-0000-0001"_q);
+    list.SetText(3, 2, u"010-0000-0002"_q);
+    QAccessibleTableInterface& table = *Told(list).tableInterface();
+    EXPECT_EQ(table.rowCount(), 20);
+    ClickCell(list, 4, 1);
+    EXPECT_EQ(table.rowCount(), 19);
+    EXPECT_EQ(table.cellAt(0, 2)->text(QAccessible::Name), u"010-0000-0002"_q);
+    for (int i = 0; i < Told(list).childCount(); ++i)
+        EXPECT_NE(Told(list).child(i)->text(QAccessible::Name), u"010-0000-0001"_q);
+}
+
+TEST_F(Accessibility, TheCellsOfARecipientSayWhatTheyAreForThoughTheListHasNoTitles)
+{
+    QStringList words;
+    for (int column = 0; column < 4; ++column)
+        words += Told(u"fpSpread"_q).tableInterface()->cellAt(0, column)->text(QAccessible::Description);
+    EXPECT_EQ(words, QStringList({u"번호"_q, u"받는사람"_q, u"수신번호"_q, u"삭제"_q}));
 }
 
 } // namespace

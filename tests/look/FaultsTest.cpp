@@ -111,9 +111,9 @@ TEST_F(Faults, AreAWindowThatIsLargerThanASmallDesk)
 
 TEST_F(Faults, AreAControlThatIsToldOfInNoWords)
 {
-    box.setAccessibleDescription(QString());
+    box.setAccessibleName(QString());
     EXPECT_EQ(Speech(), u"txt has no words"_q);
-    box.setAccessibleDescription(u"Btn"_q);
+    box.setAccessibleName(u"Btn"_q);
     EXPECT_EQ(Speech(), u"txt is told of as Btn"_q);
 }
 

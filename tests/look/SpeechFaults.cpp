@@ -3,12 +3,12 @@
 #include "support/Words.h"
 #include "templates/CardBody.h"
 #include "toolkit/Controls.h"
+#include "toolkit/Form.h"
 #include "toolkit/fpSpread.h"
 
 #include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QComboBox>
-#include <QHeaderView>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
@@ -41,6 +41,10 @@ std::optional<QAccessible::Role> RoleOf(const QObject* control)
         return QAccessible::ProgressBar;
     if (const auto* label = qobject_cast<const QLabel*>(control))
         return label->pixmap().isNull() ? QAccessible::StaticText : QAccessible::Graphic;
+    if (const auto* form = qobject_cast<const Form*>(control))
+        return form->windowType() == Qt::Dialog ? QAccessible::Dialog : QAccessible::Window;
+    if (qobject_cast<const Panel*>(control))
+        return QAccessible::Grouping;
     return std::nullopt;
 }
 
@@ -48,7 +52,10 @@ std::optional<QAccessible::Role> RoleOf(const QObject* control)
 bool IsUsed(const QObject* control)
 {
     const std::optional<QAccessible::Role> role = RoleOf(control);
-    return role && role != QAccessible::StaticText && role != QAccessible::Graphic;
+    static const QSet<QAccessible::Role> Surfaces{QAccessible::StaticText, QAccessible::Graphic,
+                                                  QAccessible::Window, QAccessible::Dialog,
+                                                  QAccessible::Grouping};
+    return role && !Surfaces.contains(*role);
 }
 
 /// Controls whose parts are an affair of the platform.
@@ -62,12 +69,15 @@ QString NameOf(QAccessibleInterface& told)
     return told.object() ? told.object()->objectName() : u"a part"_q;
 }
 
-/// What stands for a control in words: its name, or where that is the one out of the program its description.
 QString WordsOf(QAccessibleInterface& told)
 {
-    const QString name = told.text(QAccessible::Name);
-    const bool isOfTheProgram = told.object() && name == told.object()->objectName();
-    return isOfTheProgram ? told.text(QAccessible::Description) : name;
+    return told.text(QAccessible::Name);
+}
+
+/// Its cells are alike and mean nothing but what stands in them.
+bool HasMeaninglessColumns(const fpSpread& grid)
+{
+    return grid.objectName() == u"fpSpreadScDoc";
 }
 
 } // namespace
@@ -115,7 +125,8 @@ void SpeechFaults::LookAtControl(QAccessibleInterface& told)
 void SpeechFaults::LookAtWords(QAccessibleInterface& told, bool isUsed)
 {
     const QString words = WordsOf(told);
-    if (isUsed && words.trimmed().isEmpty())
+    const bool isText = told.role() == QAccessible::StaticText;
+    if ((isUsed || isText) && words.trimmed().isEmpty())
         faults += NameOf(told) + u" has no words"_q;
     if (programNames_.contains(words))
         faults += NameOf(told) + u" is told of as "_q + words;
@@ -134,11 +145,14 @@ void SpeechFaults::LookAtRole(QAccessibleInterface& told)
 void SpeechFaults::LookAtTitles(QAccessibleInterface& told)
 {
     const auto* grid = qobject_cast<const fpSpread*>(told.object());
-    if (!grid || !grid->horizontalHeader()->isVisibleTo(grid))
+    if (!grid || HasMeaninglessColumns(*grid))
         return;
+    int place = 0;
     for (int col = 1; col <= grid->MaxCols(); ++col)
-        if (!grid->ColHidden(col) && told.tableInterface()->columnDescription(col - 1).isEmpty())
+        if (!grid->ColHidden(col) && told.tableInterface()->columnDescription(place++).isEmpty())
             faults += u"column %1 of %2 has no title"_q.arg(col).arg(grid->objectName());
+    if (told.tableInterface()->columnCount() != place)
+        faults += u"hidden columns of %1 are told of"_q.arg(grid->objectName());
 }
 
 /// Each stop of the Tab key was met on the way through what is told.

@@ -95,7 +95,6 @@ TEST_F(FormTest, IsFramelessAndBearsItsName)
     const TestForm form(session, desktop);
     EXPECT_TRUE(form.windowFlags().testFlag(Qt::FramelessWindowHint));
     EXPECT_EQ(form.objectName(), u"frmTest"_q);
-    EXPECT_EQ(form.accessibleName(), u"frmTest"_q);
 }
 
 TEST_F(FormTest, IsLoadedFromItsConstructionToItsUnloading)
