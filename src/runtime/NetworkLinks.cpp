@@ -3,9 +3,11 @@
 #ifdef Q_OS_UNIX
 #include <cstdlib>
 #include <dirent.h>
+#include <fcntl.h>
 #include <optional>
 #include <sys/socket.h>
 #include <sys/stat.h>
+#include <unistd.h>
 #endif
 
 namespace tsms {
@@ -45,8 +47,11 @@ QList<NetworkLink> NetworkLinks()
 
 void CutLink(const NetworkLink& link)
 {
-    if (ConnectedSocket(link.file) == link.socket)
-        shutdown(link.file, SHUT_RDWR);
+    // A second name of it stays what it is, whatever takes the first one's place in the meantime.
+    const int file = fcntl(link.file, F_DUPFD_CLOEXEC, 0);
+    if (ConnectedSocket(file) == link.socket)
+        shutdown(file, SHUT_RDWR);
+    close(file);
 }
 
 #else

@@ -81,6 +81,16 @@ TEST_F(NetworkLinksTest, ACutLinkIsAtItsEndOnBothSides)
     EXPECT_EQ(recv(server, &byte, 1, 0), 0);
 }
 
+TEST_F(NetworkLinksTest, CuttingLeavesNoFileOpen)
+{
+    const NetworkLink link = LinkOf(client);
+    const int next = dup(client);
+    close(next);
+    CutLink(link);
+    EXPECT_EQ(dup(client), next);
+    close(next);
+}
+
 TEST_F(NetworkLinksTest, AnotherSocketInThePlaceOfTheLinksIsLeftAlone)
 {
     NetworkLink former = LinkOf(client);
