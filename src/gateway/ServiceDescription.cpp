@@ -87,10 +87,12 @@ private:
         QualifiedName name;
 
         friend bool operator==(const Key&, const Key&) = default;
-        /// Without the namespace, which many share and which may be as long as the document.
+        /// Of the namespace only the end: many may share one that is as long as the document.
         friend std::size_t qHash(const Key& key, std::size_t seed)
         {
-            return qHashMulti(seed, key.kind, key.name.Local);
+            constexpr qsizetype hashedCharacters = 64;
+            const QStringView space = key.name.Namespace;
+            return qHashMulti(seed, key.kind, key.name.Local, space.right(hashedCharacters));
         }
     };
 
@@ -170,8 +172,11 @@ private:
             Queue(from.resolved(QUrl(location)).adjusted(QUrl::RemoveFragment), space);
     }
 
+    /// Each operation that names it looks through it.
     void Enter(const QString& kind, const Named& named)
     {
+        if (named.node.CountBelow(MaxElements + 1) > MaxElements)
+            return;
         const Key key{kind, {named.space, named.node.Attribute("name")}};
         if (!index_.contains(key))
             index_.insert(key, named);

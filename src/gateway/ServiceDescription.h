@@ -52,13 +52,15 @@ using DocumentSource = std::function<FetchedDocument(const QUrl&)>;
 /// Reads the description at `url` and the imports that lie on the same host (at most MaxDocuments in all;
 /// others are passed over). Empty names take the first service with a port that speaks SOAP 1.1 over HTTP.
 /// What came over https must name an https address for the calls, or it is refused. Operations in a form that
-/// the client does not speak are left out; a service of more than MaxOperations is refused. The time it takes
-/// grows as the documents do. Raises a SoapFault.
+/// the client does not speak are left out, and so are parts of a description with more than MaxElements; a
+/// service of more than MaxOperations is refused. The time it takes grows as the documents do. Raises a
+/// SoapFault.
 ServiceDescription ReadServiceDescription(const QUrl& url, const QString& service, const QString& port,
                                           const DocumentSource& fetch);
 
 inline constexpr int MaxDocuments = 16;
-inline constexpr int MaxOperations = 256; ///< they may all name one endless message
-inline constexpr int MaxParts = 64;       ///< of an operation that is not left out
+inline constexpr int MaxOperations = 256;
+inline constexpr int MaxParts = 64;        ///< of an operation that is not left out
+inline constexpr int MaxElements = 10'000; ///< in a message, a port type, an element of a schema and so on
 
 } // namespace tsms

@@ -228,6 +228,23 @@ QString XmlElement::WholeText() const
     return walker.text.trimmed();
 }
 
+int XmlElement::CountBelow(int most) const
+{
+    struct Walker : pugi::xml_tree_walker
+    {
+        int left;
+        explicit Walker(int most) : left(most) {}
+        bool for_each(pugi::xml_node& node) override
+        {
+            if (node.type() == pugi::node_element)
+                --left;
+            return left > 0;
+        }
+    } walker(most);
+    pugi::xml_node(node_).traverse(walker);
+    return most - walker.left;
+}
+
 QByteArray EscapeXml(QStringView text)
 {
     const auto isPlain = [](QChar c) {

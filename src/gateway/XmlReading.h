@@ -66,6 +66,9 @@ public:
     /// only the beginning.
     QString WholeText() const;
 
+    /// How many elements stand below it, at any depth; `most` if they are more.
+    int CountBelow(int most) const;
+
 private:
     friend class XmlDocument;
     XmlElement(const XmlDocument* document, pugi::xml_node node) : document_(document), node_(node) {}

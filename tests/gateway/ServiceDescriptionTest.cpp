@@ -355,6 +355,50 @@ TEST(ServiceDescription, AServiceOfMoreThan256OperationsIsRefused)
     EXPECT_EQ(FaultOfDescription(withOperations(257)).Detail, u"서비스의 기능이 너무 많습니다."_q);
 }
 
+TEST(ServiceDescription, AMessageOfMoreThan10000ElementsIsNone)
+{
+    const auto withDocumentation = [](int count) {
+        return Small({},
+                     QByteArray("<w:documentation/>").repeated(count) + "<w:part name='a' type='x:string'/>",
+                     "rpc");
+    };
+    EXPECT_TRUE(Read(withDocumentation(9'999)).Operations.contains(u"Op"_q));
+    EXPECT_TRUE(Read(withDocumentation(10'000)).Operations.isEmpty());
+}
+
+/// No figure of speed: where each operation looks through all of it, this takes a hundred times as long.
+TEST(ServiceDescription, AnEndlessMessageOfAllOperationsDoesNotHoldTheWindow)
+{
+    QByteArray operations;
+    QByteArray bindings;
+    for (int i = 1; i < MaxOperations; ++i) {
+        const QByteArray name = "<w:operation name='O" + QByteArray::number(i) + "'>";
+        operations += name + "<w:input message='t:In'/></w:operation>";
+        bindings += name + "<w:input><soap:body use='literal'/></w:input></w:operation>";
+    }
+    QElapsedTimer time;
+    time.start();
+    EXPECT_TRUE(Read(Small({}, QByteArray("<part/>").repeated(130'000), "rpc")
+                         .replace("<w:portType name='P'>", "<w:portType name='P'>" + operations)
+                         .replace("<w:operation name='Op'><soap", bindings + "<w:operation name='Op'><soap"))
+                    .Operations.isEmpty());
+    EXPECT_LT(time.elapsed(), 3000);
+}
+
+/// No figure of speed: where each of them looks at all others, this takes a hundred times as long.
+TEST(ServiceDescription, OneNameInManyNamespacesDoesNotHoldTheWindow)
+{
+    QByteArray schemas;
+    for (int i = 0; i < 12'000; ++i)
+        schemas += "<x:schema targetNamespace='urn:" + QByteArray::number(100'000 + i) +
+                   "'><x:element name='a'/></x:schema>";
+    QElapsedTimer time;
+    time.start();
+    EXPECT_TRUE(
+        Read(Small(schemas, "<w:part name='a' type='x:string'/>", "rpc")).Operations.contains(u"Op"_q));
+    EXPECT_LT(time.elapsed(), 3000);
+}
+
 /// No figure of speed: where each name looks through all declarations, this takes minutes under a sanitizer
 /// and 14 s without.
 TEST(ServiceDescription, AThicketOfNamespacesDoesNotHoldTheWindow)
