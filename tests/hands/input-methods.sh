@@ -9,8 +9,8 @@ start_input_method() { # METHOD
 }
 
 start_fcitx5() {
-  mkdir -p "$XDG_CONFIG_HOME/fcitx5"
-  cat >"$XDG_CONFIG_HOME/fcitx5/profile" <<'INI'
+  mkdir -p "$HOME/.config/fcitx5"
+  cat >"$HOME/.config/fcitx5/profile" <<'INI'
 [Groups/0]
 Name=Default
 Default Layout=us
@@ -22,7 +22,7 @@ Name=hangul
 [GroupOrder]
 0=Default
 INI
-  printf '[Behavior]\nActiveByDefault=True\n' >"$XDG_CONFIG_HOME/fcitx5/config"
+  printf '[Behavior]\nActiveByDefault=True\n' >"$HOME/.config/fcitx5/config"
   export QT_IM_MODULE=fcitx XMODIFIERS=@im=fcitx
   in_background "$out/fcitx5.log" fcitx5 --disable=wayland,waylandim,notifications,kimpanel,notificationitem
   until_true 20 fcitx5_is_there || fail "fcitx5 did not start"
