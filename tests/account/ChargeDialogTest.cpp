@@ -12,7 +12,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QCalendarWidget>
 #include <QTableView>
 
 using namespace tsms;
@@ -599,7 +598,7 @@ TEST_F(ChargeDialog, ADayChosenInTheCalendarMovesTheFocusToTheCount)
     Open([this] {
         Date().setFocus();
         PressKey(Date(), Qt::Key_F4);
-        auto* days = Date().calendarWidget()->findChild<QTableView*>();
+        auto* days = Date().findChild<QTableView*>();
         PressKey(*days, Qt::Key_Left);
         PressKey(*days, Qt::Key_Return);
         EXPECT_FALSE(Date().IsCalendarOpen());
@@ -614,7 +613,7 @@ TEST_F(ChargeDialog, ADayChosenWhileBusyLeavesTheFocusAlone)
         Date().setFocus();
         PressKey(Date(), Qt::Key_F4);
         program.session.Busy = Boolean::True;
-        PressKey(*Date().calendarWidget()->findChild<QTableView*>(), Qt::Key_Return);
+        PressKey(*Date().findChild<QTableView*>(), Qt::Key_Return);
         program.session.Busy = Boolean::False;
         EXPECT_FALSE(BoxWidget(1).hasFocus());
     });
@@ -626,7 +625,7 @@ TEST_F(ChargeDialog, ADateThatIsTypedIsNotLeftInItsMiddle)
     Open([this] {
         Fill();
         Date().setFocus();
-        Date().setSelectedSection(QDateTimeEdit::MonthSection);
+        Date().SelectPart(DatePart::Month);
         TypeText(Date(), u"0102"_q);
         EXPECT_TRUE(Date().hasFocus());
         Save();

@@ -176,7 +176,7 @@ TEST_F(Dispatch, ADayThatIsBeingTypedIsTheDayThatIsSent)
         Tick(dialog);
         auto& date = program.On<DatePicker>(dialog, u"DTPicker1"_q);
         date.setFocus();
-        date.setSelectedSection(QDateTimeEdit::DaySection);
+        date.SelectPart(DatePart::Day);
         TypeText(date, u"3"_q);
         EXPECT_EQ(date.text(), u"2012-05-3"_q);
         PressKey(dialog, Qt::Key_F12);

@@ -187,7 +187,7 @@ TEST_F(SendHistory, ADayThatIsBeingTypedCounts)
     Enter();
     auto& first = program.The<DatePicker>(u"DTPSendDt(0)"_q);
     first.setFocus();
-    first.setSelectedSection(QDateTimeEdit::DaySection);
+    first.SelectPart(DatePart::Day);
     TypeText(first, u"3"_q);
     Search();
     EXPECT_EQ(List().MaxRows(), 1);

@@ -134,10 +134,8 @@ std::optional<Room> RoomOf(const QWidget& control)
         return Room{control.sizeHint(), control.size()};
     if (const auto* list = dynamic_cast<const ComboBox*>(&control))
         return RoomOfList(*list);
-    if (dynamic_cast<const DatePicker*>(&control)) {
-        const auto* line = control.findChild<QLineEdit*>();
-        return Room{WordsSize(line->fontMetrics(), line->text()), line->size()};
-    }
+    if (dynamic_cast<const DatePicker*>(&control)) // its date and its arrow
+        return Room{control.sizeHint(), control.size()};
     if (const auto* line = qobject_cast<const QLineEdit*>(&control)) // a longer text can be walked through
         return Room{QSize(1, line->fontMetrics().height()), line->contentsRect().size()};
     return std::nullopt;

@@ -6,7 +6,6 @@
 #include "toolkit/Form.h"
 #include "toolkit/fpSpread.h"
 
-#include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QComboBox>
 #include <QLineEdit>
@@ -33,8 +32,6 @@ std::optional<QAccessible::Role> RoleOf(const QObject* control)
         return QAccessible::EditableText;
     if (qobject_cast<const QComboBox*>(control))
         return QAccessible::ComboBox;
-    if (qobject_cast<const QAbstractSpinBox*>(control))
-        return QAccessible::SpinBox;
     if (qobject_cast<const fpSpread*>(control))
         return QAccessible::Table;
     if (qobject_cast<const QProgressBar*>(control))

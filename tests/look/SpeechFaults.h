@@ -5,6 +5,7 @@
 #include <QStringList>
 
 class QAccessibleInterface;
+class QObject;
 class QWidget;
 
 namespace tsms::test {

@@ -10,7 +10,6 @@
 
 #include "support/Words.h"
 
-#include <QCalendarWidget>
 #include <QImage>
 #include <QLineEdit>
 #include <QPainter>
@@ -566,7 +565,6 @@ class WheelTest : public testing::Test
 protected:
     void Show(QWidget& control)
     {
-        QWidget& window = *control.window();
         auto* other = new QLineEdit(&window);
         other->setGeometry(0, 60, 100, 20);
         control.setGeometry(0, 0, 140, 30);
@@ -594,147 +592,18 @@ TEST_F(WheelTest, OverAListWithoutTheFocusChangesNothingAndTakesNoFocus)
     EXPECT_EQ(combo.ListIndex(), 1);
 }
 
-TEST(DatePicker, IsShownAndReadWithHyphensWhateverTheLocale)
+TEST_F(WheelTest, OverADateWithoutTheFocusChangesNothingAndTakesNoFocus)
 {
-    const QLocale before;
-    QLocale::setDefault(QLocale(QLocale::Arabic, QLocale::Egypt));
-    DatePicker picker(nullptr, u"DTPSendDt(0)"_q);
-    picker.SetValue(QDate(2012, 5, 3));
-    EXPECT_EQ(picker.Value(), u"2012-05-03"_q);
-    EXPECT_EQ(picker.text(), u"2012-05-03"_q);
-    QLocale::setDefault(before);
-}
-
-TEST(DatePicker, IsDrivenByKeys)
-{
-    DatePicker picker(nullptr, u"DTPSendDt(0)"_q);
+    DatePicker picker(&window, u"a"_q);
     picker.SetValue(QDate(2012, 5, 31));
-    int changes = 0;
-    picker.OnChange = [&] { ++changes; };
-    picker.show();
-    picker.setSelectedSection(QDateTimeEdit::DaySection);
-    QTest::keyClick(&picker, Qt::Key_Down);
-    EXPECT_EQ(picker.Value(), u"2012-05-30"_q);
-    EXPECT_EQ(changes, 1);
-}
-
-struct TypingRow
-{
-    QDateTimeEdit::Section section;
-    const char* keys;
-    const char* date;
-};
-
-class DatePickerTyping : public testing::TestWithParam<TypingRow>
-{
-};
-
-TEST_P(DatePickerTyping, IsReadAsItWillStandWhenItIsLeft)
-{
-    QWidget window;
-    DatePicker picker(&window, u"DTPSendDt(0)"_q);
-    QLineEdit next(&window);
-    picker.SetValue(QDate(2012, 5, 31));
-    window.show();
-    window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    Show(picker);
+    TurnWheelOver(picker);
+    EXPECT_EQ(picker.Value(), u"2012-05-31"_q);
+    EXPECT_FALSE(picker.hasFocus());
     picker.setFocus();
-    picker.setSelectedSection(GetParam().section);
-    QTest::keyClicks(&picker, QString::fromLatin1(GetParam().keys));
-    const QString read = picker.Value();
-    next.setFocus();
-    EXPECT_EQ(read, picker.text());
-    EXPECT_EQ(read, QString::fromLatin1(GetParam().date));
-}
-
-INSTANTIATE_TEST_SUITE_P(Rows, DatePickerTyping,
-                         testing::Values(TypingRow{QDateTimeEdit::DaySection, "2", "2012-05-02"},
-                                         TypingRow{QDateTimeEdit::MonthSection, "1", "2012-01-31"},
-                                         TypingRow{QDateTimeEdit::YearSection, "201", "2012-05-31"},
-                                         TypingRow{QDateTimeEdit::DaySection, "07", "2012-05-07"}));
-
-TEST(DatePicker, OpensItsCalendarByKey)
-{
-    DatePicker picker(nullptr, u"DTPSendDt(0)"_q);
-    picker.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&picker));
-    EXPECT_FALSE(picker.IsCalendarOpen());
-    QTest::keyClick(&picker, Qt::Key_F4);
-    EXPECT_TRUE(picker.IsCalendarOpen());
-}
-
-class DatePickerChoice : public testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        picker.SetValue(QDate(2012, 5, 30));
-        picker.OnChoose = [this] {
-            ++chosen;
-            EXPECT_FALSE(picker.IsCalendarOpen());
-        };
-        picker.show();
-        picker.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&picker));
-        picker.setFocus();
-    }
-    QTableView& Days()
-    {
-        picker.OpenCalendar();
-        return *picker.calendarWidget()->findChild<QTableView*>();
-    }
-    /// The cell of a day of May 2012.
-    static QPoint PlaceOf(const QTableView& days, int day)
-    {
-        for (int row = 0; row < days.model()->rowCount(); ++row)
-            for (int column = 0; column < days.model()->columnCount(); ++column) {
-                const QModelIndex cell = days.model()->index(row, column);
-                const bool begun = row > 1 || day < 8; // the first week may hold the end of April
-                if (begun && cell.data().toInt() == day && !days.visualRect(cell).isEmpty())
-                    return days.visualRect(cell).center();
-            }
-        return {};
-    }
-
-    DatePicker picker{nullptr, u"DTPChargeDt"_q};
-    int chosen = 0;
-};
-
-TEST_F(DatePickerChoice, ADayClickedInTheCalendarIsTold)
-{
-    QTableView& days = Days();
-    QTest::mouseClick(days.viewport(), Qt::LeftButton, {}, PlaceOf(days, 17));
-    EXPECT_EQ(picker.Value(), u"2012-05-17"_q);
-    EXPECT_GE(chosen, 1);
-}
-
-TEST_F(DatePickerChoice, TheDayThatStandsThereIsToldAsWell)
-{
-    QTest::keyClick(&Days(), Qt::Key_Return);
+    picker.SelectPart(DatePart::Day);
+    TurnWheelOver(picker);
     EXPECT_EQ(picker.Value(), u"2012-05-30"_q);
-    EXPECT_EQ(chosen, 1);
-}
-
-TEST_F(DatePickerChoice, ASecondOpeningTellsOnceMore)
-{
-    QTest::keyClick(&Days(), Qt::Key_Return);
-    QTest::keyClick(&Days(), Qt::Key_Return);
-    EXPECT_EQ(chosen, 2);
-}
-
-TEST_F(DatePickerChoice, ACalendarThatIsLeftTellsNothing)
-{
-    QTest::keyClick(&Days(), Qt::Key_Escape);
-    EXPECT_FALSE(picker.IsCalendarOpen());
-    EXPECT_EQ(chosen, 0);
-}
-
-TEST_F(DatePickerChoice, ADateThatIsTypedTellsNothing)
-{
-    picker.setSelectedSection(QDateTimeEdit::DaySection);
-    QTest::keyClicks(&picker, u"17"_q);
-    EXPECT_EQ(picker.Value(), u"2012-05-17"_q);
-    EXPECT_EQ(chosen, 0);
 }
 
 TEST(Pictures, AllExistAndDrawSomething)
