@@ -557,7 +557,8 @@ void TurnWheelOver(QWidget& control)
     const QPointF place(control.mapTo(control.window(), control.rect().center()));
     QWheelEvent wheel(place, control.window()->mapToGlobal(place), {}, QPoint(0, -120), Qt::NoButton,
                       Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(control.window()->windowHandle(), &wheel);
+    QSpontaneKeyEvent::setSpontaneous(&wheel); // else it would bring no focus in any case
+    qApp->notify(control.window()->windowHandle(), &wheel);
 }
 
 class WheelTest : public testing::Test
