@@ -85,7 +85,7 @@ private:
 };
 
 /// The platform knows buttons with a text only.
-QAccessibleInterface* MakeAccessible(const QString&, QObject* object)
+QAccessibleInterface* MakeAccessiblePictureButton(const QString&, QObject* object)
 {
     auto* button = qobject_cast<PictureButton*>(object);
     return button ? new AccessiblePictureButton(*button) : nullptr;
@@ -93,7 +93,7 @@ QAccessibleInterface* MakeAccessible(const QString&, QObject* object)
 
 void TellOfPictureButtons()
 {
-    static const bool told = (QAccessible::installFactory(MakeAccessible), true);
+    static const bool told = (QAccessible::installFactory(MakeAccessiblePictureButton), true);
     Q_UNUSED(told)
 }
 
