@@ -23,7 +23,6 @@ namespace tsms {
 namespace {
 
 constexpr int PhoneWidth = 330;       // room for six syllables in the name column
-constexpr int HeadingHeight = 22;     // in line with the heading of the cards, which has a list beside it
 constexpr int RowsOnView = 13;        // of the list, none of them cut
 constexpr int MessageLimit = 80;      // bytes
 constexpr int SenderNumberLimit = 13; // bytes
@@ -65,7 +64,8 @@ void ComposePage::BuildMessage(QVBoxLayout& phone, QWidget& parent)
 {
     auto* heading = new Label(&parent, IndexedName(u"Label2", 0), QStringLiteral("문자메시지 전송창"));
     heading->SetBold(true);
-    heading->setMinimumHeight(HeadingHeight);
+    // In line with the heading of the cards, which has a list beside it.
+    heading->setMinimumHeight(theme::ControlHeight(heading->fontMetrics()));
     message_ = new MemoBox(&parent, QStringLiteral("TxtPerSendMsg"));
     DescribeBy(*message_, QStringLiteral("문자메시지 내용"));
     message_->SetBorder(false);

@@ -75,8 +75,8 @@ TemplateCards::TemplateCards(Services& services, Side side, QWidget* parent)
         cards->addWidget(BuildCard(card), (card - 1) / CardsInRow, (card - 1) % CardsInRow);
     BuildPageButtons();
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(12, 10, 12, 12);
-    column->setSpacing(10);
+    column->setContentsMargins(12, 10, 12, 10);
+    column->setSpacing(8);
     column->addLayout(head);
     column->addLayout(cards, 1);
     column->addWidget(pageCount_);
@@ -152,7 +152,7 @@ void TemplateCards::BuildPageButtons()
     row->setSpacing(4);
     for (int page = 0; page < Pages; ++page) {
         auto* button = new PushButton(pageCount_, IndexedName(u"BtnPageCount", names.firstPage + page),
-                                      QString::number(page + 1), PushButton::Look::Flat);
+                                      QString::number(page + 1));
         button->setAccessibleDescription(QStringLiteral("서식 %1쪽").arg(page + 1));
         button->setMinimumWidth(PageButtonWidth); // the same for all, whatever their look asks for
         button->OnClick = [this, page] { BtnPageCountClick(page); };
@@ -207,8 +207,8 @@ void TemplateCards::BtnPageCountClick(int page)
 void TemplateCards::ShowPressed(int page)
 {
     for (PushButton* button : pages_)
-        button->SetLook(PushButton::Look::Flat);
-    pages_.at(static_cast<std::size_t>(page))->SetLook(PushButton::Look::Primary);
+        button->SetLook(PushButton::Look::Plain);
+    pages_.at(static_cast<std::size_t>(page))->SetLook(PushButton::Look::Chosen);
 }
 
 /// To the neighbour that an arrow key points at, and at the rim nowhere.

@@ -14,9 +14,8 @@ namespace tsms {
 
 namespace {
 
-constexpr int PhoneWidth = 196;   // ends where the popups of the editor begin
-constexpr int HeadingHeight = 22; // in line with the heading of the cards, which has a list beside it
-constexpr int ButtonWidth = 52;   // three in a row
+constexpr int PhoneWidth = 196; // ends where the popups of the editor begin
+constexpr int ButtonWidth = 52; // three in a row
 
 enum Command : int { NewCommand, SaveCommand, DeleteCommand };
 
@@ -61,7 +60,8 @@ QWidget* TemplatePage::BuildPhone(QWidget* editor)
     phone->setFixedWidth(PhoneWidth);
     auto* heading = new Label(phone, IndexedName(u"Label2", 4), QStringLiteral("문자메시지 서식편집"));
     heading->SetBold(true);
-    heading->setMinimumHeight(HeadingHeight);
+    // In line with the heading of the cards, which has a list beside it.
+    heading->setMinimumHeight(theme::ControlHeight(heading->fontMetrics()));
 
     auto* row = new QHBoxLayout;
     row->setSpacing(8);

@@ -4,12 +4,10 @@
 #include "toolkit/Guarded.h"
 #include "toolkit/KeyFilter.h"
 #include "toolkit/Naming.h"
-#include "toolkit/Theme.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QStyleOptionComboBox>
-#include <QStylePainter>
 #include <QToolTip>
 #include <QWheelEvent>
 
@@ -118,21 +116,6 @@ void ComboBox::keyPressEvent(QKeyEvent* event)
     SendFilteredKey(
         *event, [this](QStringView keys) { return OfferKeys(*this, OnKeyPress, keys); },
         [this](QKeyEvent* key) { QComboBox::keyPressEvent(key); });
-}
-
-void ComboBox::paintEvent(QPaintEvent*)
-{
-    QStyleOptionComboBox option;
-    initStyleOption(&option);
-    if (ListIndex() < 0) {
-        option.currentText = placeholderText();
-        option.palette.setBrush(QPalette::ButtonText, option.palette.placeholderText());
-    }
-    QStylePainter painter(this);
-    painter.drawComplexControl(QStyle::CC_ComboBox, option);
-    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
-    if (hasFocus())
-        theme::DrawFocusRing(painter, rect(), 3);
 }
 
 void ComboBox::wheelEvent(QWheelEvent* event)

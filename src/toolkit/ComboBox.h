@@ -55,7 +55,6 @@ protected:
     /// What is drawn.
     void initStyleOption(QStyleOptionComboBox* option) const override;
     void keyPressEvent(QKeyEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 };
 

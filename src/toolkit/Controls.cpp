@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <QVBoxLayout>
@@ -21,7 +22,6 @@ namespace tsms {
 
 namespace {
 
-constexpr double Radius = 4;
 constexpr int PictureSize = 18;
 constexpr int SmallPictureSize = 14;
 constexpr int PictureGap = 7;
@@ -30,20 +30,6 @@ constexpr int PictureGap = 7;
 QString Shown(const QString& caption)
 {
     return QString(caption).replace(u'&', QStringLiteral("&&"));
-}
-
-/// Room of a mark and its words for the ring of the focus.
-constexpr QMargins RingRoom(4, 3, 4, 3);
-
-/// Draws a mark with its words, and the ring around both.
-template <class Mark> void PaintMark(Mark& mark, QStyle::ControlElement element, QStyleOptionButton option)
-{
-    option.rect = option.rect.marginsRemoved(RingRoom);
-    option.state &= ~QStyle::State_HasFocus; // the style shows it only behind a key
-    QStylePainter painter(&mark);
-    painter.drawControl(element, option);
-    if (mark.hasFocus())
-        theme::DrawFocusRing(painter, mark.rect(), Radius);
 }
 
 QRectF HalfPixelInside(const QRect& rect)
@@ -123,45 +109,11 @@ void PushButton::SetLook(Look look)
     update();
 }
 
-void PushButton::SetFaceColor(const QColor& face)
+void PushButton::initStyleOption(QStyleOptionButton* option) const
 {
-    face_ = face;
-    update();
-}
-
-QSize PushButton::sizeHint() const
-{
-    constexpr int LeastWidth = 64;
-    const QFontMetrics metrics = fontMetrics();
-    const int width = metrics.horizontalAdvance(caption_) + 28;
-    return {look_ == Look::Flat ? width : std::max(LeastWidth, width), metrics.height() + 14};
-}
-
-void PushButton::paintEvent(QPaintEvent*)
-{
-    const bool primary = look_ == Look::Primary && !face_.isValid();
-    QColor face = face_.isValid() ? face_ : primary ? theme::Accent : theme::ButtonFace;
-    QColor words = primary ? theme::White : theme::Text;
-    QColor line = primary || face_.isValid() ? theme::Pressed(face) : theme::Frame;
-    if (!isEnabled()) {
-        face = theme::Ground;
-        words = theme::Disabled;
-        line = theme::Line;
-    } else if (isDown() || isChecked()) {
-        face = theme::Pressed(face);
-    } else if (underMouse()) {
-        face = theme::Hovered(face);
-    }
-
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(face);
-    painter.setPen(look_ == Look::Flat ? QPen(Qt::NoPen) : QPen(line, 1));
-    painter.drawRoundedRect(HalfPixelInside(rect()), Radius, Radius);
-    painter.setPen(words);
-    painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, caption_);
-    if (hasFocus())
-        theme::DrawFocusRing(painter, rect(), Radius);
+    QPushButton::initStyleOption(option);
+    option->features.setFlag(QStyleOptionButton::DefaultButton, look_ == Look::Primary);
+    option->state.setFlag(QStyle::State_On, look_ == Look::Chosen);
 }
 
 PictureButton::PictureButton(QWidget* parent, const QString& name, const QString& picture,
@@ -198,8 +150,9 @@ QSize PictureButton::sizeHint() const
         return {26, 28};
     const QFontMetrics metrics = fontMetrics();
     const int words = WordsWidth(metrics);
-    const int air = look_ == Look::Framed ? 10 : 14; // no higher than the push buttons beside it
-    return {PictureSize + words + 24, std::max(PictureSize, metrics.height()) + air};
+    const int height =
+        look_ == Look::Framed ? theme::ControlHeight(metrics) : std::max(PictureSize, metrics.height()) + 14;
+    return {PictureSize + words + 24, height};
 }
 
 /// The face at rest, or what the mouse makes of the other one.
@@ -221,8 +174,7 @@ QColor PictureButton::Face() const
         if (isEnabled() && (isDown() || underMouse()))
             return isDown() ? theme::Pressed(theme::Warning) : theme::Warning;
         return Qt::transparent;
-    case Look::Framed:
-        return Touched(theme::ButtonFace, theme::ButtonFace);
+    case Look::Framed: // the style draws it
     case Look::Idle:
     case Look::Window:
         break;
@@ -239,9 +191,13 @@ void PictureButton::paintEvent(QPaintEvent*)
                                                  : theme::StripText;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(look_ == Look::Framed ? QPen(theme::Frame, 1) : QPen(Qt::NoPen));
-    painter.setBrush(Face());
-    painter.drawRoundedRect(look_ == Look::Framed ? HalfPixelInside(rect()) : QRectF(rect()), Radius, Radius);
+    if (look_ == Look::Framed) {
+        PaintPushButtonFace(painter);
+    } else {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(Face());
+        painter.drawRoundedRect(rect(), theme::ControlRadius, theme::ControlRadius);
+    }
 
     QFont font = this->font();
     font.setBold(look_ == Look::Selected);
@@ -256,8 +212,16 @@ void PictureButton::paintEvent(QPaintEvent*)
                      Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, words_);
     if (look_ == Look::Selected)
         painter.fillRect(QRect(10, height() - 3, width() - 20, 2), theme::Accent);
-    if (hasFocus())
-        theme::DrawFocusRing(painter, rect(), Radius);
+    if (hasFocus() && theme::IsByKeyboard())
+        theme::DrawFocusRing(painter, rect(), theme::ControlRadius);
+}
+
+void PictureButton::PaintPushButtonFace(QPainter& painter) const
+{
+    QStyleOptionButton option;
+    option.initFrom(this);
+    option.state.setFlag(QStyle::State_Sunken, isDown());
+    style()->drawControl(QStyle::CE_PushButtonBevel, &option, &painter, this);
 }
 
 bool PictureButton::event(QEvent* event)
@@ -398,12 +362,15 @@ FieldPanel::FieldPanel(QWidget* parent, const QString& name) : Panel(parent, nam
 void FieldPanel::Hold(TextField& field)
 {
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(6, 3, 6, 3);
+    layout->setContentsMargins(theme::FieldPadding, 3, theme::FieldPadding, 3);
     layout->addWidget(&field.Widget());
+    setMinimumHeight(theme::ControlHeight(fontMetrics()));
     if (auto* line = qobject_cast<QLineEdit*>(&field.Widget()))
         line->setFrame(false);
-    else if (auto* memo = qobject_cast<QFrame*>(&field.Widget()))
+    if (auto* memo = qobject_cast<QPlainTextEdit*>(&field.Widget())) {
         memo->setFrameShape(QFrame::NoFrame);
+        memo->document()->setDocumentMargin(2); // as much as a line has
+    }
     field.SetFocusBacking(*this);
 }
 
@@ -416,12 +383,13 @@ bool FieldPanel::event(QEvent* event)
 
 void FieldPanel::paintEvent(QPaintEvent*)
 {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const bool focused = isAncestorOf(window()->focusWidget()) && window()->isActiveWindow();
-    painter.setPen(QPen(focused ? theme::Accent : theme::Frame, 1));
-    painter.setBrush(isEnabled() ? BackColor() : theme::Ground);
-    painter.drawRoundedRect(HalfPixelInside(rect()), 3, 3);
+    QStyleOptionFrame field;
+    field.initFrom(this);
+    field.lineWidth = 1;
+    field.palette.setColor(QPalette::Base, BackColor());
+    field.state.setFlag(QStyle::State_HasFocus,
+                        isAncestorOf(window()->focusWidget()) && window()->isActiveWindow());
+    QStylePainter(this).drawPrimitive(QStyle::PE_PanelLineEdit, field);
 }
 
 PopupPanel::PopupPanel(QWidget* parent, const QString& name) : Panel(parent, name)
@@ -505,7 +473,7 @@ void ProgressBar::paintEvent(QPaintEvent*)
     painted_ = FilledPixels();
     painter.setPen(QPen(theme::Line, 1));
     painter.setBrush(theme::Ground);
-    painter.drawRoundedRect(trough, Radius, Radius);
+    painter.drawRoundedRect(trough, theme::ControlRadius, theme::ControlRadius);
     const double share = static_cast<double>(value()) / maximum();
     if (value() <= 0)
         return;
@@ -513,7 +481,7 @@ void ProgressBar::paintEvent(QPaintEvent*)
     painter.setBrush(theme::Accent);
     QRectF bar = trough.adjusted(1, 1, -1, -1);
     bar.setWidth(bar.width() * share);
-    painter.drawRoundedRect(bar, std::min(Radius, bar.width() / 2), Radius - 1);
+    painter.drawRoundedRect(bar, std::min(theme::ControlRadius, bar.width() / 2), theme::ControlRadius - 1);
 }
 
 RadioButton::RadioButton(QWidget* parent, const QString& name, const QString& caption)
@@ -526,11 +494,6 @@ RadioButton::RadioButton(QWidget* parent, const QString& name, const QString& ca
         if (chosen)
             RaiseEvent(*this, OnClick);
     });
-}
-
-QSize RadioButton::sizeHint() const
-{
-    return QRadioButton::sizeHint().grownBy(RingRoom);
 }
 
 /// Of the choices on the same surface, in the order in which they were made.
@@ -554,13 +517,6 @@ void RadioButton::keyPressEvent(QKeyEvent* event)
     }
 }
 
-void RadioButton::paintEvent(QPaintEvent*)
-{
-    QStyleOptionButton option;
-    initStyleOption(&option);
-    PaintMark(*this, QStyle::CE_RadioButton, option);
-}
-
 CheckBox::CheckBox(QWidget* parent, const QString& name, const QString& caption)
     : QCheckBox(parent), caption_(caption)
 {
@@ -568,18 +524,6 @@ CheckBox::CheckBox(QWidget* parent, const QString& name, const QString& caption)
     SetName(*this, name);
     setAccessibleName(Trim(caption));
     connect(this, &QCheckBox::toggled, this, [this] { RaiseEvent(*this, OnClick); });
-}
-
-QSize CheckBox::sizeHint() const
-{
-    return QCheckBox::sizeHint().grownBy(RingRoom);
-}
-
-void CheckBox::paintEvent(QPaintEvent*)
-{
-    QStyleOptionButton option;
-    initStyleOption(&option);
-    PaintMark(*this, QStyle::CE_CheckBox, option);
 }
 
 } // namespace tsms

@@ -24,30 +24,29 @@ class PushButton : public QPushButton
     Q_OBJECT
 
 public:
-    enum class Look { Plain, Primary, Flat };
+    enum class Look {
+        Plain,
+        Primary, ///< what a person came for
+        Chosen,  ///< of several, the one whose things are on view
+    };
 
     PushButton(QWidget* parent, const QString& name, const QString& caption, Look look = Look::Plain);
 
     QString Caption() const { return caption_; }
     void SetCaption(const QString& caption);
     void SetLook(Look look);
-    /// Face colour in place of the look's own; an invalid one returns to the look.
-    void SetFaceColor(const QColor& face);
+    Look LookOf() const { return look_; }
     void Click() { click(); }
-
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
 
     std::function<void()> OnClick;
     QString Tag;
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    void initStyleOption(QStyleOptionButton* option) const override;
 
 private:
     QString caption_;
     Look look_;
-    QColor face_;
 };
 
 /// A button that shows a picture and no caption. Words, where it has some, are part of the picture.
@@ -88,6 +87,7 @@ private:
     int WordsWidth(const QFontMetrics& metrics) const;
     QColor Touched(const QColor& rest, const QColor& touched) const;
     QColor Face() const;
+    void PaintPushButtonFace(QPainter& painter) const;
 
     QString picture_;
     QString words_;
@@ -234,15 +234,11 @@ public:
     bool Value() const { return isChecked(); }
     void SetValue(bool chosen) { setChecked(chosen); }
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
-
     std::function<void()> OnClick;
     QString Tag;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 
 private:
     RadioButton* Neighbour(int step) const;
@@ -262,14 +258,8 @@ public:
     bool Value() const { return isChecked(); }
     void SetValue(bool ticked) { setChecked(ticked); }
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
-
     std::function<void()> OnClick;
     QString Tag;
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
 
 private:
     QString caption_;

@@ -16,7 +16,6 @@ namespace tsms {
 namespace {
 
 constexpr int LeastBoxWidth = 260;
-constexpr int LeastBoxHeight = 28;
 constexpr int MemoHeight = 84; // four lines
 constexpr int GroupGap = 6;    // below the note that ends a group of boxes
 
@@ -52,7 +51,6 @@ MemoBox& FieldRows::AddMemo(int index, const QString& caption, int maxLength)
 void FieldRows::AddControl(int index, const QString& caption, QWidget& control)
 {
     AddCaption(index, caption, control);
-    control.setMinimumHeight(LeastBoxHeight);
     grid_->addWidget(&control, row_, 1);
 }
 
@@ -73,7 +71,8 @@ void FieldRows::AddCaption(int index, const QString& caption, QWidget& field)
 {
     auto* label = new Label(&parent_, IndexedName(u"lblTitle", index), caption);
     label->Describes(field);
-    label->setMinimumHeight(LeastBoxHeight); // in line with the first line of a box
+    label->setMinimumHeight(
+        theme::ControlHeight(label->fontMetrics())); // in line with the first line of a box
     grid_->addWidget(label, ++row_, 0, Qt::AlignTop);
     names_[index] = Trim(WithoutBlanks(caption));
 }
@@ -81,7 +80,6 @@ void FieldRows::AddCaption(int index, const QString& caption, QWidget& field)
 void FieldRows::Hold(int index, TextField& box, int maxLength)
 {
     auto* backing = new FieldPanel(&parent_, IndexedName(u"PLtxtBack", index));
-    backing->setMinimumHeight(LeastBoxHeight);
     box.SetBackColor(theme::White);
     box.SetMaxLength(maxLength);
     backing->Hold(box);

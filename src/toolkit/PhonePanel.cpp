@@ -63,7 +63,7 @@ void PhonePanel::paintEvent(QPaintEvent*)
     painter.drawRoundedRect(QRectF(middle - 14, EarPiece / 2.0 - 1.5, 28, 3), 1.5, 1.5);
     painter.drawEllipse(QPointF(middle, height() - HomeKey / 2.0), 2.5, 2.5);
     painter.fillRect(contentsRect(), ScreenColor());
-    if (ring_)
+    if (ring_ && theme::IsByKeyboard())
         theme::DrawFocusRing(painter, rect(), Corner);
 }
 

@@ -19,7 +19,6 @@ TextBox::TextBox(QWidget* parent) : QLineEdit(parent)
 {
     // Its own limit works on what was put in; the control's would cut without telling where.
     QLineEdit::setMaxLength(MostGiven);
-    setTextMargins(2, 1, 2, 1);
     connect(this, &QLineEdit::textChanged, this, [this] { TellChange(); });
 }
 

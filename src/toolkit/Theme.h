@@ -4,6 +4,7 @@
 #include <QFont>
 
 class QApplication;
+class QFontMetrics;
 class QPainter;
 class QRectF;
 
@@ -21,22 +22,32 @@ inline constexpr QColor Text{34, 40, 44};          ///< near black
 inline constexpr QColor Faint{104, 116, 122};      ///< notes
 inline constexpr QColor Disabled{160, 168, 172};   ///< words of what cannot be used
 inline constexpr QColor StripText{30, 52, 62};     ///< words on a title strip
-inline constexpr QColor Accent{28, 110, 140};      ///< the primary button, the focus ring
-inline constexpr QColor Frame{138, 160, 168};      ///< the fine frame of a window
+inline constexpr QColor Accent{28, 110, 140};      ///< the primary button, marks, the sign of the focus
+inline constexpr QColor Frame{92, 112, 120};       ///< the border of a control, the fine frame of a window
 inline constexpr QColor ButtonFace{244, 247, 248}; ///< face of an ordinary button
 inline constexpr QColor Handle{118, 136, 144};     ///< the handle and the arrows of a scroll bar
 inline constexpr QColor Warning{200, 64, 56};      ///< a closing button under the mouse
 
+inline constexpr double ControlRadius = 4; ///< of the corners of buttons and fields
+inline constexpr int FieldPadding = 8;     ///< between the edge of a field and what is written in it
+
+/// How high buttons, fields and lists are that stand in one row.
+int ControlHeight(const QFontMetrics& metrics);
+
 /// The program's font, size 9.
 QFont Font();
 
-/// Style, palette and font of the whole program. The signs and buttons of message boxes and the scroll bars
-/// are drawn in the manner of the program's own controls.
+/// Style, palette and font of the whole program. The style draws all buttons, fields, lists, marks and scroll
+/// bars, also those of message boxes and pickers.
 void ApplyTheme(QApplication& application);
 
 /// A darker or lighter neighbour of a face colour, for a face under the mouse or pressed.
 QColor Hovered(const QColor& face);
 QColor Pressed(const QColor& face);
+
+/// Whether a person works by the keyboard, which alone needs a ring that says where it works: the last press
+/// was one of a key, or a key brought the focus. Behind a press of the mouse the eye is there already.
+bool IsByKeyboard();
 
 /// The visible sign of the keyboard focus: a ring inside `place`.
 void DrawFocusRing(QPainter& painter, const QRectF& place, double radius);

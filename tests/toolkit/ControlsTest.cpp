@@ -35,9 +35,9 @@ long NumberRaisedBy(const std::function<void()>& body)
     return NoError;
 }
 
-QColor ColorAt(QWidget& widget, QPoint place)
+void ApplyOurTheme()
 {
-    return widget.grab().toImage().pixelColor(place * widget.devicePixelRatio());
+    theme::ApplyTheme(*static_cast<QApplication*>(QCoreApplication::instance()));
 }
 
 TEST(Naming, AnElementOfAnArrayCarriesItsIndex)
@@ -100,6 +100,7 @@ TEST(PushButton, IsWideEnoughForItsWords)
 
 TEST(PushButton, ShowsPressedDisabledAndFocus)
 {
+    ApplyOurTheme();
     QWidget window;
     PushButton button(&window, u"Btn"_q, QString());
     PushButton other(&window, u"Other"_q, QString());
@@ -111,7 +112,7 @@ TEST(PushButton, ShowsPressedDisabledAndFocus)
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     other.setFocus();
     const QImage rest = button.grab().toImage();
-    button.setFocus();
+    button.setFocus(Qt::TabFocusReason);
     EXPECT_NE(button.grab().toImage(), rest);
     other.setFocus();
     button.setDown(true);
@@ -122,12 +123,21 @@ TEST(PushButton, ShowsPressedDisabledAndFocus)
     EXPECT_NE(button.grab().toImage(), rest);
 }
 
-TEST(PushButton, TakesAFaceColour)
+TEST(PushButton, IsDrawnByItsLookWhileItCanBeUsed)
 {
-    PushButton button(nullptr, u"Btn"_q, QString());
-    button.SetFaceColor(theme::Strip);
-    button.resize(80, 30);
-    EXPECT_EQ(ColorAt(button, QPoint(40, 15)), theme::Strip);
+    PushButton button(nullptr, u"Btn"_q, u"a"_q);
+    ApplyOurTheme();
+    const auto face = [&] { return button.grab().toImage().pixelColor(6, button.height() / 2); };
+    button.resize(80, 28);
+    EXPECT_EQ(face(), theme::ButtonFace);
+    button.SetLook(PushButton::Look::Primary);
+    EXPECT_EQ(face(), theme::Accent);
+    button.SetLook(PushButton::Look::Chosen);
+    EXPECT_EQ(face(), theme::Strip);
+    button.setEnabled(false);
+    EXPECT_EQ(face(), theme::Ground);
+    button.SetLook(PushButton::Look::Primary); // the accent is never on what cannot be used
+    EXPECT_EQ(face(), theme::Ground);
 }
 
 TEST(PictureButton, HasNoCaptionAndIsClicked)
@@ -163,13 +173,14 @@ TEST(PictureButton, OnATitleStripShowsItsWordsInTheToolTipAlone)
     EXPECT_EQ(closing.grab().toImage(), silent.grab().toImage());
 }
 
-TEST(PictureButton, WithAFrameIsAStopOfTheTabKeyAndNoHigherThanAPushButton)
+TEST(PictureButton, WithAFrameIsAStopOfTheTabKeyAndAsHighAsAPushButton)
 {
+    ApplyOurTheme();
     const PictureButton framed(nullptr, u"BtnAdd(0)"_q, u"book-member"_q, u"구성원 등록"_q,
                                PictureButton::Look::Framed);
     const PushButton beside(nullptr, u"Btn"_q, u"추가"_q);
     EXPECT_EQ(framed.focusPolicy(), Qt::StrongFocus);
-    EXPECT_LE(framed.sizeHint().height(), beside.sizeHint().height());
+    EXPECT_EQ(framed.sizeHint().height(), beside.sizeHint().height());
 }
 
 TEST(PictureButton, WithAFrameShowsThatItIsPressedOrCannotBeUsed)
@@ -318,6 +329,7 @@ TEST(RadioButton, TellsWhenItIsChosen)
 
 template <class Control> void ExpectVisibleFocus(Control& control)
 {
+    ApplyOurTheme();
     QWidget window;
     QPushButton other(&window);
     control.setParent(&window);
@@ -325,19 +337,22 @@ template <class Control> void ExpectVisibleFocus(Control& control)
     window.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    other.setFocus(Qt::MouseFocusReason);
+    other.setFocus();
     const QImage rest = control.grab().toImage();
-    control.setFocus(Qt::MouseFocusReason);
+    control.setFocus(Qt::TabFocusReason);
     EXPECT_NE(control.grab().toImage(), rest);
+    control.setFocus(Qt::MouseFocusReason);
     control.setParent(nullptr);
 }
 
-TEST(KeyboardFocus, IsSeenOnEveryControlHoweverItCame)
+TEST(KeyboardFocus, IsSeenOnEveryControl)
 {
     PushButton button(nullptr, u"a"_q, u"a"_q);
     ExpectVisibleFocus(button);
-    PictureButton picture(nullptr, u"a"_q, u"toolbar-compose"_q, u"a"_q, PictureButton::Look::Idle);
-    ExpectVisibleFocus(picture);
+    for (const auto look : {PictureButton::Look::Idle, PictureButton::Look::Framed}) {
+        PictureButton picture(nullptr, u"a"_q, u"toolbar-compose"_q, u"a"_q, look);
+        ExpectVisibleFocus(picture);
+    }
     CheckBox check(nullptr, u"a"_q, u"a"_q);
     ExpectVisibleFocus(check);
     RadioButton radio(nullptr, u"a"_q, u"a"_q);
@@ -609,9 +624,10 @@ TEST_F(WheelTest, OverADateWithoutTheFocusChangesNothingAndTakesNoFocus)
 
 TEST(Pictures, AllExistAndDrawSomething)
 {
-    for (const char* name : {"program", "check-empty", "check-ticked", "check-locked", "window-minimise",
-                             "window-maximise", "window-close", "toolbar-compose", "toolbar-history",
-                             "toolbar-charge", "toolbar-template", "toolbar-settings"}) {
+    for (const char* name :
+         {"program", "check-empty", "check-ticked", "check-locked", "radio-empty", "radio-chosen",
+          "window-minimise", "window-maximise", "window-close", "toolbar-compose", "toolbar-history",
+          "toolbar-charge", "toolbar-template", "toolbar-settings"}) {
         QImage image(24, 24, QImage::Format_ARGB32_Premultiplied);
         image.fill(Qt::transparent);
         const QImage blank = image;

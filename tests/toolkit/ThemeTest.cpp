@@ -1,14 +1,21 @@
 #include "toolkit/Theme.h"
 
 #include "support/Words.h"
+#include "toolkit/Pictures.h"
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
 #include <QDialog>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QProxyStyle>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScrollBar>
 #include <QStyleOption>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -40,9 +47,19 @@ TEST(Theme, WordsStandOutFromWhatTheyStandOn)
     using namespace theme;
     const std::pair<QColor, QColor> pairs[] = {{Text, Page},  {Text, Ground},     {Text, Phone},
                                                {Text, Focus}, {StripText, Strip}, {White, Accent},
+                                               {Text, Strip}, {Accent, Page},     {Accent, ButtonFace},
                                                {Faint, Page}, {Text, ButtonFace}, {White, Warning}};
     for (const auto& [words, ground] : pairs)
         EXPECT_GE(Contrast(words, ground), 4.5) << words.name().toStdString() << ground.name().toStdString();
+}
+
+TEST(Theme, BordersAndMarksStandOutFromWhatTheyStandOn)
+{
+    using namespace theme;
+    for (const QColor& line : {Frame, Accent})
+        for (const QColor& ground : {Page, Ground, ButtonFace, Strip, Focus})
+            EXPECT_GE(Contrast(line, ground), 3) << line.name().toStdString() << ground.name().toStdString();
+    EXPECT_GE(Contrast(Handle, White), 3); // the arrow of a list
 }
 
 TEST(Theme, AFaceUnderTheMouseAndPressedLooksDifferent)
@@ -71,6 +88,25 @@ TEST(Theme, ItIsAppliedWithoutAStyleSheet)
     ASSERT_NE(style, nullptr);
     EXPECT_EQ(style->baseStyle()->name(), u"fusion"_q);
 }
+
+/// As near as the edge of a circle comes to its colour.
+bool IsNear(const QColor& a, const QColor& b)
+{
+    return std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) + std::abs(a.blue() - b.blue()) < 50;
+}
+
+class PaintCounter : public QObject
+{
+public:
+    explicit PaintCounter(QWidget& control) { control.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        paints += event->type() == QEvent::Paint;
+        return false;
+    }
+
+    int paints = 0;
+};
 
 class StyledControls : public ::testing::Test
 {
@@ -115,6 +151,168 @@ TEST_F(StyledControls, TheDefaultButtonOfABoxHasTheAccentAndTheOthersThePlainFac
     EXPECT_EQ(ColorAt(no, {10, 14}).rgb(), theme::Pressed(theme::ButtonFace).rgb());
     yes.setEnabled(false);
     EXPECT_EQ(ColorAt(yes, {10, 14}), theme::Ground);
+}
+
+/// What stands in one row, in a window whose other control has the focus at first.
+class Family : public StyledControls
+{
+protected:
+    Family()
+    {
+        for (int entry : {1, 2})
+            list.addItem(QString::number(entry));
+        int y = 10;
+        for (QWidget* control : All()) {
+            control->setGeometry(10, y, 120, control->sizeHint().height());
+            y += 40;
+        }
+        window.resize(200, 400);
+        window.show();
+        window.activateWindow();
+    }
+    void SetUp() override { ASSERT_TRUE(QTest::qWaitForWindowActive(&window)); }
+
+    QList<QWidget*> All() { return {&other, &button, &line, &list, &date, &check, &radio}; }
+    QList<QWidget*> Boxes() { return {&button, &line, &list, &date}; }
+    QList<QWidget*> WithRing() { return {&button, &list, &check, &radio}; }
+
+    QImage PictureWithFocus(QWidget& control, Qt::FocusReason reason)
+    {
+        other.setFocus(reason);
+        control.setFocus(reason);
+        QCoreApplication::processEvents();
+        return control.grab().toImage();
+    }
+    QImage PictureWithout(QWidget& control)
+    {
+        other.setFocus();
+        QCoreApplication::processEvents();
+        return control.grab().toImage();
+    }
+
+    QWidget window;
+    QPushButton other{&window};
+    QPushButton button{u"발송"_q, &window};
+    QLineEdit line{&window};
+    QComboBox list{&window};
+    QDateEdit date{&window};
+    QCheckBox check{u"예약발송"_q, &window};
+    QRadioButton radio{u"전체"_q, &window};
+};
+
+TEST_F(Family, HasOneHeight)
+{
+    date.setCalendarPopup(true);
+    for (QWidget* control : Boxes())
+        EXPECT_EQ(control->sizeHint().height(), theme::ControlHeight(control->fontMetrics()))
+            << control->metaObject()->className();
+}
+
+TEST_F(Family, HasOneBorderWithRoundCorners)
+{
+    date.setCalendarPopup(true);
+    for (QWidget* control : Boxes()) {
+        const QImage picture = PictureWithout(*control);
+        const QPoint low(picture.width() - 1, picture.height() - 1);
+        for (const QPoint& edge : {QPoint(0, low.y() / 2), QPoint(low.x(), low.y() / 2),
+                                   QPoint(low.x() / 2, 0), QPoint(low.x() / 2, low.y())})
+            EXPECT_EQ(picture.pixelColor(edge), theme::Frame) << control->metaObject()->className();
+        for (const QPoint& corner : {QPoint(0, 0), low})
+            EXPECT_GT(picture.pixelColor(corner).lightness(), theme::Line.lightness())
+                << control->metaObject()->className();
+    }
+}
+
+TEST_F(Family, APickerIsOfIt)
+{
+    QFileDialog picker;
+    picker.setOption(QFileDialog::DontUseNativeDialog);
+    picker.show();
+    const auto fields = picker.findChildren<QWidget*>();
+    int met = 0;
+    for (QWidget* field : fields) {
+        const bool framed = qobject_cast<QLineEdit*>(field) && static_cast<QLineEdit*>(field)->hasFrame();
+        if (!framed && !qobject_cast<QComboBox*>(field) && !qobject_cast<QPushButton*>(field))
+            continue;
+        ++met;
+        EXPECT_EQ(field->sizeHint().height(), theme::ControlHeight(field->fontMetrics()))
+            << field->objectName().toStdString();
+    }
+    EXPECT_GE(met, 5); // the folder, the name, the kind and two buttons
+}
+
+TEST_F(Family, TheSignOfAMarkStandsOutAndIsTheOneOfTheGrids)
+{
+    for (QAbstractButton* mark :
+         {static_cast<QAbstractButton*>(&check), static_cast<QAbstractButton*>(&radio)}) {
+        const auto hasColor = [&](const QColor& color) {
+            const QImage picture = PictureWithout(*mark);
+            for (int y = 0; y < picture.height(); ++y)
+                for (int x = 0; x < 24; ++x)
+                    if (IsNear(picture.pixelColor(x, y), color))
+                        return true;
+            return false;
+        };
+        EXPECT_TRUE(hasColor(theme::Frame)) << mark->text().toStdString();
+        EXPECT_FALSE(hasColor(theme::Accent)) << mark->text().toStdString();
+        mark->setChecked(true);
+        EXPECT_TRUE(hasColor(theme::Accent));
+        mark->setEnabled(false);
+        EXPECT_FALSE(hasColor(theme::Accent));
+    }
+    const QImage cell = CheckPictures().at(CheckEmpty).pixmap(16, 16).toImage();
+    EXPECT_EQ(cell.pixelColor(1, 8), theme::Frame);
+}
+
+TEST_F(Family, ShowsARingBehindAKeyAndNoneBehindTheMouse)
+{
+    for (QWidget* control : WithRing()) {
+        const QImage rest = PictureWithout(*control);
+        for (const auto reason : {Qt::TabFocusReason, Qt::BacktabFocusReason, Qt::ShortcutFocusReason})
+            EXPECT_NE(PictureWithFocus(*control, reason), rest) << control->metaObject()->className();
+        EXPECT_EQ(PictureWithFocus(*control, Qt::MouseFocusReason), rest)
+            << control->metaObject()->className();
+    }
+}
+
+TEST_F(Family, AFieldShowsItsFocusBehindTheMouseToo)
+{
+    EXPECT_NE(PictureWithFocus(line, Qt::MouseFocusReason), PictureWithout(line));
+    EXPECT_EQ(PictureWithFocus(line, Qt::MouseFocusReason).pixelColor(0, line.height() / 2), theme::Accent);
+}
+
+TEST_F(Family, APressOfTheMouseTakesTheRingAndAKeyBringsIt)
+{
+    const QImage ringed = PictureWithFocus(button, Qt::TabFocusReason);
+    QTest::mouseClick(&window, Qt::LeftButton, {}, {190, 390});
+    EXPECT_NE(button.grab().toImage(), ringed);
+    QTest::keyPress(&button, Qt::Key_Shift);
+    EXPECT_NE(button.grab().toImage(), ringed);
+    QTest::keyPress(&button, Qt::Key_F1);
+    EXPECT_EQ(button.grab().toImage(), ringed);
+}
+
+TEST_F(Family, AFocusThatTheProgramMovesShowsAsTheLastOneDid)
+{
+    const QImage rest = PictureWithout(button);
+    QTest::keyPress(&other, Qt::Key_F1);
+    EXPECT_NE(PictureWithFocus(button, Qt::OtherFocusReason), rest);
+    QTest::mouseClick(&window, Qt::LeftButton, {}, {190, 390});
+    EXPECT_EQ(PictureWithFocus(button, Qt::OtherFocusReason), rest);
+}
+
+TEST_F(Family, TheRingComesAndGoesWithoutFurtherDoing)
+{
+    button.setFocus(Qt::TabFocusReason);
+    QCoreApplication::processEvents();
+    PaintCounter counter(button);
+    QTest::mouseClick(&window, Qt::LeftButton, {}, {190, 390});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(counter.paints, 1);
+    QTest::keyPress(&button, Qt::Key_F1);
+    QTest::keyPress(&button, Qt::Key_F1);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(counter.paints, 2);
 }
 
 TEST_F(StyledControls, TheHandleOfAScrollBarIsDarkerThanItsTrough)
