@@ -65,7 +65,8 @@ dlgSMSShowDetail::dlgSMSShowDetail(Services& services, std::function<void()> sea
     row->addLayout(fields, 1);
     BodyLayout().addWidget(heading);
     BodyLayout().addLayout(row);
-    // A message is opened to be read: Enter then closes it, and withdraws nothing.
+    // A message is opened to be read: nothing calls for withdrawing it, and Enter closes it.
+    Button(0)->SetLook(PushButton::Look::Plain);
     Button(1)->setFocus(Qt::OtherFocusReason);
 }
 

@@ -388,6 +388,16 @@ TEST_F(ShowDetail, EnterClosesItAndWithdrawsNothing)
     EXPECT_TRUE(Withdrawals().isEmpty());
 }
 
+TEST_F(ShowDetail, TheAccentIsNotOnWithdrawing)
+{
+    ListReserved();
+    Open([this](QWidget& dialog) {
+        auto& withdraw = program.On<PushButton>(dialog, u"BtnSendS(0)"_q);
+        EXPECT_EQ(withdraw.LookOf(), PushButton::Look::Plain);
+        PressKey(dialog, Qt::Key_Escape);
+    });
+}
+
 TEST_F(ShowDetail, WhileBusyItsKeysAndButtonsAreDead)
 {
     ListReserved();
