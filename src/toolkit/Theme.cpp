@@ -19,6 +19,7 @@ namespace {
 
 constexpr int ArrowWidth = 22; // of the part of a list that opens it
 constexpr int MarkSize = 16;
+constexpr int FocusedBorder = 2; // how wide a field's border is at most
 
 /// Room of a mark and its words for the ring of the focus.
 constexpr QMargins RingRoom(4, 3, 4, 3);
@@ -73,7 +74,7 @@ void DrawField(QPainter& painter, const QStyleOption& field, const QColor& face)
     if (!Is(field, QStyle::State_Enabled))
         DrawBox(painter, field.rect, Ground, Line);
     else if (Is(field, QStyle::State_HasFocus))
-        DrawBox(painter, field.rect, face, Accent, 2);
+        DrawBox(painter, field.rect, face, Accent, FocusedBorder);
     else
         DrawBox(painter, field.rect, face, Frame);
 }
@@ -185,8 +186,14 @@ public:
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* answer) const override
     {
-        return hint == SH_LineEdit_PasswordCharacter ? u'*'
-                                                     : QProxyStyle::styleHint(hint, option, widget, answer);
+        switch (hint) {
+        case SH_LineEdit_PasswordCharacter:
+            return u'*';
+        case SH_DialogButtonBox_ButtonsHaveIcons:
+            return 0;
+        default:
+            return QProxyStyle::styleHint(hint, option, widget, answer);
+        }
     }
 
     QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
@@ -216,7 +223,7 @@ public:
     QRect subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const override
     {
         if (element == SE_LineEditContents && HasFrame(option))
-            return option->rect.adjusted(FieldPadding, 1, -FieldPadding, -1);
+            return option->rect.adjusted(FieldPadding, FocusedBorder, -FieldPadding, -FocusedBorder);
         return QProxyStyle::subElementRect(element, option, widget);
     }
 
@@ -227,7 +234,7 @@ public:
         if (control == CC_ComboBox && part == SC_ComboBoxArrow)
             return place.adjusted(place.width() - ArrowWidth, 0, 0, 0);
         if (control == CC_ComboBox && part == SC_ComboBoxEditField)
-            return place.adjusted(FieldPadding + 1, 1, -ArrowWidth, -1);
+            return place.adjusted(FieldPadding + 1, FocusedBorder, -ArrowWidth, -FocusedBorder);
         return QProxyStyle::subControlRect(control, option, part, widget);
     }
 

@@ -223,6 +223,15 @@ TEST_F(Family, HasOneBorderWithRoundCorners)
     }
 }
 
+TEST_F(Family, ADateThatIsWrittenLeavesTheBorderFree)
+{
+    date.setCalendarPopup(true);
+    const QImage focused = PictureWithFocus(date, Qt::TabFocusReason);
+    for (int x = 10; x < date.width() - 10; ++x)
+        for (int y : {0, 1, date.height() - 2, date.height() - 1})
+            ASSERT_EQ(focused.pixelColor(x, y), theme::Accent) << x << ' ' << y;
+}
+
 TEST_F(Family, APickerIsOfIt)
 {
     QFileDialog picker;
@@ -237,6 +246,8 @@ TEST_F(Family, APickerIsOfIt)
         ++met;
         EXPECT_EQ(field->sizeHint().height(), theme::ControlHeight(field->fontMetrics()))
             << field->objectName().toStdString();
+        if (const auto* command = qobject_cast<QPushButton*>(field))
+            EXPECT_TRUE(command->icon().isNull()) << command->text().toStdString();
     }
     EXPECT_GE(met, 5); // the folder, the name, the kind and two buttons
 }
