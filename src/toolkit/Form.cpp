@@ -214,13 +214,9 @@ void Form::paintEvent(QPaintEvent*)
 void Form::mousePressEvent(QMouseEvent* event)
 {
     event->accept();
-    held_ = Qt::NoButton;
-    if (!IsDragSurface(event->position().toPoint()))
-        return; // a control had no use for the press
-    // The window manager is always told of the left button, and would wait for the release of that one.
-    if (event->button() == Qt::LeftButton && windowHandle() && windowHandle()->startSystemMove())
-        return;
-    held_ = event->button();
+    // On anything else a control had no use for the press.
+    held_ = IsDragSurface(event->position().toPoint()) ? event->button() : Qt::NoButton;
+    moving_ = false;
     grip_ = event->globalPosition().toPoint() - pos();
 }
 
@@ -235,8 +231,25 @@ void Form::mouseMoveEvent(QMouseEvent* event)
 {
     if (!event->buttons().testFlag(held_))
         held_ = Qt::NoButton; // its release went elsewhere
-    if (held_ != Qt::NoButton)
-        move(event->globalPosition().toPoint() - grip_);
+    if (held_ == Qt::NoButton)
+        return;
+    const QPoint place = event->globalPosition().toPoint() - grip_;
+    if (!moving_ && (place - pos()).manhattanLength() < QApplication::startDragDistance())
+        return; // the hand of a click
+    if (!moving_ && HandOverMove())
+        held_ = Qt::NoButton;
+    else
+        move(place);
+    moving_ = true;
+}
+
+/// Wayland leaves it to the desk where a window stands. Elsewhere the form moves itself: a window manager
+/// that is asked waits for the release of the left button, and keeps the window at the pointer when that
+/// release was over before it heard of the move.
+bool Form::HandOverMove()
+{
+    return held_ == Qt::LeftButton && QGuiApplication::platformName().startsWith(u"wayland") &&
+           windowHandle() && windowHandle()->startSystemMove();
 }
 
 void Form::mouseReleaseEvent(QMouseEvent*)

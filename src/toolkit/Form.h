@@ -76,6 +76,7 @@ protected:
 private:
     bool PreviewKey(const QWidget& receiver, QKeyEvent& event);
     bool IsDragSurface(QPoint place) const;
+    bool HandOverMove();
     void LeaveLoaded();
     void Place();
 
@@ -89,6 +90,7 @@ private:
     bool placed_ = false;
     Qt::MouseButton held_ = Qt::NoButton; // the button that drags the form
     QPoint grip_;
+    bool moving_ = false;
 };
 
 } // namespace tsms

@@ -291,6 +291,33 @@ TEST_F(FormTest, IsMovedByAPanelThatSaysSoAndByWhatTheMousePassesThere)
     form.SetBusy(Boolean::False);
 }
 
+TEST_F(FormTest, AClickWithAnUnsteadyHandOrADoubleClickMovesNothing)
+{
+    TestForm form(session, desktop);
+    Show(form);
+    const QPoint place(150, 150);
+    const QPoint before = form.pos();
+    QTest::mousePress(form.windowHandle(), Qt::LeftButton, {}, place);
+    Move(form, form.mapToGlobal(place) + QPoint(QApplication::startDragDistance() - 1, 0), Qt::LeftButton);
+    QTest::mouseRelease(form.windowHandle(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(form.windowHandle(), Qt::LeftButton, {}, place);
+    Move(form, form.mapToGlobal(place) + QPoint(30, 20), Qt::NoButton);
+    EXPECT_EQ(form.pos(), before);
+}
+
+TEST_F(FormTest, OnceMovingItFollowsTheSmallestMotion)
+{
+    TestForm form(session, desktop);
+    Show(form);
+    const QPoint grip = form.mapToGlobal(QPoint(150, 150));
+    const QPoint before = form.pos();
+    QTest::mousePress(form.windowHandle(), Qt::LeftButton, {}, {150, 150});
+    Move(form, grip + QPoint(40, 0), Qt::LeftButton);
+    Move(form, grip + QPoint(1, 0), Qt::LeftButton);
+    QTest::mouseRelease(form.windowHandle(), Qt::LeftButton, {}, {150, 150});
+    EXPECT_EQ(form.pos(), before + QPoint(1, 0));
+}
+
 TEST_F(FormTest, IsMovedByNothingElse)
 {
     TestForm form(session, desktop);
