@@ -14,10 +14,10 @@
 #include "toolkit/fpSpread.h"
 #include "toolkit/GridHelper.h"
 #include "toolkit/Naming.h"
+#include "toolkit/RowsOnView.h"
 #include "toolkit/Theme.h"
 
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QScopeGuard>
@@ -32,6 +32,7 @@ namespace {
 enum SheetColumnNumber : int { SheetName = 1, SheetPhone = 2, SheetThird = 3, SheetColumns = 3 };
 
 constexpr int SheetRowsOnView = 6;
+constexpr int LeastSheetRows = 2; // on a small screen
 
 DialogFrame ImportFrame()
 {
@@ -72,9 +73,8 @@ void FixSize(fpSpread& grid)
     int width = 2 * grid.frameWidth() + grid.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     for (int col = 0; col < grid.MaxCols(); ++col)
         width += grid.columnWidth(col);
-    const int rows =
-        grid.horizontalHeader()->height() + SheetRowsOnView * grid.verticalHeader()->defaultSectionSize();
-    grid.setFixedSize(width, rows + 2 * grid.frameWidth());
+    grid.setFixedWidth(width);
+    ShowRows(grid, SheetRowsOnView);
 }
 
 /// A path on a ground of its own; one that is too long shows its beginning and its end, and all of it in the
@@ -124,6 +124,11 @@ MakeSMSExcel::MakeSMSExcel(Services& services, Target target, QWidget* owner)
     BuildNotes();
     BuildResult();
     Load();
+}
+
+void MakeSMSExcel::GiveHeight(int pixels)
+{
+    ShowRows(*sheet_, SheetRowsOnView, pixels, LeastSheetRows);
 }
 
 void MakeSMSExcel::BuildFile()

@@ -31,6 +31,9 @@ public:
 
     MakeSMSExcel(Services& services, Target target, QWidget* owner = nullptr);
 
+protected:
+    void GiveHeight(int pixels) override;
+
 private:
     /// How many rows were taken and how many lost. A step beyond 32,767 raises 6.
     struct Counts

@@ -20,10 +20,10 @@
 #include "toolkit/Guarded.h"
 #include "toolkit/Naming.h"
 #include "toolkit/Pictures.h"
+#include "toolkit/RowsOnView.h"
 
 #include <QAbstractItemView>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QVBoxLayout>
 
 namespace tsms {
@@ -32,7 +32,8 @@ namespace {
 
 constexpr int BrowseWidth = 460;
 constexpr int ChosenWidth = 360;
-constexpr int RowsOnView = 20;  // of each list, none of them cut
+constexpr int RowsOnView = 20;  // of each list
+constexpr int LeastRows = 6;    // of each list, on a small screen
 constexpr int NamesWidth = 280; // room for the longest group name in the opened filter
 
 DialogFrame SelectFrame()
@@ -47,12 +48,6 @@ DialogFrame SelectFrame()
     frame.buttons = {QStringLiteral("포함(F12)"), QStringLiteral("취소(ESC)")};
     frame.f12RunsButton0 = false; // meant, in spite of the caption
     return frame;
-}
-
-int HeightOf(const fpSpread& grid, int rows)
-{
-    return grid.horizontalHeader()->minimumHeight() + rows * grid.verticalHeader()->defaultSectionSize() +
-           2 * grid.frameWidth();
 }
 
 } // namespace
@@ -172,8 +167,14 @@ void dlgSMSGroupSelect::Load()
     InitMemberGrid();
     InitChosenGrid();
     for (fpSpread* grid : {browse_, chosen_})
-        grid->setFixedHeight(HeightOf(*grid, RowsOnView));
+        ShowRows(*grid, RowsOnView);
     SetBusy(Boolean::False);
+}
+
+void dlgSMSGroupSelect::GiveHeight(int pixels)
+{
+    for (fpSpread* grid : {browse_, chosen_})
+        ShowRows(*grid, RowsOnView, pixels, LeastRows);
 }
 
 void dlgSMSGroupSelect::Activate()

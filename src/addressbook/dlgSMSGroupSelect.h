@@ -40,6 +40,7 @@ public:
 protected:
     void Activate() override;
     void OnButton(int index) override;
+    void GiveHeight(int pixels) override;
 
 private:
     void BuildBrowse(QHBoxLayout& body);

@@ -12,6 +12,7 @@
 #include "toolkit/MemoBox.h"
 #include "toolkit/Naming.h"
 #include "toolkit/PastedRows.h"
+#include "toolkit/RowsOnView.h"
 #include "toolkit/TextBox.h"
 #include "toolkit/Theme.h"
 
@@ -24,6 +25,7 @@ namespace {
 
 constexpr int PhoneWidth = 330;       // room for six syllables in the name column
 constexpr int RowsOnView = 13;        // of the list, none of them cut
+constexpr int LeastRows = 5;          // of the list, on a small screen
 constexpr int MessageLimit = 80;      // bytes
 constexpr int SenderNumberLimit = 13; // bytes
 
@@ -72,7 +74,7 @@ void ComposePage::BuildMessage(QVBoxLayout& phone, QWidget& parent)
     message_->SetBackColor(theme::Phone);
     message_->SetImeMode(ImeMode::Hangul);
     message_->OnChange = [this] { textHelper_.LimitBytes(*message_, MessageLimit); };
-    message_->setMinimumHeight(130);
+    message_->setMinimumHeight(110);
     phone.addWidget(heading);
     phone.addWidget(message_, 1);
     phone.addWidget(new MessageCounter(*message_, QStringLiteral("LblPerSendMsg"),
@@ -104,7 +106,7 @@ void ComposePage::BuildRecipients(QVBoxLayout& phone, QWidget& parent)
     connect(recipients_, &fpSpread::Click, this,
             Guarded(services_.desktop, [this](int column, int) { RecipientClick(column); }));
     phone.addLayout(buttons);
-    phone.addWidget(recipients_);
+    phone.addWidget(recipients_, 100); // all its rows come before more of the message
 }
 
 void ComposePage::BuildSender(QVBoxLayout& phone, QWidget& parent)
@@ -158,7 +160,8 @@ QWidget* ComposePage::BuildNotes()
 void ComposePage::Load()
 {
     InitRecipientGrid(*recipients_);
-    recipients_->setFixedHeight(RowsOnView * recipients_->rowHeight(0) + 2 * recipients_->frameWidth());
+    recipients_->setMaximumHeight(HeightOfRows(*recipients_, RowsOnView));
+    recipients_->setMinimumHeight(HeightOfRows(*recipients_, LeastRows));
     ResetSenderNumber();
 }
 

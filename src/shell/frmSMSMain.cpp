@@ -36,11 +36,14 @@
 #include <QHBoxLayout>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace tsms {
 
 namespace {
 
-constexpr QSize WindowSize(1000, 700);
+constexpr QSize WindowSize(1000, 700); // less height where the screen has less
+constexpr int LeastHeight = 540;       // with all that the pages hold
 constexpr QSize PageSize(970, 586);
 const QPoint PageCorner(FromTwips(225), FromTwips(1260));
 constexpr int SettingsPosition = 4;         // the one toolbar position without a page
@@ -69,13 +72,12 @@ frmSMSMain::frmSMSMain(Services& services)
     : Form(services.session, services.desktop, QStringLiteral("frmSMSMain"), Kind::Main), services_(services)
 {
     SetCaption(QStringLiteral("TSMS문자메시지"));
-    setFixedSize(WindowSize);
     ground_ = new Background(this);
-    ground_->setGeometry(QRect(QPoint(), WindowSize));
     BuildHead();
     BuildToolbar();
     BuildBalance();
     BuildPages();
+    SetHeight(WindowSize.height());
     services_.session.BalanceListener = [this] { ShowBalance(); };
 }
 
@@ -164,10 +166,8 @@ void frmSMSMain::BuildPages()
         services_, *templateCache_,
         {editor_, editor_->Body(), editor_->Subject(), [this] { editor_->Clear(); }}, ground_);
     pages_ = {compose_, history_, account_, templates_};
-    for (QWidget* page : pages_) {
-        page->resize(PageSize);
+    for (QWidget* page : pages_)
         page->setVisible(page == compose_);
-    }
     compose_->FocusMessage();
 }
 
@@ -194,7 +194,23 @@ void frmSMSMain::BuildBalance()
     }
     version_ = new Label(ground_, QStringLiteral("lblVersion"));
     version_->setAlignment(Qt::AlignCenter);
-    version_->setGeometry(WindowSize.width() - 15 - 170, WindowSize.height() - 26, 170, 20);
+    version_->resize(170, 20);
+}
+
+void frmSMSMain::FitInto(QSize room)
+{
+    SetHeight(std::clamp(room.height(), LeastHeight, WindowSize.height()));
+}
+
+/// What the window has less of, the pages have less of.
+void frmSMSMain::SetHeight(int height)
+{
+    const int less = WindowSize.height() - height;
+    setFixedSize(WindowSize.width(), height);
+    ground_->setGeometry(rect());
+    for (QWidget* page : pages_)
+        page->resize(PageSize.width(), PageSize.height() - less);
+    version_->move(width() - 15 - version_->width(), height - 26);
 }
 
 void frmSMSMain::Load()

@@ -38,6 +38,7 @@ protected:
     bool QueryUnload() override;
     bool KeyDown(int key, Qt::KeyboardModifiers shift) override;
     void Activate() override;
+    void FitInto(QSize room) override;
 
 private:
     static constexpr int Positions = 5;
@@ -46,6 +47,7 @@ private:
     void BuildBalance();
     void BuildToolbar();
     void BuildPages();
+    void SetHeight(int height);
 
     void BtnToolbarDisClick(int index);
     void BtnToolbarEnClick(int index);

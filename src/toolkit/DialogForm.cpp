@@ -111,6 +111,18 @@ void DialogForm::MakeFoot(const DialogFrame& frame)
     }
 }
 
+void DialogForm::GiveHeight(int) {}
+
+void DialogForm::FitInto(QSize room)
+{
+    const int excess = layout()->totalSizeHint().height() - room.height();
+    if (excess > 0) {
+        GiveHeight(excess);
+        layout()->activate();
+    }
+    Form::FitInto(room);
+}
+
 void DialogForm::SetTitle(const QString& title)
 {
     titleLabel_->SetCaption(title);

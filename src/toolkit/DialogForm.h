@@ -53,6 +53,11 @@ protected:
     QHBoxLayout& FootLayout() const { return *footLayout_; }
     Panel& TitleStrip() const { return *strip_; }
 
+    /// Lets the dialog be lower by `pixels`, or by as much as it can: it is higher than the screen.
+    virtual void GiveHeight(int pixels);
+
+    void FitInto(QSize room) override;
+
     /// A click on a button at the foot, or its key, while Busy is not set. Any but 0 unloads the dialog.
     virtual void OnButton(int index);
 

@@ -182,8 +182,7 @@ void Form::Place()
     ensurePolished();
     if (layout())
         layout()->activate();
-    if (!testAttribute(Qt::WA_Resized))
-        adjustSize();
+    FitInto(screen()->availableSize());
     QWidget* over = owner_ ? owner_->window() : QApplication::activeWindow();
     if (over == this)
         over = nullptr;
@@ -201,6 +200,12 @@ void Form::Place()
     place.moveLeft(std::max(place.left(), room.left()));
     place.moveTop(std::max(place.top(), room.top()));
     move(place.topLeft());
+}
+
+void Form::FitInto(QSize)
+{
+    if (!testAttribute(Qt::WA_Resized))
+        adjustSize();
 }
 
 void Form::paintEvent(QPaintEvent*)

@@ -5,6 +5,7 @@
 #include <QList>
 #include <QPoint>
 #include <QPointer>
+#include <QSize>
 #include <QWidget>
 
 class QEventLoop;
@@ -62,6 +63,9 @@ protected:
 
     /// Each activation of the window.
     virtual void Activate() {}
+
+    /// Takes its size, before it is first shown, on a screen with that much room.
+    virtual void FitInto(QSize room);
 
     /// Draws the surface: a white page with a fine frame.
     void paintEvent(QPaintEvent* event) override;

@@ -15,7 +15,10 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <QScreen>
 #include <QtTest/QTest>
+
+#include <algorithm>
 
 namespace tsms::test {
 
@@ -26,6 +29,13 @@ const QList<QStringList> Recipients{{u"김하늘"_q, u"010-0000-0001"_q}, {u"이
                                     {u"정노을"_q, u"010-0000-0005"_q}, {u"한별"_q, u"02-000-0006"_q}};
 constexpr int MobileRecipients = 5;
 const QString Message = u"[받는사람]님, 내일 모임은 저녁 7시입니다.\n[보내는사람]"_q;
+
+/// So that a box shows that has lost its window.
+void PlaceOffTheMiddle(QWidget& window)
+{
+    const QSize room = window.screen()->availableSize() - window.size();
+    window.move(std::min(40, room.width()), std::min(30, room.height()));
+}
 
 } // namespace
 
@@ -92,7 +102,7 @@ void PictureBook::Start(const QString& command)
     desk_.ExpectNoneLeft();
     if (form_) {
         EXPECT_TRUE(QTest::qWaitForWindowActive(form_.get()));
-        form_->move(40, 30); // off the middle of the screen, so that a box without its window shows
+        PlaceOffTheMiddle(*form_);
     }
 }
 

@@ -24,8 +24,8 @@ namespace tsms::test {
 
 namespace {
 
-constexpr int ButtonMargin = 4;          // least room between a caption and the edge of its button
-constexpr QSize SmallestDesk(1024, 768); // of those that the program is used on
+constexpr int ButtonMargin = 4;           // least room between a caption and the edge of its button
+constexpr QSize LargestWindow(1024, 768); // however large the desk is
 
 /// The room that words need, and the room that they have.
 struct Room
@@ -238,7 +238,7 @@ void LayoutFaults::LookAtSize(const QWidget& window)
     const QRect desk = window.screen()->availableGeometry();
     if (!desk.contains(window.frameGeometry()))
         faults += u"%1 is not whole on the desk"_q.arg(NameOf(window));
-    if (window.width() > SmallestDesk.width() || window.height() > SmallestDesk.height())
+    if (window.width() > LargestWindow.width() || window.height() > LargestWindow.height())
         faults += u"%1 is %2"_q.arg(NameOf(window), Told(window.size()));
 }
 
