@@ -29,6 +29,26 @@ QList<Form*>& LoadedForms()
     return forms;
 }
 
+/// Lies over all that a window holds, and dims it.
+class Veil final : public QWidget
+{
+public:
+    explicit Veil(QWidget& window) : QWidget(&window)
+    {
+        setObjectName(QStringLiteral("PlVeil"));
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setGeometry(window.rect());
+        show();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        constexpr QColor shade{30, 52, 62, 72};
+        QPainter(this).fillRect(rect(), shade);
+    }
+};
+
 Qt::WindowFlags FlagsOf(Form::Kind kind)
 {
     const Qt::WindowFlags frameless = Qt::FramelessWindowHint | Qt::WindowSystemMenuHint;
@@ -59,6 +79,7 @@ Form::Form(Session& session, Desktop& desktop, const QString& name, Kind kind, Q
 
 Form::~Form()
 {
+    DimBelow(false);
     LeaveLoaded();
 }
 
@@ -174,7 +195,15 @@ void Form::setVisible(bool visible)
         placed_ = true;
         Place();
     }
+    DimBelow(visible);
     QWidget::setVisible(visible);
+}
+
+void Form::DimBelow(bool dim)
+{
+    delete veil_;
+    if (dim && kind_ == Kind::Dialog && over_)
+        veil_ = new Veil(*over_);
 }
 
 void Form::Place()

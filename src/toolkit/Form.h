@@ -19,8 +19,10 @@ struct Session;
 void SetBusy(Boolean flag, Session& session, QWidget& form);
 
 /// A frameless window drawn by the program, the base of the main window and of all dialogs. A press with any
-/// button on its own surface, or on a panel that says so, drags it, also while Busy is set.
-/// A form is loaded from its construction to its unloading (or its end, whichever is first).
+/// button on its own surface, or on a panel that says so, drags it, also while Busy is set; a click there
+/// does nothing. It is never larger than its screen, as far as its contents can be shown at all. While a
+/// dialog is on view, the window it stands over is dimmed. A form is loaded from its construction to its
+/// unloading (or its end, whichever is first).
 class Form : public QWidget
 {
     Q_OBJECT
@@ -83,12 +85,14 @@ private:
     bool HandOverMove();
     void LeaveLoaded();
     void Place();
+    void DimBelow(bool dim);
 
     Session& session_;
     Desktop& desktop_;
     Kind kind_;
     QPointer<QWidget> owner_;
     QPointer<QWidget> over_; // the window that it was placed over
+    QPointer<QWidget> veil_; // over that one
     QEventLoop* loop_ = nullptr;
     const void* previewed_ = nullptr;
     bool placed_ = false;

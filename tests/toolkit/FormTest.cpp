@@ -189,6 +189,24 @@ TEST_F(FormTest, StandsInTheMiddleOfItsOwner)
     EXPECT_LE((dialog.geometry().center() - main.geometry().center()).manhattanLength(), 2);
 }
 
+TEST_F(FormTest, ADialogDimsTheWindowBelowAsLongAsItIsOnView)
+{
+    TestForm main(session, desktop, u"main"_q, Form::Kind::Main);
+    Show(main);
+    const auto brightness = [&main] { return main.grab().toImage().pixelColor(150, 150).lightness(); };
+    const int before = brightness();
+    {
+        TestForm dialog(session, desktop);
+        Show(dialog);
+        EXPECT_LT(brightness(), before - 20);
+        dialog.Unload();
+        EXPECT_EQ(brightness(), before);
+        Show(dialog);
+        EXPECT_LT(brightness(), before - 20);
+    }
+    EXPECT_EQ(brightness(), before);
+}
+
 TEST_F(FormTest, SeesAKeyBeforeTheFocusedControl)
 {
     TestForm form(session, desktop);
