@@ -42,14 +42,19 @@ QString WithEllipsis(QString line, const QFontMetrics& metrics, int width)
 
 WrappedText WrapText(const QString& text, const QFont& font, int width, int most)
 {
+    const qsizetype room = std::max(1, most);
     WrappedText wrapped;
-    for (const QString& paragraph : Manageable(text).split(u'\n'))
-        wrapped.lines += LinesOf(paragraph, font, width);
-    wrapped.cut = wrapped.lines.size() > std::max(1, most);
-    if (wrapped.cut) {
-        wrapped.lines.resize(std::max(1, most));
-        wrapped.lines.last() = WithEllipsis(wrapped.lines.last(), QFontMetrics(font), width);
+    QString rest; // of the last paragraph that there is room for, from the last line on
+    for (const QString& paragraph : Manageable(text).split(u'\n')) {
+        const QStringList lines = LinesOf(paragraph, font, width);
+        const qsizetype taken = std::min(lines.size(), room - wrapped.lines.size());
+        wrapped.lines += lines.first(taken);
+        wrapped.cut = wrapped.cut || taken < lines.size();
+        if (taken > 0)
+            rest = lines.sliced(taken - 1).join(QString());
     }
+    if (wrapped.cut)
+        wrapped.lines.last() = WithEllipsis(rest, QFontMetrics(font), width);
     return wrapped;
 }
 

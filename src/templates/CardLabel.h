@@ -10,7 +10,7 @@ namespace tsms {
 struct WrappedText
 {
     QStringList lines;
-    bool cut = false; ///< there is more of it than the place takes; the last line says so by "…"
+    bool cut = false; ///< there is more of it than the place takes; the last line, full, says so by "…"
 };
 
 /// Breaks a text into lines of `width` pixels: at its line breaks (LF), else between words, else inside a

@@ -71,6 +71,15 @@ TEST(WrapText, ACutFullLineMakesRoomForTheSign)
     EXPECT_LE(QFontMetrics(theme::Font()).horizontalAdvance(wrapped.lines.last()), Width);
 }
 
+TEST(WrapText, ACutLineIsFullAndDoesNotEndBehindItsLastWholeWord)
+{
+    const QString title = u"긴 "_q + QString(30, u'가');
+    const WrappedText wrapped = WrapText(title, theme::Font(), Width, 1);
+    EXPECT_TRUE(wrapped.cut);
+    EXPECT_TRUE(wrapped.lines.first().startsWith(u"긴 가가"_q)) << wrapped.lines.first().toStdString();
+    EXPECT_TRUE(wrapped.lines.first().endsWith(u'…'));
+}
+
 TEST(WrapText, ATextThatJustFitsIsNotCut)
 {
     const WrappedText wrapped = WrapText(u"하나\n둘"_q, theme::Font(), Width, 2);
