@@ -308,6 +308,7 @@ void MakeSMSTransport::TellCancelOutcome(std::int32_t countOK)
 void MakeSMSTransport::SetRunBusy(bool busy)
 {
     SetBusy(ToBooleanValue(busy));
+    SetUsable(!busy);
     if (!busy)
         return;
     // They change with each row: on a ground of their own and in a fixed place that draws nothing else anew.
@@ -315,6 +316,16 @@ void MakeSMSTransport::SetRunBusy(bool busy)
         label->SetBackColor(theme::Page);
         label->KeepSize();
     }
+}
+
+/// What can be pressed and chosen, in its looks too.
+void MakeSMSTransport::SetUsable(bool usable)
+{
+    for (int i : {0, 1})
+        Button(i)->setEnabled(usable);
+    reserve_->setEnabled(usable);
+    EnableReservation(usable && reserve_->Value());
+    repaint(); // a run holds the event loop
 }
 
 QString MakeSMSTransport::TotalText() const

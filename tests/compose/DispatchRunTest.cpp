@@ -498,6 +498,33 @@ TEST_F(Dispatch, WhenTheFourthOfTenIsRefusedThreeLeaveAndTheRestFail)
     EXPECT_FALSE(program.session.IsBusy());
 }
 
+TEST_F(Dispatch, WhatIsDeadDuringTheRunLooksSoAndIsAliveAgainBehindIt)
+{
+    const QStringList names{u"BtnSendS(0)"_q, u"BtnSendS(1)"_q, u"ChkTime"_q};
+    QWidget* open = nullptr;
+    const auto alive = [&] {
+        QStringList enabled;
+        for (const QString& name : names)
+            if (program.On<QWidget>(*open, name).isEnabled())
+                enabled += name;
+        return enabled;
+    };
+    QStringList before;
+    QStringList during;
+    QStringList behind;
+    program.gateway.Fail(FaultKind::Drop, 1);
+    program.desktop.Expect(SendFailureBox(), AnswerOK, [&] { during = alive(); });
+    program.desktop.Expect(NothingSentBox());
+    atTheEnd = [&] { behind = alive(); };
+    SendTo(Good(1), [&](QWidget& dialog) {
+        open = &dialog;
+        before = alive();
+    });
+    EXPECT_EQ(before, names);
+    EXPECT_EQ(during, QStringList());
+    EXPECT_EQ(behind, names);
+}
+
 TEST_F(Dispatch, ARefusedFirstRowEndsTheRunInTheFailureBox)
 {
     program.gateway.Fail(FaultKind::Refuse, 1);
