@@ -54,6 +54,7 @@ MakeSMSTransport::MakeSMSTransport(Services& services, Source source, QWidget* p
     : MakeSMSTransport(services, parent)
 {
     source_.emplace(std::move(source));
+    Button(0)->setFocus(Qt::OtherFocusReason); // what a person came for
 }
 
 MakeSMSTransport::MakeSMSTransport(Services& services, const SentRows& sent, QWidget* parent)

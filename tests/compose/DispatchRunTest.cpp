@@ -525,6 +525,18 @@ TEST_F(Dispatch, WhatIsDeadDuringTheRunLooksSoAndIsAliveAgainBehindIt)
     EXPECT_EQ(behind, names);
 }
 
+TEST_F(Dispatch, TheDialogOpensSoThatEnterSends)
+{
+    program.Write(u"안녕"_q);
+    program.List(Good(1));
+    WhenShown(u"MakeSMSTransport"_q, [](QWidget& dialog) {
+        PressKey(*dialog.focusWidget(), Qt::Key_Return);
+    });
+    program.desktop.Expect(SentBox());
+    program.Click(u"BtnSend(0)"_q);
+    EXPECT_EQ(program.gateway.CallCount(), 1);
+}
+
 TEST_F(Dispatch, ARefusedFirstRowEndsTheRunInTheFailureBox)
 {
     program.gateway.Fail(FaultKind::Refuse, 1);

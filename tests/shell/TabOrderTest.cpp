@@ -239,7 +239,7 @@ TEST_F(DispatchTabOrder, RunsFromTheReservationToTheButtons)
 TEST_F(DispatchTabOrder, PassesWhatCannotBeUsedWithoutAReservation)
 {
     InDialog([this](QWidget& dialog) {
-        EXPECT_TRUE(program.On<QWidget>(dialog, u"ChkTime"_q).hasFocus());
+        EXPECT_TRUE(program.On<QWidget>(dialog, u"BtnSendS(0)"_q).hasFocus());
         const QStringList order{u"ChkTime"_q, u"BtnSendS(0)"_q, u"BtnSendS(1)"_q};
         EXPECT_EQ(Walk(program.On<QWidget>(dialog, u"ChkTime"_q)), order);
     });
