@@ -7,6 +7,11 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QFileIconProvider>
+#include <QFileInfo>
+#include <QFileSystemModel>
+#include <QHeaderView>
+#include <QIdentityProxyModel>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPainter>
@@ -14,6 +19,7 @@
 #include <QScreen>
 #include <QShowEvent>
 #include <QTextDocument>
+#include <QTreeView>
 #include <QUrl>
 
 #include <algorithm>
@@ -209,6 +215,52 @@ private:
     }
 };
 
+/// What a picker tells of files, in the program's language whatever the desk's.
+class KoreanTypes final : public QFileIconProvider
+{
+public:
+    QString type(const QFileInfo& file) const override
+    {
+        if (file.isDir())
+            return QStringLiteral("폴더");
+        return Trim(file.suffix() + QStringLiteral(" 파일"));
+    }
+};
+
+/// Their dates in the manner of the program's own.
+class KoreanDates final : public QIdentityProxyModel
+{
+public:
+    static constexpr int Column = 3;
+
+    using QIdentityProxyModel::QIdentityProxyModel;
+
+    QVariant data(const QModelIndex& index, int role) const override
+    {
+        const auto* files = qobject_cast<const QFileSystemModel*>(sourceModel());
+        if (!files || role != Qt::DisplayRole || index.column() != Column)
+            return QIdentityProxyModel::data(index, role);
+        return files->lastModified(mapToSource(index)).toString(u"yyyy-MM-dd HH:mm");
+    }
+};
+
+/// What was picked; empty when the user cancels.
+QString Pick(QFileDialog& picker)
+{
+    constexpr QSize RoomForDates(720, 460);
+    KoreanTypes types;
+    picker.setIconProvider(&types);
+    picker.setProxyModel(new KoreanDates(&picker));
+    if (auto* list = picker.findChild<QTreeView*>()) { // none where the desk has a picker of its own
+        QHeaderView& columns = *list->header();
+        columns.setStretchLastSection(false);
+        columns.setSectionResizeMode(QHeaderView::ResizeToContents);
+        columns.setSectionResizeMode(0, QHeaderView::Stretch);
+        picker.resize(RoomForDates);
+    }
+    return picker.exec() == QDialog::Accepted ? picker.selectedFiles().value(0) : QString();
+}
+
 } // namespace
 
 MsgBoxAnswer QtDesktop::MsgBox(const QString& text, MsgBoxStyle style, const QString& title)
@@ -258,18 +310,25 @@ void QtDesktop::OpenDocument(const QString& path)
 
 QString QtDesktop::PickFile(const QString& title, const QString& filter)
 {
-    QFileDialog picker(FrontWindow(), title, QString(), PickerFilter(filter));
+    QFileDialog picker(FrontWindow(), title, filesFolder_, PickerFilter(filter));
     picker.setFileMode(QFileDialog::ExistingFile);
     picker.setAcceptMode(QFileDialog::AcceptOpen);
-    return picker.exec() == QDialog::Accepted ? picker.selectedFiles().value(0) : QString();
+    const QString file = Pick(picker);
+    if (!file.isEmpty())
+        filesFolder_ = QFileInfo(file).absolutePath();
+    return file;
 }
 
 QString QtDesktop::PickFolder(const QString& prompt)
 {
-    QFileDialog picker(FrontWindow(), prompt);
+    QFileDialog picker(FrontWindow(), prompt, foldersFolder_);
     picker.setFileMode(QFileDialog::Directory);
     picker.setOption(QFileDialog::ShowDirsOnly);
-    return picker.exec() == QDialog::Accepted ? picker.selectedFiles().value(0) : QString();
+    picker.setLabelText(QFileDialog::FileName, QStringLiteral("폴더:"));
+    const QString folder = Pick(picker);
+    if (!folder.isEmpty())
+        foldersFolder_ = folder;
+    return folder;
 }
 
 } // namespace tsms

@@ -14,6 +14,11 @@ public:
     void OpenDocument(const QString& path) override;
     QString PickFile(const QString& title, const QString& filter) override;
     QString PickFolder(const QString& prompt) override;
+
+private:
+    // Where the last picker of either kind was left, for as long as the program runs.
+    QString filesFolder_;
+    QString foldersFolder_;
 };
 
 } // namespace tsms

@@ -9,13 +9,18 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLabel>
+#include <QLibraryInfo>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QTranslator>
+#include <QTreeView>
 #include <QUrl>
 #include <QWindow>
 
@@ -351,6 +356,94 @@ TEST(QtDesktop, AFolderIsPicked)
     });
     QtDesktop desktop;
     EXPECT_EQ(desktop.PickFolder(u"폴더를 선택하십시오."_q), folder.path());
+}
+
+TEST(QtDesktop, APickerOpensWhereTheLastOneOfItsKindWasLeft)
+{
+    const QTemporaryDir files;
+    const QTemporaryDir folders;
+    const QString path = files.filePath(u"a.xls"_q);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    const auto choose = [](const QString& chosen) {
+        Meanwhile<QFileDialog>([chosen](QFileDialog& picker) {
+            picker.setDirectory(QFileInfo(chosen).path());
+            picker.selectFile(chosen);
+            QMetaObject::invokeMethod(&picker, "accept");
+        });
+    };
+    QString begins;
+    const auto look = [&begins] {
+        Meanwhile<QFileDialog>([&begins](QFileDialog& picker) {
+            begins = picker.directory().path();
+            picker.reject();
+        });
+    };
+    QtDesktop desktop;
+    choose(path);
+    desktop.PickFile(u"a"_q, u"b|*.xls"_q);
+    choose(folders.path());
+    desktop.PickFolder(u"a"_q);
+    for (int time = 0; time < 2; ++time) { // a picker that is cancelled changes nothing
+        look();
+        desktop.PickFile(u"a"_q, u"b|*.xls"_q);
+        EXPECT_EQ(begins, files.path());
+        look();
+        desktop.PickFolder(u"a"_q);
+        EXPECT_EQ(begins, folders.path());
+    }
+}
+
+/// What a person reads in a picker, but for names of files and folders.
+QStringList WordsOf(const QFileDialog& picker)
+{
+    QStringList words;
+    for (const QLabel* label : picker.findChildren<QLabel*>())
+        words += label->text();
+    for (const QAbstractButton* button : picker.findChildren<QAbstractButton*>())
+        words << button->text() << button->toolTip();
+    for (const QHeaderView* header : picker.findChildren<QHeaderView*>())
+        for (int i = 0; i < header->count(); ++i)
+            words += header->model()->headerData(i, header->orientation()).toString();
+    return words;
+}
+
+TEST(QtDesktop, APickerSpeaksKoreanAndShowsWholeDates)
+{
+    const QTemporaryDir folder;
+    ASSERT_TRUE(QDir(folder.path()).mkdir(u"a"_q));
+    QStringList foreign;
+    int words = 0;
+    int missing = -1000;
+    constexpr int DateColumn = 3;
+    QTranslator translator; // as the program has it
+    ASSERT_TRUE(translator.load(QLocale(QLocale::Korean, QLocale::SouthKorea), u"qtbase"_q, u"_"_q,
+                                QLibraryInfo::path(QLibraryInfo::TranslationsPath)));
+    QApplication::installTranslator(&translator);
+    const auto look = [&](QFileDialog& picker) {
+        picker.setDirectory(folder.path());
+        QTest::qWait(100);
+        const QStringList shown = WordsOf(picker);
+        words += static_cast<int>(shown.size());
+        foreign += shown.filter(QRegularExpression(QStringLiteral("[A-Za-z]{2}")));
+        auto* table = picker.findChild<QTreeView*>();
+        const QString date = table->model()->index(0, DateColumn, table->rootIndex()).data().toString();
+        EXPECT_TRUE(QDateTime::fromString(date, u"yyyy-MM-dd HH:mm"_q).isValid()) << date.toStdString();
+        EXPECT_EQ(table->model()->index(0, DateColumn - 1, table->rootIndex()).data().toString(), u"폴더"_q);
+        missing =
+            std::max(missing, table->fontMetrics().horizontalAdvance(date) - table->columnWidth(DateColumn));
+        EXPECT_LE(table->header()->length(), table->viewport()->width());
+        picker.reject();
+    };
+    QtDesktop desktop;
+    Meanwhile<QFileDialog>(look);
+    desktop.PickFile(u"파일"_q, u"엑셀|*.xls"_q);
+    Meanwhile<QFileDialog>(look);
+    desktop.PickFolder(u"폴더"_q);
+    EXPECT_EQ(foreign, QStringList());
+    EXPECT_GE(words, 20);
+    EXPECT_LE(missing, 0);
 }
 
 } // namespace
