@@ -9,6 +9,7 @@
 #include "toolkit/fpSpread.h"
 #include "toolkit/Naming.h"
 #include "toolkit/Theme.h"
+#include "toolkit/Tip.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -59,6 +60,7 @@ PushButton* AccountPage::BuildButton(int index, const QString& caption)
 {
     auto* button = new PushButton(this, IndexedName(u"BtnChargeFunc", index), caption);
     button->OnClick = [this, index] { BtnChargeFuncClick(index); };
+    buttons_.at(static_cast<std::size_t>(index)) = button;
     return button;
 }
 
@@ -143,10 +145,10 @@ void AccountPage::BtnChargeFuncClick(int index)
         DeleteCharge(services_, *ledger_, window_.recipientRow());
         break;
     case ExportLedger:
-        window_.exportGrid(*ledger_, QStringLiteral("요금충전현황"));
+        ShowTip(*buttons_[ExportLedger], window_.exportGrid(*ledger_, QStringLiteral("요금충전현황")));
         break;
     case ExportMonths:
-        window_.exportGrid(*months_, QStringLiteral("월별발송현황"));
+        ShowTip(*buttons_[ExportMonths], window_.exportGrid(*months_, QStringLiteral("월별발송현황")));
         break;
     default:
         break;

@@ -2,6 +2,7 @@
 
 #include "toolkit/Controls.h"
 
+#include <array>
 #include <functional>
 
 class QVBoxLayout;
@@ -24,7 +25,7 @@ public:
         /// The active row of the recipient list. A delete tests that row of the ledger for being there.
         std::function<int()> recipientRow;
         /// Takes a grid away as a workbook of that title.
-        std::function<void(const fpSpread& grid, const QString& title)> exportGrid;
+        std::function<QString(const fpSpread& grid, const QString& title)> exportGrid;
     };
 
     AccountPage(Services& services, Window window, QWidget* parent);
@@ -49,9 +50,10 @@ private:
 
     Services& services_;
     Window window_;
-    fpSpread* ledger_ = nullptr; // fpSpreadCharge
-    fpSpread* months_ = nullptr; // fpSpreadMonth
-    ComboBox* year_ = nullptr;   // CbMonthYear
+    std::array<PushButton*, 4> buttons_{}; // BtnChargeFunc
+    fpSpread* ledger_ = nullptr;           // fpSpreadCharge
+    fpSpread* months_ = nullptr;           // fpSpreadMonth
+    ComboBox* year_ = nullptr;             // CbMonthYear
 };
 
 } // namespace tsms

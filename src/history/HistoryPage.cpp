@@ -23,6 +23,7 @@
 #include "toolkit/Pictures.h"
 #include "toolkit/TextBox.h"
 #include "toolkit/Theme.h"
+#include "toolkit/Tip.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -166,6 +167,7 @@ void HistoryPage::BuildButtons(QVBoxLayout& page)
         auto* button = new PushButton(this, IndexedName(u"BtnSendListFun", i), captions[i]);
         button->OnClick = [this, i] { BtnSendListFunClick(i); };
         row->addWidget(button);
+        export_ = button; // the last one
     }
     page.addLayout(row);
 }
@@ -288,7 +290,7 @@ void HistoryPage::BtnSendListFunClick(int index)
         CancelTicked();
         break;
     default:
-        window_.exportGrid(*list_, QStringLiteral("문자메시지 발송내역"));
+        ShowTip(*export_, window_.exportGrid(*list_, QStringLiteral("문자메시지 발송내역")));
         break;
     }
 }

@@ -32,7 +32,7 @@ public:
         /// Withdraws the ticked rows, `count` of them, and returns when that is over.
         std::function<void(const SentRows& rows, std::int32_t count)> cancel;
         /// Takes the list away as a workbook.
-        std::function<void(const fpSpread& list, const QString& title)> exportGrid;
+        std::function<QString(const fpSpread& list, const QString& title)> exportGrid;
     };
 
     HistoryPage(Services& services, Window window, QWidget* parent);
@@ -74,6 +74,7 @@ private:
     Label* count_ = nullptr;               // LblSendListCnt
     CheckBox* all_ = nullptr;              // chkAll
     fpSpread* list_ = nullptr;             // fpSpreadSendList
+    PushButton* export_ = nullptr;         // BtnSendListFun(2)
 };
 
 } // namespace tsms

@@ -10,50 +10,56 @@
 #include "spreadsheet/WriteWorkbook.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 namespace tsms {
 
 namespace {
 
-/// False where a file stands there that must stay, or that cannot be removed.
-bool MakeRoom(Desktop& desktop, const QString& file, const QString& title, const QString& today)
+/// False where a file stands there that must stay.
+bool MayWrite(Desktop& desktop, const QString& file, const QString& title, const QString& today)
 {
     if (!QFileInfo(file).isFile())
         return true;
     const MsgBoxAnswer answer = desktop.MsgBox(
         title + today + QStringLiteral("을 엑셀파일이 이미 존재합니다. 삭제하신후 계속 진행하시겠습니까?."),
         MsgBoxCriticalYesNo, title);
-    if (answer != AnswerYes || !QFile::remove(file))
+    if (answer != AnswerYes)
         return false;
     DoEvents();
     return true;
 }
 
-/// What becomes of the file shows when it is to be opened.
-void ExportToExcel(const fpSpread& grid, const QString& file)
+/// True when the file is there. A former one goes when the new one is whole, and not before.
+bool ExportToExcel(const fpSpread& grid, const QString& file)
 {
-    WithHandler([&] { WriteWorkbook(file, SheetOf(grid)); }, [] {});
+    bool written = false;
+    WithHandler(
+        [&] {
+            WriteWorkbook(file, SheetOf(grid));
+            written = true;
+        },
+        [] {});
+    return written;
 }
 
 } // namespace
 
-void MakeExcel(Services& services, const fpSpread& grid, const QString& title)
+QString MakeExcel(Services& services, const fpSpread& grid, const QString& title)
 {
     const QString folder =
         services.desktop.PickFolder(QStringLiteral("엑셀파일을 저장하실 폴더를 선택하여 주십시오."));
     if (folder.isEmpty())
-        return;
+        return {};
     const QString today = services.clock.Date().toString(u"yyyyMMdd");
     const QString file = QDir(folder).filePath(title + today + QStringLiteral(".xls"));
-    if (!MakeRoom(services.desktop, file, title, today))
-        return;
-    ExportToExcel(grid, file);
-    if (!QFileInfo(file).isFile())
-        return; // without a word, as is meant
+    if (!MayWrite(services.desktop, file, title, today))
+        return {};
+    if (!ExportToExcel(grid, file))
+        return QStringLiteral("저장하지 못했습니다 : ") + QDir::toNativeSeparators(file);
     services.desktop.OpenDocument(file);
     SetScreenBusy(services, Boolean::False);
+    return QStringLiteral("저장하였습니다 : ") + QDir::toNativeSeparators(file);
 }
 
 } // namespace tsms

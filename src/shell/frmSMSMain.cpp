@@ -154,7 +154,7 @@ void frmSMSMain::BuildPages()
     picker_ = std::make_unique<TemplatePicker>(services_, *templateCache_, *cards_,
                                                [this](int card) { TakeTemplate(card); });
     const auto exportGrid = [this](const fpSpread& grid, const QString& title) {
-        MakeExcel(services_, grid, title);
+        return MakeExcel(services_, grid, title);
     };
     history_ = new HistoryPage(
         services_,

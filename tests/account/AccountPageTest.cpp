@@ -92,11 +92,13 @@ class ExportingPage : public AccountPageTest
 {
 protected:
     QStringList exported;
-    AccountPage exporting{
-        services,
-        {[] { return 1; }, [this](const fpSpread& grid,
-                                  const QString& title) { exported += grid.objectName() + u" "_q + title; }},
-        nullptr};
+    AccountPage exporting{services,
+                          {[] { return 1; },
+                           [this](const fpSpread& grid, const QString& title) {
+                               exported += grid.objectName() + u" "_q + title;
+                               return u"told of "_q + title;
+                           }},
+                          nullptr};
 };
 
 TEST_F(ExportingPage, EachGridGoesOutUnderItsTitle)
@@ -104,6 +106,8 @@ TEST_F(ExportingPage, EachGridGoesOutUnderItsTitle)
     Button(exporting, 2).Click();
     Button(exporting, 3).Click();
     EXPECT_EQ(exported, (QStringList{u"fpSpreadCharge 요금충전현황"_q, u"fpSpreadMonth 월별발송현황"_q}));
+    EXPECT_TRUE(Button(exporting, 2).toolTip().contains(u"told of 요금충전현황"_q));
+    EXPECT_TRUE(Button(exporting, 3).toolTip().contains(u"told of 월별발송현황"_q));
 }
 
 TEST_F(ExportingPage, NoButtonActsWhileBusy)

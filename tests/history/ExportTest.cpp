@@ -1,10 +1,12 @@
 #include "support/program/HistoryProgram.h"
 #include "support/workbooks/FreeXlReader.h"
 #include "toolkit/Controls.h"
+#include "toolkit/fpSpread.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTextDocumentFragment>
 
 namespace tsms::test {
 
@@ -135,6 +137,33 @@ TEST_F(Export, AFileThatCannotBeRemovedEndsItWithoutAWord)
     });
     Click();
     EXPECT_EQ(program.desktop.documents, QStringList());
+}
+
+TEST_F(Export, AListThatIsTooLongForAFileLeavesTheFormerOne)
+{
+    PutFile("the former one");
+    program.The<fpSpread>(u"fpSpreadSendList"_q).SetMaxRows(65'536);
+    program.desktop.Expect(StandsBox(), AnswerYes);
+    Click();
+    EXPECT_EQ(Content(), "the former one");
+    EXPECT_EQ(FolderContent(), QStringList{FileName});
+    EXPECT_EQ(program.desktop.documents, QStringList());
+}
+
+TEST_F(Export, TheButtonTellsWhereTheFileWentAndThatItDidNot)
+{
+    const auto tip = [this] {
+        return QTextDocumentFragment::fromHtml(program.Control(u"BtnSendListFun(2)"_q).toolTip())
+            .toPlainText();
+    };
+    Click();
+    EXPECT_EQ(tip(), u"저장하였습니다 : "_q + File());
+    program.desktop.folderToPick = folder.filePath(u"gone"_q);
+    Click();
+    EXPECT_EQ(tip(), u"저장하지 못했습니다 : "_q + folder.filePath(u"gone/"_q + FileName));
+    program.desktop.folderToPick.clear();
+    Click();
+    EXPECT_EQ(tip(), QString());
 }
 
 TEST_F(Export, AFolderThatIsNotThereEndsItWithoutAWord)
