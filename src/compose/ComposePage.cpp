@@ -1,6 +1,7 @@
 #include "compose/ComposePage.h"
 
 #include "compose/MessageCounter.h"
+#include "compose/MessageScreen.h"
 #include "compose/ModStep1.h"
 #include "compose/SendPreflight.h"
 #include "runtime/Desktop.h"
@@ -9,6 +10,7 @@
 #include "session/Session.h"
 #include "toolkit/fpSpread.h"
 #include "toolkit/Guarded.h"
+#include "toolkit/LimitRule.h"
 #include "toolkit/MemoBox.h"
 #include "toolkit/Naming.h"
 #include "toolkit/PastedRows.h"
@@ -76,9 +78,10 @@ void ComposePage::BuildMessage(QVBoxLayout& phone, QWidget& parent)
     message_->OnChange = [this] { textHelper_.LimitBytes(*message_, MessageLimit); };
     message_->setMinimumHeight(110);
     phone.addWidget(heading);
-    phone.addWidget(message_, 1);
-    phone.addWidget(new MessageCounter(*message_, QStringLiteral("LblPerSendMsg"),
-                                       QStringLiteral("LblPerSendCnt"), &parent));
+    phone.addWidget(new MessageScreen(*message_, QStringLiteral("PlPerSendMsg"), &parent), 1);
+    phone.addWidget(new MessageCounter(*message_, {BytesMeasure, MessageLimit},
+                                       QStringLiteral("LblPerSendMsg"), QStringLiteral("LblPerSendCnt"),
+                                       &parent));
 }
 
 void ComposePage::BuildRecipients(QVBoxLayout& phone, QWidget& parent)

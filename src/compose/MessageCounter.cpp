@@ -1,31 +1,118 @@
 #include "compose/MessageCounter.h"
 
 #include "runtime/CodePage949.h"
+#include "runtime/Text.h"
 #include "toolkit/Controls.h"
+#include "toolkit/LimitRule.h"
 #include "toolkit/TextField.h"
+#include "toolkit/Theme.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
 
 namespace tsms {
 
-MessageCounter::MessageCounter(TextField& field, const QString& numberName, const QString& limitName,
-                               QWidget* parent)
-    : QWidget(parent), field_(field), number_(new Label(this, numberName, QStringLiteral("0 /")))
+namespace {
+
+constexpr int MessageLimit = 80; // bytes
+constexpr int Rim = 3;           // of the ground about the words
+
+/// What a key puts into a field.
+QString TextOf(const QKeyEvent& key)
 {
-    auto* limit = new Label(this, limitName, QStringLiteral("80"));
+    if (key.matches(QKeySequence::Paste))
+        return QGuiApplication::clipboard()->text();
+    if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter)
+        return QStringLiteral("\n");
+    const QString text = key.text();
+    return !text.isEmpty() && text.front().isPrint() ? text : QString();
+}
+
+} // namespace
+
+MessageCounter::MessageCounter(TextField& field, FieldLimit limit, const QString& numberName,
+                               const QString& limitName, QWidget* parent)
+    : QWidget(parent),
+      field_(field),
+      limit_(limit),
+      number_(new Label(this, numberName)),
+      most_(new Label(this, limitName, QString::number(MessageLimit)))
+{
     number_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    for (Label* label : {number_, most_})
+        label->setContentsMargins(Rim, 0, Rim, 0);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(4);
-    row->addWidget(number_, 1);
-    row->addWidget(limit);
+    row->setSpacing(0);
+    row->addStretch(1);
+    row->addWidget(number_);
+    row->addWidget(most_);
     field_.OnKeyUp = [this](int key, int shift) { KeyUp(key, shift); };
+    field_.Widget().installEventFilter(this);
+    ShowNone();
 }
 
 void MessageCounter::KeyUp(int, int)
 {
-    number_->Tag = QString::number(ByteCount(field_.Text()));
+    const QString text = field_.Text();
+    const int bytes = ByteCount(text);
+    number_->Tag = QString::number(bytes);
     number_->SetCaption(number_->Tag + QStringLiteral(" /"));
+    warns_ = bytes > MessageLimit || limit_.measure.length(text) >= limit_.most;
+    ShowState();
+}
+
+void MessageCounter::ShowNone()
+{
+    number_->SetCaption(QStringLiteral("0 /"));
+    warns_ = refused_ = false;
+    ShowState();
+}
+
+bool MessageCounter::eventFilter(QObject*, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        SetRefused(!HasRoomFor(TextOf(static_cast<QKeyEvent&>(*event))));
+        break;
+    case QEvent::InputMethod:
+        SetRefused(!HasRoomFor(static_cast<QInputMethodEvent*>(event)->commitString()));
+        break;
+    case QEvent::FocusOut:
+        SetRefused(false);
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+bool MessageCounter::HasRoomFor(const QString& put) const
+{
+    if (put.isEmpty())
+        return true;
+    const auto& length = limit_.measure.length;
+    const QString text = QString(put).replace(u'\n', CrLf);
+    return length(field_.Text()) - length(field_.SelText()) + length(text) <= limit_.most;
+}
+
+void MessageCounter::SetRefused(bool refused)
+{
+    if (refused == refused_)
+        return;
+    refused_ = refused;
+    ShowState();
+}
+
+void MessageCounter::ShowState()
+{
+    for (Label* label : {number_, most_}) {
+        label->SetTextColor(refused_ ? theme::White : warns_ ? theme::Warning : theme::Text);
+        label->SetBackColor(refused_ ? theme::Warning : QColor(Qt::transparent));
+    }
 }
 
 } // namespace tsms

@@ -1,6 +1,7 @@
 #include "compose/TemplateEditor.h"
 
 #include "compose/MessageCounter.h"
+#include "compose/MessageScreen.h"
 #include "compose/Placeholders.h"
 #include "compose/SymbolGrid.h"
 #include "services/Services.h"
@@ -8,6 +9,7 @@
 #include "toolkit/fpSpread.h"
 #include "toolkit/GridHelper.h"
 #include "toolkit/Guarded.h"
+#include "toolkit/LimitRule.h"
 #include "toolkit/MemoBox.h"
 #include "toolkit/Naming.h"
 #include "toolkit/TextBox.h"
@@ -16,6 +18,8 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QTextCursor>
+#include <QTextEdit>
 #include <QVBoxLayout>
 
 namespace tsms {
@@ -25,10 +29,26 @@ namespace {
 constexpr int BodyCharacters = 160;
 constexpr int SubjectCharacters = 50;
 constexpr int SubjectLimit = 40; // bytes
+constexpr int MessageLimit = 80; // bytes
+constexpr QColor BeyondLimit{255, 205, 196};
 const QPoint PopupCorner(FromTwips(3360), FromTwips(7020));
 
 enum Popup : int { Symbols, Placeholders };
 constexpr int Rewrite = 2;
+
+/// Gives what no message holds a ground of its own: a template may be longer.
+void MarkBeyondLimit(MemoBox& body)
+{
+    const QString text = body.Text();
+    const QStringView message = QStringView(text).first(BytesMeasure.fitting(text, MessageLimit));
+    const auto breaks = static_cast<int>(message.count(u'\n')); // a break is one character of the control
+    QTextEdit::ExtraSelection beyond;
+    beyond.format.setBackground(BeyondLimit);
+    beyond.cursor = QTextCursor(body.document());
+    beyond.cursor.setPosition(static_cast<int>(message.size()) - breaks);
+    beyond.cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
+    body.setExtraSelections({beyond});
+}
 
 } // namespace
 
@@ -79,7 +99,10 @@ void TemplateEditor::BuildFields()
     body_->SetBackColor(theme::Phone);
     body_->SetMaxLength(BodyCharacters);
     body_->SetImeMode(ImeMode::Hangul);
-    counter_ = new MessageCounter(*body_, QStringLiteral("LblEditLength"), QStringLiteral("Label13"), this);
+    auto* screen = new MessageScreen(*body_, QStringLiteral("PlEditBox"), this);
+    body_->OnChange = [this] { MarkBeyondLimit(*body_); };
+    counter_ = new MessageCounter(*body_, {CharactersMeasure, BodyCharacters},
+                                  QStringLiteral("LblEditLength"), QStringLiteral("Label13"), this);
 
     const QStringList captions{QStringLiteral("특수문자"), QStringLiteral("변환문구"),
                                QStringLiteral("다시쓰기")};
@@ -108,7 +131,7 @@ void TemplateEditor::BuildFields()
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(6);
     column->addLayout(title);
-    column->addWidget(body_, 1);
+    column->addWidget(screen, 1);
     column->addWidget(counter_);
     column->addLayout(buttons);
 }
@@ -169,7 +192,7 @@ void TemplateEditor::BuildPlaceholderPopup(QWidget& parent)
 
 void TemplateEditor::Clear()
 {
-    counter_->Number().SetCaption(QStringLiteral("0 /")); // its Tag stays
+    counter_->ShowNone();
     for (TextField* field : {static_cast<TextField*>(body_), static_cast<TextField*>(subject_)}) {
         field->PutText(QString());
         field->Tag.clear();

@@ -1,11 +1,14 @@
+#include "compose/MessageScreen.h"
 #include "support/program/Program.h"
 #include "toolkit/Controls.h"
 #include "toolkit/MemoBox.h"
 #include "toolkit/TextBox.h"
+#include "toolkit/Theme.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QHeaderView>
 
 using namespace tsms;
@@ -24,6 +27,16 @@ protected:
     fpSpread& Symbols() { return program.The<fpSpread>(u"fpSpreadScDoc"_q); }
     QString Count() { return program.Caption(u"LblPerSendMsg"_q); }
     QString BodyCount() { return program.Caption(u"LblEditLength"_q); }
+    /// Of the words of the counter and of what they stand on.
+    using Colors = std::pair<QColor, QColor>;
+    const Colors Resting{theme::Text, Qt::transparent};
+    const Colors Warning{theme::Warning, Qt::transparent};
+    const Colors Refusing{theme::White, theme::Warning};
+    Colors CounterColors()
+    {
+        const auto& number = program.The<Label>(u"LblPerSendMsg"_q);
+        return {number.TextColor(), number.palette().color(QPalette::Window)};
+    }
     void OpenTemplatePage() { program.Click(u"BtnToolbarDis(3)"_q); }
 
     Program program;
@@ -107,6 +120,74 @@ TEST_F(MessageEditor, WhatAnInputMethodCommitsIsLimitedToo)
     program.Write(QString(u"a"_q).repeated(79));
     CommitText(Message(), u"가"_q);
     EXPECT_EQ(Message().Text().size(), 79);
+}
+
+TEST_F(MessageEditor, TheCounterWarnsAtAFullMessageAndOnlyThere)
+{
+    program.Write(QString(79, u'a'));
+    EXPECT_EQ(CounterColors(), Resting);
+    program.Write(u"a"_q);
+    EXPECT_EQ(CounterColors(), Warning);
+    PressKey(Message(), Qt::Key_Backspace);
+    EXPECT_EQ(CounterColors(), Resting);
+}
+
+TEST_F(MessageEditor, ARefusedKeyShowsInTheCounterUntilTheNextOneThatFindsRoom)
+{
+    program.Write(QString(80, u'a'));
+    program.Write(u"b"_q);
+    EXPECT_EQ(CounterColors(), Refusing);
+    PressKey(Message(), Qt::Key_Backspace);
+    EXPECT_EQ(CounterColors(), Resting);
+    CommitText(Message(), u"가"_q); // two bytes, and there is room for one
+    EXPECT_EQ(CounterColors(), Refusing);
+    program.Write(u"b"_q);
+    EXPECT_EQ(CounterColors(), Warning);
+}
+
+TEST_F(MessageEditor, APasteThatIsCutShowsInTheCounter)
+{
+    QGuiApplication::clipboard()->setText(QString(81, u'a'));
+    PressKey(Message(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Count(), u"80 /"_q);
+    EXPECT_EQ(CounterColors(), Refusing);
+}
+
+TEST_F(MessageEditor, ASelectionMakesRoom)
+{
+    program.Write(QString(80, u'a'));
+    Message().Select(10, 2);
+    program.Write(u"가"_q);
+    EXPECT_EQ(CounterColors(), Warning);
+}
+
+TEST_F(MessageEditor, WhatOfABodyNoMessageHoldsIsMarked)
+{
+    OpenTemplatePage();
+    const auto marked = [this] { return Body().extraSelections().value(0).cursor.selectedText(); };
+    TypeText(Body(), u"줄\n"_q + QString(77, u'a'));
+    EXPECT_EQ(marked(), QString());
+    TypeText(Body(), u"bc"_q);
+    EXPECT_EQ(marked(), u"bc"_q);
+    Body().SetText(QString(50, u'가'));
+    EXPECT_EQ(marked(), QString(10, u'가'));
+    EXPECT_EQ(program.The<Label>(u"LblEditLength"_q).TextColor(), theme::Warning); // of the last key still
+    program.Click(u"BtnFuncDocEdit(2)"_q);
+    EXPECT_EQ(marked(), QString());
+    EXPECT_EQ(program.The<Label>(u"LblEditLength"_q).TextColor(), theme::Text);
+}
+
+TEST_F(MessageEditor, BothMessageFieldsShowThatTheyHaveTheFocus)
+{
+    const auto ring = [this](const QString& name) {
+        return static_cast<MessageScreen&>(program.Control(name)).HasRing();
+    };
+    Message().SetFocus();
+    EXPECT_TRUE(ring(u"PlPerSendMsg"_q));
+    program.Control(u"txtSendNo"_q).setFocus();
+    EXPECT_FALSE(ring(u"PlPerSendMsg"_q));
+    OpenTemplatePage();
+    EXPECT_TRUE(ring(u"PlEditBox"_q));
 }
 
 TEST_F(MessageEditor, TheTitleTakesFortyBytesAndEnterChangesNothing)
