@@ -122,6 +122,26 @@ TEST(GatewayProgram, ATakenPortIsToldAndEndsIt)
     EXPECT_TRUE(QString::fromUtf8(program.process.readAllStandardError()).contains(u"쓸 수 없습니다"));
 }
 
+TEST(GatewayProgram, HelpsInKoreanAlone)
+{
+    GatewayProgram program({u"--help"_q});
+    EXPECT_EQ(program.ExitCode(), 0);
+    const QString help = QString::fromUtf8(program.process.readAllStandardOutput());
+    EXPECT_TRUE(help.startsWith(u"사용법:")) << help.toStdString();
+    EXPECT_FALSE(help.contains(u"Usage"));
+    for (const QString& option : {u"--port"_q, u"--hold"_q, u"--fault"_q, u"--help"_q})
+        EXPECT_TRUE(help.contains(option)) << option.toStdString();
+}
+
+TEST(GatewayProgram, AnUnknownOptionIsToldInKoreanWithTheHelp)
+{
+    GatewayProgram program({u"--bogus"_q});
+    EXPECT_EQ(program.ExitCode(), 1);
+    const QString told = QString::fromUtf8(program.process.readAllStandardError());
+    EXPECT_TRUE(told.startsWith(u"알 수 없는 옵션")) << told.toStdString();
+    EXPECT_TRUE(told.contains(u"사용법:"));
+}
+
 TEST(GatewayProgram, HoldsTheReservationsOfAFile)
 {
     GatewayMessage message;
