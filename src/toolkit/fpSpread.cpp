@@ -594,8 +594,10 @@ void fpSpread::currentChanged(const QModelIndex& current, const QModelIndex& pre
 void fpSpread::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
 {
     QAbstractItemView::selectionChanged(selected, deselected);
-    TellOfCell(*this, selected.indexes().value(0), QAccessible::SelectionAdd);
-    TellOfCell(*this, deselected.indexes().value(0), QAccessible::SelectionRemove);
+    if (!selected.isEmpty())
+        TellOfCell(*this, selected.first().topLeft(), QAccessible::SelectionAdd);
+    if (!deselected.isEmpty())
+        TellOfCell(*this, deselected.first().topLeft(), QAccessible::SelectionRemove);
 }
 
 void fpSpread::resizeEvent(QResizeEvent* event)
