@@ -28,7 +28,6 @@ namespace {
 constexpr int PhoneWidth = 330;       // room for six syllables in the name column
 constexpr int RowsOnView = 13;        // of the list, none of them cut
 constexpr int LeastRows = 5;          // of the list, on a small screen
-constexpr int MessageLimit = 80;      // bytes
 constexpr int SenderNumberLimit = 13; // bytes
 
 } // namespace

@@ -17,8 +17,7 @@ namespace tsms {
 
 namespace {
 
-constexpr int MessageLimit = 80; // bytes
-constexpr int Rim = 3;           // of the ground about the words
+constexpr int Rim = 3; // of the ground about the words
 
 /// What a key puts into a field.
 QString TextOf(const QKeyEvent& key)

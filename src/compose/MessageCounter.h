@@ -8,6 +8,8 @@ class Label;
 class TextField;
 struct Measure;
 
+inline constexpr int MessageLimit = 80; ///< bytes of code page 949 that one message carries
+
 /// What a message field itself refuses to go beyond.
 struct FieldLimit
 {

@@ -29,7 +29,6 @@ namespace {
 constexpr int BodyCharacters = 160;
 constexpr int SubjectCharacters = 50;
 constexpr int SubjectLimit = 40; // bytes
-constexpr int MessageLimit = 80; // bytes
 constexpr QColor BeyondLimit{255, 205, 196};
 const QPoint PopupCorner(FromTwips(3360), FromTwips(7020));
 
