@@ -143,6 +143,8 @@ void MemoBox::keyReleaseEvent(QKeyEvent* event)
 
 void MemoBox::inputMethodEvent(QInputMethodEvent* event)
 {
+    if (CameAlready(*event))
+        return;
     SendFilteredCommit(
         *event, [this](QStringView keys) { return PassKeys(keys); },
         [this](QInputMethodEvent* commit) {

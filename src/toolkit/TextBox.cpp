@@ -101,6 +101,8 @@ void TextBox::keyReleaseEvent(QKeyEvent* event)
 
 void TextBox::inputMethodEvent(QInputMethodEvent* event)
 {
+    if (CameAlready(*event))
+        return;
     SendFilteredCommit(
         *event, [this](QStringView keys) { return PassKeys(keys); },
         [this](QInputMethodEvent* commit) { EditByCommit([&] { QLineEdit::inputMethodEvent(commit); }); });

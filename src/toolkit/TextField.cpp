@@ -8,6 +8,8 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QInputMethod>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QScopedValueRollback>
@@ -89,8 +91,8 @@ void TextField::Correct(const QString& text, int caret)
 
 void TextField::SetText(const QString& text)
 {
-    history_.Forget();
     ChangeByProgram(Author::Program, text);
+    history_.Forget();
 }
 
 void TextField::PutText(const QString& text)
@@ -98,8 +100,34 @@ void TextField::PutText(const QString& text)
     ChangeByProgram(Author::Choice, text);
 }
 
+/// What is still being composed belongs to the text before the change. Left alone, it would be handed over
+/// into the text behind it.
+void TextField::FinishComposing()
+{
+    if (change_ || composed_.isEmpty())
+        return;
+    const QString syllable = composed_;
+    QInputMethodEvent commit;
+    commit.setCommitString(syllable);
+    QCoreApplication::sendEvent(&Widget(), &commit);
+    finished_ = syllable;
+    QGuiApplication::inputMethod()->reset();
+}
+
+bool TextField::CameAlready(QInputMethodEvent& event)
+{
+    composed_ = event.preeditString();
+    const bool again = !finished_.isEmpty() && event.commitString() == finished_;
+    if (again)
+        event.accept();
+    if (!composed_.isEmpty() || !event.commitString().isEmpty())
+        finished_.clear();
+    return again;
+}
+
 void TextField::ChangeByProgram(Author author, const QString& text)
 {
+    FinishComposing();
     {
         // The controls tell of some changes in several steps; this one is told once, when it is done.
         const QScopedValueRollback<bool> quiet(correcting_, true);
@@ -155,11 +183,13 @@ void TextField::OpenMenu(QMenu* menu, QPoint place)
 
 void TextField::Undo()
 {
+    FinishComposing();
     Recall(history_.Undo({Text(), Tag}));
 }
 
 void TextField::Redo()
 {
+    FinishComposing();
     Recall(history_.Redo({Text(), Tag}));
 }
 

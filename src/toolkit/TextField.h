@@ -9,6 +9,7 @@
 
 #include <functional>
 
+class QInputMethodEvent;
 class QKeyEvent;
 class QMenu;
 
@@ -108,6 +109,9 @@ protected:
     /// Runs what a key press or a commit does to the text, which joins the step of those before it.
     void EditByKey(const QKeyEvent& key, const std::function<void()>& edit);
     void EditByCommit(const std::function<void()>& edit);
+    /// Looks at what an input method sends. True when it is the text that FinishComposing has put in already:
+    /// asked to end its work, one input method hands it over at once, another one later.
+    bool CameAlready(QInputMethodEvent& event);
     /// True when the keys are those of undo or redo, which are then used up.
     bool TakesBack(QKeyEvent& key);
     /// Opens the menu of the control, whose first two entries are undo and redo.
@@ -125,6 +129,7 @@ private:
     enum class Author { Person, Keys, Program, Choice, History };
 
     void EditBy(Author author, const std::function<void()>& edit);
+    void FinishComposing();
     void ChangeByProgram(Author author, const QString& text);
     void Remember(const QString& before, const QString& put, int caret);
     void Recall(const std::optional<HeldText>& held);
@@ -133,6 +138,8 @@ private:
     void ApplyOwnLimits();
 
     QString settled_;
+    QString composed_; // by an input method, and not yet handed over
+    QString finished_; // was composed, is put in, and may come once more
     EditHistory history_;
     Change* change_ = nullptr;
     QWidget* backing_ = nullptr;

@@ -471,6 +471,23 @@ TYPED_TEST(AnyTextField, ATextThatWasChosenIsOneStepAndBringsItsTagBack)
     EXPECT_EQ(this->field.Tag, u"chosen"_q);
 }
 
+TYPED_TEST(AnyTextField, ASyllableUnderWayBelongsToTheTextThatIsReplaced)
+{
+    QTest::keyClicks(&this->field, QStringLiteral("a"));
+    Compose(this->field, u"가"_q);
+    this->field.PutText(u"chosen"_q);
+    EXPECT_EQ(this->field.Text(), u"chosen"_q);
+    QInputMethodEvent again; // as some input methods send it
+    again.setCommitString(u"가"_q);
+    QApplication::sendEvent(&this->field, &again);
+    EXPECT_EQ(this->field.Text(), u"chosen"_q);
+    CommitText(this->field, u"가"_q);
+    EXPECT_EQ(this->field.Text(), u"가chosen"_q);
+    this->field.Undo();
+    this->field.Undo();
+    EXPECT_EQ(this->field.Text(), u"a가"_q);
+}
+
 TYPED_TEST(AnyTextField, WhatTheProgramSetIsNotTakenBack)
 {
     QTest::keyClicks(&this->field, QStringLiteral("typed"));
