@@ -3,6 +3,7 @@
 
 #include "compose/MessageCounter.h"
 #include "runtime/CodePage949.h"
+#include "toolkit/LimitRule.h"
 #include "toolkit/MemoBox.h"
 #include "toolkit/TextHelper.h"
 
@@ -125,7 +126,7 @@ public:
     LimitedField() : helper_(desktop_)
     {
         auto* memo = new MemoBox(&window_, QStringLiteral("TxtPerSendMsg"));
-        auto* counter = new MessageCounter(*memo, QStringLiteral("LblPerSendMsg"),
+        auto* counter = new MessageCounter(*memo, {BytesMeasure, Limit}, QStringLiteral("LblPerSendMsg"),
                                            QStringLiteral("LblPerSendCnt"), &window_);
         memo->OnChange = [this, memo] {
             const Stopwatch watch(inHandlers);

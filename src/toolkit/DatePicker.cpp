@@ -16,7 +16,6 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QScreen>
 #include <QSpinBox>
 #include <QTextCharFormat>
@@ -321,15 +320,6 @@ QSize DatePicker::sizeHint() const
     const int edges = hint.width() - LettersOfHint * metrics.horizontalAdvance(u'x');
     return {metrics.horizontalAdvance(DateText(LatestDate)) + edges + metrics.averageCharWidth(),
             hint.height()};
-}
-
-void DatePicker::paintEvent(QPaintEvent* event)
-{
-    QLineEdit::paintEvent(event);
-    if (!hasFocus())
-        return;
-    QPainter painter(this);
-    theme::DrawFocusRing(painter, rect(), 3);
 }
 
 void DatePicker::OpenCalendar()

@@ -73,10 +73,8 @@ bool Asks(MsgBoxStyle style)
 
 void NameButton(const QMessageBox& box, QMessageBox::StandardButton button, const QString& words)
 {
-    if (QAbstractButton* found = box.button(button)) {
+    if (QAbstractButton* found = box.button(button))
         found->setText(words);
-        found->setIcon(QIcon());
-    }
 }
 
 /// "words|*.ext" in the manner of the picker: "words (*.ext)".
