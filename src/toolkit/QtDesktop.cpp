@@ -311,7 +311,7 @@ QString QtDesktop::PickFile(const QString& title, const QString& filter)
     QFileDialog picker(FrontWindow(), title, filesFolder_, PickerFilter(filter));
     picker.setFileMode(QFileDialog::ExistingFile);
     picker.setAcceptMode(QFileDialog::AcceptOpen);
-    const QString file = Pick(picker);
+    QString file = Pick(picker);
     if (!file.isEmpty())
         filesFolder_ = QFileInfo(file).absolutePath();
     return file;
@@ -323,7 +323,7 @@ QString QtDesktop::PickFolder(const QString& prompt)
     picker.setFileMode(QFileDialog::Directory);
     picker.setOption(QFileDialog::ShowDirsOnly);
     picker.setLabelText(QFileDialog::FileName, QStringLiteral("폴더:"));
-    const QString folder = Pick(picker);
+    QString folder = Pick(picker);
     if (!folder.isEmpty())
         foldersFolder_ = folder;
     return folder;

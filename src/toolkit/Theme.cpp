@@ -330,7 +330,7 @@ private:
     /// A list that can be written in is a field.
     void DrawList(const QStyleOptionComboBox& list, QPainter& painter, const QWidget* widget) const
     {
-        QStyleOption field(list);
+        QStyleOptionComboBox field(list);
         if (!list.editable)
             field.state.setFlag(State_HasFocus, IsRingDue(list));
         const QColor face = list.palette.color(list.editable ? QPalette::Base : QPalette::Button);

@@ -575,7 +575,7 @@ QVariant fpSpread::inputMethodQuery(Qt::InputMethodQuery query) const
 {
     if (!EditsWithoutFocus())
         return QTableView::inputMethodQuery(query);
-    const QVariant answer = Editor()->inputMethodQuery(query);
+    QVariant answer = Editor()->inputMethodQuery(query);
     if (answer.typeId() == QMetaType::QRect)
         return answer.toRect().translated(Editor()->mapTo(this, QPoint()));
     return answer;
@@ -584,7 +584,7 @@ QVariant fpSpread::inputMethodQuery(Qt::InputMethodQuery query) const
 void fpSpread::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     // Not by way of the base, which would tell of a cell by its place among hidden ones too.
-    QAbstractItemView::currentChanged(current, previous);
+    QAbstractItemView::currentChanged(current, previous); // NOLINT(bugprone-parent-virtual-call)
     UpdateRow(previous);
     UpdateRow(current);
     if (hasFocus())
@@ -593,7 +593,8 @@ void fpSpread::currentChanged(const QModelIndex& current, const QModelIndex& pre
 
 void fpSpread::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
 {
-    QAbstractItemView::selectionChanged(selected, deselected);
+    QAbstractItemView::selectionChanged(selected,
+                                        deselected); // NOLINT(bugprone-parent-virtual-call): as above
     if (!selected.isEmpty())
         TellOfCell(*this, selected.first().topLeft(), QAccessible::SelectionAdd);
     if (!deselected.isEmpty())
