@@ -15,6 +15,8 @@
 #include <QKeyEvent>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace tsms {
 
 namespace {
@@ -82,6 +84,7 @@ TemplateCards::TemplateCards(Services& services, Side side, QWidget* parent)
     column->addWidget(pageCount_);
     ShowPressed(0);
     StopTabAt(1);
+    StopTabAtPage(0);
 }
 
 void TemplateCards::BuildHead(QHBoxLayout& row)
@@ -156,6 +159,7 @@ void TemplateCards::BuildPageButtons()
         button->setAccessibleDescription(QStringLiteral("서식 %1쪽").arg(page + 1));
         button->setMinimumWidth(PageButtonWidth); // the same for all, whatever their look asks for
         button->OnClick = [this, page] { BtnPageCountClick(page); };
+        button->installEventFilter(this);
         pages_[static_cast<std::size_t>(page)] = button;
         row->addWidget(button, 1);
     }
@@ -229,10 +233,37 @@ void TemplateCards::StopTabAt(int card)
         content->setFocusPolicy(content == contents_.at(SlotOf(card)) ? Qt::TabFocus : Qt::NoFocus);
 }
 
+/// The Tab key visits one button, the one that had the focus last; the mouse brings the focus to each.
+void TemplateCards::StopTabAtPage(int page)
+{
+    for (PushButton* button : pages_)
+        button->setFocusPolicy(Qt::ClickFocus);
+    pages_.at(static_cast<std::size_t>(page))->setFocusPolicy(Qt::StrongFocus);
+}
+
+/// True for an arrow key, which goes to the neighbour and at the rim nowhere.
+bool TemplateCards::PageButtonEvent(int page, const QEvent& event)
+{
+    if (event.type() == QEvent::FocusIn)
+        StopTabAtPage(page);
+    if (event.type() != QEvent::KeyPress)
+        return false;
+    const int key = static_cast<const QKeyEvent&>(event).key();
+    const bool back = key == Qt::Key_Left || key == Qt::Key_Up;
+    const bool forward = key == Qt::Key_Right || key == Qt::Key_Down;
+    const int to = page + (back ? -1 : 1);
+    if ((back || forward) && to >= 0 && to < Pages)
+        pages_.at(static_cast<std::size_t>(to))->setFocus(Qt::TabFocusReason);
+    return back || forward;
+}
+
 /// The list of the compose page cannot be typed in, open or closed; the keys that walk in it and open it
 /// pass.
 bool TemplateCards::eventFilter(QObject* watched, QEvent* event)
 {
+    const auto button = std::find(pages_.begin(), pages_.end(), watched);
+    if (button != pages_.end())
+        return PageButtonEvent(static_cast<int>(button - pages_.begin()), *event);
     const bool list = watched == category_ || watched == category_->view();
     if (!list || event->type() != QEvent::KeyPress)
         return Panel::eventFilter(watched, event);

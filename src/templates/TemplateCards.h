@@ -17,8 +17,9 @@ class PhonePanel;
 struct Services;
 
 /// Eight templates as small phones, with their category and their page. It stands on the compose page and on
-/// the template page, with names of its own on each. For the Tab key the cards are one stop; the arrow keys
-/// walk from card to card, Enter and the space bar choose.
+/// the template page, with names of its own on each. For the Tab key the cards are one stop and the
+/// buttons of the pages another; the arrow keys walk from card to card and from button to button, Enter and
+/// the space bar choose.
 class TemplateCards : public Panel
 {
     Q_OBJECT
@@ -64,6 +65,8 @@ private:
     void ShowPressed(int page);
     void WalkFrom(int card, int key);
     void StopTabAt(int card);
+    bool PageButtonEvent(int page, const QEvent& event);
+    void StopTabAtPage(int page);
 
     Services& services_;
     Side side_;

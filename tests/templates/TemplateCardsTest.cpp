@@ -179,6 +179,39 @@ TEST_F(TemplateCardsTest, ArrowKeysWalkTheCardsAndStopAtTheRim)
     EXPECT_TRUE(taken.isEmpty());
 }
 
+TEST_F(TemplateCardsTest, TheTabKeyStopsAtOnePageButtonTheOneLastUsed)
+{
+    Serve(compose);
+    Activate(compose);
+    const auto focused = [this] { return compose.focusWidget()->objectName(); };
+    compose.Content(1).setFocus();
+    PressTab(compose);
+    EXPECT_EQ(focused(), u"BtnPageCount(0)"_q);
+    PressTab(compose);
+    EXPECT_EQ(focused(), u"CbTempCd"_q);
+    ClickOn(compose, u"BtnPageCount(4)"_q);
+    EXPECT_EQ(focused(), u"BtnPageCount(4)"_q);
+    PressTab(compose);
+    QTest::keyClick(compose.focusWidget(), Qt::Key_Backtab);
+    EXPECT_EQ(focused(), u"BtnPageCount(4)"_q);
+}
+
+TEST_F(TemplateCardsTest, ArrowKeysWalkThePageButtonsAndStopAtTheRim)
+{
+    Serve(compose);
+    Activate(compose);
+    compose.findChild<QWidget*>(u"BtnPageCount(8)"_q)->setFocus();
+    const std::pair<Qt::Key, int> walk[] = {{Qt::Key_Right, 9}, {Qt::Key_Right, 9}, {Qt::Key_Down, 9},
+                                            {Qt::Key_Left, 8},  {Qt::Key_Up, 7},    {Qt::Key_Down, 8}};
+    for (const auto& [key, page] : walk) {
+        QTest::keyClick(compose.focusWidget(), key);
+        EXPECT_EQ(compose.focusWidget()->objectName(), IndexedName(u"BtnPageCount", page)) << key;
+    }
+    EXPECT_TRUE(shown.isEmpty());
+    QTest::keyClick(compose.focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(shown, QList<int>{8});
+}
+
 TEST_F(TemplateCardsTest, EnterAndTheSpaceBarChooseWhenTheyAreLetGo)
 {
     Serve(edit);
