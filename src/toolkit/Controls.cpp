@@ -409,6 +409,24 @@ void PopupPanel::Open(QPoint corner)
     raise();
 }
 
+/// Behind the last of its controls comes the first one.
+bool PopupPanel::focusNextPrevChild(bool next)
+{
+    QWidget* const from = focusWidget();
+    if (!from)
+        return Panel::focusNextPrevChild(next);
+    const auto isStop = [this](const QWidget& control) {
+        return isAncestorOf(&control) && control.isVisible() && control.isEnabled() &&
+               (control.focusPolicy() & Qt::TabFocus);
+    };
+    QWidget* to = from;
+    do
+        to = next ? to->nextInFocusChain() : to->previousInFocusChain();
+    while (to != from && !isStop(*to));
+    to->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
+}
+
 void PopupPanel::paintEvent(QPaintEvent* event)
 {
     Panel::paintEvent(event);

@@ -175,7 +175,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// A panel that opens over its form at a given place: hidden until Open().
+/// A panel that opens over its form at a given place: hidden until Open(). The Tab key stays in it.
 class PopupPanel : public Panel
 {
     Q_OBJECT
@@ -188,6 +188,7 @@ public:
     void Open(QPoint corner);
 
 protected:
+    bool focusNextPrevChild(bool next) override;
     void paintEvent(QPaintEvent* event) override;
 };
 

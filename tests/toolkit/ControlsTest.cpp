@@ -268,6 +268,29 @@ TEST(PopupPanel, OpensBeforeAllElseAtItsPlace)
     EXPECT_TRUE(window.rect().contains(popup.geometry()));
 }
 
+TEST(PopupPanel, TheTabKeyStaysInIt)
+{
+    QWidget window;
+    PushButton before(&window, u"BtnFuncDoc(0)"_q, u"신규"_q);
+    PopupPanel popup(&window, u"PlDocEdit(1)"_q);
+    PushButton first(&popup, u"BtnAutoChangeChr(0)"_q, u"[받는사람]"_q);
+    PushButton dead(&popup, u"BtnAutoChangeChr(1)"_q, u"[보내는사람]"_q);
+    dead.setEnabled(false);
+    PushButton last(&popup, u"BtnDocEdit(1)"_q, u"닫기"_q);
+    PushButton behind(&window, u"BtnFuncDoc(1)"_q, u"저장"_q);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    popup.Open(QPoint(0, 0));
+    last.setFocus();
+    QTest::keyClick(&last, Qt::Key_Tab);
+    EXPECT_TRUE(first.hasFocus());
+    QTest::keyClick(&first, Qt::Key_Backtab);
+    EXPECT_TRUE(last.hasFocus());
+    QTest::keyClick(&last, Qt::Key_Backtab);
+    EXPECT_TRUE(first.hasFocus());
+}
+
 struct ProgressRow
 {
     int max;
