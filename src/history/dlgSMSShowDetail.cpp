@@ -15,6 +15,8 @@
 #include "toolkit/Theme.h"
 #include "toolkit/WrappedLabel.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QScrollArea>
@@ -150,6 +152,16 @@ void dlgSMSShowDetail::OnButton(int index)
         Unload();
     else
         BtnCancelClick();
+}
+
+bool dlgSMSShowDetail::KeyDown(int key, Qt::KeyboardModifiers shift)
+{
+    const bool copies = key == Qt::Key_C && shift == Qt::ControlModifier;
+    if (!copies)
+        return DialogForm::KeyDown(key, shift);
+    if (const QString selected = WrappedLabel::SelectedIn(*this); !selected.isEmpty())
+        QApplication::clipboard()->setText(selected);
+    return true;
 }
 
 void dlgSMSShowDetail::BtnCancelClick()

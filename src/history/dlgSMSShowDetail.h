@@ -30,6 +30,8 @@ public:
 
 protected:
     void OnButton(int index) override;
+    /// Ctrl+C copies the words that are selected, wherever the focus is.
+    bool KeyDown(int key, Qt::KeyboardModifiers shift) override;
 
 private:
     void BuildFields(QVBoxLayout& column);

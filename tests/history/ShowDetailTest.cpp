@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QClipboard>
 #include <QHeaderView>
 #include <QtTest/QTest>
 
@@ -315,6 +317,17 @@ TEST_F(ShowDetail, AWordThatFindsNoRoomInALineGoesOnInTheNext)
                    EXPECT_GE(name.height(), name.heightForWidth(name.width()));
                    EXPECT_GT(name.height(), Of(dialog, u"LblSendSMS(2)"_q).height());
                });
+}
+
+TEST_F(ShowDetail, SelectedWordsAreCopiedAndTheFocusStaysOnTheButtonThatCloses)
+{
+    LogAndOpen({.name = u"김하늘"_q, .content = u"내일 뵙겠습니다"_q}, [this](QWidget& dialog) {
+        Settle();
+        QTest::mouseDClick(&Of(dialog, u"LblSendSMS(1)"_q), Qt::LeftButton, {}, QPoint(6, 6));
+        EXPECT_EQ(dialog.focusWidget()->objectName(), u"BtnSendS(1)"_q);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_C, Qt::ControlModifier);
+        EXPECT_EQ(QApplication::clipboard()->text(), u"김하늘"_q);
+    });
 }
 
 TEST_F(ShowDetail, ItsQueryHoldsBusyUntilItsEnd)
