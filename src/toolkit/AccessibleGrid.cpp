@@ -262,6 +262,14 @@ void* AccessibleGrid::interface_cast(QAccessible::InterfaceType type)
     return QAccessibleWidget::interface_cast(type);
 }
 
+QAccessible::State AccessibleGrid::state() const
+{
+    QAccessible::State state = QAccessibleWidget::state();
+    state.multiSelectable = true;
+    state.extSelectable = true;
+    return state;
+}
+
 int AccessibleGrid::childCount() const
 {
     return (rowCount() + HasTitles(*grid_.horizontalHeader())) *

@@ -23,6 +23,7 @@ public:
     QAccessibleInterface* Part(int col, int row) const;
 
     void* interface_cast(QAccessible::InterfaceType type) override;
+    QAccessible::State state() const override;
     int childCount() const override;
     QAccessibleInterface* child(int index) const override;
     int indexOfChild(const QAccessibleInterface* part) const override;

@@ -3,6 +3,8 @@
 #include "runtime/Text.h"
 #include "toolkit/LimitRule.h"
 
+#include <algorithm>
+
 namespace tsms {
 
 namespace {
@@ -79,6 +81,16 @@ private:
     qsizetype at_ = 0;
 };
 
+/// In quotes where it would be taken for more than a value, or for less.
+QString Quoted(QString value)
+{
+    const bool ends = std::any_of(value.cbegin(), value.cend(), EndsValue);
+    if (!ends && !value.startsWith(u'"'))
+        return value;
+    value.replace(CrLf.toString(), QStringLiteral("\n"));
+    return u'"' + value.replace(u'"', QStringLiteral("\"\"")) + u'"';
+}
+
 } // namespace
 
 QList<QStringList> PastedRows(QStringView text)
@@ -96,6 +108,20 @@ QList<QStringList> PastedRows(QStringView text)
     while (!rows.isEmpty() && rows.last() == QStringList(QString()))
         rows.removeLast();
     return rows;
+}
+
+QString CopiedText(const QList<QStringList>& rows)
+{
+    if (rows.size() == 1 && rows.first().size() == 1)
+        return rows.first().first();
+    QStringList lines;
+    for (const QStringList& row : rows) {
+        QStringList values;
+        for (const QString& value : row)
+            values += Quoted(value);
+        lines += values.join(u'\t');
+    }
+    return lines.join(u'\n');
 }
 
 bool IsBlock(const QList<QStringList>& rows)

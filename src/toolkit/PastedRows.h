@@ -13,6 +13,9 @@ namespace tsms {
 /// lines at the end are no rows.
 QList<QStringList> PastedRows(QStringView text);
 
+/// Such a text. A single value stands as it is.
+QString CopiedText(const QList<QStringList>& rows);
+
 /// True for what has more than one row or more than one value.
 bool IsBlock(const QList<QStringList>& rows);
 

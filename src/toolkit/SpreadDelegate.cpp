@@ -4,6 +4,7 @@
 #include "toolkit/fpSpread.h"
 #include "toolkit/LimitRule.h"
 #include "toolkit/SpreadModel.h"
+#include "toolkit/SpreadSelection.h"
 #include "toolkit/Theme.h"
 
 #include <QHelpEvent>
@@ -33,11 +34,14 @@ int Col(const QModelIndex& index)
     return index.column() + 1;
 }
 
-/// Half of `over` laid on `ground`.
-QColor Tinted(const QColor& ground, const QColor& over)
+/// `share` parts of a hundred of `over` laid on `ground`.
+QColor Tinted(const QColor& ground, const QColor& over, int share)
 {
-    return QColor((ground.red() + over.red()) / 2, (ground.green() + over.green()) / 2,
-                  (ground.blue() + over.blue()) / 2);
+    const auto mixed = [share](int below, int above) {
+        return (below * (100 - share) + above * share) / 100;
+    };
+    return QColor(mixed(ground.red(), over.red()), mixed(ground.green(), over.green()),
+                  mixed(ground.blue(), over.blue()));
 }
 
 /// Where text may stand: with air at its sides, or without where it would not fit. The lines take the last
@@ -93,8 +97,10 @@ void SpreadDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
     QColor back = ownBack.isValid() ? ownBack.value<QColor>() : theme::White;
     if (lit) {
         back = theme::Focus;
+    } else if (option.state.testFlag(QStyle::State_Selected) && HasBlock(grid_)) {
+        back = Tinted(back, theme::Accent, 25);
     } else if (grid_.rowCursor_ && index.row() == grid_.currentIndex().row()) {
-        back = Tinted(back, theme::Focus);
+        back = Tinted(back, theme::Focus, 50);
     }
     const QRect& cell = option.rect;
     painter->save();

@@ -5,8 +5,10 @@
 #include "toolkit/Composition.h"
 #include "toolkit/Guarded.h"
 #include "toolkit/LimitRule.h"
+#include "toolkit/PastedRows.h"
 #include "toolkit/SpreadDelegate.h"
 #include "toolkit/SpreadModel.h"
+#include "toolkit/SpreadSelection.h"
 #include "toolkit/Theme.h"
 
 #include <QAbstractButton>
@@ -15,6 +17,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -121,7 +124,7 @@ fpSpread::fpSpread(QWidget* parent)
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     setModel(model_);
     setItemDelegate(new SpreadDelegate(*this));
-    setSelectionMode(QAbstractItemView::SingleSelection);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
     setSelectionBehavior(QAbstractItemView::SelectItems);
     setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed |
                     QAbstractItemView::DoubleClicked);
@@ -140,6 +143,11 @@ fpSpread::fpSpread(QWidget* parent)
             [this](int section) { Q_EMIT DblClick(section + 1, 0); });
     connect(verticalHeader(), &QHeaderView::sectionDoubleClicked, this,
             [this](int section) { Q_EMIT DblClick(0, section + 1); });
+    for (const QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()})
+        connect(bar, &QScrollBar::valueChanged, this, [this] {
+            if (down_ && drags_)
+                SelectTowards(viewport()->mapFromGlobal(QCursor::pos()));
+        });
     connect(model_, &QAbstractItemModel::rowsInserted, this, &fpSpread::KeepActiveCell);
     connect(model_, &QAbstractItemModel::columnsInserted, this, &fpSpread::KeepActiveCell);
     connect(model_, &QAbstractItemModel::modelReset, this, &fpSpread::KeepActiveCell);
@@ -482,9 +490,13 @@ void fpSpread::mousePressEvent(QMouseEvent* event)
     if (follows && IsButton(index))
         return; // of a double or triple click: what stands here by now may be another row's
     CommitEdit();
-    pressed_ = index;
+    const bool extends = event->modifiers().testFlag(Qt::ShiftModifier) && index.isValid();
+    pressed_ = extends ? QModelIndex() : index; // what only extends the selection is no click
     down_ = true;
-    if (pressed_.isValid()) {
+    drags_ = extends;
+    if (extends) {
+        SelectTo(*this, index);
+    } else if (pressed_.isValid()) {
         setCurrentIndex(pressed_);
         update(pressed_);
     }
@@ -492,7 +504,17 @@ void fpSpread::mousePressEvent(QMouseEvent* event)
 
 void fpSpread::mouseMoveEvent(QMouseEvent* event)
 {
-    event->accept(); // a held button drags nothing and walks nowhere
+    event->accept();
+    if (!down_ || !event->buttons().testFlag(Qt::LeftButton))
+        return;
+    const QPoint place = event->position().toPoint();
+    const bool moved = (place - pressPlace_).manhattanLength() >= QApplication::startDragDistance();
+    drags_ = drags_ || (moved && pressed_.isValid() && !IsButton(pressed_));
+    if (!drags_)
+        return;
+    SelectTowards(place);
+    if (!viewport()->rect().contains(place))
+        startAutoScroll(); // ends by itself
 }
 
 void fpSpread::mouseReleaseEvent(QMouseEvent* event)
@@ -501,6 +523,7 @@ void fpSpread::mouseReleaseEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton || !down_)
         return;
     down_ = false;
+    stopAutoScroll();
     const QModelIndex released = indexAt(event->position().toPoint());
     if (pressed_.isValid())
         update(pressed_);
@@ -522,6 +545,20 @@ void fpSpread::mouseDoubleClickEvent(QMouseEvent* event)
     if (IsEditable(index))
         edit(index, DoubleClicked, event);
     Q_EMIT DblClick(col, row);
+}
+
+void fpSpread::contextMenuEvent(QContextMenuEvent* event)
+{
+    event->accept();
+    CommitEdit();
+    if (event->reason() != QContextMenuEvent::Mouse) {
+        OpenMenu(viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
+        return;
+    }
+    const QModelIndex under = indexAt(event->pos());
+    if (under.isValid() && !selectionModel()->isSelected(under))
+        setCurrentIndex(under);
+    OpenMenu(event->globalPos());
 }
 
 bool fpSpread::event(QEvent* event)
@@ -557,7 +594,25 @@ void fpSpread::keyPressEvent(QKeyEvent* event)
             ClickCell(currentIndex());
         return;
     }
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+        OpenMenu(viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
+        return;
+    }
+    const QModelIndex corner = CornerBehind(*this, *event);
+    if (corner.isValid() && event->modifiers().testFlag(Qt::ShiftModifier)) {
+        SelectTo(*this, corner);
+        scrollTo(corner);
+        return;
+    }
+    if (corner.isValid())
+        SelectTo(*this, currentIndex()); // also where there is nowhere to walk to
     QTableView::keyPressEvent(event);
+}
+
+/// Whatever makes a cell the active one selects it alone.
+QItemSelectionModel::SelectionFlags fpSpread::selectionCommand(const QModelIndex&, const QEvent*) const
+{
+    return QItemSelectionModel::ClearAndSelect;
 }
 
 void fpSpread::inputMethodEvent(QInputMethodEvent* event)
@@ -593,19 +648,30 @@ void fpSpread::currentChanged(const QModelIndex& current, const QModelIndex& pre
 
 void fpSpread::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
 {
-    QAbstractItemView::selectionChanged(selected,
-                                        deselected); // NOLINT(bugprone-parent-virtual-call): as above
-    if (!selected.isEmpty())
-        TellOfCell(*this, selected.first().topLeft(), QAccessible::SelectionAdd);
-    if (!deselected.isEmpty())
-        TellOfCell(*this, deselected.first().topLeft(), QAccessible::SelectionRemove);
+    // As above. NOLINTNEXTLINE(bugprone-parent-virtual-call)
+    QAbstractItemView::selectionChanged(selected, deselected);
+    TellOfSelection(selected, QAccessible::SelectionAdd);
+    TellOfSelection(deselected, QAccessible::SelectionRemove);
+}
+
+/// Of a single cell, or of many in one word.
+void fpSpread::TellOfSelection(const QItemSelection& cells, QAccessible::Event what)
+{
+    if (cells.isEmpty())
+        return;
+    const QItemSelectionRange& first = cells.first();
+    if (cells.size() == 1 && first.topLeft() == first.bottomRight()) {
+        TellOfCell(*this, first.topLeft(), what);
+    } else {
+        QAccessibleEvent event(this, QAccessible::SelectionWithin);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 void fpSpread::resizeEvent(QResizeEvent* event)
 {
     QTableView::resizeEvent(event);
-    if (fillWidth_)
-        ApplyWidths();
+    ApplyWidths();
 }
 
 void fpSpread::focusInEvent(QFocusEvent* event)
@@ -699,25 +765,83 @@ void fpSpread::WalkBack()
     SetActiveCell(col, row);
 }
 
-/// Delete, cut and paste on the active cell.
 bool fpSpread::EditingCommand(QKeyEvent* event)
 {
-    const QModelIndex cell = currentIndex();
-    const int col = ActiveCol();
-    const int row = ActiveRow();
-    const bool clear = event->matches(QKeySequence::Delete);
-    const bool cut = event->matches(QKeySequence::Cut);
-    const bool paste = event->matches(QKeySequence::Paste);
-    if (!clear && !cut && !paste)
+    if (event->matches(QKeySequence::Copy))
+        Copy();
+    else if (event->matches(QKeySequence::Cut))
+        Cut();
+    else if (event->matches(QKeySequence::Paste))
+        Paste();
+    else if (event->matches(QKeySequence::Delete))
+        ClearSelected();
+    else
         return false;
-    const QString pasted = paste ? QApplication::clipboard()->text() : QString();
-    if ((paste && OwnerTakesPaste(pasted)) || !IsEditable(cell))
-        return true;
-    if (cut)
-        QApplication::clipboard()->setText(GetText(col, row));
-    EnterText(col, row,
-              pasted.first(FirstLineLength(pasted))); // a cell takes what stands before a line break
     return true;
+}
+
+void fpSpread::Copy()
+{
+    const QList<QStringList> texts = SelectedTexts(*this);
+    if (!texts.isEmpty())
+        QApplication::clipboard()->setText(CopiedText(texts));
+}
+
+void fpSpread::Cut()
+{
+    if (SelectedEditCells(*this).isEmpty())
+        return;
+    Copy();
+    ClearSelected();
+}
+
+void fpSpread::Paste()
+{
+    const QString text = QApplication::clipboard()->text();
+    if (OwnerTakesPaste(text) || !IsEditable(currentIndex()))
+        return;
+    // A cell takes what stands before a line break.
+    EnterText(ActiveCol(), ActiveRow(), text.first(FirstLineLength(text)));
+}
+
+void fpSpread::ClearSelected()
+{
+    for (const QModelIndex& cell : SelectedEditCells(*this))
+        SetText(cell.column() + 1, cell.row() + 1, QString());
+}
+
+void fpSpread::SelectTowards(QPoint place)
+{
+    SelectTo(*this, CellTowards(*this, place));
+}
+
+void fpSpread::OpenMenu(QPoint place)
+{
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto add = [&](const QString& words, QKeySequence::StandardKey key, bool enabled, auto act) {
+        QAction* entry = menu->addAction(words, this, act);
+        entry->setShortcut(key);
+        entry->setShortcutContext(Qt::WidgetShortcut); // only to be seen: the grid has the keys
+        entry->setShortcutVisibleInContextMenu(true);
+        entry->setEnabled(enabled);
+    };
+    add(QStringLiteral("복사"), QKeySequence::Copy, !SelectedTexts(*this).isEmpty(), &fpSpread::Copy);
+    if (HasEditColumn()) {
+        add(QStringLiteral("붙여넣기"), QKeySequence::Paste, !QApplication::clipboard()->text().isEmpty(),
+            &fpSpread::Paste);
+        add(QStringLiteral("지우기"), QKeySequence::Delete, !SelectedEditCells(*this).isEmpty(),
+            &fpSpread::ClearSelected);
+    }
+    menu->popup(place);
+}
+
+bool fpSpread::HasEditColumn() const
+{
+    for (int col = 1; col <= MaxCols(); ++col)
+        if (ColType(col) == CellType::Edit)
+            return true;
+    return false;
 }
 
 bool fpSpread::OwnerTakesPaste(const QString& text)
@@ -769,6 +893,11 @@ void fpSpread::ApplyWidths()
         setColumnWidth(col - 1,
                        std::max(qRound(end) - begin, 4)); // from rounded end to rounded end: no pixel is lost
         begin = qRound(end);
+    }
+    const bool asWideAsItsColumns = sizeAdjustPolicy() == AdjustToContents;
+    if (!fillWidth_ && !asWideAsItsColumns && content > 0 && content < room) {
+        const QModelIndex last = CellTowards(*this, viewport()->rect().bottomRight());
+        setColumnWidth(last.column(), columnWidth(last.column()) + room - content);
     }
 }
 

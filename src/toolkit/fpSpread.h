@@ -2,6 +2,7 @@
 
 #include "runtime/CellSource.h"
 
+#include <QAccessible>
 #include <QColor>
 #include <QIcon>
 #include <QList>
@@ -23,9 +24,11 @@ class SpreadModel;
 /// Widths are in units of a little more than a digit of the grid's font, heights in points.
 ///
 /// Behaviour: a click or an arrow key makes a cell the active one. Typing (also by an input method) in an
-/// edit cell replaces its text, F2 and a double click edit it in place, Delete clears it, Ctrl+C, Ctrl+X and
-/// Ctrl+V work on it. The space bar in any other cell counts as a click on it. Tab leaves the grid; from a
-/// cell that is being edited it goes on as Enter does, and Shift+Tab back to the edit cell before it.
+/// edit cell replaces its text, F2 and a double click edit it in place. A drag, Shift and a click, Shift and
+/// the keys that walk, and Ctrl+A select a block; the active cell stays where it is. Ctrl+C copies what is
+/// selected, Ctrl+X and Delete empty its edit cells, Ctrl+V pastes at the active cell; a menu has the same.
+/// The space bar in any other cell counts as a click on it. Tab leaves the grid; from a cell that is being
+/// edited it goes on as Enter does, and Shift+Tab back to the edit cell before it.
 class fpSpread : public QTableView
 {
     Q_OBJECT
@@ -93,7 +96,8 @@ public:
     void SetHeadersVisible(bool columns, bool rows);
     void SetGridColor(const QColor& color);
     void SetBackgroundColor(const QColor& color); ///< of the area beyond the cells
-    void SetFillWidth(bool on);                   ///< columns are widened in proportion to fill the grid
+    /// Where the columns leave room all of them are widened in proportion; off: the last one has it.
+    void SetFillWidth(bool on);
     /// Off: the space bar does nothing in cells without text entry.
     void SetSpaceClicks(bool on);
     void SetRowCursor(bool on); ///< tints the whole active row, for lists whose buttons act on it
@@ -159,6 +163,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
@@ -168,6 +173,8 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event) const override;
 
 private:
     friend class SpreadDelegate;
@@ -182,6 +189,14 @@ private:
     bool OwnerTakes(int key);
     void WalkBack();
     bool EditingCommand(QKeyEvent* event);
+    void Copy();
+    void Cut();
+    void Paste();
+    void ClearSelected();
+    void SelectTowards(QPoint place);
+    void OpenMenu(QPoint place);
+    bool HasEditColumn() const;
+    void TellOfSelection(const QItemSelection& cells, QAccessible::Event what);
     void ClickCell(const QModelIndex& index);
     bool OwnerTakesPaste(const QString& text);
     QWidget* Editor() const;
@@ -201,6 +216,7 @@ private:
     QPoint pressPlace_;               // of the last press, and when it came, in milliseconds
     qint64 pressTime_ = 0;
     bool down_ = false;       // the button is held since then
+    bool drags_ = false;      // and selects what it is moved over
     bool keepsFocus_ = false; // the editor that is being opened leaves the focus where it is
     bool handsOn_ = false;    // a key is with the editor, and comes back when it has no use for it
     QColor gridColor_;

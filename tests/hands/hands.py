@@ -123,6 +123,17 @@ class Hands:
         self._x("click", "--repeat", str(times), "--delay", "60", "1")
         self._clicked = time.monotonic()
 
+    def open_menu(self, place):
+        """By the right button."""
+        self._to_the_mouse(place)
+        self._x("click", "3")
+
+    def drag(self, place, to):
+        self._to_the_mouse(place)
+        self._x("mousedown", "1")
+        self._to_the_mouse(to)
+        self._x("mouseup", "1")
+
     def turn_wheel(self, place, notches):
         """Down; with a negative number up."""
         self._to_the_mouse(place)

@@ -206,6 +206,7 @@ TEST_F(AccessibleGridTest, WhatIsSelectedIsToldByItsPlaceOnView)
     EXPECT_EQ(Table().selectedCells()[0], &CellAt(1, 1));
     EXPECT_TRUE(CellAt(1, 1).tableCellInterface()->isSelected());
     EXPECT_EQ(Table().selectedRowCount(), 0);
+    EXPECT_TRUE(Told().state().multiSelectable);
 }
 
 } // namespace

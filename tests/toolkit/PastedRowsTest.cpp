@@ -51,4 +51,30 @@ INSTANTIATE_TEST_SUITE_P(
         Paste{"QuoteBeforeMore", u"\"a\"b\tc"_q, {{u"\"a\"b"_q, u"c"_q}}, true}),
     [](const auto& paste) { return std::string(paste.param.name); });
 
+class CopiedRows : public ::testing::TestWithParam<Paste>
+{
+};
+
+TEST_P(CopiedRows, StandOnTheClipboardAsTheSpreadsheetReadsThem)
+{
+    EXPECT_EQ(CopiedText(GetParam().rows), GetParam().text);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, CopiedRows,
+    ::testing::Values(Paste{"None", u""_q, {}, false},
+                      Paste{"Rows", u"a\tb\nc\t"_q, {{u"a"_q, u"b"_q}, {u"c"_q, u""_q}}, true},
+                      Paste{"Tab", u"\"a\tb\"\tc"_q, {{u"a\tb"_q, u"c"_q}}, true},
+                      Paste{"LineBreak", u"\"a\nb\"\tc"_q, {{u"a\r\nb"_q, u"c"_q}}, true},
+                      Paste{"QuoteAhead", u"\"\"\"a\"\"\"\tc"_q, {{u"\"a\""_q, u"c"_q}}, true},
+                      Paste{"QuoteInside", u"a\"b\tc"_q, {{u"a\"b"_q, u"c"_q}}, true},
+                      Paste{"OneValue", u"\"a\"\r\nb"_q, {{u"\"a\"\r\nb"_q}}, false}),
+    [](const auto& paste) { return std::string(paste.param.name); });
+
+TEST(CopiedBlock, ComesBackByAPasteAsTheyWere)
+{
+    const TextRows rows{{u"\"a\""_q, u"b\tc"_q}, {u""_q, u"d\"e"_q}};
+    EXPECT_EQ(PastedRows(CopiedText(rows)), rows);
+}
+
 } // namespace
