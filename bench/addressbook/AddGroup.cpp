@@ -171,9 +171,8 @@ void CompareAll()
         MakeBook(database, members);
         const std::string size = std::to_string(members) + " to " + std::to_string(members);
         const auto side = [&](const char* name) -> Run {
-            return [=] {
-                return RunSide({QString::fromLatin1(name), database, QString::number(members)}).cost;
-            };
+            const QStringList task{QString::fromLatin1(name), database, QString::number(members)};
+            return [=] { return RunSide(task).cost; };
         };
         growth.Add(members,
                    Compare({.what = "add a group, beside a bare insert", .size = size, .rounds = Rounds},

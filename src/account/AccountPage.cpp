@@ -157,9 +157,8 @@ void AccountPage::BtnChargeFuncClick(int index)
 
 void AccountPage::EnterCharge()
 {
-    dlgSMSCharge(
-        services_, [this] { QueryCharges(services_, *ledger_); }, window())
-        .ShowModal();
+    const auto reload = [this] { QueryCharges(services_, *ledger_); };
+    dlgSMSCharge(services_, reload, window()).ShowModal();
 }
 
 void AccountPage::CbMonthYearClick()

@@ -302,14 +302,13 @@ void dlgSMSGroupSelect::BtnAddClick(int index)
     if (IsBusy())
         return;
     view_[static_cast<std::size_t>(index)]->SetValue(true);
+    const auto reload = [this] { Reload(); };
     if (index == 0) {
-        dlgSMSGroupSub dialog(
-            services_, [this] { Reload(); }, this);
+        dlgSMSGroupSub dialog(services_, reload, this);
         dialog.AddMode = Boolean::True;
         dialog.ShowModal();
     } else {
-        dlgSMSGroupMst dialog(
-            services_, [this] { Reload(); }, this);
+        dlgSMSGroupMst dialog(services_, reload, this);
         dialog.AddMode = Boolean::True;
         dialog.ShowModal();
     }
@@ -364,8 +363,8 @@ void dlgSMSGroupSelect::EditMember()
                                  MsgBoxExclamation, title);
         return;
     }
-    dlgSMSGroupSub dialog(
-        services_, [this] { Reload(); }, this);
+    const auto reload = [this] { Reload(); };
+    dlgSMSGroupSub dialog(services_, reload, this);
     dialog.SetCaption(title);
     dialog.SetTitle(title);
     dialog.AddMode = Boolean::False;
@@ -401,8 +400,8 @@ void dlgSMSGroupSelect::EditGroup()
                                  MsgBoxCritical, title);
         return;
     }
-    dlgSMSGroupMst dialog(
-        services_, [this] { Reload(); }, this);
+    const auto reload = [this] { Reload(); };
+    dlgSMSGroupMst dialog(services_, reload, this);
     dialog.SetCaption(title);
     dialog.SetTitle(title);
     dialog.AddMode = Boolean::False;

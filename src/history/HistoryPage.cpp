@@ -301,8 +301,8 @@ void HistoryPage::ShowDetail()
     const int row = list_->ActiveRow();
     const std::int32_t key = ToLong(helper.GetCellText(*list_, SendListKey, row));
     const QString period = helper.GetCellText(*list_, SendListTime, row).left(4);
-    dlgSMSShowDetail detail(
-        services_, [this] { BtnSendListSerchClick(); }, window());
+    const auto searchAgain = [this] { BtnSendListSerchClick(); };
+    dlgSMSShowDetail detail(services_, searchAgain, window());
     detail.Sp_SMSDeTail(key, period);
     detail.ShowModal();
 }

@@ -38,7 +38,7 @@ public:
     GuardedCall(Desktop& desktop, F body) : desktop_(&desktop), body_(std::move(body)) {}
 
     template <class... Values>
-    requires std::invocable<F&, Values...>
+        requires std::invocable<F&, Values...>
     void operator()(Values&&... values)
     {
         const BusyWatch watch;

@@ -585,9 +585,8 @@ TEST_F(BrowseView, ADeletedGroupLeavesItsMembersToTheOthers)
     InBook([this] {
         ShowGroups();
         program.desktop.Expect(DeleteQuestion(u"청년부"_q, u"그룹 삭제"_q), AnswerYes);
-        program.desktop.Expect(DeletedBox(), AnswerOK, [this] {
-            EXPECT_EQ(Groups(), QStringList({u"성가대"_q, u"기타"_q}));
-        });
+        const QStringList left{u"성가대"_q, u"기타"_q};
+        program.desktop.Expect(DeletedBox(), AnswerOK, [&] { EXPECT_EQ(Groups(), left); });
         ClickCell(Browse(), GroupDelete, GroupRow(u"청년부"_q));
         EXPECT_EQ(FilterNames(), QStringList({u"전체"_q, u"성가대"_q, u"기타"_q}));
         EXPECT_EQ(program.connections.OpenNow(), 0);

@@ -497,8 +497,8 @@ void PictureBook::MemberView(QWidget& book)
     inBox(u"box-nobody-chosen"_q, u"BtnFunc(0)"_q, AnswerOK);
     desk_.Await(u"box-delete-member"_q, AnswerNo);
     ClickCell(browse, 7, 2);
-    InBookDialog(
-        u"dlgSMSGroupSub"_q, [&] { ClickCell(browse, 6, 2); }, u"member-edit"_q);
+    const auto edit = [&] { ClickCell(browse, 6, 2); };
+    InBookDialog(u"dlgSMSGroupSub"_q, edit, u"member-edit"_q);
 }
 
 void PictureBook::GroupView(QWidget& book)
@@ -516,8 +516,8 @@ void PictureBook::GroupView(QWidget& book)
         ClickCell(browse, column, browse.MaxRows());
         desk_.ExpectNoneLeft();
     }
-    InBookDialog(
-        u"dlgSMSGroupMst"_q, [&] { ClickCell(browse, 4, 1); }, u"group-edit"_q);
+    const auto edit = [&] { ClickCell(browse, 4, 1); };
+    InBookDialog(u"dlgSMSGroupMst"_q, edit, u"group-edit"_q);
     InBookDialog(
         u"dlgSMSGroupMst"_q, [&] { ClickOn(On<QWidget>(book, u"BtnAdd(1)"_q)); }, u"group-add"_q,
         [this](QWidget& dialog) {

@@ -127,8 +127,8 @@ void Scene::In(const QString& form, const std::function<void()>& open,
 
 void Scene::InBook(const std::function<void(QWidget& book)>& act)
 {
-    In(
-        u"dlgSMSGroupSelect"_q, [this] { program.Click(u"BtnFuncMain(0)"_q); }, act);
+    const auto open = [this] { program.Click(u"BtnFuncMain(0)"_q); };
+    In(u"dlgSMSGroupSelect"_q, open, act);
 }
 
 void Scene::Write(QWidget& form, const QString& field, const QString& text)

@@ -156,11 +156,12 @@ TEST_F(Https, AKeptConnectionThatWasClosedInBetweenIsMadeAnew)
 TEST_F(Https, AKeptConnectionThatDiesUnderACallIsAFaultAndNothingIsSentAgain)
 {
     for (const HttpAnswer::Then death : {HttpAnswer::Then::Close, HttpAnswer::Then::Reset}) {
-        ReplyGateway gateway(
-            [&](int call) {
-                return call == 3 ? HttpAnswer{{}, death} : NumberedAnswer(call);
-            },
-            Proper());
+        const auto answer = [&](int call) {
+            if (call == 3)
+                return HttpAnswer{{}, death};
+            return NumberedAnswer(call);
+        };
+        ReplyGateway gateway(answer, Proper());
         client.mssoapinit(gateway.WsdlUrl(), {}, {}, {});
         EXPECT_EQ(SendTo(client), NumberedReply(1));
         EXPECT_EQ(SendTo(client), NumberedReply(2));

@@ -87,19 +87,18 @@ GuardedField TemplateField(const std::string& name, bool isNew, bool isTitle)
 QList<GuardedField> AccountFields()
 {
     QList<GuardedField> fields;
+    const auto enterCharge = [](int index) {
+        return [index](GuardBench& bench, const QString& text, Way way) {
+            bench.Charge({{index, text}}, index, way);
+        };
+    };
     fields += {.name = "ChargesUnit",
-               .work =
-                   [](GuardBench& bench, const QString& text, Way way) {
-                       bench.Charge({{3, text}}, 3, way);
-                   },
+               .work = enterCharge(3),
                .ways = {Way::Pasted}, // its keys are filtered
                .room = 4,
                .tail = u",getdate())"_q};
     fields += {.name = "ChargesRemark",
-               .work =
-                   [](GuardBench& bench, const QString& text, Way way) {
-                       bench.Charge({{4, text}}, 4, way);
-                   },
+               .work = enterCharge(4),
                .takesLines = true,
                .done = {Charged},
                .tail = u",getdate())"_q,
@@ -109,12 +108,14 @@ QList<GuardedField> AccountFields()
                                                                    {"AccountsPassword", 1, u"SMSPWD"_q},
                                                                    {"AccountsDomain", 2, u"SMSDNS"_q},
                                                                    {"AccountsName", 4, u"SMSOrgNm"_q}};
+    const auto changeSetting = [](int index) {
+        return [index](GuardBench& bench, const QString& text, Way way) {
+            bench.ChangeSettings({{index, text}}, index, way);
+        };
+    };
     for (const auto& [name, index, column] : settings)
         fields += {.name = name,
-                   .work =
-                       [index = index](GuardBench& bench, const QString& text, Way way) {
-                           bench.ChangeSettings({{index, text}}, index, way);
-                       },
+                   .work = changeSetting(index),
                    .done = {SettingsSaved},
                    .stored = u"SELECT %1 FROM SMSSetup"_q.arg(column),
                    .changes = {u"SMSSetup"_q}};

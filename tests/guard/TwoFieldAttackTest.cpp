@@ -33,9 +33,8 @@ TEST_F(TwoFieldAttack, OfTheSettingsIsRefused)
 
 TEST_F(TwoFieldAttack, OfAChargeIsRefused)
 {
-    ExpectRefused(u","_q, {}, [this](Way) {
-        Charge({{3, u"1'"_q}, {4, u",getdate()),('1"_q}}, 3, Way::Pasted);
-    });
+    const auto enter = [this](Way) { Charge({{3, u"1'"_q}, {4, u",getdate()),('1"_q}}, 3, Way::Pasted); };
+    ExpectRefused(u","_q, {}, enter);
 }
 
 TEST_F(TwoFieldAttack, OfAMessageIsRefused)

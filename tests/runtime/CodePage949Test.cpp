@@ -24,15 +24,29 @@ TEST_P(ByteCountTable, IsTheLengthInTheCodePageLessTheBreaks)
     EXPECT_EQ(ByteCount(GetParam().text), GetParam().count) << GetParam().text.toStdString();
 }
 
-INSTANTIATE_TEST_SUITE_P(Texts, ByteCountTable,
-                         ::testing::Values(CountRow{u""_q, 0}, CountRow{u" "_q, 0}, CountRow{u"     "_q, 0},
-                                           CountRow{u"a"_q, 1}, CountRow{u"가"_q, 2}, CountRow{u"ㄱ"_q, 2},
-                                           CountRow{u"가나 a"_q, 6}, CountRow{u"a\r\nb"_q, 3},
-                                           CountRow{u"\r\n"_q, 1}, CountRow{u"\r\n\r\n"_q, 2},
-                                           CountRow{u" a "_q, 3}, CountRow{u"\t"_q, 1},
-                                           CountRow{u"뷁똠펲"_q, 6}, CountRow{u"é"_q, 1}, CountRow{u"😀"_q, 2},
-                                           CountRow{u"[받는사람]"_q, 10}, CountRow{u"[보내는사람]"_q, 12},
-                                           CountRow{u"\n"_q, 1}, CountRow{u"\r"_q, 1}));
+const CountRow CountRows[] = {
+    {u""_q, 0},
+    {u" "_q, 0},
+    {u"     "_q, 0},
+    {u"a"_q, 1},
+    {u"가"_q, 2},
+    {u"ㄱ"_q, 2},
+    {u"가나 a"_q, 6},
+    {u"a\r\nb"_q, 3},
+    {u"\r\n"_q, 1},
+    {u"\r\n\r\n"_q, 2},
+    {u" a "_q, 3},
+    {u"\t"_q, 1},
+    {u"뷁똠펲"_q, 6},
+    {u"é"_q, 1},
+    {u"😀"_q, 2},
+    {u"[받는사람]"_q, 10},
+    {u"[보내는사람]"_q, 12},
+    {u"\n"_q, 1},
+    {u"\r"_q, 1},
+};
+
+INSTANTIATE_TEST_SUITE_P(Texts, ByteCountTable, ::testing::ValuesIn(CountRows));
 
 TEST(CodePage949, EverySymbolOfTheSymbolTableTakesTwoBytes)
 {

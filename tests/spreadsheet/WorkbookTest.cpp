@@ -141,8 +141,9 @@ TEST_F(Workbook, ANumberInATextColumnOrATitleRowIsAText)
 TEST_F(Workbook, TextsMayStandAnywhereOnTheEdgeOfARecord)
 {
     for (int filler = 8150; filler < 8224; ++filler) {
-        const QStringList texts{QString(filler, u'x'), u"latin"_q, u"한글이다"_q, u"😀😀😀"_q, u"a"_q,
-                                QString(2000, u'힣')};
+        const QStringList texts{
+            QString(filler, u'x'), u"latin"_q, u"한글이다"_q, u"😀😀😀"_q, u"a"_q, QString(2000, u'힣'),
+        };
         ASSERT_EQ(Column(texts), texts) << filler;
     }
 }

@@ -95,8 +95,8 @@ TEST_F(DBConnectTest, ADeadServerIsToldOnceForEachAttempt)
 
 TEST_F(DBConnectTest, AConnectionThatIsReleasedWhileItIsMadeIsMadeAnew)
 {
-    QMetaObject::invokeMethod(
-        qApp, [this] { db.CloseDB(); }, Qt::QueuedConnection);
+    const auto release = [this] { db.CloseDB(); };
+    QMetaObject::invokeMethod(qApp, release, Qt::QueuedConnection);
     QThread::msleep(20); // events are due again after the pace of a screen
     EXPECT_EQ(db.ConnectDB(), Boolean::False);
     EXPECT_EQ(db.OpenRecordset(Balance),

@@ -217,8 +217,8 @@ bool HttpListener::Listen(quint16 port)
 
 void HttpListener::Leave()
 {
-    QMetaObject::invokeMethod(
-        worker_, [this] { worker_->Leave(); }, Qt::BlockingQueuedConnection);
+    const auto leave = [this] { worker_->Leave(); };
+    QMetaObject::invokeMethod(worker_, leave, Qt::BlockingQueuedConnection);
 }
 
 bool HttpListener::Return()

@@ -319,8 +319,8 @@ void TestServer::Start()
 
 void TestServer::Stop()
 {
-    QMetaObject::invokeMethod(
-        worker_, [this] { worker_->Stop(); }, Qt::BlockingQueuedConnection);
+    const auto stop = [this] { worker_->Stop(); };
+    QMetaObject::invokeMethod(worker_, stop, Qt::BlockingQueuedConnection);
 }
 
 void TestServer::Describe(Session& session) const
