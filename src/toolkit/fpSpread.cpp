@@ -141,6 +141,7 @@ fpSpread::fpSpread(QWidget* parent)
     ShowFocus();
     connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this,
             [this](int section) { Q_EMIT DblClick(section + 1, 0); });
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this, &fpSpread::WidenLastColumn);
     connect(verticalHeader(), &QHeaderView::sectionDoubleClicked, this,
             [this](int section) { Q_EMIT DblClick(0, section + 1); });
     for (const QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()})
@@ -322,6 +323,7 @@ void fpSpread::SetColHidden(int col, bool hidden)
 {
     if (col < 1 || col > MaxCols())
         return;
+    layingOut_ = true; // it has no width before it is known to be hidden
     setColumnHidden(col - 1, hidden);
     ApplyWidths();
     KeepActiveCell();
@@ -878,6 +880,7 @@ void fpSpread::KeepActiveCell()
 
 void fpSpread::ApplyWidths()
 {
+    layingOut_ = true;
     const int unit = UnitWidth();
     horizontalHeader()->setDefaultSectionSize(qRound(DefaultColWidth * unit));
     verticalHeader()->setFixedWidth(qRound(ColWidth(0) * unit));
@@ -894,11 +897,20 @@ void fpSpread::ApplyWidths()
                        std::max(qRound(end) - begin, 4)); // from rounded end to rounded end: no pixel is lost
         begin = qRound(end);
     }
+    layingOut_ = false;
+    WidenLastColumn();
+}
+
+void fpSpread::WidenLastColumn()
+{
     const bool asWideAsItsColumns = sizeAdjustPolicy() == AdjustToContents;
-    if (!fillWidth_ && !asWideAsItsColumns && content > 0 && content < room) {
-        const QModelIndex last = CellTowards(*this, viewport()->rect().bottomRight());
-        setColumnWidth(last.column(), columnWidth(last.column()) + room - content);
-    }
+    int last = MaxCols() - 1;
+    while (last >= 0 && isColumnHidden(last))
+        --last;
+    if (layingOut_ || asWideAsItsColumns || last < 0)
+        return;
+    const int others = horizontalHeader()->length() - columnWidth(last);
+    setColumnWidth(last, std::max(qRound(ColWidth(last + 1) * UnitWidth()), viewport()->width() - others));
 }
 
 /// The width of the columns on view as they were set; 0 while some of them were not.

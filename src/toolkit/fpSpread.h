@@ -96,7 +96,8 @@ public:
     void SetHeadersVisible(bool columns, bool rows);
     void SetGridColor(const QColor& color);
     void SetBackgroundColor(const QColor& color); ///< of the area beyond the cells
-    /// Where the columns leave room all of them are widened in proportion; off: the last one has it.
+    /// Where the columns leave room all of them are widened in proportion; off: the last one has it, as it
+    /// has what a person takes from another one.
     void SetFillWidth(bool on);
     /// Off: the space bar does nothing in cells without text entry.
     void SetSpaceClicks(bool on);
@@ -205,6 +206,7 @@ private:
     void CancelEdit();
     void KeepActiveCell();
     void ApplyWidths();
+    void WidenLastColumn();
     int ContentWidth() const;
     void ShowFocus();
     void UpdateRow(const QModelIndex& index);
@@ -224,6 +226,7 @@ private:
     bool rowCursor_ = false;
     bool spaceClicks_ = true;
     bool fillWidth_ = false;
+    bool layingOut_ = false; // the widths of all columns are being set
 };
 
 } // namespace tsms

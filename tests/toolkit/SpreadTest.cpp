@@ -1335,6 +1335,8 @@ TEST_F(SpreadTest, TheLastColumnOnViewHasTheRoomThatIsLeft)
     EXPECT_EQ(grid.horizontalHeader()->length(), grid.viewport()->width());
     EXPECT_EQ(grid.columnWidth(2), third);
     EXPECT_EQ(grid.ColWidth(4), 1.5);
+    grid.setColumnWidth(2, third - 30); // as a person does, by its title
+    EXPECT_EQ(grid.horizontalHeader()->length(), grid.viewport()->width());
     grid.resize(220, 300);
     EXPECT_EQ(grid.horizontalHeader()->length(), grid.viewport()->width());
     grid.resize(100, 300);
