@@ -1,6 +1,8 @@
 # Sourced by ./run, ./test, ./check and .ci/run: which Debian packages each of them needs, and how to get them.
 # shellcheck shell=bash
 source scripts/progress.sh
+# Qt reads words in UTF-8, and would say so at each start where the locale says otherwise.
+[ "$(locale charmap 2>/dev/null)" = UTF-8 ] || export LC_ALL=C.UTF-8
 
 build_packages=(
   g++ cmake ninja-build ccache pkg-config

@@ -6,8 +6,10 @@
 #include <sys/prctl.h>
 #endif
 #ifdef Q_OS_UNIX
+#include <clocale>
 #include <csignal>
 #include <fcntl.h>
+#include <langinfo.h>
 #include <unistd.h>
 #endif
 
@@ -43,6 +45,14 @@ void TakeWriteFaultsAsErrors()
     nothing.sa_flags = SA_RESTART;
     for (const int signal : {SIGPIPE, SIGXFSZ})
         ::sigaction(signal, &nothing, nullptr);
+#endif
+}
+
+void TakeWordsAsUtf8()
+{
+#ifdef Q_OS_UNIX
+    if (std::setlocale(LC_ALL, "") == nullptr || qstricmp(::nl_langinfo(CODESET), "UTF-8") != 0)
+        qputenv("LC_ALL", "C.UTF-8");
 #endif
 }
 

@@ -14,4 +14,8 @@ void FillStandardStreams();
 /// do not end the process. Programs that it starts are not concerned.
 void TakeWriteFaultsAsErrors();
 
+/// Has Qt read and write words in UTF-8, as it does anyway, without a warning at each start where the locale
+/// says otherwise. Call it before Qt's application is made.
+void TakeWordsAsUtf8();
+
 } // namespace tsms

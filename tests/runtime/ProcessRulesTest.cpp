@@ -92,4 +92,19 @@ TEST(ProcessRules, StandardStreamsThatAreOpenStayWhatTheyAre)
         testing::ExitedWithCode(0), "still heard");
 }
 
+TEST(ProcessRules, WordsAreUtf8WhateverTheLocaleSays)
+{
+    const auto localeAfter = [](const char* before) {
+        const QByteArray kept = qgetenv("LC_ALL");
+        qputenv("LC_ALL", before);
+        TakeWordsAsUtf8();
+        const QByteArray after = qgetenv("LC_ALL");
+        qputenv("LC_ALL", kept);
+        return after;
+    };
+    EXPECT_EQ(localeAfter("C"), "C.UTF-8");
+    EXPECT_EQ(localeAfter("no_SUCH"), "C.UTF-8");
+    EXPECT_EQ(localeAfter("C.utf8"), "C.utf8");
+}
+
 } // namespace

@@ -7,6 +7,7 @@
 int main(int argc, char** argv)
 {
     tsms::TakeWriteFaultsAsErrors();
+    tsms::TakeWordsAsUtf8();
     const QCoreApplication application(argc, argv);
     const tsms::SystemClock clock;
     QTextStream out(stdout);

@@ -2,6 +2,7 @@
 #include "tsms-gateway/SimulatedGateway.h"
 
 #include "runtime/Clock.h"
+#include "runtime/ProcessRules.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -45,6 +46,7 @@ int Fail(const QString& words)
 
 int main(int argc, char** argv)
 {
+    tsms::TakeWordsAsUtf8();
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("tsms-gateway"));
 

@@ -1,5 +1,6 @@
 // Says something in a window to who started the demo from a menu, where no terminal would show it.
 //   tsms-notice TITLE TEXT
+#include "runtime/ProcessRules.h"
 #include "toolkit/Theme.h"
 
 #include <QApplication>
@@ -7,6 +8,7 @@
 
 int main(int argc, char** argv)
 {
+    tsms::TakeWordsAsUtf8();
     QApplication application(argc, argv);
     const QStringList words = QApplication::arguments();
     if (words.size() != 3) {
