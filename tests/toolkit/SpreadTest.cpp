@@ -1343,6 +1343,13 @@ TEST_F(SpreadTest, TheLastColumnOnViewHasTheRoomThatIsLeft)
     EXPECT_GT(grid.horizontalHeader()->length(), 100);
 }
 
+TEST_F(SpreadTest, TheLastColumnHasTheRoomThatIsLeftAlsoWhileThereAreNoRows)
+{
+    grid.SetMaxRows(0);
+    Show();
+    EXPECT_EQ(grid.horizontalHeader()->length(), grid.viewport()->width());
+}
+
 TEST_F(SpreadTest, F2AndADoubleClickEditInPlace)
 {
     Show();
