@@ -242,21 +242,34 @@ public:
     }
 };
 
-/// What was picked; empty when the user cancels.
-QString Pick(QFileDialog& picker)
+/// The picker asks its types from a thread of its own, and so ends before them.
+struct Picker
+{
+    Picker(const QString& title, const QString& folder, const QString& filter = {})
+        : dialog(FrontWindow(), title, folder, filter)
+    {
+        dialog.setIconProvider(&types);
+        dialog.setProxyModel(new KoreanDates(&dialog));
+    }
+
+    /// What was picked; empty when the user cancels.
+    QString Pick();
+
+    KoreanTypes types;
+    QFileDialog dialog;
+};
+
+QString Picker::Pick()
 {
     constexpr QSize RoomForDates(720, 460);
-    KoreanTypes types;
-    picker.setIconProvider(&types);
-    picker.setProxyModel(new KoreanDates(&picker));
-    if (auto* list = picker.findChild<QTreeView*>()) { // none where the desk has a picker of its own
+    if (auto* list = dialog.findChild<QTreeView*>()) { // none where the desk has a picker of its own
         QHeaderView& columns = *list->header();
         columns.setStretchLastSection(false);
         columns.setSectionResizeMode(QHeaderView::ResizeToContents);
         columns.setSectionResizeMode(0, QHeaderView::Stretch);
-        picker.resize(RoomForDates);
+        dialog.resize(RoomForDates);
     }
-    return picker.exec() == QDialog::Accepted ? picker.selectedFiles().value(0) : QString();
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 } // namespace
@@ -308,10 +321,10 @@ void QtDesktop::OpenDocument(const QString& path)
 
 QString QtDesktop::PickFile(const QString& title, const QString& filter)
 {
-    QFileDialog picker(FrontWindow(), title, filesFolder_, PickerFilter(filter));
-    picker.setFileMode(QFileDialog::ExistingFile);
-    picker.setAcceptMode(QFileDialog::AcceptOpen);
-    QString file = Pick(picker);
+    Picker picker(title, filesFolder_, PickerFilter(filter));
+    picker.dialog.setFileMode(QFileDialog::ExistingFile);
+    picker.dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    QString file = picker.Pick();
     if (!file.isEmpty())
         filesFolder_ = QFileInfo(file).absolutePath();
     return file;
@@ -319,11 +332,11 @@ QString QtDesktop::PickFile(const QString& title, const QString& filter)
 
 QString QtDesktop::PickFolder(const QString& prompt)
 {
-    QFileDialog picker(FrontWindow(), prompt, foldersFolder_);
-    picker.setFileMode(QFileDialog::Directory);
-    picker.setOption(QFileDialog::ShowDirsOnly);
-    picker.setLabelText(QFileDialog::FileName, QStringLiteral("폴더:"));
-    QString folder = Pick(picker);
+    Picker picker(prompt, foldersFolder_);
+    picker.dialog.setFileMode(QFileDialog::Directory);
+    picker.dialog.setOption(QFileDialog::ShowDirsOnly);
+    picker.dialog.setLabelText(QFileDialog::FileName, QStringLiteral("폴더:"));
+    QString folder = picker.Pick();
     if (!folder.isEmpty())
         foldersFolder_ = folder;
     return folder;
