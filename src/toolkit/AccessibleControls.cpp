@@ -1,6 +1,7 @@
 #include "toolkit/AccessibleControls.h"
 
 #include "runtime/Text.h"
+#include "toolkit/AccessibleButton.h"
 #include "toolkit/AccessibleGrid.h"
 #include "toolkit/ComboBox.h"
 #include "toolkit/Controls.h"
@@ -119,6 +120,39 @@ private:
     ComboBox& box_;
 };
 
+class AccessiblePictureButton final : public AccessibleButton
+{
+public:
+    explicit AccessiblePictureButton(PictureButton& button)
+        : AccessibleButton(button, [&button] { button.click(); }), button_(button)
+    {
+    }
+
+    QAccessible::Role role() const override
+    {
+        return IsSign() ? QAccessible::Graphic : AccessibleButton::role();
+    }
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = AccessibleButton::state();
+        if (IsSign()) // it means nothing
+            state.invisible = true;
+        state.pressed = button_.isDown();
+        state.selectable = button_.LookOf() == PictureButton::Look::Selected;
+        state.selected = state.selectable;
+        return state;
+    }
+    QStringList actionNames() const override
+    {
+        return IsSign() ? QStringList() : AccessibleButton::actionNames();
+    }
+
+private:
+    bool IsSign() const { return button_.LookOf() == PictureButton::Look::Sign; }
+
+    PictureButton& button_;
+};
+
 QAccessible::Role RoleOf(const Form& form)
 {
     return form.windowType() == Qt::Dialog ? QAccessible::Dialog : QAccessible::Window;
@@ -134,6 +168,8 @@ QAccessibleInterface* MakeAccessible(const QString& className, QObject* object)
         return new QAccessibleWidget(static_cast<Panel*>(object), QAccessible::Grouping);
     if (is(Label::staticMetaObject))
         return new AccessibleLabel(static_cast<Label&>(*object));
+    if (is(PictureButton::staticMetaObject)) // the platform knows buttons with a text only
+        return new AccessiblePictureButton(static_cast<PictureButton&>(*object));
     if (is(ComboBox::staticMetaObject))
         return new AccessibleComboBox(static_cast<ComboBox&>(*object));
     if (is(fpSpread::staticMetaObject))

@@ -1,13 +1,13 @@
 #include "toolkit/Controls.h"
 
 #include "runtime/Text.h"
-#include "toolkit/AccessibleButton.h"
 #include "toolkit/Guarded.h"
 #include "toolkit/Naming.h"
 #include "toolkit/Pictures.h"
 #include "toolkit/TextField.h"
 #include "toolkit/Theme.h"
 
+#include <QAccessible>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
@@ -35,52 +35,6 @@ QString Shown(const QString& caption)
 QRectF HalfPixelInside(const QRect& rect)
 {
     return QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5);
-}
-
-class AccessiblePictureButton final : public AccessibleButton
-{
-public:
-    explicit AccessiblePictureButton(PictureButton& button)
-        : AccessibleButton(button, [&button] { button.click(); }), button_(button)
-    {
-    }
-
-    QAccessible::Role role() const override
-    {
-        return IsSign() ? QAccessible::Graphic : AccessibleButton::role();
-    }
-    QAccessible::State state() const override
-    {
-        QAccessible::State state = AccessibleButton::state();
-        if (IsSign()) // it means nothing
-            state.invisible = true;
-        state.pressed = button_.isDown();
-        state.selectable = button_.LookOf() == PictureButton::Look::Selected;
-        state.selected = state.selectable;
-        return state;
-    }
-    QStringList actionNames() const override
-    {
-        return IsSign() ? QStringList() : AccessibleButton::actionNames();
-    }
-
-private:
-    bool IsSign() const { return button_.LookOf() == PictureButton::Look::Sign; }
-
-    PictureButton& button_;
-};
-
-/// The platform knows buttons with a text only.
-QAccessibleInterface* MakeAccessiblePictureButton(const QString&, QObject* object)
-{
-    auto* button = qobject_cast<PictureButton*>(object);
-    return button ? new AccessiblePictureButton(*button) : nullptr;
-}
-
-void TellOfPictureButtons()
-{
-    static const bool told = (QAccessible::installFactory(MakeAccessiblePictureButton), true);
-    Q_UNUSED(told)
 }
 
 } // namespace
@@ -120,7 +74,6 @@ PictureButton::PictureButton(QWidget* parent, const QString& name, const QString
                              const QString& words, Look look)
     : QAbstractButton(parent), picture_(picture), words_(words), look_(look)
 {
-    TellOfPictureButtons();
     setFocusPolicy(HasRoomForWords() ? Qt::StrongFocus : Qt::NoFocus);
     setAttribute(Qt::WA_Hover);
     SetName(*this, name);
