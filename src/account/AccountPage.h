@@ -24,7 +24,7 @@ public:
     {
         /// The active row of the recipient list. A delete tests that row of the ledger for being there.
         std::function<int()> recipientRow;
-        /// Takes a grid away as a workbook of that title.
+        /// Takes a grid away as a workbook of that title. Answers in words what became of it, or nothing.
         std::function<QString(const fpSpread& grid, const QString& title)> exportGrid;
     };
 

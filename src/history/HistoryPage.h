@@ -31,7 +31,7 @@ public:
     {
         /// Withdraws the ticked rows, `count` of them, and returns when that is over.
         std::function<void(const SentRows& rows, std::int32_t count)> cancel;
-        /// Takes the list away as a workbook.
+        /// Takes the list away as a workbook. Answers in words what became of it, or nothing.
         std::function<QString(const fpSpread& list, const QString& title)> exportGrid;
     };
 
