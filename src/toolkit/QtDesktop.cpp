@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPainter>
+#include <QPointer>
 #include <QPushButton>
 #include <QScreen>
 #include <QShowEvent>
@@ -276,7 +277,8 @@ QString Picker::Pick()
 
 MsgBoxAnswer QtDesktop::MsgBox(const QString& text, MsgBoxStyle style, const QString& title)
 {
-    PlacedBox box(FrontWindow());
+    const QPointer<QWidget> below = FrontWindow();
+    PlacedBox box(below);
     box.setTextFormat(Qt::PlainText);
     box.setWindowTitle(title);
     box.setText(ShownText(text));
@@ -293,6 +295,9 @@ MsgBoxAnswer QtDesktop::MsgBox(const QString& text, MsgBoxStyle style, const QSt
     NameButton(box, QMessageBox::No, QStringLiteral("아니요"));
     LayOutText(box);
     const int answer = box.exec();
+    // The desk may still be about to give the keyboard to a box that was closed as quickly as it came.
+    if (below && below->isVisible())
+        below->activateWindow();
     if (!Asks(style))
         return AnswerOK;
     return answer == QMessageBox::Yes ? AnswerYes : AnswerNo;

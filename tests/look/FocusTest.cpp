@@ -64,7 +64,7 @@ protected:
 
 TEST_F(VisibleFocus, OnTheComposePage)
 {
-    ExpectSigns(*program.form, 26);
+    ExpectSigns(*program.form, 17);
 }
 
 TEST_F(VisibleFocus, OnTheHistoryPage)
@@ -82,7 +82,7 @@ TEST_F(VisibleFocus, OnTheChargePage)
 TEST_F(VisibleFocus, OnTheTemplatePageAndInItsPopups)
 {
     program.Click(u"BtnToolbarDis(3)"_q);
-    ExpectSigns(*program.form, 28);
+    ExpectSigns(*program.form, 19);
     for (const auto& [popup, stops] : {std::pair(0, 2), std::pair(1, 3)}) {
         program.Click(u"BtnFuncDocEdit(%1)"_q.arg(popup));
         ExpectSigns(program.Control(u"PlDocEdit(%1)"_q.arg(popup)), stops);
