@@ -554,7 +554,7 @@ void fpSpread::contextMenuEvent(QContextMenuEvent* event)
     event->accept();
     CommitEdit();
     if (event->reason() != QContextMenuEvent::Mouse) {
-        OpenMenu(viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
+        OpenMenuAtCell();
         return;
     }
     const QModelIndex under = indexAt(event->pos());
@@ -597,7 +597,8 @@ void fpSpread::keyPressEvent(QKeyEvent* event)
         return;
     }
     if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
-        OpenMenu(viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
+        CommitEdit();
+        OpenMenuAtCell();
         return;
     }
     const QModelIndex corner = CornerBehind(*this, *event);
@@ -836,6 +837,11 @@ void fpSpread::OpenMenu(QPoint place)
             &fpSpread::ClearSelected);
     }
     menu->popup(place);
+}
+
+void fpSpread::OpenMenuAtCell()
+{
+    OpenMenu(viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
 }
 
 bool fpSpread::HasEditColumn() const

@@ -196,6 +196,7 @@ private:
     void ClearSelected();
     void SelectTowards(QPoint place);
     void OpenMenu(QPoint place);
+    void OpenMenuAtCell();
     bool HasEditColumn() const;
     void TellOfSelection(const QItemSelection& cells, QAccessible::Event what);
     void ClickCell(const QModelIndex& index);

@@ -1328,6 +1328,18 @@ TEST_F(SpreadBlock, ShiftAndF10OpenTheMenuBelowTheActiveCell)
     menu->close();
 }
 
+TEST_F(SpreadBlock, ShiftAndF10EndAnEditBeforeTheMenuOpens)
+{
+    Open();
+    grid.SetActiveCell(3, 2);
+    Press(Qt::Key_F2);
+    Type("9");
+    Press(Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_FALSE(IsEditing());
+    EXPECT_EQ(grid.GetText(3, 2), u"010-29"_q);
+    QApplication::activePopupWidget()->close();
+}
+
 TEST_F(SpreadTest, TheLastColumnOnViewHasTheRoomThatIsLeft)
 {
     const int third = grid.columnWidth(2);
