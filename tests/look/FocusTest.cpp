@@ -64,7 +64,7 @@ protected:
 
 TEST_F(VisibleFocus, OnTheComposePage)
 {
-    ExpectSigns(*program.form, 17);
+    ExpectSigns(*program.form, 18);
 }
 
 TEST_F(VisibleFocus, OnTheHistoryPage)
