@@ -4,6 +4,7 @@
 #include "toolkit/Guarded.h"
 #include "toolkit/Naming.h"
 #include "toolkit/Pictures.h"
+#include "toolkit/Placing.h"
 #include "toolkit/TextField.h"
 #include "toolkit/Theme.h"
 
@@ -355,9 +356,7 @@ PopupPanel::PopupPanel(QWidget* parent, const QString& name) : Panel(parent, nam
 void PopupPanel::Open(QPoint corner)
 {
     resize(sizeHint().expandedTo(minimumSize()));
-    const QSize room = parentWidget()->size() - size();
-    move(std::clamp(corner.x(), 0, std::max(0, room.width())),
-         std::clamp(corner.y(), 0, std::max(0, room.height())));
+    move(MovedInto({corner, size()}, parentWidget()->rect()).topLeft());
     show();
     raise();
 }

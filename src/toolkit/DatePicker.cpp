@@ -5,6 +5,7 @@
 #include "toolkit/KeyFilter.h"
 #include "toolkit/Naming.h"
 #include "toolkit/Pictures.h"
+#include "toolkit/Placing.h"
 #include "toolkit/Theme.h"
 
 #include <QAction>
@@ -394,10 +395,7 @@ void DatePicker::PlaceCalendar()
     QRect place(mapToGlobal(rect().bottomLeft()) + QPoint(0, 1), popup_->size());
     if (place.bottom() > room.bottom())
         place.moveBottom(mapToGlobal(QPoint()).y() - 1);
-    place.moveRight(std::min(place.right(), room.right()));
-    place.moveLeft(std::max(place.left(), room.left()));
-    place.moveTop(std::max(place.top(), room.top()));
-    popup_->move(place.topLeft());
+    popup_->move(MovedInto(place, room).topLeft());
 }
 
 void DatePicker::Choose(QDate date)

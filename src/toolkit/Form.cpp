@@ -5,6 +5,7 @@
 #include "toolkit/Controls.h"
 #include "toolkit/Guarded.h"
 #include "toolkit/Naming.h"
+#include "toolkit/Placing.h"
 #include "toolkit/Theme.h"
 
 #include <QApplication>
@@ -223,12 +224,7 @@ void Form::Place()
     const QRect around = over ? over->geometry() : screen()->availableGeometry();
     QRect place(QPoint(), size());
     place.moveCenter(around.center());
-    const QRect room = screen()->availableGeometry();
-    place.moveRight(std::min(place.right(), room.right()));
-    place.moveBottom(std::min(place.bottom(), room.bottom()));
-    place.moveLeft(std::max(place.left(), room.left()));
-    place.moveTop(std::max(place.top(), room.top()));
-    move(place.topLeft());
+    move(MovedInto(place, screen()->availableGeometry()).topLeft());
 }
 
 void Form::FitInto(QSize)

@@ -3,6 +3,7 @@
 #include "runtime/Text.h"
 #include "toolkit/Form.h"
 #include "toolkit/LimitRule.h"
+#include "toolkit/Placing.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -202,15 +203,10 @@ protected:
 private:
     void MoveBefore(const QWidget& window)
     {
-        const QRect room = screen()->availableGeometry();
         QRect place(QPoint(), size());
         // Without its frame: it has none, and what a window manager tells of one may be nonsense at first.
         place.moveCenter(window.geometry().center());
-        place.moveRight(std::min(place.right(), room.right()));
-        place.moveBottom(std::min(place.bottom(), room.bottom()));
-        place.moveLeft(std::max(place.left(), room.left()));
-        place.moveTop(std::max(place.top(), room.top()));
-        move(place.topLeft());
+        move(MovedInto(place, screen()->availableGeometry()).topLeft());
     }
 };
 
