@@ -12,12 +12,10 @@ void EndComposition();
 
 /// What the input method has under way, as the events of the whole program tell. It mends two habits of input
 /// methods and their connection to the toolkit:
-/// - A press of the mouse makes some of them hand over what was composed where the mouse went. The
-/// composition
-///   ends before the press, where it stands.
-/// - When the toolkit has ended a composition by itself some engines hand the same text over once more, a
-/// moment
-///   later, to whatever has the focus by then. That echo is withheld.
+/// - A press of the mouse makes some of them hand over what was composed where the mouse went. So the
+///   composition ends before the press, where it stands.
+/// - When the toolkit or a field has ended a composition by itself, some engines hand the same text over
+///   once more, to whatever has the focus by then. That echo is withheld.
 class Composition
 {
 public:

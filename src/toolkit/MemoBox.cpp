@@ -143,8 +143,7 @@ void MemoBox::keyReleaseEvent(QKeyEvent* event)
 
 void MemoBox::inputMethodEvent(QInputMethodEvent* event)
 {
-    if (CameAlready(*event))
-        return;
+    SeeComposed(*event);
     SendFilteredCommit(
         *event, [this](QStringView keys) { return PassKeys(keys); },
         [this](QInputMethodEvent* commit) {

@@ -101,8 +101,7 @@ void TextBox::keyReleaseEvent(QKeyEvent* event)
 
 void TextBox::inputMethodEvent(QInputMethodEvent* event)
 {
-    if (CameAlready(*event))
-        return;
+    SeeComposed(*event);
     SendFilteredCommit(
         *event, [this](QStringView keys) { return PassKeys(keys); },
         [this](QInputMethodEvent* commit) { EditByCommit([&] { QLineEdit::inputMethodEvent(commit); }); });

@@ -101,28 +101,21 @@ void TextField::PutText(const QString& text)
 }
 
 /// What is still being composed belongs to the text before the change. Left alone, it would be handed over
-/// into the text behind it.
+/// into the text behind it: some input methods do so at once when they are told to end, others later. By then
+/// it is an echo of what the field has put in by itself, and Composition withholds it.
 void TextField::FinishComposing()
 {
     if (change_ || composed_.isEmpty())
         return;
-    const QString syllable = composed_;
     QInputMethodEvent commit;
-    commit.setCommitString(syllable);
+    commit.setCommitString(composed_);
     QCoreApplication::sendEvent(&Widget(), &commit);
-    finished_ = syllable;
     QGuiApplication::inputMethod()->reset();
 }
 
-bool TextField::CameAlready(QInputMethodEvent& event)
+void TextField::SeeComposed(const QInputMethodEvent& event)
 {
     composed_ = event.preeditString();
-    const bool again = !finished_.isEmpty() && event.commitString() == finished_;
-    if (again)
-        event.accept();
-    if (!composed_.isEmpty() || !event.commitString().isEmpty())
-        finished_.clear();
-    return again;
 }
 
 void TextField::ChangeByProgram(Author author, const QString& text)

@@ -109,9 +109,8 @@ protected:
     /// Runs what a key press or a commit does to the text, which joins the step of those before it.
     void EditByKey(const QKeyEvent& key, const std::function<void()>& edit);
     void EditByCommit(const std::function<void()>& edit);
-    /// Looks at what an input method sends. True when it is the text that FinishComposing has put in already:
-    /// asked to end its work, one input method hands it over at once, another one later.
-    bool CameAlready(QInputMethodEvent& event);
+    /// Looks at what an input method sends, before the control does.
+    void SeeComposed(const QInputMethodEvent& event);
     /// True when the keys are those of undo or redo, which are then used up.
     bool TakesBack(QKeyEvent& key);
     /// Opens the menu of the control, whose first two entries are undo and redo.
@@ -139,7 +138,6 @@ private:
 
     QString settled_;
     QString composed_; // by an input method, and not yet handed over
-    QString finished_; // was composed, is put in, and may come once more
     EditHistory history_;
     Change* change_ = nullptr;
     QWidget* backing_ = nullptr;

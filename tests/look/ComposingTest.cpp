@@ -69,6 +69,21 @@ TEST_F(Composing, KeepsTheLimitOfTheMessage)
     ExpectLimited(*program.form, {u"TxtPerSendMsg"_q, 80});
 }
 
+TEST_F(Composing, BelongsToTheTextThatIsReplacedAndDoesNotComeAgain)
+{
+    QWidget& message = program.Control(u"TxtPerSendMsg"_q);
+    auto& text = program.The<TextField>(u"TxtPerSendMsg"_q);
+    QInputMethodEvent composed(u"녕"_q, {});
+    QApplication::sendEvent(&message, &composed);
+    text.PutText(u"서식"_q);
+    QInputMethodEvent again; // as input methods send it that are told to end
+    again.setCommitString(u"녕"_q);
+    QApplication::sendEvent(&message, &again);
+    EXPECT_EQ(text.Text(), u"서식"_q);
+    text.Undo();
+    EXPECT_EQ(text.Text(), u"녕"_q);
+}
+
 TEST_F(Composing, KeepsTheLimitOfATemplatesTitle)
 {
     program.Click(u"BtnToolbarDis(3)"_q);
