@@ -3,6 +3,8 @@
 #include "toolkit/Guarded.h"
 #include "toolkit/Pictures.h"
 
+#include <QAbstractButton>
+#include <QKeyEvent>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QScopedValueRollback>
@@ -50,12 +52,31 @@ Application::Application(int& argc, char** argv) : QApplication(AwaitDisplay(arg
 
 bool Application::notify(QObject* receiver, QEvent* event)
 {
+    if (IsHeldOnButton(*receiver, *event))
+        return true;
     const bool composing = event->type() == QEvent::InputMethod;
     const bool handedOn = composing && composing_;
     if (!handedOn && composition_.Withholds(*event))
         return true;
     const QScopedValueRollback within(composing_, composing_ || composing);
     return Deliver(receiver, event);
+}
+
+/// One press is one click. A key that is held would otherwise press what the first click brought up, too, and
+/// in the end send again and again.
+bool Application::IsHeldOnButton(const QObject& receiver, const QEvent& event)
+{
+    if (event.type() != QEvent::KeyPress && event.type() != QEvent::KeyRelease)
+        return false;
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    if (event.type() == QEvent::KeyRelease) {
+        released_ = key.timestamp();
+        return false;
+    }
+    const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+    // Under X a busy program is told of each repetition as of a release and a press, both of one moment.
+    const bool held = key.isAutoRepeat() || (released_ != 0 && key.timestamp() == released_);
+    return enter && held && qobject_cast<const QAbstractButton*>(&receiver);
 }
 
 bool Application::Deliver(QObject* receiver, QEvent* event)

@@ -10,6 +10,8 @@
 #include <QEvent>
 #include <QIcon>
 #include <QImage>
+#include <QKeyEvent>
+#include <QPushButton>
 #include <QWidget>
 
 #include <gtest/gtest.h>
@@ -88,6 +90,53 @@ TEST(Application, AnErrorThatLeftAnEventHandlerLeavesNoBusyBehind)
     QCoreApplication::processEvents();
     EXPECT_EQ(desktop.boxes.size(), 1);
     EXPECT_FALSE(session.IsBusy());
+}
+
+struct ButtonUnderEnter
+{
+    QPushButton button;
+    int clicks = 0;
+
+    ButtonUnderEnter()
+    {
+        button.setAutoDefault(true);
+        QObject::connect(&button, &QPushButton::clicked, &button, [this] { ++clicks; });
+    }
+
+    void Send(QEvent::Type type, quint64 moment, bool repeated = false)
+    {
+        QKeyEvent event(type, Qt::Key_Return, Qt::NoModifier, u"\r"_q, repeated);
+        event.setTimestamp(moment);
+        QCoreApplication::sendEvent(&button, &event);
+    }
+};
+
+TEST(Application, EnterThatIsHeldDownPressesAButtonOnce)
+{
+    ButtonUnderEnter hand;
+    hand.Send(QEvent::KeyPress, 100);
+    hand.Send(QEvent::KeyRelease, 500, true);
+    hand.Send(QEvent::KeyPress, 500, true);
+    EXPECT_EQ(hand.clicks, 1);
+}
+
+TEST(Application, EnterThatIsToldAsReleasedAndPressedAtOneMomentIsHeldDownToo)
+{
+    ButtonUnderEnter hand;
+    hand.Send(QEvent::KeyPress, 100);
+    hand.Send(QEvent::KeyRelease, 500);
+    hand.Send(QEvent::KeyPress, 500);
+    EXPECT_EQ(hand.clicks, 1);
+}
+
+TEST(Application, EnterThatIsPressedTwicePressesAButtonTwice)
+{
+    ButtonUnderEnter hand;
+    for (const quint64 moment : {100, 200}) {
+        hand.Send(QEvent::KeyPress, moment);
+        hand.Send(QEvent::KeyRelease, moment + 50);
+    }
+    EXPECT_EQ(hand.clicks, 2);
 }
 
 TEST(Application, AWindowBearsTheIconOfTheProgram)
