@@ -139,11 +139,11 @@ fpSpread::fpSpread(QWidget* parent)
     setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
     SetBackgroundColor(theme::White);
     ShowFocus();
-    connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this,
-            [this](int section) { Q_EMIT DblClick(section + 1, 0); });
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, &fpSpread::WidenLastColumn);
-    connect(verticalHeader(), &QHeaderView::sectionDoubleClicked, this,
-            [this](int section) { Q_EMIT DblClick(0, section + 1); });
+    for (const auto place : {&QHeaderView::sectionDoubleClicked, &QHeaderView::sectionHandleDoubleClicked}) {
+        connect(horizontalHeader(), place, this, [this](int section) { Q_EMIT DblClick(section + 1, 0); });
+        connect(verticalHeader(), place, this, [this](int section) { Q_EMIT DblClick(0, section + 1); });
+    }
     for (const QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()})
         connect(bar, &QScrollBar::valueChanged, this, [this] {
             if (down_ && drags_)
