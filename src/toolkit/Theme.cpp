@@ -274,6 +274,8 @@ public:
             DrawScrollBar(*slider, *painter, widget);
         else if (list && control == CC_ComboBox)
             DrawList(*list, *painter, widget);
+        else if (const auto* tool = qstyleoption_cast<const QStyleOptionToolButton*>(option))
+            DrawToolButton(*tool, *painter, widget);
         else
             QProxyStyle::drawComplexControl(control, option, painter, widget);
     }
@@ -337,6 +339,14 @@ private:
         DrawField(painter, field, Touched(face, list, Is(list, State_On)));
         const QRect arrow = proxy()->subControlRect(CC_ComboBox, &list, SC_ComboBoxArrow, widget);
         DrawArrow(painter, arrow, true, false, Is(list, State_Enabled) ? Handle : Disabled);
+    }
+
+    /// The month of a calendar, whose list needs no sign of its own in the corner of its word.
+    void DrawToolButton(const QStyleOptionToolButton& button, QPainter& painter, const QWidget* widget) const
+    {
+        QStyleOptionToolButton plain(button);
+        plain.features &= ~QStyleOptionToolButton::HasMenu;
+        QProxyStyle::drawComplexControl(CC_ToolButton, &plain, &painter, widget);
     }
 
     void DrawScrollBar(const QStyleOptionSlider& bar, QPainter& painter, const QWidget* widget) const
