@@ -26,9 +26,9 @@ class SpreadModel;
 /// Behaviour: a click or an arrow key makes a cell the active one. Typing (also by an input method) in an
 /// edit cell replaces its text, F2 and a double click edit it in place. A drag, Shift and a click, Shift and
 /// the keys that walk, and Ctrl+A select a block; the active cell stays where it is. Ctrl+C copies what is
-/// selected, Ctrl+X and Delete empty its edit cells, Ctrl+V pastes at the active cell; a menu has the same.
-/// The space bar in any other cell counts as a click on it. Tab leaves the grid; from a cell that is being
-/// edited it goes on as Enter does, and Shift+Tab back to the edit cell before it.
+/// selected, Ctrl+X and Delete empty its edit cells, Ctrl+V pastes at the active cell; a menu has all but
+/// Ctrl+X. The space bar in any other cell counts as a click on it. Tab leaves the grid; from a cell that is
+/// being edited it goes on as Enter does, and Shift+Tab back to the edit cell before it.
 class fpSpread : public QTableView
 {
     Q_OBJECT
