@@ -107,6 +107,14 @@ class Hands:
         self._x("key", "--delay", str(self.pace), *keys)
         self._typed = time.monotonic()
 
+    def hold(self, key, seconds):
+        """The server repeats it meanwhile."""
+        self._still_runs()
+        self._x("keydown", key)
+        time.sleep(seconds)
+        self._x("keyup", key)
+        self._typed = time.monotonic()
+
     def keys_have_arrived(self):
         """Their effect was seen: the hand has had its time."""
         self._typed = 0.0

@@ -35,3 +35,22 @@ def _send(hands):
     sent = hands.rows(f"SELECT SendNm, SendTelNo, SMSContent FROM {_log()} WHERE SMSKey > {last}")
     hands.expect("the log", sent, [("김씨", "010-0000-0001", "김씨님 안녕")])
     recipients.expect({1: ("김씨", "010-0000-0001")})
+
+
+@scene("Enter that is held down on 발송 opens the dialog, and sends nothing")
+def _held(hands):
+    hands.pace = 30
+    recipients = Recipients(hands)
+    last = hands.rows(f"SELECT max(SMSKey) FROM {_log()}")[0][0]
+    hands.click(MESSAGE)
+    hands.write("안녕")
+    recipients.click(PHONE, 1)
+    hands.write("010-0000-0001\n")
+    recipients.await_cell(NAME, 2)
+    hands.press("Tab", "Tab")
+    hands.wait(lambda: hands.the("발송").has_focus, "발송 with the focus")
+    hands.hold("Return", seconds=1.5)
+    hands.wait_for(DISPATCH)
+    hands.expect("the log", hands.rows(f"SELECT max(SMSKey) FROM {_log()}")[0][0], last)
+    hands.press("Escape")
+    hands.wait_gone(DISPATCH)
