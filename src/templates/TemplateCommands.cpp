@@ -78,9 +78,7 @@ void TemplateCommands::Delete()
                                  MsgBoxInformation, QStringLiteral("문자서식 삭제"));
         reload_();
         New();
-        // Taken back, what was written would belong to a template that is gone, and no save would store it.
-        fields_.body.ForgetHistory();
-        fields_.subject.ForgetHistory();
+        ForgetHistory(); // taken back, it would belong to a template that is gone, and no save would store it
     }
     services_.db.CloseDB();
 }
@@ -89,6 +87,7 @@ void TemplateCommands::Take(TemplateCards& cards, int card)
 {
     const Label& subject = cards.Subject(card);
     const Label& content = cards.Content(card);
+    const bool replacesStored = !IsNew();
     if (IsBlank(content.Caption())) {
         FillField(fields_.body, QString(), QString());
         FillField(fields_.subject, QString(), QString());
@@ -96,8 +95,16 @@ void TemplateCommands::Take(TemplateCards& cards, int card)
         FillField(fields_.body, content.Caption(), content.Tag);
         FillField(fields_.subject, subject.Caption(), subject.Tag);
     }
+    if (replacesStored) // taken back alone, its body would be saved with the title of this one
+        ForgetHistory();
     fields_.category.SetListIndex(cards.Category().ListIndex());
     fields_.body.SetFocus();
+}
+
+void TemplateCommands::ForgetHistory()
+{
+    fields_.body.ForgetHistory();
+    fields_.subject.ForgetHistory();
 }
 
 bool TemplateCommands::IsNew() const

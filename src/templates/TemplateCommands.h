@@ -42,6 +42,7 @@ public:
     void Take(TemplateCards& cards, int card);
 
 private:
+    void ForgetHistory();
     bool IsNew() const;
     bool BodyIsThere();
     bool SubjectIsThere();

@@ -226,6 +226,16 @@ TEST_F(TemplateLibrary, WhatACardReplacedComesBackAsTheNewTemplateThatItWas)
     EXPECT_EQ(Stored().size(), 4);
 }
 
+TEST_F(TemplateLibrary, ATemplateThatAnotherOneReplacedDoesNotComeBackBesideTheOthersTitle)
+{
+    ClickOn(EditCard(1));
+    ClickOn(EditCard(2));
+    const QString body = Body().Text();
+    PressKey(Body(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Body().Text(), body);
+    EXPECT_EQ(Body().Tag, u"2"_q);
+}
+
 TEST_F(TemplateLibrary, WhatRewriteEmptiedCanBeTakenBack)
 {
     ClickOn(EditCard(1));
