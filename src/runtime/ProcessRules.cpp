@@ -1,6 +1,6 @@
 #include "runtime/ProcessRules.h"
 
-#include <QtGlobal>
+#include <QByteArray>
 
 #ifdef Q_OS_LINUX
 #include <sys/prctl.h>
