@@ -21,6 +21,9 @@ struct Translation
 
 constexpr Translation Translations[] = {
     {u"^no such table: (?:main\\.)?(.*)$", NoSuchTable, u"Invalid object name '%1'."},
+    // Of a word in double quotes SQLite 3.41 and newer say more.
+    {u"^no such column: \"(.*)\" - should this be a string literal in single-quotes\\?$", StatementFailure,
+     u"Invalid column name '%1'."},
     {u"^no such column: (?:.*\\.)?(.*)$", StatementFailure, u"Invalid column name '%1'."},
     {u"^table .* has no column named (.*)$", StatementFailure, u"Invalid column name '%1'."},
     {u"^ambiguous column name: (.*)$", StatementFailure, u"Ambiguous column name '%1'."},

@@ -74,9 +74,10 @@ public:
     {
         return scaledPixmap(size, mode, state, 1.0);
     }
-    QPixmap scaledPixmap(const QSize& size, QIcon::Mode, QIcon::State, qreal) override
+    QPixmap scaledPixmap(const QSize& size, QIcon::Mode, QIcon::State, qreal scale) override
     {
-        return Render(name_, size, QColor());
+        // The size is in pixels up to Qt 6.7, and in the units of the desk since.
+        return Render(name_, QT_VERSION < QT_VERSION_CHECK(6, 8, 0) ? size : size * scale, QColor());
     }
     QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State) override { return size; }
     bool isNull() override { return !RendererOf(name_).isValid(); }
