@@ -92,7 +92,7 @@ QString WrappedLabel::SelectedText() const
 QString WrappedLabel::SelectedIn(const QWidget& window)
 {
     for (const auto* label : window.findChildren<WrappedLabel*>())
-        if (const QString selected = label->SelectedText(); !selected.isEmpty())
+        if (QString selected = label->SelectedText(); !selected.isEmpty())
             return selected;
     return {};
 }

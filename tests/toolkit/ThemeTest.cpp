@@ -246,8 +246,9 @@ TEST_F(Family, APickerIsOfIt)
         ++met;
         EXPECT_EQ(field->sizeHint().height(), theme::ControlHeight(field->fontMetrics()))
             << field->objectName().toStdString();
-        if (const auto* command = qobject_cast<QPushButton*>(field))
+        if (const auto* command = qobject_cast<QPushButton*>(field)) {
             EXPECT_TRUE(command->icon().isNull()) << command->text().toStdString();
+        }
     }
     EXPECT_GE(met, 5); // the folder, the name, the kind and two buttons
 }
