@@ -5,9 +5,10 @@
 #include "services/Services.h"
 #include "session/Session.h"
 #include "store/DBConnect.h"
+#include "store/MakeConnections.h"
 #include "support/ScriptedDesktop.h"
-#include "toolkit/Application.h"
-#include "toolkit/Theme.h"
+#include "toolkit/look/Theme.h"
+#include "toolkit/windows/Application.h"
 
 #include <QString>
 

@@ -1,16 +1,26 @@
-# Who may use whom: "folder: the folders it may include from". A folder may always include from itself.
+# Who may use whom: "room: the rooms it may include from". A room is a folder below src; it may always include from
+# itself. The library of a folder holds the folder's rooms.
 # Both the build (tsms_library) and the include check (CheckLayers.cmake) read this table and no other.
+set(whole_toolkit "toolkit/look toolkit/fields toolkit/grid toolkit/windows")
+set(database "store store/engine")
 set(TSMS_LAYERS
   "runtime:"
   "session: runtime"
-  "store: runtime session"
-  "gateway: runtime session store"
-  "spreadsheet: runtime"
+  "store/engine: runtime session"
+  "store/embedded: runtime store/engine"
+  "store/odbc: runtime store/engine"
+  "store: runtime session store/engine store/embedded store/odbc"
+  "gateway: runtime session ${database}"
+  "spreadsheet/read: runtime"
+  "spreadsheet/write: runtime"
   "services: runtime session store gateway"
-  "toolkit: runtime session"
-  "compose: runtime session store gateway services toolkit"
-  "addressbook: runtime session store gateway services spreadsheet toolkit"
-  "templates: runtime session store services toolkit"
-  "history: runtime session store gateway services spreadsheet toolkit compose"
-  "account: runtime session store services toolkit"
-  "shell: runtime session store gateway services toolkit compose addressbook templates history account")
+  "toolkit/look: runtime"
+  "toolkit/fields: runtime session toolkit/look toolkit/windows"
+  "toolkit/grid: runtime toolkit/look toolkit/fields"
+  "toolkit/windows: runtime session toolkit/look toolkit/fields"
+  "compose: runtime session ${database} gateway services ${whole_toolkit}"
+  "addressbook: runtime session ${database} gateway services spreadsheet/read ${whole_toolkit}"
+  "templates: runtime session ${database} services ${whole_toolkit}"
+  "history: runtime session ${database} gateway services spreadsheet/write ${whole_toolkit} compose"
+  "account: runtime session ${database} services ${whole_toolkit}"
+  "shell: runtime session ${database} gateway services ${whole_toolkit} compose addressbook templates history account")

@@ -1,5 +1,5 @@
 # tsms_library(<name> FOLDER <folder> SOURCES <files> [QT <modules>] [LINK <targets>])
-# One static library of src/<folder>. It may link only what the layer table grants its folder.
+# One static library of src/<folder> with its rooms. It may link only what the layer table grants them.
 include("${CMAKE_CURRENT_LIST_DIR}/LayerTable.cmake")
 
 # All that the compiler writes before a source can be read: what the linter needs and no more.
@@ -7,12 +7,12 @@ add_custom_target(tsms_generated)
 
 function(tsms_library name)
   cmake_parse_arguments(ARG "" "FOLDER" "SOURCES;QT;LINK;PRIVATE_LINK" ${ARGN})
-  set(granted "")
+  set(granted "${ARG_FOLDER}")
   foreach(row IN LISTS TSMS_LAYERS)
-    if(row MATCHES "^${ARG_FOLDER}:(.*)$")
-      string(STRIP "${CMAKE_MATCH_1}" words)
-      separate_arguments(granted UNIX_COMMAND "${words}")
-      list(APPEND granted "${ARG_FOLDER}")
+    if(row MATCHES "^${ARG_FOLDER}(/[a-z]+)?:(.*)$")
+      string(REGEX MATCHALL "[a-z/]+" rooms "${CMAKE_MATCH_2}")
+      list(TRANSFORM rooms REPLACE "/.*" "")
+      list(APPEND granted ${rooms})
     endif()
   endforeach()
   foreach(target IN LISTS ARG_LINK ARG_PRIVATE_LINK)

@@ -6,11 +6,11 @@
 #include "services/Services.h"
 #include "session/Session.h"
 #include "shell/frmSMSMain.h"
-#include "store/Connection.h"
 #include "store/DBConnect.h"
-#include "toolkit/Application.h"
-#include "toolkit/QtDesktop.h"
-#include "toolkit/Theme.h"
+#include "store/MakeConnections.h"
+#include "toolkit/look/Theme.h"
+#include "toolkit/windows/Application.h"
+#include "toolkit/windows/QtDesktop.h"
 
 int main(int argc, char** argv)
 {

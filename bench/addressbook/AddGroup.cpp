@@ -6,11 +6,11 @@
 #include "addressbook/ChosenNumbers.h"
 #include "addressbook/dlgSMSGroupSelect.h"
 #include "runtime/Text.h"
-#include "store/EmbeddedTables.h"
-#include "toolkit/Controls.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/GridHelper.h"
-#include "toolkit/Pictures.h"
+#include "store/embedded/EmbeddedTables.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/grid/GridHelper.h"
+#include "toolkit/look/Pictures.h"
 
 #include <QTemporaryDir>
 

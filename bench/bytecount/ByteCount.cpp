@@ -3,9 +3,9 @@
 
 #include "compose/MessageCounter.h"
 #include "runtime/CodePage949.h"
-#include "toolkit/LimitRule.h"
-#include "toolkit/MemoBox.h"
-#include "toolkit/TextHelper.h"
+#include "toolkit/fields/LimitRule.h"
+#include "toolkit/fields/MemoBox.h"
+#include "toolkit/fields/TextHelper.h"
 
 #include <QKeyEvent>
 #include <QVBoxLayout>

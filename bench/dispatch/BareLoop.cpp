@@ -4,7 +4,7 @@
 #include "gateway/ServiceDescription.h"
 #include "gateway/SoapMessage.h"
 #include "runtime/Clock.h"
-#include "store/EmbeddedConnection.h"
+#include "store/embedded/EmbeddedConnection.h"
 
 #include <curl/curl.h>
 #include <sqlite3.h>

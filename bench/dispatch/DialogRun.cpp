@@ -4,8 +4,8 @@
 #include "compose/GridRecipients.h"
 #include "compose/MakeSMSTransport.h"
 #include "compose/ModStep1.h"
-#include "toolkit/Controls.h"
-#include "toolkit/fpSpread.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/grid/fpSpread.h"
 
 #include <QTimer>
 

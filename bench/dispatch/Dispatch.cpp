@@ -3,8 +3,8 @@
 
 #include "runtime/Clock.h"
 #include "runtime/RuntimeError.h"
-#include "store/EmbeddedConnection.h"
-#include "store/EmbeddedTables.h"
+#include "store/embedded/EmbeddedConnection.h"
+#include "store/embedded/EmbeddedTables.h"
 #include "tsms-gateway/SimulatedGateway.h"
 
 #include <QCoreApplication>

@@ -3,7 +3,7 @@
 #include "bench/export/PlainText.h"
 #include "bench/Measure.h"
 
-#include "spreadsheet/WriteWorkbook.h"
+#include "spreadsheet/write/WriteWorkbook.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -4,8 +4,8 @@
 #include "bench/history/TextSum.h"
 #include "bench/Measure.h"
 
-#include "store/EmbeddedConnection.h"
-#include "store/EmbeddedDialect.h"
+#include "store/embedded/EmbeddedConnection.h"
+#include "store/embedded/EmbeddedDialect.h"
 #include "support/FixedClock.h"
 
 #include <sqlite3.h>

@@ -1,12 +1,13 @@
 #include "bench/history/HistoryWindow.h"
+#include "store/MakeConnections.h"
 
 #include "bench/history/SendLog.h"
 
 #include "shell/frmSMSMain.h"
 #include "shell/Main.h"
-#include "toolkit/Controls.h"
-#include "toolkit/DatePicker.h"
-#include "toolkit/fpSpread.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/DatePicker.h"
+#include "toolkit/grid/fpSpread.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -8,7 +8,7 @@
 #include "store/DBConnect.h"
 #include "support/FixedClock.h"
 #include "support/ScriptedDesktop.h"
-#include "toolkit/Application.h"
+#include "toolkit/windows/Application.h"
 
 #include <memory>
 

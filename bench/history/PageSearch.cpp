@@ -4,9 +4,9 @@
 #include "bench/history/TextSum.h"
 #include "bench/Measure.h"
 
-#include "toolkit/fpSpread.h"
-#include "toolkit/GridHelper.h"
-#include "toolkit/Pictures.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/grid/GridHelper.h"
+#include "toolkit/look/Pictures.h"
 
 #include <cstdio>
 #include <cstdlib>

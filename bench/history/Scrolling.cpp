@@ -4,7 +4,7 @@
 #include "bench/Measure.h"
 
 #include "shell/frmSMSMain.h"
-#include "toolkit/fpSpread.h"
+#include "toolkit/grid/fpSpread.h"
 
 #include <QAbstractTableModel>
 #include <QHeaderView>

@@ -1,8 +1,8 @@
 #include "bench/history/SendLog.h"
 
 #include "history/SendListStatement.h"
-#include "store/EmbeddedConnection.h"
-#include "store/EmbeddedTables.h"
+#include "store/embedded/EmbeddedConnection.h"
+#include "store/embedded/EmbeddedTables.h"
 #include "support/FixedClock.h"
 #include "tsms-db/Demo.h"
 

@@ -9,8 +9,8 @@
 #include "runtime/CodePage949.h"
 #include "support/RecipientFile.h"
 #include "support/spreadsheet/WorkbookMaker.h"
-#include "toolkit/Controls.h"
-#include "toolkit/fpSpread.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/grid/fpSpread.h"
 
 #include <QDir>
 #include <QFile>

@@ -2,7 +2,7 @@
 #include "bench/Measure.h"
 
 #include "runtime/Clock.h"
-#include "store/EmbeddedTables.h"
+#include "store/embedded/EmbeddedTables.h"
 #include "tsms-db/Demo.h"
 
 #include <QCoreApplication>

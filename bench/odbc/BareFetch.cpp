@@ -5,8 +5,8 @@
 #include "bench/Measure.h"
 
 #include "session/Session.h"
-#include "store/ConnectionText.h"
-#include "store/OdbcDrivers.h"
+#include "store/engine/ConnectionText.h"
+#include "store/odbc/OdbcDrivers.h"
 
 #include <sql.h>
 #include <sqlext.h>

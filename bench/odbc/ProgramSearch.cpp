@@ -1,4 +1,5 @@
 #include "bench/odbc/Search.h"
+#include "store/MakeConnections.h"
 
 #include "bench/history/SendLog.h"
 #include "bench/history/TextSum.h"

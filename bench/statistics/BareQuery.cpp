@@ -2,8 +2,8 @@
 
 #include "account/MonthFigures.h"
 #include "runtime/Clock.h"
-#include "store/EmbeddedConnection.h"
-#include "store/EmbeddedDialect.h"
+#include "store/embedded/EmbeddedConnection.h"
+#include "store/embedded/EmbeddedDialect.h"
 
 #include <QMap>
 #include <QStringList>

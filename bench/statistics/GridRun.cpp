@@ -2,7 +2,7 @@
 #include "bench/statistics/Year.h"
 
 #include "account/ModStep3.h"
-#include "toolkit/fpSpread.h"
+#include "toolkit/grid/fpSpread.h"
 
 #include <QStringList>
 

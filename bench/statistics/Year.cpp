@@ -1,8 +1,8 @@
 #include "bench/statistics/Year.h"
 
 #include "runtime/Clock.h"
-#include "store/Connection.h"
-#include "store/EmbeddedTables.h"
+#include "store/embedded/EmbeddedTables.h"
+#include "store/engine/Connection.h"
 
 #include <QDateTime>
 

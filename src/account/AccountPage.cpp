@@ -5,11 +5,11 @@
 #include "runtime/Clock.h"
 #include "services/Services.h"
 #include "session/Session.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/Naming.h"
-#include "toolkit/Theme.h"
-#include "toolkit/Tip.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/Naming.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/look/Theme.h"
+#include "toolkit/look/Tip.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>

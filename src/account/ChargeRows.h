@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/RecordsetCells.h"
+#include "store/engine/RecordsetCells.h"
 
 namespace tsms {
 

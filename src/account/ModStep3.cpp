@@ -11,9 +11,9 @@
 #include "services/Services.h"
 #include "store/DBConnect.h"
 #include "store/LoadSMSSetup.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/GridHelper.h"
-#include "toolkit/TextHelper.h"
+#include "toolkit/fields/TextHelper.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/grid/GridHelper.h"
 
 #include <QColor>
 

@@ -7,9 +7,9 @@
 #include "services/Services.h"
 #include "store/DBConnect.h"
 #include "store/LoadSMSSetup.h"
-#include "toolkit/DatePicker.h"
-#include "toolkit/MemoBox.h"
-#include "toolkit/TextBox.h"
+#include "toolkit/fields/DatePicker.h"
+#include "toolkit/fields/MemoBox.h"
+#include "toolkit/fields/TextBox.h"
 
 namespace tsms {
 

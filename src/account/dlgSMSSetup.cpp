@@ -7,9 +7,9 @@
 #include "services/Services.h"
 #include "store/DBConnect.h"
 #include "store/LoadSMSSetup.h"
-#include "toolkit/Controls.h"
-#include "toolkit/Naming.h"
-#include "toolkit/TextBox.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/Naming.h"
+#include "toolkit/fields/TextBox.h"
 
 namespace tsms {
 

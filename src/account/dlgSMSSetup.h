@@ -1,9 +1,9 @@
 #pragma once
 
 #include "account/SettingsStatements.h"
-#include "toolkit/DialogForm.h"
-#include "toolkit/FieldRows.h"
-#include "toolkit/TextHelper.h"
+#include "toolkit/fields/FieldRows.h"
+#include "toolkit/fields/TextHelper.h"
+#include "toolkit/windows/DialogForm.h"
 
 #include <array>
 

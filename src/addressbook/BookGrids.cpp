@@ -1,9 +1,9 @@
 #include "addressbook/BookGrids.h"
 
-#include "toolkit/fpSpread.h"
-#include "toolkit/GridHelper.h"
-#include "toolkit/Pictures.h"
-#include "toolkit/Theme.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/grid/GridHelper.h"
+#include "toolkit/look/Pictures.h"
+#include "toolkit/look/Theme.h"
 
 #include <vector>
 

@@ -3,10 +3,10 @@
 #include "addressbook/BookGrids.h"
 #include "runtime/CellSource.h"
 #include "runtime/Text.h"
-#include "store/Recordset.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/GridHelper.h"
-#include "toolkit/Pictures.h"
+#include "store/engine/Recordset.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/grid/GridHelper.h"
+#include "toolkit/look/Pictures.h"
 
 #include <vector>
 

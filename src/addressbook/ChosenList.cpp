@@ -2,9 +2,9 @@
 
 #include "addressbook/BookGrids.h"
 #include "runtime/Text.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/GridHelper.h"
-#include "toolkit/Pictures.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/grid/GridHelper.h"
+#include "toolkit/look/Pictures.h"
 
 namespace tsms {
 

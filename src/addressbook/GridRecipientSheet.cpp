@@ -1,8 +1,8 @@
 #include "addressbook/GridRecipientSheet.h"
 
 #include "services/RecipientColumn.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/GridHelper.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/grid/GridHelper.h"
 
 namespace tsms {
 

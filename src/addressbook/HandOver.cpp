@@ -3,9 +3,9 @@
 #include "addressbook/BookGrids.h"
 #include "runtime/Text.h"
 #include "services/RecipientColumn.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/GridHelper.h"
-#include "toolkit/Pictures.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/grid/GridHelper.h"
+#include "toolkit/look/Pictures.h"
 
 namespace tsms {
 

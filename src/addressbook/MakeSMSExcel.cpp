@@ -9,13 +9,13 @@
 #include "runtime/Text.h"
 #include "services/RecipientColumn.h"
 #include "services/ScreenBusy.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/Controls.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/GridHelper.h"
-#include "toolkit/Naming.h"
-#include "toolkit/RowsOnView.h"
-#include "toolkit/Theme.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/Naming.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/grid/GridHelper.h"
+#include "toolkit/grid/RowsOnView.h"
+#include "toolkit/look/Theme.h"
 
 #include <QHBoxLayout>
 #include <QHelpEvent>

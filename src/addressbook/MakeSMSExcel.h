@@ -1,7 +1,7 @@
 #pragma once
 
 #include "runtime/Numbers.h"
-#include "toolkit/DialogForm.h"
+#include "toolkit/windows/DialogForm.h"
 
 #include <functional>
 

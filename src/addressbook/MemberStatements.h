@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace tsms {
 

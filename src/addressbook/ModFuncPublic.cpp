@@ -5,7 +5,7 @@
 #include "runtime/Numbers.h"
 #include "runtime/Text.h"
 #include "store/DBConnect.h"
-#include "toolkit/ComboBox.h"
+#include "toolkit/fields/ComboBox.h"
 
 namespace tsms {
 

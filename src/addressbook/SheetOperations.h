@@ -1,7 +1,7 @@
 #pragma once
 
 #include "runtime/Boolean.h"
-#include "spreadsheet/ReadWorkbook.h"
+#include "spreadsheet/read/ReadWorkbook.h"
 
 #include <QString>
 

@@ -5,10 +5,10 @@
 #include "runtime/Text.h"
 #include "services/ScreenBusy.h"
 #include "store/DBConnect.h"
-#include "toolkit/Controls.h"
-#include "toolkit/Naming.h"
-#include "toolkit/TextBox.h"
-#include "toolkit/Theme.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/Naming.h"
+#include "toolkit/fields/TextBox.h"
+#include "toolkit/look/Theme.h"
 
 #include <QHBoxLayout>
 

@@ -13,14 +13,14 @@
 #include "runtime/Text.h"
 #include "services/Services.h"
 #include "store/DBConnect.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/Controls.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/GridHelper.h"
-#include "toolkit/Guarded.h"
-#include "toolkit/Naming.h"
-#include "toolkit/Pictures.h"
-#include "toolkit/RowsOnView.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/Guarded.h"
+#include "toolkit/fields/Naming.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/grid/GridHelper.h"
+#include "toolkit/grid/RowsOnView.h"
+#include "toolkit/look/Pictures.h"
 
 #include <QAbstractItemView>
 #include <QHBoxLayout>

@@ -7,11 +7,11 @@
 #include "runtime/Text.h"
 #include "services/ScreenBusy.h"
 #include "store/DBConnect.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/Controls.h"
-#include "toolkit/Naming.h"
-#include "toolkit/TextBox.h"
-#include "toolkit/Theme.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/Naming.h"
+#include "toolkit/fields/TextBox.h"
+#include "toolkit/look/Theme.h"
 
 #include <QGridLayout>
 #include <QVBoxLayout>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "toolkit/DialogForm.h"
-#include "toolkit/TextHelper.h"
+#include "toolkit/fields/TextHelper.h"
+#include "toolkit/windows/DialogForm.h"
 
 #include <array>
 #include <functional>

@@ -7,7 +7,7 @@
 #include "runtime/Numbers.h"
 #include "runtime/Text.h"
 #include "store/DBConnect.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace tsms {
 

@@ -9,7 +9,7 @@
 #include "runtime/Text.h"
 #include "session/Session.h"
 #include "store/DBConnect.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace tsms {
 

@@ -1,8 +1,8 @@
 #include "compose/GridRecipients.h"
 
 #include "compose/ModStep1.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/GridHelper.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/grid/GridHelper.h"
 
 namespace tsms {
 

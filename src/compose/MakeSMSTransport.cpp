@@ -11,11 +11,11 @@
 #include "services/Services.h"
 #include "session/Session.h"
 #include "store/LoadSMSSetup.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/Controls.h"
-#include "toolkit/DatePicker.h"
-#include "toolkit/Naming.h"
-#include "toolkit/Theme.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/DatePicker.h"
+#include "toolkit/fields/Naming.h"
+#include "toolkit/look/Theme.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "compose/RunDisplay.h"
-#include "toolkit/DialogForm.h"
+#include "toolkit/windows/DialogForm.h"
 
 #include <cstdint>
 #include <functional>

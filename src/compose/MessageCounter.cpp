@@ -2,10 +2,10 @@
 
 #include "runtime/CodePage949.h"
 #include "runtime/Text.h"
-#include "toolkit/Controls.h"
-#include "toolkit/LimitRule.h"
-#include "toolkit/TextField.h"
-#include "toolkit/Theme.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/LimitRule.h"
+#include "toolkit/fields/TextField.h"
+#include "toolkit/look/Theme.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -1,7 +1,7 @@
 #include "compose/MessageScreen.h"
 
-#include "toolkit/TextField.h"
-#include "toolkit/Theme.h"
+#include "toolkit/fields/TextField.h"
+#include "toolkit/look/Theme.h"
 
 #include <QEvent>
 #include <QPainter>

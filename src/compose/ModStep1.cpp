@@ -2,9 +2,9 @@
 
 #include "runtime/Numbers.h"
 #include "runtime/Text.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/GridHelper.h"
-#include "toolkit/Theme.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/grid/GridHelper.h"
+#include "toolkit/look/Theme.h"
 
 #include <algorithm>
 

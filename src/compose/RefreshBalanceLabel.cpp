@@ -3,8 +3,8 @@
 #include "runtime/RuntimeError.h"
 #include "session/Session.h"
 #include "store/DBConnect.h"
-#include "store/Recordset.h"
-#include "store/Statement.h"
+#include "store/engine/Recordset.h"
+#include "store/engine/Statement.h"
 
 namespace tsms {
 

@@ -8,9 +8,9 @@
 #include "services/Services.h"
 #include "session/Session.h"
 #include "store/LoadSMSSetup.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/MemoBox.h"
-#include "toolkit/TextBox.h"
+#include "toolkit/fields/MemoBox.h"
+#include "toolkit/fields/TextBox.h"
+#include "toolkit/grid/fpSpread.h"
 
 namespace tsms {
 

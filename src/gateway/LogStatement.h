@@ -1,7 +1,7 @@
 #pragma once
 
 #include "gateway/ReplyGrammar.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 #include <QDateTime>
 #include <QString>

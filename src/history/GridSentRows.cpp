@@ -2,8 +2,8 @@
 
 #include "history/ModStep2.h"
 #include "history/SendListMarks.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/GridHelper.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/grid/GridHelper.h"
 
 namespace tsms {
 

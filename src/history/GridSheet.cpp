@@ -1,7 +1,7 @@
 #include "history/GridSheet.h"
 
 #include "runtime/Text.h"
-#include "toolkit/fpSpread.h"
+#include "toolkit/grid/fpSpread.h"
 
 namespace tsms {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "toolkit/Controls.h"
-#include "toolkit/TextHelper.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/TextHelper.h"
 
 #include <array>
 #include <cstdint>

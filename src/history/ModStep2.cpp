@@ -1,7 +1,7 @@
 #include "history/ModStep2.h"
 
-#include "toolkit/fpSpread.h"
-#include "toolkit/GridHelper.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/grid/GridHelper.h"
 
 #include <QColor>
 #include <QString>

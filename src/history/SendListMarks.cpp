@@ -4,8 +4,8 @@
 #include "history/ReservedTest.h"
 #include "runtime/Numbers.h"
 #include "runtime/Text.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/GridHelper.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/grid/GridHelper.h"
 
 namespace tsms {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/Pictures.h"
+#include "toolkit/look/Pictures.h"
 
 #include <QDate>
 #include <QString>

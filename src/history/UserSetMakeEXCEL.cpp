@@ -7,7 +7,7 @@
 #include "runtime/RuntimeError.h"
 #include "services/ScreenBusy.h"
 #include "services/Services.h"
-#include "spreadsheet/WriteWorkbook.h"
+#include "spreadsheet/write/WriteWorkbook.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -10,10 +10,10 @@
 #include "services/Services.h"
 #include "session/Session.h"
 #include "store/DBConnect.h"
-#include "toolkit/Controls.h"
-#include "toolkit/Naming.h"
-#include "toolkit/Theme.h"
-#include "toolkit/WrappedLabel.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/Naming.h"
+#include "toolkit/fields/WrappedLabel.h"
+#include "toolkit/look/Theme.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "store/Statement.h"
-#include "toolkit/DialogForm.h"
+#include "store/engine/Statement.h"
+#include "toolkit/windows/DialogForm.h"
 
 #include <QDate>
 

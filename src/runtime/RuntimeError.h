@@ -7,7 +7,7 @@
 namespace tsms {
 
 /// The numbers of the errors that the program itself raises. Numbers of database failures are in
-/// store/DatabaseError.h.
+/// store/engine/DatabaseError.h.
 enum ErrorNumber : long {
     NoError = 0,
     InvalidProcedureCall = 5,

@@ -9,7 +9,7 @@
 #include "shell/LaunchLine.h"
 #include "store/DBConnect.h"
 #include "store/LoadSMSSetup.h"
-#include "toolkit/Guarded.h"
+#include "toolkit/fields/Guarded.h"
 
 #include <exception>
 

@@ -25,12 +25,12 @@
 #include "templates/TemplateCards.h"
 #include "templates/TemplatePage.h"
 #include "templates/TemplatePicker.h"
-#include "toolkit/Controls.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/MemoBox.h"
-#include "toolkit/Naming.h"
-#include "toolkit/Theme.h"
-#include "toolkit/Twips.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/MemoBox.h"
+#include "toolkit/fields/Naming.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/look/Theme.h"
+#include "toolkit/look/Twips.h"
 
 #include <QCoreApplication>
 #include <QHBoxLayout>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/Form.h"
+#include "toolkit/windows/Form.h"
 
 #include <array>
 #include <memory>

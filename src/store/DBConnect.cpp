@@ -5,8 +5,8 @@
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "session/Session.h"
-#include "store/ConnectionText.h"
-#include "store/DatabaseError.h"
+#include "store/engine/ConnectionText.h"
+#include "store/engine/DatabaseError.h"
 
 namespace tsms {
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "runtime/Boolean.h"
-#include "store/Connection.h"
-#include "store/Statement.h"
+#include "store/engine/Connection.h"
+#include "store/engine/Statement.h"
 
 #include <memory>
 

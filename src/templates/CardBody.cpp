@@ -1,8 +1,8 @@
 #include "templates/CardBody.h"
 
-#include "toolkit/AccessibleButton.h"
-#include "toolkit/Guarded.h"
-#include "toolkit/PhonePanel.h"
+#include "toolkit/fields/AccessibleButton.h"
+#include "toolkit/fields/Guarded.h"
+#include "toolkit/fields/PhonePanel.h"
 
 #include <QKeyEvent>
 

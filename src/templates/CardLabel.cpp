@@ -1,6 +1,6 @@
 #include "templates/CardLabel.h"
 
-#include "toolkit/LimitRule.h"
+#include "toolkit/fields/LimitRule.h"
 
 #include <QHelpEvent>
 #include <QPainter>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/Controls.h"
+#include "toolkit/fields/Controls.h"
 
 #include <QStringList>
 

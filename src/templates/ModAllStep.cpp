@@ -5,12 +5,12 @@
 #include "services/ScreenBusy.h"
 #include "services/Services.h"
 #include "store/DBConnect.h"
-#include "store/RecordsetCells.h"
+#include "store/engine/RecordsetCells.h"
 #include "templates/CardRows.h"
 #include "templates/TemplateCache.h"
 #include "templates/TemplateCards.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/GridHelper.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/grid/GridHelper.h"
 
 namespace tsms {
 

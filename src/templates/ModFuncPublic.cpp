@@ -6,7 +6,7 @@
 #include "services/Services.h"
 #include "session/Session.h"
 #include "store/DBConnect.h"
-#include "toolkit/ComboBox.h"
+#include "toolkit/fields/ComboBox.h"
 
 namespace tsms {
 

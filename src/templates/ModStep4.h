@@ -1,7 +1,7 @@
 #pragma once
 
 #include "runtime/Boolean.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 #include <cstdint>
 

@@ -1,7 +1,7 @@
 #include "templates/TemplateCache.h"
 
-#include "toolkit/fpSpread.h"
-#include "toolkit/GridHelper.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/grid/GridHelper.h"
 
 #include <QString>
 

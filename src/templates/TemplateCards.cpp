@@ -4,10 +4,10 @@
 #include "services/Services.h"
 #include "session/Session.h"
 #include "templates/CardBody.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/Naming.h"
-#include "toolkit/PhonePanel.h"
-#include "toolkit/Theme.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/Naming.h"
+#include "toolkit/fields/PhonePanel.h"
+#include "toolkit/look/Theme.h"
 
 #include <QAbstractItemView>
 #include <QGridLayout>

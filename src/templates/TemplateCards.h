@@ -1,7 +1,7 @@
 #pragma once
 
 #include "templates/CardRows.h"
-#include "toolkit/Controls.h"
+#include "toolkit/fields/Controls.h"
 
 #include <array>
 #include <functional>

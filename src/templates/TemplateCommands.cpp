@@ -7,9 +7,9 @@
 #include "store/DBConnect.h"
 #include "templates/ModStep4.h"
 #include "templates/TemplateCards.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/MemoBox.h"
-#include "toolkit/TextBox.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/MemoBox.h"
+#include "toolkit/fields/TextBox.h"
 
 namespace tsms {
 

@@ -3,9 +3,9 @@
 #include "services/Services.h"
 #include "session/Session.h"
 #include "templates/TemplateCards.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/Naming.h"
-#include "toolkit/Theme.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/Naming.h"
+#include "toolkit/look/Theme.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>

@@ -2,7 +2,7 @@
 
 #include "templates/TemplateCommands.h"
 #include "templates/TemplatePicker.h"
-#include "toolkit/Controls.h"
+#include "toolkit/fields/Controls.h"
 
 #include <array>
 #include <memory>

@@ -6,7 +6,7 @@
 #include "templates/ModAllStep.h"
 #include "templates/ModFuncPublic.h"
 #include "templates/TemplateCards.h"
-#include "toolkit/ComboBox.h"
+#include "toolkit/fields/ComboBox.h"
 
 namespace tsms {
 

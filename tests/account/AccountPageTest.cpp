@@ -6,8 +6,8 @@
 #include "support/FixedClock.h"
 #include "support/ScriptedDesktop.h"
 #include "support/Words.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/fpSpread.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/grid/fpSpread.h"
 
 #include <gtest/gtest.h>
 

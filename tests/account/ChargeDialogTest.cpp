@@ -1,14 +1,14 @@
 #include "account/AccountBoxes.h"
 #include "account/ModStep3.h"
-#include "store/DatabaseError.h"
+#include "store/engine/DatabaseError.h"
 #include "support/database/SqlServerWords.h"
 #include "support/program/Program.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/Controls.h"
-#include "toolkit/DatePicker.h"
-#include "toolkit/MemoBox.h"
-#include "toolkit/TextBox.h"
-#include "toolkit/Theme.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/DatePicker.h"
+#include "toolkit/fields/MemoBox.h"
+#include "toolkit/fields/TextBox.h"
+#include "toolkit/look/Theme.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 #include "account/AccountBoxes.h"
 #include "account/ChargeRows.h"
 #include "account/ModStep3.h"
-#include "store/DatabaseError.h"
+#include "store/engine/DatabaseError.h"
 #include "support/database/SqlServerWords.h"
 #include "support/program/Program.h"
-#include "toolkit/Controls.h"
+#include "toolkit/fields/Controls.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 #include "account/AccountBoxes.h"
 #include "account/ModStep3.h"
 #include "runtime/RuntimeError.h"
-#include "store/DatabaseError.h"
+#include "store/engine/DatabaseError.h"
 #include "support/database/SqlServerWords.h"
 #include "support/program/Program.h"
-#include "toolkit/ComboBox.h"
+#include "toolkit/fields/ComboBox.h"
 
 #include <gtest/gtest.h>
 

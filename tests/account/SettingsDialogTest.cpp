@@ -1,11 +1,11 @@
 #include "account/AccountBoxes.h"
 #include "runtime/RuntimeError.h"
-#include "store/DatabaseError.h"
+#include "store/engine/DatabaseError.h"
 #include "support/database/SqlServerWords.h"
 #include "support/program/Program.h"
-#include "toolkit/Controls.h"
-#include "toolkit/TextBox.h"
-#include "toolkit/Theme.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/TextBox.h"
+#include "toolkit/look/Theme.h"
 
 #include <gtest/gtest.h>
 

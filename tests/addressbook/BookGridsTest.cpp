@@ -1,6 +1,6 @@
 #include "support/program/AddressBook.h"
-#include "toolkit/Controls.h"
-#include "toolkit/Theme.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/look/Theme.h"
 
 #include <QHeaderView>
 

@@ -1,7 +1,7 @@
-#include "store/DatabaseError.h"
+#include "store/engine/DatabaseError.h"
 #include "support/program/AddressBook.h"
-#include "toolkit/Controls.h"
-#include "toolkit/Form.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/windows/Form.h"
 
 #include <QtTest/QTest>
 

@@ -1,4 +1,4 @@
-#include "store/DatabaseError.h"
+#include "store/engine/DatabaseError.h"
 #include "support/program/AddressBook.h"
 
 using namespace tsms;

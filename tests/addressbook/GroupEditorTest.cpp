@@ -1,9 +1,9 @@
-#include "store/DatabaseError.h"
+#include "store/engine/DatabaseError.h"
 #include "support/database/SqlServerWords.h"
 #include "support/program/AddressBook.h"
-#include "toolkit/Controls.h"
-#include "toolkit/Form.h"
-#include "toolkit/Theme.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/look/Theme.h"
+#include "toolkit/windows/Form.h"
 
 using namespace tsms;
 using namespace tsms::test;

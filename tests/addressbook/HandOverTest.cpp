@@ -2,7 +2,7 @@
 
 #include "addressbook/BookGrids.h"
 #include "support/Words.h"
-#include "toolkit/fpSpread.h"
+#include "toolkit/grid/fpSpread.h"
 
 #include <gtest/gtest.h>
 

@@ -2,9 +2,9 @@
 #include "support/spreadsheet/CompoundMaker.h"
 #include "support/spreadsheet/WorkbookEncryptor.h"
 #include "support/spreadsheet/WorkbookMaker.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/Controls.h"
-#include "toolkit/Theme.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/look/Theme.h"
 
 #include <gtest/gtest.h>
 

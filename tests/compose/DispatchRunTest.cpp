@@ -2,11 +2,11 @@
 #include "compose/MakeSMSTransport.h"
 #include "support/database/SqlServerWords.h"
 #include "support/program/Program.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/Controls.h"
-#include "toolkit/DatePicker.h"
-#include "toolkit/TextBox.h"
-#include "toolkit/Theme.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/DatePicker.h"
+#include "toolkit/fields/TextBox.h"
+#include "toolkit/look/Theme.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 #include "compose/MessageScreen.h"
 #include "support/program/Program.h"
-#include "toolkit/Controls.h"
-#include "toolkit/MemoBox.h"
-#include "toolkit/TextBox.h"
-#include "toolkit/Theme.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/MemoBox.h"
+#include "toolkit/fields/TextBox.h"
+#include "toolkit/look/Theme.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "support/program/Program.h"
-#include "toolkit/Controls.h"
+#include "toolkit/fields/Controls.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "support/program/Program.h"
-#include "toolkit/Controls.h"
-#include "toolkit/MemoBox.h"
-#include "toolkit/TextBox.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/MemoBox.h"
+#include "toolkit/fields/TextBox.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "documents/Document.h"
-#include "store/Tables.h"
+#include "store/engine/Tables.h"
 #include "support/FixedClock.h"
 #include "support/Words.h"
 #include "tsms-db/Command.h"

@@ -19,10 +19,11 @@
 #include "shell/LaunchLine.h"
 #include "store/DBConnect.h"
 #include "store/LoadSMSSetup.h"
-#include "toolkit/Application.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/QtDesktop.h"
-#include "toolkit/Theme.h"
+#include "store/MakeConnections.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/look/Theme.h"
+#include "toolkit/windows/Application.h"
+#include "toolkit/windows/QtDesktop.h"
 
 #include <QTextStream>
 

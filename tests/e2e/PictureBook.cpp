@@ -1,15 +1,15 @@
 #include "e2e/PictureBook.h"
 
 #include "shell/Main.h"
-#include "store/ConnectionText.h"
-#include "store/DatabaseError.h"
+#include "store/engine/ConnectionText.h"
+#include "store/engine/DatabaseError.h"
 #include "support/program/Hands.h"
 #include "support/spreadsheet/WorkbookMaker.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/Controls.h"
-#include "toolkit/DatePicker.h"
-#include "toolkit/Pictures.h"
-#include "toolkit/TextField.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/DatePicker.h"
+#include "toolkit/fields/TextField.h"
+#include "toolkit/look/Pictures.h"
 #include "tsms-db/Demo.h"
 
 #include <gtest/gtest.h>

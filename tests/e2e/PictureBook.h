@@ -10,7 +10,7 @@
 #include "support/FixedClock.h"
 #include "support/gateway/TestGateway.h"
 #include "support/Words.h"
-#include "toolkit/fpSpread.h"
+#include "toolkit/grid/fpSpread.h"
 
 #include <QDir>
 #include <QStringList>

@@ -1,6 +1,6 @@
 #include "e2e/PictureDesk.h"
 
-#include "toolkit/Form.h"
+#include "toolkit/windows/Form.h"
 
 #include <gtest/gtest.h>
 

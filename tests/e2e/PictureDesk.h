@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/QtDesktop.h"
+#include "toolkit/windows/QtDesktop.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
 #include "faults/Operations.h"
 #include "support/EveryCase.h"
-#include "toolkit/Form.h"
+#include "toolkit/windows/Form.h"
 
 #include <gtest/gtest.h>
 

@@ -2,11 +2,11 @@
 
 #include "account/ModStep3.h"
 #include "addressbook/BookGrids.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/Controls.h"
-#include "toolkit/DatePicker.h"
-#include "toolkit/Form.h"
-#include "toolkit/MemoBox.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/DatePicker.h"
+#include "toolkit/fields/MemoBox.h"
+#include "toolkit/windows/Form.h"
 
 #include <gtest/gtest.h>
 

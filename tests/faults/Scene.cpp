@@ -1,7 +1,7 @@
 #include "faults/Scene.h"
 
-#include "store/EmbeddedTables.h"
-#include "toolkit/Form.h"
+#include "store/embedded/EmbeddedTables.h"
+#include "toolkit/windows/Form.h"
 
 #include <gtest/gtest.h>
 

@@ -5,6 +5,7 @@
 #include "session/Session.h"
 #include "store/DBConnect.h"
 #include "store/LoadSMSSetup.h"
+#include "store/MakeConnections.h"
 #include "support/database/TestDatabase.h"
 #include "support/FixedClock.h"
 #include "support/ScriptedDesktop.h"

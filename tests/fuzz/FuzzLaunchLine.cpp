@@ -4,8 +4,8 @@
 #include "runtime/RuntimeError.h"
 #include "session/Session.h"
 #include "shell/LaunchLine.h"
-#include "store/ConnectionText.h"
-#include "store/DatabaseError.h"
+#include "store/engine/ConnectionText.h"
+#include "store/engine/DatabaseError.h"
 
 #include <QStringList>
 

@@ -1,7 +1,7 @@
 // Shows any number by any code of a number format: eight bytes of the number, one that tells how the rest is
 // read (bit 0: dates from 1904; bit 1: the code is UTF-16, else UTF-8), and the code.
 #include "fuzz/Target.h"
-#include "spreadsheet/XlsNumberFormat.h"
+#include "spreadsheet/read/XlsNumberFormat.h"
 
 #include <cstring>
 #include <limits>

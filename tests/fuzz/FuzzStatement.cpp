@@ -4,10 +4,10 @@
 #include "fuzz/Target.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
-#include "store/DatabaseError.h"
-#include "store/DialectTokens.h"
-#include "store/EmbeddedDialect.h"
-#include "store/Statement.h"
+#include "store/embedded/DialectTokens.h"
+#include "store/embedded/EmbeddedDialect.h"
+#include "store/engine/DatabaseError.h"
+#include "store/engine/Statement.h"
 
 #include <QStringList>
 

@@ -1,7 +1,7 @@
 // Hands any bytes to the reader of workbooks, as a file.
 #include "fuzz/Refusal.h"
 #include "fuzz/Target.h"
-#include "spreadsheet/ReadWorkbook.h"
+#include "spreadsheet/read/ReadWorkbook.h"
 
 #include <QBuffer>
 

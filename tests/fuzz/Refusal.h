@@ -2,7 +2,7 @@
 
 #include "fuzz/Target.h"
 #include "runtime/RuntimeError.h"
-#include "spreadsheet/ReadWorkbook.h"
+#include "spreadsheet/read/ReadWorkbook.h"
 
 namespace tsms::test {
 

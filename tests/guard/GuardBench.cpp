@@ -2,7 +2,7 @@
 
 #include "services/RecipientColumn.h"
 #include "support/server/TestServer.h"
-#include "toolkit/Form.h"
+#include "toolkit/windows/Form.h"
 
 namespace tsms::test {
 

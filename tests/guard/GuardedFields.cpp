@@ -1,6 +1,6 @@
 #include "guard/GuardedFields.h"
 
-#include "toolkit/LimitRule.h"
+#include "toolkit/fields/LimitRule.h"
 
 namespace tsms::test {
 

@@ -2,11 +2,11 @@
 #include "compose/MakeSMSTransport.h"
 #include "history/GridSentRows.h"
 #include "runtime/Numbers.h"
-#include "store/DatabaseError.h"
+#include "store/engine/DatabaseError.h"
 #include "support/database/SqlServerWords.h"
 #include "support/program/HistoryProgram.h"
-#include "toolkit/Controls.h"
-#include "toolkit/Pictures.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/look/Pictures.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "support/program/HistoryProgram.h"
 #include "support/workbooks/FreeXlReader.h"
-#include "toolkit/Controls.h"
-#include "toolkit/fpSpread.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/grid/fpSpread.h"
 
 #include <QDir>
 #include <QFile>

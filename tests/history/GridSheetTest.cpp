@@ -1,8 +1,8 @@
 #include "history/GridSheet.h"
 
 #include "support/Words.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/GridHelper.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/grid/GridHelper.h"
 
 #include <gtest/gtest.h>
 

@@ -6,11 +6,11 @@
 #include "support/FixedClock.h"
 #include "support/ScriptedDesktop.h"
 #include "support/Words.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/DatePicker.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/Pictures.h"
-#include "toolkit/TextBox.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/DatePicker.h"
+#include "toolkit/fields/TextBox.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/look/Pictures.h"
 
 #include <QTest>
 

@@ -1,6 +1,6 @@
 #include "history/ModStep2.h"
 #include "support/Words.h"
-#include "toolkit/fpSpread.h"
+#include "toolkit/grid/fpSpread.h"
 
 #include <QHeaderView>
 

@@ -3,7 +3,7 @@
 #include "runtime/CellSource.h"
 #include "runtime/RuntimeError.h"
 #include "support/Words.h"
-#include "toolkit/fpSpread.h"
+#include "toolkit/grid/fpSpread.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 #include "history/dlgSMSShowDetail.h"
 #include "runtime/RuntimeError.h"
-#include "store/DatabaseError.h"
+#include "store/engine/DatabaseError.h"
 #include "support/database/SqlServerWords.h"
 #include "support/program/HistoryProgram.h"
-#include "toolkit/Controls.h"
-#include "toolkit/fpSpread.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/grid/fpSpread.h"
 
 #include <gtest/gtest.h>
 

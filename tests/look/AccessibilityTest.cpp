@@ -1,8 +1,8 @@
 #include "support/program/Program.h"
-#include "toolkit/Controls.h"
-#include "toolkit/DatePicker.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/Pictures.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/DatePicker.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/look/Pictures.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
 #include "look/LayoutFaults.h"
 #include "look/SpeechFaults.h"
 #include "support/Words.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/Controls.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/Naming.h"
-#include "toolkit/TextBox.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/Naming.h"
+#include "toolkit/fields/TextBox.h"
+#include "toolkit/grid/fpSpread.h"
 
 #include <gtest/gtest.h>
 

@@ -2,11 +2,11 @@
 
 #include "support/Words.h"
 #include "templates/CardLabel.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/Controls.h"
-#include "toolkit/DatePicker.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/WrappedLabel.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/DatePicker.h"
+#include "toolkit/fields/WrappedLabel.h"
+#include "toolkit/grid/fpSpread.h"
 
 #include <QHeaderView>
 #include <QImage>

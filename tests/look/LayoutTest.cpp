@@ -1,9 +1,9 @@
 #include "look/LayoutFaults.h"
 #include "support/program/Program.h"
 #include "templates/CardLabel.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/Controls.h"
-#include "toolkit/DatePicker.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/DatePicker.h"
 
 #include <gtest/gtest.h>
 

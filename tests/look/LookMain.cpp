@@ -1,5 +1,5 @@
-#include "toolkit/Application.h"
-#include "toolkit/Theme.h"
+#include "toolkit/look/Theme.h"
+#include "toolkit/windows/Application.h"
 
 #include <gtest/gtest.h>
 

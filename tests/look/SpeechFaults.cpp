@@ -2,9 +2,9 @@
 
 #include "support/Words.h"
 #include "templates/CardBody.h"
-#include "toolkit/Controls.h"
-#include "toolkit/Form.h"
-#include "toolkit/fpSpread.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/windows/Form.h"
 
 #include <QAccessible>
 #include <QComboBox>

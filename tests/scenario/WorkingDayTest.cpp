@@ -1,9 +1,9 @@
 #include "support/program/Program.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/Controls.h"
-#include "toolkit/DatePicker.h"
-#include "toolkit/Form.h"
-#include "toolkit/MemoBox.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/DatePicker.h"
+#include "toolkit/fields/MemoBox.h"
+#include "toolkit/windows/Form.h"
 
 #include <gtest/gtest.h>
 

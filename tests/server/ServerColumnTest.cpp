@@ -1,7 +1,7 @@
 #include "support/server/ServerColumn.h"
 
 #include "runtime/RuntimeError.h"
-#include "store/DatabaseError.h"
+#include "store/engine/DatabaseError.h"
 #include "support/Words.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "support/server/ServerError.h"
 
-#include "store/DatabaseError.h"
-#include "store/EmbeddedConnection.h"
+#include "store/embedded/EmbeddedConnection.h"
+#include "store/engine/DatabaseError.h"
 #include "support/database/TestDatabase.h"
 #include "support/Words.h"
 

@@ -2,8 +2,8 @@
 #include "shell/LaunchLine.h"
 #include "shell/Main.h"
 #include "support/program/Program.h"
-#include "toolkit/Controls.h"
-#include "toolkit/TextBox.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/TextBox.h"
 
 #include <gtest/gtest.h>
 

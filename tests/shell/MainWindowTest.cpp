@@ -1,8 +1,8 @@
 #include "compose/MessageCounter.h"
 #include "compose/TemplateEditor.h"
 #include "support/program/Program.h"
-#include "toolkit/Controls.h"
-#include "toolkit/Form.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/windows/Form.h"
 
 #include <gtest/gtest.h>
 

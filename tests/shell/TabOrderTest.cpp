@@ -1,5 +1,5 @@
 #include "support/program/Program.h"
-#include "toolkit/DatePicker.h"
+#include "toolkit/fields/DatePicker.h"
 
 #include <gtest/gtest.h>
 

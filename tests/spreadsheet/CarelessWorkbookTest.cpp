@@ -1,5 +1,5 @@
 // Workbooks with small slips, which spreadsheet programs open: what can be read is read.
-#include "spreadsheet/ReadWorkbook.h"
+#include "spreadsheet/read/ReadWorkbook.h"
 #include "support/spreadsheet/LittleEndian.h"
 #include "support/spreadsheet/WorkbookMaker.h"
 #include "support/Words.h"

@@ -1,5 +1,5 @@
 #include "runtime/RuntimeError.h"
-#include "spreadsheet/ReadWorkbook.h"
+#include "spreadsheet/read/ReadWorkbook.h"
 #include "support/spreadsheet/LittleEndian.h"
 #include "support/spreadsheet/WorkbookMaker.h"
 #include "support/Words.h"

@@ -1,6 +1,6 @@
 // Workbooks that are encrypted with the password that spreadsheet programs try before they ask for one.
 #include "runtime/RuntimeError.h"
-#include "spreadsheet/ReadWorkbook.h"
+#include "spreadsheet/read/ReadWorkbook.h"
 #include "support/spreadsheet/LittleEndian.h"
 #include "support/spreadsheet/WorkbookEncryptor.h"
 #include "support/spreadsheet/WorkbookMaker.h"

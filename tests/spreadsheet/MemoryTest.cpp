@@ -1,7 +1,7 @@
 // Workbooks that make much of little: none may take more memory than its size allows.
 #include "runtime/RuntimeError.h"
 #include "spreadsheet/CountedHeap.h"
-#include "spreadsheet/ReadWorkbook.h"
+#include "spreadsheet/read/ReadWorkbook.h"
 #include "support/spreadsheet/WorkbookMaker.h"
 #include "support/Words.h"
 

@@ -1,7 +1,7 @@
 // The ciphers beside those of a program that is not ours: it opens what the tests encrypt, and what it
 // encrypts is read.
 #include "runtime/RuntimeError.h"
-#include "spreadsheet/ReadWorkbook.h"
+#include "spreadsheet/read/ReadWorkbook.h"
 #include "support/spreadsheet/CompoundMaker.h"
 #include "support/spreadsheet/WorkbookEncryptor.h"
 #include "support/spreadsheet/WorkbookMaker.h"

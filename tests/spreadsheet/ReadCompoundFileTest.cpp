@@ -1,4 +1,4 @@
-#include "spreadsheet/ReadCompoundFile.h"
+#include "spreadsheet/read/ReadCompoundFile.h"
 #include "runtime/RuntimeError.h"
 #include "support/spreadsheet/CompoundMaker.h"
 #include "support/Words.h"

@@ -1,4 +1,4 @@
-#include "spreadsheet/ReadWorkbook.h"
+#include "spreadsheet/read/ReadWorkbook.h"
 #include "support/spreadsheet/LittleEndian.h"
 #include "support/spreadsheet/WorkbookMaker.h"
 #include "support/Words.h"

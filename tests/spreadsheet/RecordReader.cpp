@@ -1,6 +1,6 @@
 #include "spreadsheet/RecordReader.h"
 
-#include "spreadsheet/BiffStream.h"
+#include "spreadsheet/write/BiffStream.h"
 
 #include <QFile>
 

@@ -1,7 +1,7 @@
-#include "spreadsheet/BiffStream.h"
 #include "spreadsheet/RecordReader.h"
 #include "spreadsheet/TableSheet.h"
-#include "spreadsheet/WriteWorkbook.h"
+#include "spreadsheet/write/BiffStream.h"
+#include "spreadsheet/write/WriteWorkbook.h"
 #include "support/Words.h"
 
 #include <QTemporaryDir>

@@ -1,4 +1,4 @@
-#include "spreadsheet/SheetText.h"
+#include "spreadsheet/write/SheetText.h"
 
 #include "support/Words.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "spreadsheet/Sheet.h"
+#include "spreadsheet/write/Sheet.h"
 
 #include <QList>
 #include <QStringList>

@@ -1,4 +1,4 @@
-#include "spreadsheet/WriteWorkbook.h"
+#include "spreadsheet/write/WriteWorkbook.h"
 
 #include "spreadsheet/TableSheet.h"
 #include "support/Words.h"

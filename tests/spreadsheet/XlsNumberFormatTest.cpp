@@ -1,4 +1,4 @@
-#include "spreadsheet/XlsNumberFormat.h"
+#include "spreadsheet/read/XlsNumberFormat.h"
 #include "support/Words.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
-#include "store/ConnectionText.h"
+#include "store/engine/ConnectionText.h"
 
 #include "runtime/RuntimeError.h"
 #include "session/Session.h"
-#include "store/DatabaseError.h"
+#include "store/engine/DatabaseError.h"
 #include "support/Words.h"
 
 #include <gtest/gtest.h>

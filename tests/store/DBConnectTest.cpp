@@ -2,7 +2,7 @@
 
 #include "runtime/RuntimeError.h"
 #include "session/Session.h"
-#include "store/DatabaseError.h"
+#include "store/engine/DatabaseError.h"
 #include "support/database/TestDatabase.h"
 #include "support/ScriptedDesktop.h"
 #include "support/Words.h"

@@ -1,8 +1,8 @@
-#include "store/EmbeddedConnection.h"
+#include "store/embedded/EmbeddedConnection.h"
 
 #include "runtime/RuntimeError.h"
-#include "store/DatabaseError.h"
-#include "store/EmbeddedErrors.h"
+#include "store/embedded/EmbeddedErrors.h"
+#include "store/engine/DatabaseError.h"
 #include "support/database/TestDatabase.h"
 #include "support/Words.h"
 

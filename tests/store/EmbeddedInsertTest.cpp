@@ -1,7 +1,7 @@
-#include "store/EmbeddedInsert.h"
+#include "store/embedded/EmbeddedInsert.h"
 
 #include "runtime/RuntimeError.h"
-#include "store/DatabaseError.h"
+#include "store/engine/DatabaseError.h"
 #include "support/database/TestDatabase.h"
 #include "support/Words.h"
 

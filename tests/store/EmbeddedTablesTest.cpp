@@ -1,10 +1,10 @@
-#include "store/EmbeddedTables.h"
+#include "store/embedded/EmbeddedTables.h"
 
 #include "runtime/RuntimeError.h"
 #include "session/Session.h"
-#include "store/ConnectionText.h"
-#include "store/EmbeddedConnection.h"
-#include "store/EmbeddedDialect.h"
+#include "store/embedded/EmbeddedConnection.h"
+#include "store/embedded/EmbeddedDialect.h"
+#include "store/engine/ConnectionText.h"
 #include "support/database/TestDatabase.h"
 #include "support/Words.h"
 

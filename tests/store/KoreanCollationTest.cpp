@@ -1,4 +1,4 @@
-#include "store/KoreanCollation.h"
+#include "store/embedded/KoreanCollation.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "store/LinkWatch.h"
+#include "store/odbc/LinkWatch.h"
 
 #include "support/Words.h"
 

@@ -1,8 +1,8 @@
 #include "store/LoadSMSSetup.h"
 
 #include "session/Session.h"
-#include "store/DatabaseError.h"
 #include "store/DBConnect.h"
+#include "store/engine/DatabaseError.h"
 #include "support/database/TestDatabase.h"
 #include "support/ScriptedDesktop.h"
 #include "support/Words.h"

@@ -1,4 +1,4 @@
-#include "store/OdbcColumn.h"
+#include "store/odbc/OdbcColumn.h"
 
 #include "support/Words.h"
 

@@ -1,10 +1,10 @@
-#include "store/OdbcConnection.h"
+#include "store/odbc/OdbcConnection.h"
 
 #include "runtime/CodePage949.h"
 #include "runtime/RuntimeError.h"
 #include "session/Session.h"
-#include "store/ConnectionText.h"
-#include "store/DatabaseError.h"
+#include "store/engine/ConnectionText.h"
+#include "store/engine/DatabaseError.h"
 #include "support/database/TestDatabase.h"
 #include "support/server/TdsBytes.h"
 #include "support/server/TdsTokens.h"

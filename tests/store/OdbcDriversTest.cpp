@@ -1,8 +1,8 @@
-#include "store/OdbcDrivers.h"
+#include "store/odbc/OdbcDrivers.h"
 
 #include "runtime/RuntimeError.h"
-#include "store/ConnectionText.h"
-#include "store/DatabaseError.h"
+#include "store/engine/ConnectionText.h"
+#include "store/engine/DatabaseError.h"
 #include "support/Words.h"
 
 #include <gtest/gtest.h>

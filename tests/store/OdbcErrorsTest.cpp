@@ -1,6 +1,6 @@
-#include "store/OdbcErrors.h"
+#include "store/odbc/OdbcErrors.h"
 
-#include "store/DatabaseError.h"
+#include "store/engine/DatabaseError.h"
 #include "support/Words.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
-#include "store/Recordset.h"
+#include "store/engine/Recordset.h"
 
 #include "runtime/RuntimeError.h"
-#include "store/DatabaseError.h"
-#include "store/RecordsetCells.h"
+#include "store/engine/DatabaseError.h"
+#include "store/engine/RecordsetCells.h"
 #include "support/Words.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 #include "support/AttackTexts.h"
 #include "support/Words.h"
 

@@ -1,13 +1,13 @@
 #include "gateway/ModSMS.h"
 #include "services/Services.h"
 #include "session/Session.h"
-#include "store/DatabaseError.h"
 #include "store/DBConnect.h"
+#include "store/engine/DatabaseError.h"
 #include "support/database/TestDatabase.h"
 #include "support/ScriptedDesktop.h"
 #include "support/Words.h"
 #include "templates/ModFuncPublic.h"
-#include "toolkit/ComboBox.h"
+#include "toolkit/fields/ComboBox.h"
 
 #include <gtest/gtest.h>
 

@@ -9,11 +9,11 @@
 #include "support/Words.h"
 #include "templates/CardLabel.h"
 #include "templates/TemplateCache.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/Naming.h"
-#include "toolkit/PhonePanel.h"
-#include "toolkit/Theme.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/Naming.h"
+#include "toolkit/fields/PhonePanel.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/look/Theme.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

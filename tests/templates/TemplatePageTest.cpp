@@ -6,10 +6,10 @@
 #include "support/FixedClock.h"
 #include "support/ScriptedDesktop.h"
 #include "support/Words.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/MemoBox.h"
-#include "toolkit/TextBox.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/MemoBox.h"
+#include "toolkit/fields/TextBox.h"
+#include "toolkit/grid/fpSpread.h"
 
 #include <QApplication>
 #include <QTest>

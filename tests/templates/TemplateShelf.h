@@ -1,11 +1,11 @@
 #pragma once
 
-#include "store/DatabaseError.h"
+#include "store/engine/DatabaseError.h"
 #include "support/program/Program.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/Controls.h"
-#include "toolkit/MemoBox.h"
-#include "toolkit/TextBox.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/MemoBox.h"
+#include "toolkit/fields/TextBox.h"
 
 #include <gtest/gtest.h>
 

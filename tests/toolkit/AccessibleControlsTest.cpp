@@ -1,11 +1,11 @@
 #include "session/Session.h"
 #include "support/ScriptedDesktop.h"
 #include "support/Words.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/Controls.h"
-#include "toolkit/DialogForm.h"
-#include "toolkit/Form.h"
-#include "toolkit/Naming.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/Naming.h"
+#include "toolkit/windows/DialogForm.h"
+#include "toolkit/windows/Form.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "support/Words.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/Naming.h"
-#include "toolkit/Pictures.h"
+#include "toolkit/fields/Naming.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/look/Pictures.h"
 
 #include <gtest/gtest.h>
 

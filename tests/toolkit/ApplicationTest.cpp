@@ -1,8 +1,8 @@
-#include "toolkit/Application.h"
+#include "toolkit/windows/Application.h"
 
 #include "runtime/RuntimeError.h"
 #include "session/Session.h"
-#include "toolkit/Form.h"
+#include "toolkit/windows/Form.h"
 
 #include "support/ScriptedDesktop.h"
 #include "support/Words.h"

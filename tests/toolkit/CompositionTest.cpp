@@ -1,4 +1,4 @@
-#include "toolkit/Composition.h"
+#include "toolkit/fields/Composition.h"
 
 #include "support/Words.h"
 

@@ -1,12 +1,12 @@
-#include "toolkit/Controls.h"
+#include "toolkit/fields/Controls.h"
 
 #include "runtime/RuntimeError.h"
-#include "toolkit/ComboBox.h"
-#include "toolkit/DatePicker.h"
-#include "toolkit/Naming.h"
-#include "toolkit/Pictures.h"
-#include "toolkit/Theme.h"
-#include "toolkit/Twips.h"
+#include "toolkit/fields/ComboBox.h"
+#include "toolkit/fields/DatePicker.h"
+#include "toolkit/fields/Naming.h"
+#include "toolkit/look/Pictures.h"
+#include "toolkit/look/Theme.h"
+#include "toolkit/look/Twips.h"
 
 #include "support/Words.h"
 

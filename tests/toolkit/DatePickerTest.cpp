@@ -1,4 +1,4 @@
-#include "toolkit/DatePicker.h"
+#include "toolkit/fields/DatePicker.h"
 
 #include "support/program/Hands.h"
 #include "support/Words.h"

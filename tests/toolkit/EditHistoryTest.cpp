@@ -1,4 +1,4 @@
-#include "toolkit/EditHistory.h"
+#include "toolkit/fields/EditHistory.h"
 
 #include "support/Words.h"
 

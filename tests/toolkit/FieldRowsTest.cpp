@@ -1,10 +1,10 @@
-#include "toolkit/FieldRows.h"
+#include "toolkit/fields/FieldRows.h"
 
-#include "toolkit/Controls.h"
-#include "toolkit/MemoBox.h"
-#include "toolkit/TextBox.h"
-#include "toolkit/TextHelper.h"
-#include "toolkit/Theme.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/MemoBox.h"
+#include "toolkit/fields/TextBox.h"
+#include "toolkit/fields/TextHelper.h"
+#include "toolkit/look/Theme.h"
 
 #include "support/ScriptedDesktop.h"
 #include "support/Words.h"

@@ -1,6 +1,6 @@
-#include "toolkit/GridHelper.h"
+#include "toolkit/grid/GridHelper.h"
 #include "support/Words.h"
-#include "toolkit/fpSpread.h"
+#include "toolkit/grid/fpSpread.h"
 
 #include <QHeaderView>
 

@@ -1,4 +1,4 @@
-#include "toolkit/LimitRule.h"
+#include "toolkit/fields/LimitRule.h"
 
 #include "support/Words.h"
 

@@ -1,4 +1,4 @@
-#include "toolkit/PastedRows.h"
+#include "toolkit/grid/PastedRows.h"
 #include "support/Words.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-#include "toolkit/PhonePanel.h"
+#include "toolkit/fields/PhonePanel.h"
 #include "support/Words.h"
-#include "toolkit/Theme.h"
+#include "toolkit/look/Theme.h"
 
 #include <gtest/gtest.h>
 

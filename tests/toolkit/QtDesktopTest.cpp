@@ -1,7 +1,7 @@
-#include "toolkit/QtDesktop.h"
+#include "toolkit/windows/QtDesktop.h"
 
 #include "session/Session.h"
-#include "toolkit/Form.h"
+#include "toolkit/windows/Form.h"
 
 #include "support/ScriptedDesktop.h"
 #include "support/Words.h"

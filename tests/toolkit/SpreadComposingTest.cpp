@@ -1,5 +1,5 @@
 #include "support/Words.h"
-#include "toolkit/fpSpread.h"
+#include "toolkit/grid/fpSpread.h"
 
 #include <QApplication>
 #include <QInputMethodEvent>

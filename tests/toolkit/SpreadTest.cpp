@@ -1,7 +1,7 @@
 #include "support/Words.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/LimitRule.h"
-#include "toolkit/SpreadDelegate.h"
+#include "toolkit/fields/LimitRule.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/grid/SpreadDelegate.h"
 
 #include <QApplication>
 #include <QClipboard>

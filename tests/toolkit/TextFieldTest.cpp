@@ -1,7 +1,7 @@
-#include "toolkit/LimitRule.h"
-#include "toolkit/MemoBox.h"
-#include "toolkit/TextBox.h"
-#include "toolkit/TextHelper.h"
+#include "toolkit/fields/LimitRule.h"
+#include "toolkit/fields/MemoBox.h"
+#include "toolkit/fields/TextBox.h"
+#include "toolkit/fields/TextHelper.h"
 
 #include "support/program/Hands.h"
 #include "support/Words.h"

@@ -1,10 +1,10 @@
-#include "toolkit/TextHelper.h"
+#include "toolkit/fields/TextHelper.h"
 
 #include "runtime/CodePage949.h"
-#include "toolkit/KeyFilter.h"
-#include "toolkit/LimitRule.h"
-#include "toolkit/MemoBox.h"
-#include "toolkit/TextBox.h"
+#include "toolkit/fields/KeyFilter.h"
+#include "toolkit/fields/LimitRule.h"
+#include "toolkit/fields/MemoBox.h"
+#include "toolkit/fields/TextBox.h"
 
 #include "support/program/Hands.h"
 #include "support/ScriptedDesktop.h"

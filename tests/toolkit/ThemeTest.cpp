@@ -1,7 +1,7 @@
-#include "toolkit/Theme.h"
+#include "toolkit/look/Theme.h"
 
 #include "support/Words.h"
-#include "toolkit/Pictures.h"
+#include "toolkit/look/Pictures.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -1,4 +1,4 @@
-#include "toolkit/WrappedLabel.h"
+#include "toolkit/fields/WrappedLabel.h"
 #include "support/Words.h"
 
 #include <gtest/gtest.h>

@@ -2,9 +2,9 @@
 
 #include "runtime/Clock.h"
 #include "runtime/RuntimeError.h"
-#include "store/DatabaseError.h"
-#include "store/EmbeddedConnection.h"
-#include "store/EmbeddedTables.h"
+#include "store/embedded/EmbeddedConnection.h"
+#include "store/embedded/EmbeddedTables.h"
+#include "store/engine/DatabaseError.h"
 #include "tsms-db/Demo.h"
 #include "tsms-db/Reservations.h"
 

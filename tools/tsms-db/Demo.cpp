@@ -1,7 +1,7 @@
 #include "tsms-db/Demo.h"
 
-#include "store/Connection.h"
-#include "store/Statement.h"
+#include "store/engine/Connection.h"
+#include "store/engine/Statement.h"
 #include "tsms-db/DemoContent.h"
 
 namespace tsms {

@@ -1,8 +1,8 @@
 #include "tsms-db/Reservations.h"
 
 #include "runtime/Text.h"
-#include "store/Connection.h"
-#include "store/Statement.h"
+#include "store/engine/Connection.h"
+#include "store/engine/Statement.h"
 
 #include <QRegularExpression>
 

@@ -1,7 +1,7 @@
 // Says something in a window to who started the demo from a menu, where no terminal would show it.
 //   tsms-notice TITLE TEXT
 #include "runtime/ProcessRules.h"
-#include "toolkit/Theme.h"
+#include "toolkit/look/Theme.h"
 
 #include <QApplication>
 #include <QMessageBox>

@@ -1,7 +1,7 @@
 #include "support/database/TestDatabase.h"
 
 #include "runtime/RuntimeError.h"
-#include "store/DatabaseError.h"
+#include "store/engine/DatabaseError.h"
 
 namespace tsms::test {
 

@@ -1,9 +1,10 @@
 #include "support/database/ScratchDatabase.h"
+#include "store/MakeConnections.h"
 
 #include "runtime/Clock.h"
 #include "runtime/RuntimeError.h"
 #include "session/Session.h"
-#include "store/ConnectionText.h"
+#include "store/engine/ConnectionText.h"
 
 #include <QCoreApplication>
 #include <QThread>

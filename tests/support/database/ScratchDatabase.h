@@ -1,7 +1,7 @@
 #pragma once
 
-#include "store/Connection.h"
-#include "store/Tables.h"
+#include "store/engine/Connection.h"
+#include "store/engine/Tables.h"
 
 #include <QString>
 

@@ -1,8 +1,8 @@
 #include "support/database/TestDatabase.h"
 
 #include "session/Session.h"
-#include "store/EmbeddedConnection.h"
-#include "store/EmbeddedTables.h"
+#include "store/embedded/EmbeddedConnection.h"
+#include "store/embedded/EmbeddedTables.h"
 #include "support/database/ScratchDatabase.h"
 #include "support/server/TestServer.h"
 

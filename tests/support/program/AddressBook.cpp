@@ -1,6 +1,6 @@
 #include "support/program/AddressBook.h"
 
-#include "toolkit/Form.h"
+#include "toolkit/windows/Form.h"
 
 #include <QtTest/QTest>
 

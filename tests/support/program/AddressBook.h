@@ -2,7 +2,7 @@
 
 #include "addressbook/BookGrids.h"
 #include "support/program/Program.h"
-#include "toolkit/ComboBox.h"
+#include "toolkit/fields/ComboBox.h"
 
 #include <gtest/gtest.h>
 

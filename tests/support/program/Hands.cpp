@@ -1,7 +1,7 @@
 #include "support/program/Hands.h"
 
-#include "toolkit/Form.h"
-#include "toolkit/fpSpread.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/windows/Form.h"
 
 #include <gtest/gtest.h>
 

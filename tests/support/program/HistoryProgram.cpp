@@ -1,8 +1,8 @@
 #include "support/program/HistoryProgram.h"
 
-#include "toolkit/Controls.h"
-#include "toolkit/DatePicker.h"
-#include "toolkit/Pictures.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/DatePicker.h"
+#include "toolkit/look/Pictures.h"
 
 #include <QtTest/QTest>
 

@@ -1,9 +1,9 @@
 #include "support/program/Program.h"
 
 #include "shell/Main.h"
-#include "store/ConnectionText.h"
+#include "store/engine/ConnectionText.h"
 #include "support/server/TestServer.h"
-#include "toolkit/Controls.h"
+#include "toolkit/fields/Controls.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 
 #include "runtime/CodePage949.h"
 #include "runtime/RuntimeError.h"
-#include "store/DatabaseError.h"
+#include "store/engine/DatabaseError.h"
 #include "support/server/ServerError.h"
 #include "support/server/TdsBytes.h"
 

@@ -1,8 +1,8 @@
 #include "support/server/ServerDatabases.h"
 
 #include "runtime/RuntimeError.h"
-#include "store/DatabaseError.h"
-#include "store/EmbeddedConnection.h"
+#include "store/embedded/EmbeddedConnection.h"
+#include "store/engine/DatabaseError.h"
 
 #include <QFile>
 

@@ -1,8 +1,8 @@
 #include "support/server/ServerEngine.h"
 
 #include "runtime/RuntimeError.h"
-#include "store/DatabaseError.h"
-#include "store/EmbeddedTables.h"
+#include "store/embedded/EmbeddedTables.h"
+#include "store/engine/DatabaseError.h"
 #include "support/server/ResultColumns.h"
 #include "support/server/ServerError.h"
 #include "support/server/ServerLimits.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/EmbeddedConnection.h"
+#include "store/embedded/EmbeddedConnection.h"
 #include "support/server/ServerBatch.h"
 #include "support/server/ServerDatabases.h"
 #include "support/server/ServerUsers.h"

@@ -1,6 +1,6 @@
 #include "support/server/ServerError.h"
 
-#include "store/DatabaseError.h"
+#include "store/engine/DatabaseError.h"
 #include "support/server/StatementTokens.h"
 
 #include <QRegularExpression>

@@ -1,7 +1,7 @@
 #include "support/server/ServerLimits.h"
 
 #include "runtime/RuntimeError.h"
-#include "store/DatabaseError.h"
+#include "store/engine/DatabaseError.h"
 #include "support/server/ServerTables.h"
 #include "support/server/StatementTokens.h"
 

@@ -2,7 +2,7 @@
 // fields of a launch line that reaches it, and serves until its standard input ends.
 #include "runtime/Clock.h"
 #include "session/Session.h"
-#include "store/EmbeddedTables.h"
+#include "store/embedded/EmbeddedTables.h"
 #include "support/server/TestServer.h"
 
 #include <QCoreApplication>

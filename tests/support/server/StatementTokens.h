@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/DialectTokens.h"
+#include "store/embedded/DialectTokens.h"
 
 #include <QByteArray>
 #include <QList>

@@ -1,0 +1,158 @@
+#include "spreadsheet/read/ReadBiff.h"
+
+#include "spreadsheet/read/Demand.h"
+
+#include <QtEndian>
+
+#include <algorithm>
+#include <bit>
+#include <utility>
+
+namespace tsms {
+
+namespace {
+
+enum TextFlag : quint8 { Wide = 0x01, HasExtension = 0x04, HasRuns = 0x08 };
+
+/// As many characters as the present record holds of `most`, in no more memory than they take.
+QString Characters(BiffReader& reader, qsizetype most, bool wide)
+{
+    const qsizetype size = wide ? 2 : 1;
+    const qsizetype count = std::min(most, reader.Left() / size);
+    const QByteArrayView bytes = reader.Bytes(count * size);
+    if (!wide)
+        return QString::fromLatin1(bytes);
+    QString text(count, Qt::Uninitialized);
+    qFromLittleEndian<char16_t>(bytes.data(), count, text.data());
+    return text;
+}
+
+/// Where the present record ends in the middle of something, on to the part in the next one.
+void SkipOver(BiffReader& reader, qint64 size)
+{
+    while (size > reader.Left()) {
+        size -= reader.Left();
+        if (!reader.NextPart())
+            return;
+    }
+    reader.Skip(static_cast<qsizetype>(size));
+}
+
+RecordText TextOfParts(BiffReader& reader, int length, quint8 flags)
+{
+    QString text = Characters(reader, length, flags & Wide);
+    // Half a character never stands at an edge.
+    while (text.size() < length && reader.Left() == 0 && reader.NextPart()) {
+        const bool wide = reader.U8() & Wide; // each part has flags of its own
+        text += Characters(reader, length - text.size(), wide);
+    }
+    const bool whole = text.size() == length;
+    return {std::move(text), whole};
+}
+
+} // namespace
+
+bool BiffReader::HasRecordAt(quint32 position) const
+{
+    const qsizetype content = stream_.size() - position - HeadBytes;
+    return content >= 0 && qFromLittleEndian<quint16>(stream_.data() + position + 2) <= content;
+}
+
+void BiffReader::MoveTo(quint32 position)
+{
+    end_ = position;
+    content_ = {};
+    at_ = 0;
+}
+
+void BiffReader::Next()
+{
+    Demand(HasRecordAt(End()));
+    const char* head = stream_.data() + end_;
+    const qsizetype size = qFromLittleEndian<quint16>(head + 2);
+    record_ = static_cast<ReadRecord>(qFromLittleEndian<quint16>(head));
+    content_ = stream_.sliced(end_ + HeadBytes, size);
+    if (cipher_)
+        content_ = Plain(content_);
+    end_ += HeadBytes + size;
+    at_ = 0;
+}
+
+/// A BOF is never hidden, nor the place of a sheet. There are others, of which nothing is read.
+QByteArrayView BiffReader::Plain(QByteArrayView content)
+{
+    constexpr qsizetype placeBytes = 4;
+    if (record_ == ReadRecord::BOF)
+        return content;
+    plain_ = content.toByteArray();
+    cipher_->Decrypt(plain_, End() + HeadBytes, record_ == ReadRecord::BoundSheet ? placeBytes : 0);
+    return plain_;
+}
+
+bool BiffReader::NextPart()
+{
+    while (HasHead() && qFromLittleEndian<quint16>(stream_.data() + end_) == quint16(ReadRecord::Continue)) {
+        Next();
+        if (Left() > 0)
+            return true;
+    }
+    return false;
+}
+
+template <class Value> Value BiffReader::Take()
+{
+    constexpr qsizetype size = sizeof(Value);
+    if (Left() < size) {
+        at_ = content_.size();
+        return 0;
+    }
+    const auto value = qFromLittleEndian<Value>(content_.data() + at_);
+    at_ += size;
+    return value;
+}
+
+quint8 BiffReader::U8()
+{
+    return Take<quint8>();
+}
+
+quint16 BiffReader::U16()
+{
+    return Take<quint16>();
+}
+
+quint32 BiffReader::U32()
+{
+    return Take<quint32>();
+}
+
+double BiffReader::F64()
+{
+    return std::bit_cast<double>(Take<quint64>());
+}
+
+QByteArrayView BiffReader::Bytes(qsizetype size)
+{
+    const QByteArrayView bytes = content_.sliced(at_, std::min(size, Left()));
+    at_ += bytes.size();
+    return bytes;
+}
+
+RecordText ReadUnicodeText(BiffReader& reader, int length)
+{
+    return TextOfParts(reader, length, reader.U8());
+}
+
+RecordText ReadRichText(BiffReader& reader)
+{
+    const int length = reader.U16();
+    const quint8 flags = reader.U8();
+    const qint64 runs = flags & HasRuns ? reader.U16() : 0;
+    const qint64 extension = flags & HasExtension ? reader.U32() : 0;
+    RecordText text = TextOfParts(reader, length, flags);
+    if (runs > 0 || extension > 0)
+        SkipOver(reader, 4 * runs + extension);
+    return text;
+}
+
+} // namespace tsms

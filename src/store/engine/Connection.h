@@ -1,0 +1,39 @@
+#pragma once
+
+#include "store/engine/Recordset.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+namespace tsms {
+
+/// A link to the database. What stands behind it is an engine; every failure is a RuntimeError with a number
+/// of store/engine/DatabaseError.h and the server's words.
+class Connection
+{
+public:
+    Connection() = default;
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+    virtual ~Connection() = default;
+
+    QString ConnectionString;
+    int ConnectionTimeout = 15; ///< seconds that Open may take
+    int CommandTimeout = 30;    ///< seconds that a statement may take
+
+    virtual bool IsOpen() const = 0;
+    virtual void Open() = 0;
+    virtual void Close() = 0; ///< raises nothing
+
+    /// Runs a SELECT and takes all of its result.
+    virtual std::unique_ptr<Recordset> Query(const QString& sql) = 0;
+
+    /// Runs one statement; a result it may have is dropped.
+    virtual void Execute(const QString& sql) = 0;
+};
+
+using ConnectionMaker = std::function<std::unique_ptr<Connection>()>;
+
+} // namespace tsms

@@ -1,9 +1,0 @@
-#pragma once
-
-namespace tsms {
-
-/// Has a screen reader told of the program's own windows, panels, labels, buttons, lists and grids as what
-/// they are to a person; the platform knows their bases only. Called before the first of them is asked about.
-void TellOfControls();
-
-} // namespace tsms

@@ -1,0 +1,499 @@
+#include "toolkit/fields/Controls.h"
+
+#include "runtime/Text.h"
+#include "toolkit/fields/Guarded.h"
+#include "toolkit/fields/Naming.h"
+#include "toolkit/fields/TextField.h"
+#include "toolkit/look/Pictures.h"
+#include "toolkit/look/Placing.h"
+#include "toolkit/look/Theme.h"
+
+#include <QAccessible>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPlainTextEdit>
+#include <QStyleOptionButton>
+#include <QStylePainter>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace tsms {
+
+namespace {
+
+constexpr int PictureSize = 18;
+constexpr int SmallPictureSize = 14;
+constexpr int PictureGap = 7;
+
+/// Shown as it stands: an ampersand is no mark of a shortcut.
+QString Shown(const QString& caption)
+{
+    return QString(caption).replace(u'&', QStringLiteral("&&"));
+}
+
+QRectF HalfPixelInside(const QRect& rect)
+{
+    return QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5);
+}
+
+} // namespace
+
+PushButton::PushButton(QWidget* parent, const QString& name, const QString& caption, Look look)
+    : QPushButton(parent), look_(look)
+{
+    setAutoDefault(true); // Enter clicks it while it has the focus
+    setAttribute(Qt::WA_Hover);
+    SetName(*this, name);
+    SetCaption(caption);
+    connect(this, &QPushButton::clicked, this, [this] { RaiseEvent(*this, OnClick); });
+}
+
+void PushButton::SetCaption(const QString& caption)
+{
+    caption_ = caption;
+    setText(Shown(caption));
+    setAccessibleName(caption);
+    updateGeometry();
+}
+
+void PushButton::SetLook(Look look)
+{
+    look_ = look;
+    update();
+}
+
+void PushButton::initStyleOption(QStyleOptionButton* option) const
+{
+    QPushButton::initStyleOption(option);
+    option->features.setFlag(QStyleOptionButton::DefaultButton, look_ == Look::Primary);
+    option->state.setFlag(QStyle::State_On, look_ == Look::Chosen);
+}
+
+PictureButton::PictureButton(QWidget* parent, const QString& name, const QString& picture,
+                             const QString& words, Look look)
+    : QAbstractButton(parent), picture_(picture), words_(words), look_(look)
+{
+    setFocusPolicy(HasRoomForWords() ? Qt::StrongFocus : Qt::NoFocus);
+    setAttribute(Qt::WA_Hover);
+    SetName(*this, name);
+    setAccessibleName(words);
+    if (!HasRoomForWords())
+        setToolTip(words);
+    connect(this, &QAbstractButton::clicked, this, [this] { RaiseEvent(*this, OnClick); });
+}
+
+/// On title strips there is room for a small picture alone.
+bool PictureButton::HasRoomForWords() const
+{
+    return look_ == Look::Idle || look_ == Look::Selected || look_ == Look::Framed;
+}
+
+int PictureButton::WordsWidth(const QFontMetrics& metrics) const
+{
+    const bool shown = HasRoomForWords() && !words_.isEmpty();
+    return shown ? PictureGap + metrics.horizontalAdvance(words_) : 0;
+}
+
+QSize PictureButton::sizeHint() const
+{
+    if (look_ == Look::Window || look_ == Look::Closing)
+        return {34, 28};
+    if (look_ == Look::Sign)
+        return {26, 28};
+    const QFontMetrics metrics = fontMetrics();
+    const int words = WordsWidth(metrics);
+    const int height =
+        look_ == Look::Framed ? theme::ControlHeight(metrics) : std::max(PictureSize, metrics.height()) + 14;
+    return {PictureSize + words + 24, height};
+}
+
+/// The face at rest, or what the mouse makes of the other one.
+QColor PictureButton::Touched(const QColor& rest, const QColor& touched) const
+{
+    if (isEnabled() && isDown())
+        return theme::Pressed(touched);
+    return isEnabled() && underMouse() ? theme::Hovered(touched) : rest;
+}
+
+QColor PictureButton::Face() const
+{
+    switch (look_) {
+    case Look::Sign:
+        return Qt::transparent;
+    case Look::Selected:
+        return theme::Page;
+    case Look::Closing:
+        if (isEnabled() && (isDown() || underMouse()))
+            return isDown() ? theme::Pressed(theme::Warning) : theme::Warning;
+        return Qt::transparent;
+    case Look::Framed: // the style draws it
+    case Look::Idle:
+    case Look::Window:
+        break;
+    }
+    return Touched(Qt::transparent, theme::Strip);
+}
+
+void PictureButton::paintEvent(QPaintEvent*)
+{
+    const bool warns = look_ == Look::Closing && isEnabled() && (isDown() || underMouse());
+    const QColor ink = !isEnabled()              ? theme::Disabled
+                       : warns                   ? theme::White
+                       : look_ == Look::Selected ? theme::Accent
+                                                 : theme::StripText;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (look_ == Look::Framed) {
+        PaintPushButtonFace(painter);
+    } else {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(Face());
+        painter.drawRoundedRect(rect(), theme::ControlRadius, theme::ControlRadius);
+    }
+
+    QFont font = this->font();
+    font.setBold(look_ == Look::Selected);
+    const QFontMetrics metrics(font);
+    const int size = HasRoomForWords() || look_ == Look::Sign ? PictureSize : SmallPictureSize;
+    const int words = WordsWidth(metrics);
+    const int left = (width() - size - words) / 2;
+    DrawPicture(painter, QRectF(left, (height() - size) / 2.0, size, size), picture_, ink);
+    painter.setFont(font);
+    painter.setPen(ink);
+    painter.drawText(QRect(left + size + PictureGap, 0, words, height()),
+                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, words_);
+    if (look_ == Look::Selected)
+        painter.fillRect(QRect(10, height() - 3, width() - 20, 2), theme::Accent);
+    if (hasFocus() && theme::IsByKeyboard())
+        theme::DrawFocusRing(painter, rect(), theme::ControlRadius);
+}
+
+void PictureButton::PaintPushButtonFace(QPainter& painter) const
+{
+    QStyleOptionButton option;
+    option.initFrom(this);
+    option.state.setFlag(QStyle::State_Sunken, isDown());
+    style()->drawControl(QStyle::CE_PushButtonBevel, &option, &painter, this);
+}
+
+bool PictureButton::event(QEvent* event)
+{
+    if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave)
+        update();
+    return QAbstractButton::event(event);
+}
+
+void PictureButton::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QAbstractButton::keyPressEvent(event);
+}
+
+Label::Label(QWidget* parent, const QString& name, const QString& caption) : QLabel(parent)
+{
+    setTextFormat(Qt::PlainText);
+    SetName(*this, name);
+    if (!caption.isEmpty()) // a class that stands on this one is not to be asked about yet
+        SetCaption(caption);
+}
+
+void Label::SetCaption(const QString& caption)
+{
+    const bool wasBlank = IsBlank(caption_);
+    caption_ = caption;
+    setText(QString(caption).replace(CrLf.toString(), QStringLiteral("\n")));
+    setAccessibleName(caption);
+    if (IsBlank(caption) != wasBlank && isVisible()) {
+        QAccessibleEvent event(this, wasBlank ? QAccessible::ObjectShow : QAccessible::ObjectHide);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+void Label::Refresh()
+{
+    if (pace_.IsDue())
+        repaint();
+}
+
+void Label::KeepSize()
+{
+    setFixedSize(size());
+}
+
+void Label::SetTextColor(const QColor& color)
+{
+    QPalette colors = palette();
+    colors.setColor(QPalette::WindowText, color);
+    setPalette(colors);
+}
+
+void Label::SetBackColor(const QColor& color)
+{
+    QPalette colors = palette();
+    colors.setColor(QPalette::Window, color);
+    setPalette(colors);
+    setAutoFillBackground(true);
+}
+
+void Label::SetBold(bool bold)
+{
+    QFont changed = font();
+    changed.setBold(bold);
+    setFont(changed);
+}
+
+void Label::Describes(QWidget& field)
+{
+    setBuddy(&field);
+    DescribeBy(field, caption_);
+}
+
+void Label::mousePressEvent(QMouseEvent* event)
+{
+    // A label that nobody listens to lets the panel under it have the mouse.
+    event->setAccepted(static_cast<bool>(OnClick));
+}
+
+void Label::mouseReleaseEvent(QMouseEvent* event)
+{
+    event->setAccepted(static_cast<bool>(OnClick));
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
+        RaiseEvent(*this, OnClick);
+}
+
+Panel::Panel(QWidget* parent, const QString& name, Border border) : QFrame(parent), border_(border)
+{
+    SetName(*this, name);
+    if (border == Border::Line)
+        setContentsMargins(1, 1, 1, 1);
+}
+
+QColor Panel::BackColor() const
+{
+    return palette().color(QPalette::Active, QPalette::Window);
+}
+
+void Panel::SetBackColor(const QColor& color)
+{
+    QPalette colors = palette();
+    colors.setColor(QPalette::Window, color);
+    setPalette(colors);
+    filled_ = true;
+}
+
+void Panel::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    if (filled_)
+        painter.fillRect(rect(), BackColor());
+    if (border_ == Border::Line) {
+        painter.setPen(QPen(theme::Line, 1));
+        painter.drawRect(HalfPixelInside(rect()));
+    }
+}
+
+void Panel::mousePressEvent(QMouseEvent* event)
+{
+    event->setAccepted(static_cast<bool>(OnClick));
+}
+
+void Panel::mouseReleaseEvent(QMouseEvent* event)
+{
+    event->setAccepted(static_cast<bool>(OnClick));
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
+        RaiseEvent(*this, OnClick);
+}
+
+FieldPanel::FieldPanel(QWidget* parent, const QString& name) : Panel(parent, name)
+{
+    SetBackColor(theme::White);
+}
+
+void FieldPanel::Hold(TextField& field)
+{
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(theme::FieldPadding, 3, theme::FieldPadding, 3);
+    layout->addWidget(&field.Widget());
+    setMinimumHeight(theme::ControlHeight(fontMetrics()));
+    if (auto* line = qobject_cast<QLineEdit*>(&field.Widget()))
+        line->setFrame(false);
+    if (auto* memo = qobject_cast<QPlainTextEdit*>(&field.Widget())) {
+        memo->setFrameShape(QFrame::NoFrame);
+        memo->document()->setDocumentMargin(2); // as much as a line has
+    }
+    field.SetFocusBacking(*this);
+}
+
+bool FieldPanel::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate)
+        update(); // the border tells whether the keyboard is here
+    return Panel::event(event);
+}
+
+void FieldPanel::paintEvent(QPaintEvent*)
+{
+    QStyleOptionFrame field;
+    field.initFrom(this);
+    field.lineWidth = 1;
+    field.palette.setColor(QPalette::Base, BackColor());
+    field.state.setFlag(QStyle::State_HasFocus,
+                        isAncestorOf(window()->focusWidget()) && window()->isActiveWindow());
+    QStylePainter(this).drawPrimitive(QStyle::PE_PanelLineEdit, field);
+}
+
+PopupPanel::PopupPanel(QWidget* parent, const QString& name) : Panel(parent, name)
+{
+    SetBackColor(theme::Page);
+    setContentsMargins(1, 1, 1, 1);
+    hide();
+}
+
+void PopupPanel::Open(QPoint corner)
+{
+    resize(sizeHint().expandedTo(minimumSize()));
+    move(MovedInto({corner, size()}, parentWidget()->rect()).topLeft());
+    show();
+    raise();
+}
+
+/// Behind the last of its controls comes the first one.
+bool PopupPanel::focusNextPrevChild(bool next)
+{
+    QWidget* const from = focusWidget();
+    if (!from)
+        return Panel::focusNextPrevChild(next);
+    const auto isStop = [this](const QWidget& control) {
+        return isAncestorOf(&control) && control.isVisible() && control.isEnabled() &&
+               (control.focusPolicy() & Qt::TabFocus);
+    };
+    QWidget* to = from;
+    do
+        to = next ? to->nextInFocusChain() : to->previousInFocusChain();
+    while (to != from && !isStop(*to));
+    to->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
+}
+
+void PopupPanel::paintEvent(QPaintEvent* event)
+{
+    Panel::paintEvent(event);
+    QPainter painter(this);
+    painter.setPen(QPen(theme::Frame, 1));
+    painter.drawRect(HalfPixelInside(rect()));
+}
+
+ProgressBar::ProgressBar(QWidget* parent, const QString& name) : QProgressBar(parent)
+{
+    SetName(*this, name);
+    setTextVisible(false);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    Show();
+}
+
+void ProgressBar::SetMax(int max)
+{
+    max_ = max;
+    Show();
+}
+
+void ProgressBar::SetValue(int value)
+{
+    value_ = value;
+    Show();
+}
+
+void ProgressBar::Show()
+{
+    // A range of nothing would be drawn as "busy"; here it is a bar that the first step fills.
+    const int most = std::max(1, max_);
+    setAttribute(Qt::WA_UpdatesDisabled); // the base would paint at each step, also when no pixel changes
+    setRange(0, most);
+    setValue(std::clamp(value_, 0, most));
+    setAttribute(Qt::WA_UpdatesDisabled, false);
+    if (FilledPixels() != painted_)
+        update();
+}
+
+void ProgressBar::Refresh()
+{
+    if (FilledPixels() != painted_ && pace_.IsDue())
+        repaint();
+}
+
+int ProgressBar::FilledPixels() const
+{
+    return static_cast<int>(width() * devicePixelRatioF() * value() / maximum());
+}
+
+QSize ProgressBar::sizeHint() const
+{
+    return {200, 14};
+}
+
+void ProgressBar::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF trough = HalfPixelInside(rect());
+    painted_ = FilledPixels();
+    painter.setPen(QPen(theme::Line, 1));
+    painter.setBrush(theme::Ground);
+    painter.drawRoundedRect(trough, theme::ControlRadius, theme::ControlRadius);
+    const double share = static_cast<double>(value()) / maximum();
+    if (value() <= 0)
+        return;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(theme::Accent);
+    QRectF bar = trough.adjusted(1, 1, -1, -1);
+    bar.setWidth(bar.width() * share);
+    painter.drawRoundedRect(bar, std::min(theme::ControlRadius, bar.width() / 2), theme::ControlRadius - 1);
+}
+
+RadioButton::RadioButton(QWidget* parent, const QString& name, const QString& caption)
+    : QRadioButton(parent), caption_(caption)
+{
+    setText(Shown(caption));
+    SetName(*this, name);
+    setAccessibleName(Trim(caption));
+    connect(this, &QRadioButton::toggled, this, [this](bool chosen) {
+        if (chosen)
+            RaiseEvent(*this, OnClick);
+    });
+}
+
+/// Of the choices on the same surface, in the order in which they were made.
+RadioButton* RadioButton::Neighbour(int step) const
+{
+    const auto choices = parentWidget()->findChildren<RadioButton*>(QString(), Qt::FindDirectChildrenOnly);
+    return choices.value(choices.indexOf(const_cast<RadioButton*>(this)) + step);
+}
+
+void RadioButton::keyPressEvent(QKeyEvent* event)
+{
+    const bool forward = event->key() == Qt::Key_Right || event->key() == Qt::Key_Down;
+    const bool back = event->key() == Qt::Key_Left || event->key() == Qt::Key_Up;
+    if (!forward && !back) {
+        QRadioButton::keyPressEvent(event);
+        return;
+    }
+    if (RadioButton* neighbour = Neighbour(forward ? 1 : -1)) {
+        neighbour->setFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        neighbour->SetValue(true);
+    }
+}
+
+CheckBox::CheckBox(QWidget* parent, const QString& name, const QString& caption)
+    : QCheckBox(parent), caption_(caption)
+{
+    setText(Shown(caption));
+    SetName(*this, name);
+    setAccessibleName(Trim(caption));
+    connect(this, &QCheckBox::toggled, this, [this] { RaiseEvent(*this, OnClick); });
+}
+
+} // namespace tsms

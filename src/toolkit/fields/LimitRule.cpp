@@ -1,0 +1,101 @@
+#include "toolkit/fields/LimitRule.h"
+
+#include "runtime/CodePage949.h"
+
+#include <algorithm>
+
+namespace tsms {
+
+namespace {
+
+bool SplitsPair(QStringView text, qsizetype at)
+{
+    if (at <= 0 || at >= text.size())
+        return false;
+    return (text[at - 1].isHighSurrogate() && text[at].isLowSurrogate()) ||
+           (text[at - 1] == u'\r' && text[at] == u'\n');
+}
+
+qsizetype CommonBeginning(QStringView a, QStringView b)
+{
+    const qsizetype most = std::min(a.size(), b.size());
+    const auto difference = std::mismatch(a.begin(), a.begin() + most, b.begin());
+    return difference.first - a.begin();
+}
+
+qsizetype CommonEnd(QStringView a, QStringView b)
+{
+    const qsizetype most = std::min(a.size(), b.size());
+    qsizetype length = 0;
+    while (length < most && a[a.size() - 1 - length] == b[b.size() - 1 - length])
+        ++length;
+    return length;
+}
+
+int Characters(QStringView text)
+{
+    return static_cast<int>(text.size());
+}
+
+qsizetype FittingCharacters(QStringView text, int room)
+{
+    const qsizetype length = std::clamp<qsizetype>(room, 0, text.size());
+    return SplitsPair(text, length) ? length - 1 : length;
+}
+
+} // namespace
+
+const Measure BytesMeasure{MessageBytes, FittingLength};
+const Measure CharactersMeasure{Characters, FittingCharacters};
+
+Insertion FindInsertion(QStringView before, QStringView after, qsizetype caret)
+{
+    qsizetype end = std::clamp<qsizetype>(caret, 0, after.size());
+    if (!before.endsWith(after.sliced(end))) {
+        const qsizetype beginning = CommonBeginning(before, after);
+        end = after.size() - CommonEnd(before.sliced(beginning), after.sliced(beginning));
+        if (SplitsPair(after, end))
+            ++end;
+    }
+    const QStringView keptBefore = before.chopped(std::min(before.size(), after.size() - end));
+    qsizetype start = CommonBeginning(keptBefore, after.first(end));
+    if (SplitsPair(after, start))
+        --start;
+    return {start, end - start};
+}
+
+CaretText LimitChange(QStringView before, QStringView after, qsizetype caret, const Measure& measure,
+                      int limit)
+{
+    if (measure.length(after) <= limit)
+        return {after.toString(), caret};
+    const Insertion put = FindInsertion(before, after, caret);
+    const QStringView ahead = after.first(put.start);
+    const QStringView behind = after.sliced(put.start + put.length);
+    const int room = limit - measure.length(ahead) - measure.length(behind);
+    const qsizetype kept = measure.fitting(after.sliced(put.start, put.length), room);
+    const QString whole = after.first(put.start + kept).toString().append(behind);
+    // What stood there before may have been too long already: then the end goes too.
+    const QString text = LimitText(whole, measure, limit);
+    return {text, std::min(put.start + kept, text.size())};
+}
+
+qsizetype FirstLineLength(QStringView text)
+{
+    const auto isBreak = [](QChar c) {
+        return c == u'\r' || c == u'\n' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+    };
+    return std::find_if(text.begin(), text.end(), isBreak) - text.begin();
+}
+
+QString LimitText(QStringView text, const Measure& measure, int limit)
+{
+    return text.first(measure.fitting(text, limit)).toString();
+}
+
+QString Manageable(QStringView text)
+{
+    return LimitText(text, CharactersMeasure, MostGiven);
+}
+
+} // namespace tsms

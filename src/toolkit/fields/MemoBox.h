@@ -1,0 +1,48 @@
+#pragma once
+
+#include "toolkit/fields/TextField.h"
+
+#include <QPlainTextEdit>
+
+namespace tsms {
+
+/// The multi-line text box. Enter makes a line break, Tab leaves the box.
+class MemoBox : public QPlainTextEdit, public TextField
+{
+    Q_OBJECT
+
+public:
+    explicit MemoBox(QWidget* parent = nullptr);
+    MemoBox(QWidget* parent, const QString& name);
+
+    /// Without its border, as on a coloured panel.
+    void SetBorder(bool border);
+
+    QString Text() const override;
+    int SelStart() const override;
+    void SetSelStart(int position) override;
+    int SelLength() const override;
+    void Select(int start, int length) override;
+    QWidget& Widget() override { return *this; }
+
+protected:
+    void Load(const QString& text) override;
+    void Replace(const QString& text, int caret) override;
+    int Caret() const override;
+    bool OneLine() const override { return false; }
+
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void insertFromMimeData(const QMimeData* source) override;
+
+private:
+    int ToText(int documentPosition) const;
+    int ToDocument(int textPosition) const;
+};
+
+} // namespace tsms

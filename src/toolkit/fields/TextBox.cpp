@@ -1,0 +1,161 @@
+#include "toolkit/fields/TextBox.h"
+
+#include "toolkit/fields/KeyFilter.h"
+#include "toolkit/fields/LimitRule.h"
+#include "toolkit/fields/Naming.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+
+#include <algorithm>
+
+namespace tsms {
+
+TextBox::TextBox(QWidget* parent) : QLineEdit(parent)
+{
+    // Its own limit works on what was put in; the control's would cut without telling where.
+    QLineEdit::setMaxLength(MostGiven);
+    connect(this, &QLineEdit::textChanged, this, [this] { TellChange(); });
+}
+
+TextBox::TextBox(QWidget* parent, const QString& name) : TextBox(parent)
+{
+    SetName(*this, name);
+}
+
+void TextBox::Load(const QString& text)
+{
+    QLineEdit::setText(text);
+    setCursorPosition(0);
+}
+
+int TextBox::SelStart() const
+{
+    return hasSelectedText() ? selectionStart() : cursorPosition();
+}
+
+void TextBox::SetSelStart(int position)
+{
+    deselect();
+    setCursorPosition(std::clamp<int>(position, 0, static_cast<int>(text().size())));
+}
+
+int TextBox::SelLength() const
+{
+    return selectionLength();
+}
+
+void TextBox::Select(int start, int length)
+{
+    SetSelStart(start);
+    if (length > 0)
+        setSelection(cursorPosition(), length);
+}
+
+void TextBox::Replace(const QString& text, int caret)
+{
+    QLineEdit::setText(text);
+    setCursorPosition(caret);
+}
+
+bool TextBox::event(QEvent* event)
+{
+    if (SwallowsTab(*event, [this](QStringView key) { return PassKeys(key); }))
+        return true;
+    return QLineEdit::event(event);
+}
+
+void TextBox::keyPressEvent(QKeyEvent* event)
+{
+    if (TakesBack(*event))
+        return;
+    SendFilteredKey(
+        *event, [this](QStringView keys) { return WithRoom(PassKeys(keys)); },
+        [this](QKeyEvent* key) {
+            StepOverSeparator(*key);
+            EditByKey(*key, [&] { QLineEdit::keyPressEvent(key); });
+        });
+}
+
+void TextBox::StepOverSeparator(const QKeyEvent& key)
+{
+    if (Separator().isNull() || hasSelectedText())
+        return;
+    const int caret = cursorPosition();
+    if (key.key() == Qt::Key_Backspace && text().first(caret).endsWith(Separator()))
+        setCursorPosition(caret - 1);
+    if (key.key() == Qt::Key_Delete && text().sliced(caret).startsWith(Separator()))
+        setCursorPosition(caret + 1);
+}
+
+void TextBox::keyReleaseEvent(QKeyEvent* event)
+{
+    QLineEdit::keyReleaseEvent(event);
+    if (!event->isAutoRepeat())
+        TellKeyUp(event->key(), static_cast<int>(event->modifiers()));
+}
+
+void TextBox::inputMethodEvent(QInputMethodEvent* event)
+{
+    SeeComposed(*event);
+    SendFilteredCommit(
+        *event, [this](QStringView keys) { return PassKeys(keys); },
+        [this](QInputMethodEvent* commit) { EditByCommit([&] { QLineEdit::inputMethodEvent(commit); }); });
+}
+
+void TextBox::focusInEvent(QFocusEvent* event)
+{
+    const int caret = cursorPosition();
+    QLineEdit::focusInEvent(event);
+    // The control marks its text when Tab comes to it; here the caret stays where it was left.
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
+        SetSelStart(caret);
+    TellFocus(true, event->reason());
+    keepsMark_ = event->reason() == Qt::MouseFocusReason && SelLength() > 0;
+}
+
+void TextBox::focusOutEvent(QFocusEvent* event)
+{
+    QLineEdit::focusOutEvent(event);
+    TellFocus(false, event->reason());
+}
+
+void TextBox::mousePressEvent(QMouseEvent* event)
+{
+    const int start = SelStart();
+    const int length = SelLength();
+    QLineEdit::mousePressEvent(event);
+    keepsMark_ = keepsMark_ && event->button() == Qt::LeftButton;
+    if (!keepsMark_)
+        return;
+    Select(start, length);
+    pressed_ = event->position().toPoint();
+}
+
+void TextBox::mouseMoveEvent(QMouseEvent* event)
+{
+    const QPoint place = event->position().toPoint();
+    if (keepsMark_ && (place - pressed_).manhattanLength() < QApplication::startDragDistance())
+        return; // no hand holds the mouse quite still
+    if (keepsMark_)
+        SetSelStart(cursorPositionAt(pressed_)); // it is dragged over the text to mark a part of it
+    keepsMark_ = false;
+    QLineEdit::mouseMoveEvent(event);
+}
+
+void TextBox::mouseReleaseEvent(QMouseEvent* event)
+{
+    QLineEdit::mouseReleaseEvent(event);
+    keepsMark_ = false;
+}
+
+void TextBox::contextMenuEvent(QContextMenuEvent* event)
+{
+    OpenMenu(createStandardContextMenu(), event->globalPos());
+}
+
+} // namespace tsms

@@ -1,0 +1,319 @@
+#include "toolkit/fields/TextField.h"
+
+#include "runtime/CodePage949.h"
+#include "toolkit/fields/Guarded.h"
+#include "toolkit/fields/KeyFilter.h"
+#include "toolkit/fields/LimitRule.h"
+#include "toolkit/look/Theme.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QInputMethod>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+
+namespace tsms {
+
+namespace {
+
+/// Two rules of one field that undo each other's work come to rest after so many rounds.
+constexpr int MostRounds = 8;
+
+QPalette WithBase(QPalette palette, const QColor& color)
+{
+    // A box that is disabled keeps the look of that.
+    palette.setColor(QPalette::Active, QPalette::Base, color);
+    palette.setColor(QPalette::Inactive, QPalette::Base, color);
+    return palette;
+}
+
+QPalette WithWindow(QPalette palette, const QColor& color)
+{
+    palette.setColor(QPalette::Window, color);
+    return palette;
+}
+
+} // namespace
+
+TextField::~TextField()
+{
+    QObject::disconnect(awaited_);
+}
+
+void TextField::SelectAll()
+{
+    Select(0, static_cast<int>(Text().size()));
+}
+
+QString TextField::SelText() const
+{
+    return Text().mid(SelStart(), SelLength());
+}
+
+QColor TextField::BackColor() const
+{
+    return Widget().palette().color(QPalette::Active, QPalette::Base);
+}
+
+void TextField::SetBackColor(const QColor& color)
+{
+    Widget().setPalette(WithBase(Widget().palette(), color));
+}
+
+void TextField::SetImeMode(ImeMode mode)
+{
+    Widget().setAttribute(Qt::WA_InputMethodEnabled, mode != ImeMode::Off);
+    if (mode == ImeMode::Off)
+        return;
+    Qt::InputMethodHints hints = Widget().inputMethodHints() & Qt::ImhMultiLine;
+    if (mode == ImeMode::Hangul)
+        hints |= Qt::ImhNoAutoUppercase;
+    if (mode == ImeMode::Latin)
+        hints |= Qt::ImhPreferLatin | Qt::ImhNoAutoUppercase | Qt::ImhNoPredictiveText;
+    Widget().setInputMethodHints(hints);
+}
+
+void TextField::Correct(const QString& text, int caret)
+{
+    if (text == Text())
+        return;
+    {
+        const QScopedValueRollback<bool> quiet(correcting_, true);
+        Replace(text, caret);
+    }
+    if (rounds_ < MostRounds)
+        TellChange();
+}
+
+void TextField::SetText(const QString& text)
+{
+    ChangeByProgram(Author::Program, text);
+    history_.Forget();
+}
+
+void TextField::PutText(const QString& text)
+{
+    ChangeByProgram(Author::Choice, text);
+}
+
+/// What is still being composed belongs to the text before the change. Left alone, it would be handed over
+/// into the text behind it: some input methods do so at once when they are told to end, others later. By then
+/// it is an echo of what the field has put in by itself, and Composition withholds it.
+void TextField::FinishComposing()
+{
+    if (change_ || composed_.isEmpty())
+        return;
+    QInputMethodEvent commit;
+    commit.setCommitString(composed_);
+    QCoreApplication::sendEvent(&Widget(), &commit);
+    QGuiApplication::inputMethod()->reset();
+}
+
+void TextField::SeeComposed(const QInputMethodEvent& event)
+{
+    composed_ = event.preeditString();
+}
+
+void TextField::ChangeByProgram(Author author, const QString& text)
+{
+    FinishComposing();
+    {
+        // The controls tell of some changes in several steps; this one is told once, when it is done.
+        const QScopedValueRollback<bool> quiet(correcting_, true);
+        Load(text);
+    }
+    const QScopedValueRollback<Author> by(author_, author);
+    const QScopedValueRollback<Change*> ownChange(change_, nullptr);
+    TellChange();
+}
+
+void TextField::EditByKey(const QKeyEvent& key, const std::function<void()>& edit)
+{
+    const bool pastes = IsEditingCommand(key) || key.key() == Qt::Key_Insert;
+    EditBy(pastes ? Author::Person : Author::Keys, edit);
+}
+
+void TextField::EditByCommit(const std::function<void()>& edit)
+{
+    EditBy(Author::Keys, edit);
+}
+
+void TextField::EditBy(Author author, const std::function<void()>& edit)
+{
+    const QScopedValueRollback<Author> by(author_, author);
+    const QScopedValueRollback<bool> over(overSelection_, SelLength() > 0);
+    edit();
+}
+
+bool TextField::TakesBack(QKeyEvent& key)
+{
+    const bool again =
+        key.matches(QKeySequence::Redo) || (key.key() == Qt::Key_Y && key.modifiers() == Qt::ControlModifier);
+    if (!again && !key.matches(QKeySequence::Undo))
+        return false;
+    again ? Redo() : Undo();
+    key.accept();
+    return true;
+}
+
+void TextField::OpenMenu(QMenu* menu, QPoint place)
+{
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto serve = [&](int entry, bool enabled, void (TextField::*act)()) {
+        QAction* action = menu->actions().at(entry);
+        action->disconnect();
+        QObject::connect(action, &QAction::triggered, &Widget(), [this, act] { (this->*act)(); });
+        action->setEnabled(enabled);
+    };
+    serve(0, history_.CanUndo(), &TextField::Undo);
+    serve(1, history_.CanRedo(), &TextField::Redo);
+    menu->popup(place);
+}
+
+void TextField::Undo()
+{
+    FinishComposing();
+    Recall(history_.Undo({Text(), Tag}));
+}
+
+void TextField::Redo()
+{
+    FinishComposing();
+    Recall(history_.Redo({Text(), Tag}));
+}
+
+void TextField::Recall(const std::optional<HeldText>& held)
+{
+    if (!held)
+        return;
+    const Insertion put = FindInsertion(Text(), held->text, 0);
+    {
+        const QScopedValueRollback<bool> quiet(correcting_, true);
+        Replace(held->text, static_cast<int>(put.start + put.length));
+    }
+    Tag = held->tag;
+    const QScopedValueRollback<Author> by(author_, Author::History);
+    TellChange();
+}
+
+void TextField::TellChange()
+{
+    if (correcting_)
+        return;
+    if (change_) {
+        const QScopedValueRollback<int> round(rounds_, rounds_ + 1);
+        TellRules();
+        return;
+    }
+    const QString now = Text();
+    if (now == settled_)
+        return;
+    const int caret = Caret();
+    Change change{settled_, author_ == Author::Program || author_ == Author::Choice};
+    {
+        const QScopedValueRollback<Change*> present(change_, &change);
+        const QScopedValueRollback<int> round(rounds_, 0);
+        TellRules();
+    }
+    settled_ = Text();
+    Remember(change.before, now, caret);
+}
+
+void TextField::Remember(const QString& before, const QString& put, int caret)
+{
+    const bool changed = settled_ != before;
+    if (changed && author_ == Author::Keys)
+        history_.AddKeys({before, Tag}, put, caret, overSelection_);
+    else if (changed && (author_ == Author::Person || author_ == Author::Choice))
+        history_.AddStep({before, Tag});
+    history_.Rest(Caret());
+}
+
+void TextField::TellRules()
+{
+    ApplyOwnLimits();
+    if (OnChange)
+        RaiseEvent(Widget(), OnChange);
+}
+
+void TextField::ApplyOwnLimits()
+{
+    const QString text = Text();
+    CaretText kept{text, Caret()};
+    if (OneLine() && !change_->byProgram) {
+        const Insertion put = FindInsertion(change_->before, text, kept.caret);
+        const qsizetype line = FirstLineLength(QStringView(text).sliced(put.start, put.length));
+        if (line < put.length)
+            kept = {text.first(put.start + line) + text.sliced(put.start + put.length), put.start + line};
+    }
+    if (maxLength_ > 0 && kept.text.size() > maxLength_) {
+        if (change_->byProgram)
+            kept.text = LimitText(kept.text, CharactersMeasure, maxLength_);
+        else
+            kept = LimitChange(change_->before, kept.text, kept.caret, CharactersMeasure, maxLength_);
+    }
+    if (kept.text == text)
+        return;
+    const QScopedValueRollback<bool> quiet(correcting_, true);
+    Replace(kept.text, static_cast<int>(kept.caret));
+}
+
+void TextField::TellKeyUp(int key, int shift)
+{
+    if (OnKeyUp)
+        RaiseEvent(Widget(), [&] { OnKeyUp(key, shift); });
+}
+
+void TextField::TellFocus(bool gained, Qt::FocusReason reason)
+{
+    if (backing_)
+        backing_->update();
+    if (!gained && (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason)) {
+        AwaitReturn();
+        return;
+    }
+    if (gained == focused_)
+        return;
+    focused_ = gained;
+    if (backing_ && (gained ? BackColor() == theme::White : BackColor() != theme::White)) {
+        const QColor color = gained ? theme::Focus : theme::White;
+        SetBackColor(color);
+        backing_->setPalette(WithWindow(backing_->palette(), color));
+    }
+    if (const auto& handler = gained ? OnGotFocus : OnLostFocus)
+        RaiseEvent(Widget(), handler);
+}
+
+void TextField::AwaitReturn()
+{
+    if (awaited_)
+        return;
+    const auto look = [this](const QWidget*, const QWidget* now) {
+        if (!now || now->window() != Widget().window())
+            return;
+        QObject::disconnect(awaited_);
+        if (now != &Widget())
+            TellFocus(false, Qt::OtherFocusReason); // it was put elsewhere meanwhile
+    };
+    awaited_ = QObject::connect(qApp, &QApplication::focusChanged, &Widget(), look);
+}
+
+QString TextField::WithRoom(const QString& key) const
+{
+    constexpr char16_t firstPrintable = u' ';
+    const bool putsIn = key.size() == 1 && key[0].unicode() >= firstPrintable;
+    if (!putsIn || byteLimit_ == 0 || SelLength() > 0)
+        return key;
+    return MessageBytes(settled_) + MessageBytes(key) > byteLimit_ ? QString() : key;
+}
+
+QString TextField::PassKeys(QStringView keys)
+{
+    return OfferKeys(Widget(), OnKeyPress, keys);
+}
+
+} // namespace tsms

@@ -1,0 +1,50 @@
+#include "toolkit/grid/GridHelper.h"
+
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/look/Theme.h"
+
+namespace tsms {
+
+QString GridHelper::GetCellText(const fpSpread& grid, int col, int row) const
+{
+    return grid.GetText(col, row);
+}
+
+void GridHelper::PrepareGrid(fpSpread& grid) const
+{
+    grid.Reset();
+    grid.setFont(theme::Font());
+    grid.SetHeadersVisible(true, false);
+    grid.SetGridColor(theme::Line);
+    grid.SetBackgroundColor(theme::White);
+}
+
+void GridHelper::FormatColumn(fpSpread& grid, int col, int format) const
+{
+    grid.SetColAlignment(col, format == 2 ? Qt::AlignHCenter : format == 1 ? Qt::AlignRight : Qt::AlignLeft);
+}
+
+void GridHelper::NumberColumn(fpSpread& grid, int col) const
+{
+    grid.SetColNumber(col, true);
+}
+
+void GridHelper::SetRangeColors(fpSpread& grid, int col, int row, const QColor& back,
+                                const QColor& text) const
+{
+    grid.SetRangeColors(col, row, back, text);
+}
+
+void GridHelper::HideColumn(fpSpread& grid, int col) const
+{
+    grid.SetColHidden(col, true);
+}
+
+void GridHelper::ClearGrid(fpSpread& grid, bool flag) const
+{
+    if (flag)
+        grid.SetDataSource(nullptr);
+    grid.SetMaxRows(0);
+}
+
+} // namespace tsms

@@ -1,0 +1,96 @@
+#include "toolkit/windows/Application.h"
+
+#include "toolkit/fields/Guarded.h"
+#include "toolkit/look/Pictures.h"
+
+#include <QAbstractButton>
+#include <QKeyEvent>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QScopedValueRollback>
+#include <QTextStream>
+
+#include <cstdlib>
+
+namespace tsms {
+
+namespace {
+
+QtMessageHandler usualHandler = nullptr;
+
+/// What the toolkit gives up for while it starts is a display. It would abort.
+void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    if (type != QtFatalMsg) {
+        usualHandler(type, context, text);
+        return;
+    }
+    QTextStream(stderr) << QStringLiteral(
+        "tsms: 화면에 연결할 수 없어 프로그램을 시작하지 못했습니다. 그래픽 화면에서 실행하거나 환경변수 "
+        "DISPLAY, WAYLAND_DISPLAY, QT_QPA_PLATFORM을 확인하여 주십시오.\n");
+    std::_Exit(EXIT_FAILURE);
+}
+
+/// Comes before the toolkit starts. Answers what the toolkit is given.
+int& AwaitDisplay(int& argc)
+{
+    usualHandler = qInstallMessageHandler(EndWithoutDisplay);
+    return argc;
+}
+
+} // namespace
+
+Application::Application(int& argc, char** argv) : QApplication(AwaitDisplay(argc), argv)
+{
+    qInstallMessageHandler(usualHandler);
+    setWindowIcon(PictureIcon(QStringLiteral("application")));
+    const QLocale korean(QLocale::Korean, QLocale::SouthKorea);
+    if (words_.load(korean, QStringLiteral("qtbase"), QStringLiteral("_"),
+                    QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        installTranslator(&words_);
+}
+
+bool Application::notify(QObject* receiver, QEvent* event)
+{
+    if (IsHeldOnButton(*receiver, *event))
+        return true;
+    const bool composing = event->type() == QEvent::InputMethod;
+    const bool handedOn = composing && composing_;
+    if (!handedOn && composition_.Withholds(*event))
+        return true;
+    const QScopedValueRollback within(composing_, composing_ || composing);
+    return Deliver(receiver, event);
+}
+
+/// One press is one click. A key that is held would otherwise press what the first click brought up, too, and
+/// in the end send again and again.
+bool Application::IsHeldOnButton(const QObject& receiver, const QEvent& event)
+{
+    if (event.type() != QEvent::KeyPress && event.type() != QEvent::KeyRelease)
+        return false;
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    if (event.type() == QEvent::KeyRelease) {
+        released_ = key.timestamp();
+        return false;
+    }
+    const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+    // Under X a busy program is told of each repetition as of a release and a press, both of one moment.
+    const bool held = key.isAutoRepeat() || (released_ != 0 && key.timestamp() == released_);
+    return enter && held && qobject_cast<const QAbstractButton*>(&receiver);
+}
+
+bool Application::Deliver(QObject* receiver, QEvent* event)
+{
+    if (!desktop_)
+        return QApplication::notify(receiver, event);
+    const BusyWatch watch;
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const std::exception& error) {
+        watch.Restore(*desktop_);
+        ReportUnhandled(*desktop_, error);
+        return true;
+    }
+}
+
+} // namespace tsms

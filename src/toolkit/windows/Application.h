@@ -1,0 +1,39 @@
+#pragma once
+
+#include "toolkit/fields/Composition.h"
+
+#include <QApplication>
+#include <QTranslator>
+
+namespace tsms {
+
+class Desktop;
+
+/// The application. Its windows bear the program's icon. Menus and pickers that belong to the toolkit speak
+/// Korean, whatever the desk's language.
+/// What an input method composes stays where it was begun (see Composition). Enter that is held down presses
+/// one button once.
+/// It is the last place that catches an exception which left an event handler.
+class Application : public QApplication
+{
+public:
+    /// Without a display it ends the process in order: with a line on stderr and status 1.
+    Application(int& argc, char** argv);
+
+    /// Where unhandled errors are shown; without it they end the program.
+    void SetDesktop(Desktop& desktop) { desktop_ = &desktop; }
+
+    bool notify(QObject* receiver, QEvent* event) override;
+
+private:
+    bool IsHeldOnButton(const QObject& receiver, const QEvent& event);
+    bool Deliver(QObject* receiver, QEvent* event);
+
+    QTranslator words_; // where the platform has none, those menus stay English
+    Desktop* desktop_ = nullptr;
+    quint64 released_ = 0; // when the last key was; 0 where nobody knows
+    Composition composition_;
+    bool composing_ = false; // an event of the input method is being delivered; a control may hand it on
+};
+
+} // namespace tsms

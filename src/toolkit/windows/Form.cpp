@@ -1,0 +1,308 @@
+#include "toolkit/windows/Form.h"
+
+#include "runtime/Desktop.h"
+#include "session/Session.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/Guarded.h"
+#include "toolkit/fields/Naming.h"
+#include "toolkit/look/Placing.h"
+#include "toolkit/look/Theme.h"
+
+#include <QAccessibleWidget>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QLayout>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace tsms {
+
+namespace {
+
+QList<Form*>& LoadedForms()
+{
+    static QList<Form*> forms;
+    return forms;
+}
+
+/// Lies over all that a window holds, and dims it.
+class Veil final : public QWidget
+{
+public:
+    explicit Veil(QWidget& window) : QWidget(&window)
+    {
+        setObjectName(QStringLiteral("PlVeil"));
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setGeometry(window.rect());
+        show();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        constexpr QColor shade{30, 52, 62, 72};
+        QPainter(this).fillRect(rect(), shade);
+    }
+};
+
+Qt::WindowFlags FlagsOf(Form::Kind kind)
+{
+    const Qt::WindowFlags frameless = Qt::FramelessWindowHint | Qt::WindowSystemMenuHint;
+    return kind == Form::Kind::Main ? Qt::Window | frameless | Qt::WindowMinimizeButtonHint
+                                    : Qt::Dialog | frameless;
+}
+
+/// The platform takes a form for a filler.
+QAccessibleInterface* MakeAccessibleForm(const QString& className, QObject* object)
+{
+    if (className != QLatin1String(Form::staticMetaObject.className()))
+        return nullptr;
+    auto& form = static_cast<Form&>(*object);
+    const bool dialog = form.windowType() == Qt::Dialog;
+    return new QAccessibleWidget(&form, dialog ? QAccessible::Dialog : QAccessible::Window);
+}
+
+void TellOfForms()
+{
+    static const bool told = (QAccessible::installFactory(MakeAccessibleForm), true);
+    Q_UNUSED(told)
+}
+
+} // namespace
+
+void SetBusy(Boolean flag, Session& session, QWidget& form)
+{
+    session.Busy = flag;
+    if (session.IsBusy())
+        form.setCursor(Qt::WaitCursor);
+    else
+        form.unsetCursor();
+}
+
+Form::Form(Session& session, Desktop& desktop, const QString& name, Kind kind, QWidget* owner)
+    : QWidget(nullptr, FlagsOf(kind)), session_(session), desktop_(desktop), kind_(kind), owner_(owner)
+{
+    TellOfForms();
+    SetName(*this, name);
+    if (kind_ == Kind::Dialog)
+        setWindowModality(Qt::ApplicationModal);
+    LoadedForms() += this;
+    qApp->installEventFilter(this);
+}
+
+Form::~Form()
+{
+    DimBelow(false);
+    LeaveLoaded();
+}
+
+const QList<Form*>& Form::Loaded()
+{
+    return LoadedForms();
+}
+
+Form* Form::Find(const QString& name)
+{
+    const QList<Form*>& forms = LoadedForms();
+    const auto found =
+        std::find_if(forms.begin(), forms.end(), [&](Form* form) { return form->Name() == name; });
+    return found == forms.end() ? nullptr : *found;
+}
+
+bool Form::IsLoaded() const
+{
+    return LoadedForms().contains(const_cast<Form*>(this));
+}
+
+bool Form::IsBusy() const
+{
+    return session_.IsBusy();
+}
+
+void Form::ShowModal()
+{
+    if (!IsLoaded())
+        LoadedForms() += this; // shown again after it was unloaded
+    QEventLoop loop;
+    loop_ = &loop;
+    show();
+    raise();
+    activateWindow();
+    if (IsLoaded()) // its own start may have unloaded it
+        loop.exec();
+    loop_ = nullptr;
+    // The desk may be about to give the keyboard back to this form, behind a box that it showed at its end.
+    if (over_ && over_->isVisible())
+        over_->activateWindow();
+}
+
+bool Form::Unload()
+{
+    return close();
+}
+
+void Form::closeEvent(QCloseEvent* event)
+{
+    bool agreed = !IsLoaded();
+    if (!agreed)
+        Guarded(desktop_, [&] { agreed = QueryUnload(); })();
+    event->setAccepted(agreed);
+    if (!agreed)
+        return;
+    LeaveLoaded();
+    if (loop_)
+        loop_->quit();
+}
+
+void Form::LeaveLoaded()
+{
+    LoadedForms().removeAll(this);
+}
+
+bool Form::KeyDown(int, Qt::KeyboardModifiers)
+{
+    return false;
+}
+
+bool Form::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate)
+        Guarded(desktop_, [this] { Activate(); })();
+    return QWidget::event(event);
+}
+
+bool Form::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        if (watched->isWidgetType() && static_cast<QWidget*>(watched)->window() == this)
+            return PreviewKey(*static_cast<QWidget*>(watched), static_cast<QKeyEvent&>(*event));
+        break;
+    case QEvent::KeyRelease:
+    case QEvent::ShortcutOverride:
+        previewed_ = nullptr;
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+bool Form::PreviewKey(const QWidget& receiver, QKeyEvent& event)
+{
+    // A key that the focused control does not use comes by again on its way up to the form.
+    const bool first = &receiver == focusWidget() || (&receiver == this && previewed_ != &event);
+    if (!first || !IsLoaded())
+        return false;
+    previewed_ = &event;
+    bool usedUp = false;
+    Guarded(desktop_, [&] { usedUp = KeyDown(event.key(), event.modifiers()); })();
+    if (usedUp)
+        event.accept();
+    return usedUp;
+}
+
+void Form::setVisible(bool visible)
+{
+    if (visible && !placed_) {
+        placed_ = true;
+        Place();
+    }
+    DimBelow(visible);
+    QWidget::setVisible(visible);
+}
+
+void Form::DimBelow(bool dim)
+{
+    delete veil_;
+    if (dim && kind_ == Kind::Dialog && over_)
+        veil_ = new Veil(*over_);
+}
+
+void Form::Place()
+{
+    ensurePolished();
+    if (layout())
+        layout()->activate();
+    FitInto(screen()->availableSize());
+    QWidget* over = owner_ ? owner_->window() : QApplication::activeWindow();
+    if (over == this)
+        over = nullptr;
+    over_ = over;
+    if (over && kind_ == Kind::Dialog) {
+        winId(); // makes the window's handle
+        windowHandle()->setTransientParent(over->windowHandle());
+    }
+    const QRect around = over ? over->geometry() : screen()->availableGeometry();
+    QRect place(QPoint(), size());
+    place.moveCenter(around.center());
+    move(MovedInto(place, screen()->availableGeometry()).topLeft());
+}
+
+void Form::FitInto(QSize)
+{
+    if (!testAttribute(Qt::WA_Resized))
+        adjustSize();
+}
+
+void Form::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), theme::Page);
+    painter.setPen(QPen(theme::Frame, 1));
+    painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+}
+
+void Form::mousePressEvent(QMouseEvent* event)
+{
+    event->accept();
+    // On anything else a control had no use for the press.
+    held_ = IsDragSurface(event->position().toPoint()) ? event->button() : Qt::NoButton;
+    moving_ = false;
+    grip_ = event->globalPosition().toPoint() - pos();
+}
+
+bool Form::IsDragSurface(QPoint place) const
+{
+    const QWidget* hit = childAt(place);
+    const auto* panel = qobject_cast<const Panel*>(hit);
+    return !hit || (panel && panel->DragsWindow());
+}
+
+void Form::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!event->buttons().testFlag(held_))
+        held_ = Qt::NoButton; // its release went elsewhere
+    if (held_ == Qt::NoButton)
+        return;
+    const QPoint place = event->globalPosition().toPoint() - grip_;
+    if (!moving_ && (place - pos()).manhattanLength() < QApplication::startDragDistance())
+        return; // the hand of a click
+    if (!moving_ && HandOverMove())
+        held_ = Qt::NoButton;
+    else
+        move(place);
+    moving_ = true;
+}
+
+/// Wayland leaves it to the desk where a window stands. Elsewhere the form moves itself: a window manager
+/// that is asked waits for the release of the left button, and keeps the window at the pointer when that
+/// release was over before it heard of the move.
+bool Form::HandOverMove()
+{
+    return held_ == Qt::LeftButton && QGuiApplication::platformName().startsWith(u"wayland") &&
+           windowHandle() && windowHandle()->startSystemMove();
+}
+
+void Form::mouseReleaseEvent(QMouseEvent*)
+{
+    held_ = Qt::NoButton;
+}
+
+} // namespace tsms
