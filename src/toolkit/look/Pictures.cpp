@@ -1,11 +1,12 @@
 #include "toolkit/look/Pictures.h"
 
+#include "toolkit/look/VectorPicture.h"
+
 #include <QHash>
 #include <QIconEngine>
 #include <QImage>
 #include <QPainter>
 #include <QPixmapCache>
-#include <QSvgRenderer>
 
 #include <cmath>
 #include <memory>
@@ -20,15 +21,15 @@ namespace tsms {
 
 namespace {
 
-QSvgRenderer& RendererOf(const QString& name)
+const VectorPicture& PictureOf(const QString& name)
 {
-    static QHash<QString, std::shared_ptr<QSvgRenderer>> renderers;
-    std::shared_ptr<QSvgRenderer>& renderer = renderers[name];
-    if (!renderer) {
+    static QHash<QString, std::shared_ptr<const VectorPicture>> pictures;
+    std::shared_ptr<const VectorPicture>& picture = pictures[name];
+    if (!picture) {
         LoadPictureResource();
-        renderer = std::make_shared<QSvgRenderer>(QStringLiteral(":/toolkit/%1.svg").arg(name));
+        picture = std::make_shared<VectorPicture>(QStringLiteral(":/toolkit/%1.svg").arg(name));
     }
-    return *renderer;
+    return *picture;
 }
 
 /// A picture in real pixels.
@@ -45,7 +46,7 @@ QPixmap Render(const QString& name, QSize pixels, const QColor& color)
     QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
-    RendererOf(name).render(&painter);
+    PictureOf(name).Draw(painter, image.rect());
     if (color.isValid()) {
         painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
         painter.fillRect(image.rect(), color);
@@ -80,7 +81,7 @@ public:
         return Render(name_, QT_VERSION < QT_VERSION_CHECK(6, 8, 0) ? size : size * scale, QColor());
     }
     QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State) override { return size; }
-    bool isNull() override { return !RendererOf(name_).isValid(); }
+    bool isNull() override { return PictureOf(name_).IsEmpty(); }
     QIconEngine* clone() const override { return new PictureEngine(name_); }
 
 private:
