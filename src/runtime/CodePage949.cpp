@@ -1,6 +1,7 @@
 #include "runtime/CodePage949.h"
 
-#include "runtime/IconvConverter.h"
+#include "runtime/CodePageConverter.h"
+#include "runtime/CodePages.h"
 #include "runtime/Text.h"
 
 #include <algorithm>
@@ -10,15 +11,15 @@ namespace tsms {
 
 namespace {
 
-IconvConverter& Encoder()
+CodePageConverter& Encoder()
 {
-    thread_local IconvConverter encoder("CP949", NativeUtf16);
+    thread_local CodePageConverter encoder(CodePageConverter::Direction::Encode, KoreanCodePage);
     return encoder;
 }
 
-IconvConverter& Decoder()
+CodePageConverter& Decoder()
 {
-    thread_local IconvConverter decoder(NativeUtf16, "CP949");
+    thread_local CodePageConverter decoder(CodePageConverter::Direction::Decode, KoreanCodePage);
     return decoder;
 }
 

@@ -1,7 +1,7 @@
 #include "runtime/CodePages.h"
 
 #include "runtime/CodePage949.h"
-#include "runtime/IconvConverter.h"
+#include "runtime/CodePageConverter.h"
 
 #include <array>
 #include <map>
@@ -21,8 +21,7 @@ class CodePageTable
 public:
     explicit CodePageTable(int number)
     {
-        const QByteArray name = "CP" + QByteArray::number(number);
-        IconvConverter decoder(NativeUtf16, name.constData());
+        CodePageConverter decoder(CodePageConverter::Direction::Decode, number);
         for (std::size_t first = 0; first < singles_.size(); ++first) {
             singles_[first] = Character(decoder, QByteArray(1, static_cast<char>(first)));
             if (singles_[first] == NoCharacter)
@@ -52,7 +51,7 @@ private:
     using Row = std::array<char16_t, 256>;
 
     /// The one character that these bytes are.
-    static char16_t Character(IconvConverter& decoder, const QByteArray& bytes)
+    static char16_t Character(CodePageConverter& decoder, const QByteArray& bytes)
     {
         const QByteArray closed = bytes + '\0'; // some decoders keep a letter back until another one comes
         std::array<char16_t, 4> units{};
@@ -65,7 +64,7 @@ private:
         return isWhole && isOne ? units[0] : NoCharacter;
     }
 
-    void AddPairs(IconvConverter& decoder, std::size_t first)
+    void AddPairs(CodePageConverter& decoder, std::size_t first)
     {
         auto row = std::make_unique<Row>();
         bool hasOne = false;

@@ -14,16 +14,45 @@ namespace tsms {
 
 #ifdef Q_OS_WIN
 
-QString TakeCommandLine(int, char**)
+namespace {
+
+/// Where the program's own name ends; it may stand in quotation marks.
+qsizetype EndOfProgram(QStringView line)
 {
-    // argv is in the local code page there; the wide command line loses nothing.
+    const qsizetype end = line.startsWith(u'"') ? line.indexOf(u'"', 1) + 1 : line.indexOf(u' ');
+    return end > 0 ? end : line.size();
+}
+
+/// The words of a text whose words may stand in quotation marks, with single blanks between them.
+QString JoinedWords(const QString& text)
+{
     int count = 0;
-    wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
+    wchar_t** const words = CommandLineToArgvW(reinterpret_cast<const wchar_t*>(text.utf16()), &count);
     QStringList line;
-    for (int i = 1; i < count; ++i)
+    for (int i = 0; i < count; ++i)
         line += QString::fromWCharArray(words[i]);
     LocalFree(words);
     return line.join(u' ');
+}
+
+} // namespace
+
+QString TextBehindProgram(QStringView line)
+{
+    line = line.sliced(EndOfProgram(line));
+    while (line.startsWith(u' ') || line.startsWith(u'\t'))
+        line = line.sliced(1);
+    // Without quotation marks it is handed over as it stands: a blank, a mark or a backslash in it means
+    // itself.
+    return line.startsWith(u'"') ? JoinedWords(line.toString()) : line.toString();
+}
+
+QString TakeCommandLine(int, char**)
+{
+    wchar_t* const line = GetCommandLineW(); // argv is in the local code page; this loses nothing
+    const QString whole = QString::fromWCharArray(line);
+    std::fill(line + EndOfProgram(whole), line + whole.size(), L' ');
+    return TextBehindProgram(whole);
 }
 
 #else

@@ -2,6 +2,8 @@
 
 #include <QByteArray>
 
+#include <cstdlib>
+
 #ifdef Q_OS_LINUX
 #include <sys/prctl.h>
 #endif
@@ -12,6 +14,10 @@
 #include <langinfo.h>
 #include <unistd.h>
 #endif
+#ifdef Q_OS_WIN
+#include <qt_windows.h>
+#include <werapi.h>
+#endif
 
 namespace tsms {
 
@@ -21,6 +27,9 @@ void KeepMemoryPrivate()
     // A limit of 0 on the size of cores would not do: it does not hold where cores go to a program
     // (core(5), "Piping core dumps to a program"), and a browser that is started would have it too.
     ::prctl(PR_SET_DUMPABLE, 0);
+#endif
+#ifdef Q_OS_WIN
+    ::WerSetFlags(WER_FAULT_REPORTING_FLAG_NOHEAP);
 #endif
 }
 
@@ -53,6 +62,11 @@ void TakeWordsAsUtf8()
 #ifdef Q_OS_UNIX
     if (std::setlocale(LC_ALL, "") == nullptr || qstricmp(::nl_langinfo(CODESET), "UTF-8") != 0)
         qputenv("LC_ALL", "C.UTF-8");
+#endif
+#ifdef Q_OS_WIN
+    static const UINT consoles = ::GetConsoleOutputCP(); // 0 without a console
+    if (consoles != 0 && consoles != CP_UTF8 && ::SetConsoleOutputCP(CP_UTF8))
+        std::atexit([] { ::SetConsoleOutputCP(consoles); }); // the console outlives the program
 #endif
 }
 

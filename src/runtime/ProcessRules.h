@@ -3,7 +3,8 @@
 namespace tsms {
 
 /// Keeps the memory of the process to itself: the system keeps no core of it, and no other program of the
-/// same user may look into it. Programs that it starts are not concerned. Call it before any secret is read.
+/// same user may look into it. Under Windows it is only left out of what the system reports of a crash.
+/// Programs that it starts are not concerned. Call it before any secret is read.
 void KeepMemoryPrivate();
 
 /// Opens the standard streams that the caller has closed, on nothing. Otherwise the next file or connection
@@ -15,7 +16,7 @@ void FillStandardStreams();
 void TakeWriteFaultsAsErrors();
 
 /// Has Qt read and write words in UTF-8, as it does anyway, without a warning at each start where the locale
-/// says otherwise. Call it before Qt's application is made.
+/// says otherwise, and has a console of Windows show them. Call it before Qt's application is made.
 void TakeWordsAsUtf8();
 
 } // namespace tsms

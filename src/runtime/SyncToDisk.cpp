@@ -2,7 +2,9 @@
 
 #include <QFileDevice>
 
-#ifdef Q_OS_UNIX
+#ifdef Q_OS_WIN
+#include <io.h>
+#else
 #include <cerrno>
 #include <unistd.h>
 #endif
@@ -13,10 +15,10 @@ bool SyncToDisk(QFileDevice& file)
 {
     if (!file.flush())
         return false;
-#ifdef Q_OS_UNIX
-    return ::fsync(file.handle()) == 0 || errno == EINVAL || errno == ENOSYS;
+#ifdef Q_OS_WIN
+    return ::_commit(file.handle()) == 0;
 #else
-    return true; // QSaveFile asks the system itself before it renames
+    return ::fsync(file.handle()) == 0 || errno == EINVAL || errno == ENOSYS;
 #endif
 }
 

@@ -1,5 +1,7 @@
 #include "runtime/ProcessRules.h"
 
+#include <QByteArray>
+
 #include <gtest/gtest.h>
 
 #include <cerrno>
