@@ -71,6 +71,14 @@ void ShowMonth(fpSpread& months, const Recordset& month)
     months.SetText(col, MonthRate, RateText(ToLong(total), ToLong(done)));
 }
 
+QString TotalSent(const fpSpread& months)
+{
+    qint64 total = 0;
+    for (int month = 1; month <= Months; ++month)
+        total += months.GetText(month, MonthSent).toLongLong();
+    return QString::number(total);
+}
+
 void ShowMonths(fpSpread& months, Recordset& records)
 {
     for (Counter16 group(0); group.Value() < records.RecordCount(); ++group) {
@@ -78,8 +86,10 @@ void ShowMonths(fpSpread& months, Recordset& records)
         records.MoveNext();
     }
     // The same sum in each row, that of the first: it is meant not to follow the row.
+    const QString total = TotalSent(months);
+    months.SetColType(MonthTotalColumn, fpSpread::CellType::Number);
     for (int row = MonthSent; row <= MonthRate; ++row)
-        months.SetFormula(MonthTotalColumn, row, QStringLiteral("SUM(A1:L1)"));
+        months.SetText(MonthTotalColumn, row, total);
 }
 
 } // namespace

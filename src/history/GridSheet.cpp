@@ -7,14 +7,6 @@ namespace tsms {
 
 namespace {
 
-bool HasFormula(const fpSpread& grid, int col)
-{
-    for (int row = 1; row <= grid.MaxRows(); ++row)
-        if (grid.HasFormula(col, row))
-            return true;
-    return false;
-}
-
 SheetAlignment AlignmentOf(Qt::Alignment alignment)
 {
     if (alignment & Qt::AlignHCenter)
@@ -27,7 +19,7 @@ SheetColumn ColumnOf(const fpSpread& grid, int col)
     SheetColumn column;
     column.width = grid.ColWidthInDigits(col);
     column.hidden = grid.ColHidden(col);
-    column.number = grid.ColNumber(col) || HasFormula(grid, col);
+    column.number = grid.ColNumber(col) || grid.ColType(col) == fpSpread::CellType::Number;
     column.alignment = AlignmentOf(grid.ColAlignment(col));
     return column;
 }

@@ -78,21 +78,16 @@ TEST_F(GridSheet, KeepsAlignments)
     EXPECT_EQ(sheet.columns[1].alignment, SheetAlignment::Center);
 }
 
-TEST_F(GridSheet, HasNumbersInColumnsOfNumbersAndOfSums)
+TEST_F(GridSheet, HasNumbersInColumnsOfNumbersInGroupsOrAsTheyStand)
 {
     GridHelper().NumberColumn(grid, 2);
-    grid.SetFormula(3, 1, u"SUM(A1:B2)"_q);
+    grid.SetColType(3, fpSpread::CellType::Number);
+    grid.SetText(3, 1, u"12"_q);
     const Sheet sheet = SheetOf(grid);
     EXPECT_FALSE(sheet.columns[0].number);
     EXPECT_TRUE(sheet.columns[1].number);
     EXPECT_TRUE(sheet.columns[2].number);
     EXPECT_EQ(Text(3, 2), u"12"_q);
-}
-
-TEST_F(GridSheet, HasNumbersAlsoWhereOnlyTheLastRowIsASum)
-{
-    grid.SetFormula(3, 2, u"SUM(A1:B1)"_q);
-    EXPECT_TRUE(SheetOf(grid).columns[2].number);
 }
 
 TEST_F(GridSheet, HasNothingWhereThereIsAPicture)

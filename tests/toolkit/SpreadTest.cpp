@@ -309,85 +309,6 @@ TEST_F(SpreadTest, ColumnsThatFillTheGridAreWidenedInProportion)
     EXPECT_EQ(grid.ColWidth(3), 10.5);
 }
 
-TEST_F(SpreadTest, InsertedRowsPushTheLastOnesOut)
-{
-    grid.SetText(2, 1, u"first"_q);
-    grid.SetText(2, 19, u"nineteen"_q);
-    grid.SetText(2, 20, u"twenty"_q);
-    grid.SetRowHidden(1, true);
-    grid.SetRangeColors(fpSpread::All, 1, Qt::red, Qt::black);
-    grid.SetCellPicture(1, 1, 1);
-
-    grid.InsertRows(1, 1);
-
-    EXPECT_EQ(grid.MaxRows(), 20);
-    EXPECT_EQ(grid.GetText(2, 1), QString());
-    EXPECT_EQ(grid.GetText(2, 2), u"first"_q);
-    EXPECT_EQ(grid.GetText(2, 20), u"nineteen"_q);
-    EXPECT_FALSE(grid.RowHidden(1));
-    EXPECT_TRUE(grid.RowHidden(2));
-    EXPECT_FALSE(Index(2, 1).data(Qt::BackgroundRole).isValid());
-    EXPECT_EQ(Index(2, 2).data(Qt::BackgroundRole).value<QColor>(), QColor(Qt::red));
-    EXPECT_EQ(grid.CellPicture(1, 1), -1);
-    EXPECT_EQ(grid.CellPicture(1, 2), 1);
-}
-
-TEST_F(SpreadTest, DeletedRowsLetTheOthersFollowUp)
-{
-    grid.SetText(2, 2, u"two"_q);
-    grid.SetText(2, 3, u"three"_q);
-    grid.SetText(2, 20, u"twenty"_q);
-    grid.SetRowHidden(3, true);
-    grid.SetRangeColors(2, 20, Qt::red, Qt::black);
-
-    grid.DeleteRows(2, 1);
-
-    EXPECT_EQ(grid.MaxRows(), 20);
-    EXPECT_EQ(grid.GetText(2, 2), u"three"_q);
-    EXPECT_TRUE(grid.RowHidden(2));
-    EXPECT_FALSE(grid.RowHidden(3));
-    EXPECT_EQ(grid.GetText(2, 19), u"twenty"_q);
-    EXPECT_EQ(grid.GetText(2, 20), QString());
-    EXPECT_TRUE(Index(2, 19).data(Qt::BackgroundRole).isValid());
-    EXPECT_FALSE(Index(2, 20).data(Qt::BackgroundRole).isValid());
-}
-
-TEST_F(SpreadTest, InsertingAndDeletingTheSameRowLeavesABoundGridAsItWas)
-{
-    grid.SetMaxRows(8);
-    grid.SetDataSource(std::make_shared<CountingSource>(5, 8));
-    grid.SetText(3, 5, u"own"_q);
-    grid.SetMaxRows(10);
-    grid.InsertRows(1, 1);
-    grid.SetText(1, 1, u"title"_q);
-    EXPECT_EQ(grid.GetText(1, 1), u"title"_q);
-    EXPECT_EQ(grid.GetText(2, 1), QString());
-    EXPECT_EQ(grid.GetText(2, 2), u"2/1"_q);
-    EXPECT_EQ(grid.GetText(2, 9), u"2/8"_q);
-    EXPECT_EQ(grid.GetText(2, 10), QString());
-    EXPECT_EQ(grid.GetText(3, 6), u"own"_q);
-    grid.DeleteRows(1, 1);
-    grid.SetMaxRows(8);
-    EXPECT_EQ(grid.GetText(1, 1), u"1/1"_q);
-    EXPECT_EQ(grid.GetText(2, 8), u"2/8"_q);
-    EXPECT_EQ(grid.GetText(3, 5), u"own"_q);
-}
-
-TEST_F(SpreadTest, InsertAndDeleteOutsideTheGridDoNothing)
-{
-    grid.SetText(2, 20, u"twenty"_q);
-    grid.InsertRows(0, 1);
-    grid.InsertRows(21, 1);
-    grid.InsertRows(1, 0);
-    grid.DeleteRows(0, 1);
-    grid.DeleteRows(21, 5);
-    EXPECT_EQ(grid.MaxRows(), 20);
-    EXPECT_EQ(grid.GetText(2, 20), u"twenty"_q);
-    grid.DeleteRows(20, 100);
-    EXPECT_EQ(grid.MaxRows(), 20);
-    EXPECT_EQ(grid.GetText(2, 20), QString());
-}
-
 TEST_F(SpreadTest, ABoundGridReadsOnlyWhatIsOnView)
 {
     const auto source = std::make_shared<CountingSource>(10, 32000);
@@ -439,42 +360,6 @@ TEST_F(SpreadTest, ASourceLetGoLeavesEmptyCells)
     grid.SetDataSource(nullptr);
     EXPECT_EQ(grid.GetText(2, 1), QString());
     EXPECT_EQ(grid.MaxRows(), 20);
-}
-
-TEST_F(SpreadTest, AFormulaSumsTheTextsThatAreNumbers)
-{
-    grid.SetText(1, 1, u"3"_q);
-    grid.SetText(2, 1, u" 4 "_q);
-    grid.SetText(3, 1, u"96%"_q);
-    for (int row = 1; row <= 4; ++row)
-        grid.SetFormula(5, row, u"SUM(A1:D1)"_q);
-    EXPECT_EQ(grid.GetText(5, 1), u"7"_q);
-    EXPECT_EQ(grid.GetText(5, 4), u"7"_q);
-    grid.SetText(4, 1, u"10.5"_q);
-    EXPECT_EQ(grid.GetText(5, 4), u"17.5"_q);
-    EXPECT_EQ(Index(5, 4).data().toString(), u"17.5"_q);
-}
-
-TEST_F(SpreadTest, AFormulaOverEmptyCellsIsZeroAndNeverCountsItself)
-{
-    grid.SetFormula(5, 1, u"SUM(A1:E1)"_q);
-    EXPECT_EQ(grid.GetText(5, 1), u"0"_q);
-}
-
-TEST_F(SpreadTest, AFormulaFarBeyondTheGridSumsWhatIsThere)
-{
-    grid.SetText(1, 1, u"1"_q);
-    grid.SetText(1, 20, u"2"_q);
-    grid.SetFormula(5, 1, u"=sum(a1:zzz999999)"_q);
-    EXPECT_EQ(grid.GetText(5, 1), u"3"_q);
-}
-
-TEST_F(SpreadTest, AnUnknownFormulaShowsNothingAndATextReplacesIt)
-{
-    grid.SetFormula(5, 1, u"MAX(A1:B1)"_q);
-    EXPECT_EQ(grid.GetText(5, 1), QString());
-    grid.SetText(5, 1, u"8"_q);
-    EXPECT_EQ(grid.GetText(5, 1), u"8"_q);
 }
 
 TEST_F(SpreadTest, AMarkCellAnswersWithItsPictureAndItsIndex)

@@ -1,38 +1,15 @@
 #include "toolkit/grid/SpreadModel.h"
 
 #include "runtime/Numbers.h"
-#include "runtime/Text.h"
 #include "toolkit/look/Pictures.h"
 #include "toolkit/look/Theme.h"
 
-#include <QRegularExpression>
-
 #include <algorithm>
-#include <cmath>
 #include <limits>
-#include <numeric>
 
 namespace tsms {
 
 namespace {
-
-/// Makes room in a list that is kept only as far down as something was set.
-template <class Value>
-void OpenIn(std::vector<Value>& values, int row, int count, int rows, const Value& empty)
-{
-    if (static_cast<int>(values.size()) <= row)
-        return;
-    values.insert(values.begin() + row, static_cast<std::size_t>(count), empty);
-    if (static_cast<int>(values.size()) > rows + 1)
-        values.resize(static_cast<std::size_t>(rows) + 1, empty);
-}
-
-template <class Value> void CloseIn(std::vector<Value>& values, int row, int count)
-{
-    const int size = static_cast<int>(values.size());
-    if (size > row)
-        values.erase(values.begin() + row, values.begin() + std::min(size, row + count));
-}
 
 template <class Value> void Shorten(std::vector<Value>& values, int rows)
 {
@@ -48,51 +25,6 @@ template <class Value> Value& Reach(std::vector<Value>& values, int row, const V
     else if (values.size() < place)
         values.resize(place + 1, empty);
     return values[place];
-}
-
-int RowOf(int row)
-{
-    return row;
-}
-
-int RowOf(const std::pair<int, int>& place)
-{
-    return place.first;
-}
-
-int AtRow(int, int row)
-{
-    return row;
-}
-
-std::pair<int, int> AtRow(const std::pair<int, int>& place, int row)
-{
-    return {row, place.second};
-}
-
-/// Moves what belongs to rows from `from` on by `by` rows; what would come to stand before `from` or behind
-/// `last` is dropped.
-template <class Map> void ShiftRows(Map& map, int from, int by, int last)
-{
-    Map shifted;
-    for (auto& [key, value] : map) {
-        const int row = RowOf(key);
-        if (row < from) {
-            shifted.emplace(key, std::move(value));
-        } else if (row + by >= from && row + by <= last) {
-            shifted.emplace(AtRow(key, row + by), std::move(value));
-        }
-    }
-    map.swap(shifted);
-}
-
-/// A cell name in the manner A1. Column and row are 0 when the text is none.
-std::pair<int, int> CellNamed(QStringView letters, QStringView digits)
-{
-    int col = 0;
-    for (const QChar letter : letters)
-        col = col * 26 + (letter.toUpper().unicode() - u'A' + 1);
-    return {col, digits.toInt()};
 }
 
 } // namespace
@@ -113,11 +45,9 @@ void SpreadModel::SetMaxRows(int count)
             Shorten(column.texts, count);
             Shorten(column.pictures, count);
         }
-        ShiftRows(rowColors_, count + 1, 0, count);
-        ShiftRows(cellColors_, count + 1, 0, count);
-        ShiftRows(formulas_, count + 1, 0, count);
+        rowColors_.erase(rowColors_.upper_bound(count), rowColors_.end());
+        cellColors_.erase(cellColors_.lower_bound({count + 1, 0}), cellColors_.end());
         boundRows_ = std::min(boundRows_, count);
-        Shorten(sourceRows_, count);
         endRemoveRows();
     }
 }
@@ -134,42 +64,9 @@ void SpreadModel::SetMaxCols(int count)
         maxCols_ = count;
         if (static_cast<int>(columns_.size()) > count + 1)
             columns_.resize(static_cast<std::size_t>(count) + 1);
-        const auto beyond = [count](const auto& entry) { return entry.first.second > count; };
-        std::erase_if(cellColors_, beyond);
-        std::erase_if(formulas_, beyond);
+        std::erase_if(cellColors_, [count](const auto& entry) { return entry.first.second > count; });
         endRemoveColumns();
     }
-}
-
-void SpreadModel::InsertRows(int row, int count)
-{
-    if (row < 1 || row > maxRows_ || count < 1)
-        return;
-    count = std::min(count, maxRows_ - row + 1);
-    // The end falls off first, so that no row is ever announced twice.
-    beginRemoveRows({}, maxRows_ - count, maxRows_ - 1);
-    const int rows = maxRows_;
-    maxRows_ = rows - count;
-    endRemoveRows();
-    beginInsertRows({}, row - 1, row + count - 2);
-    maxRows_ = rows;
-    OpenRows(row, count);
-    endInsertRows();
-}
-
-void SpreadModel::DeleteRows(int row, int count)
-{
-    if (row < 1 || row > maxRows_ || count < 1)
-        return;
-    count = std::min(count, maxRows_ - row + 1);
-    const int rows = maxRows_;
-    beginRemoveRows({}, row - 1, row + count - 2);
-    maxRows_ = rows - count;
-    CloseRows(row, count);
-    endRemoveRows();
-    beginInsertRows({}, rows - count, rows - 1);
-    maxRows_ = rows;
-    endInsertRows();
 }
 
 void SpreadModel::Reset()
@@ -180,11 +77,9 @@ void SpreadModel::Reset()
     columns_.clear();
     rowColors_.clear();
     cellColors_.clear();
-    formulas_.clear();
     source_.reset();
     boundRows_ = 0;
     boundCols_ = 0;
-    sourceRows_.clear();
     endResetModel();
 }
 
@@ -212,8 +107,6 @@ QString SpreadModel::Text(int col, int row) const
     }
     if (row == 0)
         return {};
-    if (const auto formula = formulas_.find({row, col}); formula != formulas_.end())
-        return Sum(formula->second);
     if (QString text = SourceText(col, row); !text.isNull())
         return text;
     return column ? column->caption : QString();
@@ -223,31 +116,17 @@ void SpreadModel::SetText(int col, int row, const QString& text)
 {
     if (!Has(col, row))
         return;
-    formulas_.erase({row, col});
     Reach(At(col).texts, row, QString()) = text.isNull() ? QStringLiteral("") : text;
-    Announce(col, row);
-}
-
-void SpreadModel::SetFormula(int col, int row, const QString& formula)
-{
-    if (!Has(col, row) || row == 0)
-        return;
-    Column& column = At(col);
-    if (row < static_cast<int>(column.texts.size()))
-        column.texts[static_cast<std::size_t>(row)] = QString();
-    formulas_[{row, col}] = formula;
     Announce(col, row);
 }
 
 void SpreadModel::SetDataSource(std::shared_ptr<const CellSource> source)
 {
     source_ = std::move(source);
-    sourceRows_.clear();
     boundRows_ = source_ ? source_->Rows() : 0;
     boundCols_ = source_ ? source_->Cols() : 0;
     for (int col = 1; col <= boundCols_ && col < static_cast<int>(columns_.size()); ++col)
         Shorten(At(col).texts, 0);
-    std::erase_if(formulas_, [this](const auto& entry) { return entry.first.second <= boundCols_; });
     SetAnnouncing(announcing_);
 }
 
@@ -504,38 +383,12 @@ SpreadModel::Column& SpreadModel::At(int col)
 /// Null where the source has no such cell.
 QString SpreadModel::SourceText(int col, int row) const
 {
-    const int from = col >= 1 && col <= boundCols_ ? SourceRow(row) : 0;
-    if (from < 1)
+    if (col < 1 || col > boundCols_ || row > boundRows_)
         return {};
-    QString text = source_->Text(col, from);
+    QString text = source_->Text(col, row);
     if (text.isNull())
         text = QStringLiteral("");
     return text;
-}
-
-QString SpreadModel::Sum(const QString& formula) const
-{
-    static const QRegularExpression Pattern(
-        QStringLiteral(
-            "^\\s*=?\\s*SUM\\(\\s*([A-Z]{1,3})([0-9]{1,6})\\s*:\\s*([A-Z]{1,3})([0-9]{1,6})\\s*\\)\\s*$"),
-        QRegularExpression::CaseInsensitiveOption);
-    const QRegularExpressionMatch match = Pattern.match(formula);
-    if (!match.hasMatch())
-        return {};
-    const auto [firstCol, firstRow] = CellNamed(match.capturedView(1), match.capturedView(2));
-    const auto [lastCol, lastRow] = CellNamed(match.capturedView(3), match.capturedView(4));
-    double sum = 0;
-    for (int row = std::max(firstRow, 1); row <= std::min(lastRow, maxRows_); ++row) {
-        for (int col = std::max(firstCol, 1); col <= std::min(lastCol, maxCols_); ++col) {
-            if (formulas_.contains({row, col}))
-                continue;
-            bool number = false;
-            const double value = Trim(Text(col, row)).toDouble(&number);
-            if (number && std::isfinite(value))
-                sum += value;
-        }
-    }
-    return QString::number(sum, 'g', 15);
 }
 
 SpreadModel::Colors SpreadModel::ColorsAt(int col, int row) const
@@ -555,49 +408,6 @@ SpreadModel::Colors SpreadModel::ColorsAt(int col, int row) const
     if (column && row != 0 && col != 0)
         fill(column->colors);
     return colors;
-}
-
-void SpreadModel::OpenRows(int row, int count)
-{
-    TraceSourceRows();
-    for (Column& column : columns_) {
-        OpenIn(column.texts, row, count, maxRows_, QString());
-        OpenIn(column.pictures, row, count, maxRows_, Unset);
-    }
-    OpenIn(sourceRows_, row, count, maxRows_, 0);
-    ShiftRows(rowColors_, row, count, maxRows_);
-    ShiftRows(cellColors_, row, count, maxRows_);
-    ShiftRows(formulas_, row, count, maxRows_);
-}
-
-void SpreadModel::CloseRows(int row, int count)
-{
-    TraceSourceRows();
-    for (Column& column : columns_) {
-        CloseIn(column.texts, row, count);
-        CloseIn(column.pictures, row, count);
-    }
-    CloseIn(sourceRows_, row, count);
-    const int last = maxRows_ + count;
-    ShiftRows(rowColors_, row, -count, last);
-    ShiftRows(cellColors_, row, -count, last);
-    ShiftRows(formulas_, row, -count, last);
-}
-
-/// From here on the grid's rows and the source's rows go apart.
-void SpreadModel::TraceSourceRows()
-{
-    if (!source_ || !sourceRows_.empty())
-        return;
-    sourceRows_.resize(static_cast<std::size_t>(boundRows_) + 1);
-    std::iota(sourceRows_.begin(), sourceRows_.end(), 0);
-}
-
-int SpreadModel::SourceRow(int row) const
-{
-    if (sourceRows_.empty())
-        return row <= boundRows_ ? row : 0;
-    return row < static_cast<int>(sourceRows_.size()) ? sourceRows_[static_cast<std::size_t>(row)] : 0;
 }
 
 void SpreadModel::Announce(int col, int row)

@@ -22,8 +22,6 @@ public:
     int MaxCols() const { return maxCols_; }
     void SetMaxRows(int count);
     void SetMaxCols(int count);
-    void InsertRows(int row, int count);
-    void DeleteRows(int row, int count);
     void Reset();
 
     /// While off, no change of a cell is announced; switching it on announces all of them.
@@ -31,8 +29,6 @@ public:
 
     QString Text(int col, int row) const;
     void SetText(int col, int row, const QString& text);
-    void SetFormula(int col, int row, const QString& formula);
-    bool HasFormula(int col, int row) const { return formulas_.contains({row, col}); }
     void SetDataSource(std::shared_ptr<const CellSource> source);
 
     fpSpread::CellType Type(int col) const;
@@ -90,12 +86,7 @@ private:
     const Column* Find(int col) const;
     Column& At(int col);
     QString SourceText(int col, int row) const;
-    QString Sum(const QString& formula) const;
     Colors ColorsAt(int col, int row) const;
-    void TraceSourceRows();
-    int SourceRow(int row) const;
-    void OpenRows(int row, int count);
-    void CloseRows(int row, int count);
     void Announce(int col, int row);
 
     int maxRows_ = fpSpread::DefaultRows;
@@ -104,12 +95,10 @@ private:
     std::vector<Column> columns_; // as far as one was touched
     std::map<int, Colors> rowColors_;
     std::map<Place, Colors> cellColors_;
-    std::map<Place, QString> formulas_;
     QList<QIcon> pictures_;
     std::shared_ptr<const CellSource> source_;
-    int boundRows_ = 0;           // rows beyond this one show nothing of the source
-    int boundCols_ = 0;           // nor do columns beyond this one
-    std::vector<int> sourceRows_; // the source's row of each row, once rows were inserted or deleted; 0: none
+    int boundRows_ = 0; // rows beyond this one show nothing of the source
+    int boundCols_ = 0; // nor do columns beyond this one
 };
 
 } // namespace tsms

@@ -178,18 +178,6 @@ void fpSpread::SetMaxCols(int count)
     ApplyWidths();
 }
 
-void fpSpread::InsertRows(int row, int count)
-{
-    CommitEdit();
-    model_->InsertRows(row, count);
-}
-
-void fpSpread::DeleteRows(int row, int count)
-{
-    CancelEdit();
-    model_->DeleteRows(row, count);
-}
-
 void fpSpread::Reset()
 {
     CancelEdit();
@@ -230,16 +218,6 @@ void fpSpread::EnterText(int col, int row, const QString& text)
 {
     const int limit = model_->MaxLength(col);
     SetText(col, row, limit > 0 ? LimitText(text, CharactersMeasure, limit) : text);
-}
-
-void fpSpread::SetFormula(int col, int row, const QString& formula)
-{
-    model_->SetFormula(col, row, formula);
-}
-
-bool fpSpread::HasFormula(int col, int row) const
-{
-    return model_->HasFormula(col, row);
 }
 
 void fpSpread::SetDataSource(std::shared_ptr<const CellSource> source)

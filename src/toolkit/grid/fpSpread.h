@@ -34,7 +34,8 @@ class fpSpread : public QTableView
     Q_OBJECT
 
 public:
-    enum class CellType { StaticText, Edit, Button, Picture };
+    /// Number: a text that other programs are to take for a number. It is shown as it stands.
+    enum class CellType { StaticText, Edit, Button, Picture, Number };
 
     static constexpr int All = -1;          ///< all rows or all columns
     static constexpr int DefaultRows = 500; ///< after Reset, until the set-up says otherwise
@@ -49,11 +50,6 @@ public:
     int MaxCols() const;
     void SetMaxCols(int count);
 
-    /// Makes room at `row`, or closes it. MaxRows stays: rows pushed beyond it are lost, and empty ones
-    /// follow up.
-    void InsertRows(int row, int count);
-    void DeleteRows(int row, int count);
-
     /// Back to the defaults: no content, no source, no hidden rows or columns, no formats, default sizes,
     /// active cell (1, 1), space clicks on. Pictures, FillWidth and the state of ReDraw stay.
     void Reset();
@@ -66,11 +62,6 @@ public:
     QString GetText(int col, int row) const;
     void SetText(int col, int row, const QString& text);
     void EnterText(int col, int row, const QString& text); ///< as a person does: up to the column's limit
-
-    /// Understands "SUM(<cell>:<cell>)", cells in the manner A1: the sum of the texts that are numbers,
-    /// formulas left out. Any other formula shows nothing. SetText puts the formula away again.
-    void SetFormula(int col, int row, const QString& formula);
-    bool HasFormula(int col, int row) const;
 
     /// Shows the source's rows by position, from row 1 and column 1. Neither size changes. Texts set before
     /// in its columns are gone; SetText overrides a cell afterwards. Null: none.
