@@ -8,13 +8,10 @@
 #include "toolkit/look/Theme.h"
 
 #include <QHelpEvent>
-#include <QKeyEvent>
-#include <QLineEdit>
 #include <QPainter>
 #include <QToolTip>
 
 #include <algorithm>
-#include <memory>
 
 namespace tsms {
 
@@ -66,33 +63,14 @@ QRect Centred(const QRect& room, int size)
                  size);
 }
 
-/// Holds what a person puts into an editor to its cell's limit. The control's own limit would halve a pair of
-/// units, and cut the end of a full cell in place of what is put into its middle.
-void HoldLimit(QLineEdit& line, int limit)
-{
-    const auto before = std::make_shared<QString>();
-    QObject::connect(&line, &QLineEdit::textEdited, &line, [&line, before, limit] {
-        const CaretText kept =
-            LimitChange(*before, line.text(), line.cursorPosition(), CharactersMeasure, limit);
-        if (kept.text == line.text())
-            return;
-        line.setText(kept.text);
-        line.setModified(true);
-        line.setCursorPosition(static_cast<int>(kept.caret));
-    });
-    QObject::connect(&line, &QLineEdit::textChanged, &line, [&line, before] { *before = line.text(); });
-}
-
 } // namespace
-
-SpreadDelegate::SpreadDelegate(fpSpread& grid) : QStyledItemDelegate(&grid), grid_(grid) {}
 
 void SpreadDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                            const QModelIndex& index) const
 {
     const SpreadModel& cells = Cells(index);
     const bool active = index == grid_.currentIndex();
-    const bool lit = active && grid_.HasAttention();
+    const bool lit = active && HasAttention();
     const QVariant ownBack = index.data(Qt::BackgroundRole);
     QColor back = ownBack.isValid() ? ownBack.value<QColor>() : theme::White;
     if (lit) {
@@ -132,79 +110,6 @@ QSize SpreadDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelI
     return QSize(width, option.fontMetrics.height() + 1);
 }
 
-QWidget* SpreadDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
-                                      const QModelIndex& index) const
-{
-    const SpreadModel& cells = Cells(index);
-    auto* line = new QLineEdit(parent);
-    if (grid_.keepsFocus_)
-        line->setFocusProxy(&grid_);
-    line->setAccessibleName(
-        cells.headerData(index.column(), Qt::Horizontal, Qt::AccessibleTextRole).toString());
-    line->setFrame(false);
-    line->setTextMargins(0, 0, 0, 0);
-    line->setAlignment(cells.Alignment(Col(index)));
-    if (const int limit = cells.MaxLength(Col(index)); limit > 0)
-        HoldLimit(*line, limit);
-    QPalette colors = line->palette();
-    colors.setColor(QPalette::Base, theme::Focus);
-    colors.setColor(QPalette::Text, theme::Text);
-    line->setPalette(colors);
-    return line;
-}
-
-void SpreadDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
-{
-    // A change of the cell by the program leaves alone what is being typed into it.
-    auto* line = static_cast<QLineEdit*>(editor);
-    if (!line->isModified() && line->text().isEmpty())
-        line->setText(index.data(Qt::EditRole).toString());
-}
-
-void SpreadDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const
-{
-    const auto* line = static_cast<QLineEdit*>(editor);
-    if (!line->isModified())
-        return;
-    const QString text = line->text();
-    model->setData(index, text.first(FirstLineLength(text)), Qt::EditRole);
-}
-
-void SpreadDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
-                                          const QModelIndex&) const
-{
-    editor->setGeometry(option.rect.adjusted(1, 1, -1, -1)); // the frame of the active cell stays on view
-}
-
-/// Keys in the editor that belong to the grid: the edit ends first.
-bool SpreadDelegate::eventFilter(QObject* object, QEvent* event)
-{
-    if (event->type() != QEvent::KeyPress)
-        return QStyledItemDelegate::eventFilter(object, event);
-    auto* key = static_cast<QKeyEvent*>(event);
-    switch (key->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-        grid_.CommitEdit();
-        grid_.keyPressEvent(key);
-        return true;
-    case Qt::Key_Tab:
-        grid_.CommitEdit();
-        grid_.OwnerTakes('\r');
-        return true;
-    case Qt::Key_Backtab:
-        grid_.CommitEdit();
-        grid_.WalkBack();
-        return true;
-    default:
-        return QStyledItemDelegate::eventFilter(object, event);
-    }
-}
-
 /// The whole text of a cell that is too narrow for it.
 bool SpreadDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                                const QModelIndex& index)
@@ -235,7 +140,7 @@ void SpreadDelegate::PaintButton(QPainter& painter, const QStyleOptionViewItem& 
 {
     const SpreadModel& cells = Cells(index);
     QColor face = cells.ButtonFace(Col(index));
-    if (grid_.IsButtonDown(index)) {
+    if (grid_.mouse_.HoldsDown(index)) {
         face = theme::Pressed(face);
     } else if (option.state.testFlag(QStyle::State_MouseOver)) {
         face = theme::Hovered(face);
@@ -257,7 +162,7 @@ void SpreadDelegate::PaintText(QPainter& painter, const QStyleOptionViewItem& op
 {
     const QVariant own = index.data(Qt::ForegroundRole);
     QColor color = own.isValid() ? own.value<QColor>() : theme::Text;
-    const bool lit = index == grid_.currentIndex() && grid_.HasAttention();
+    const bool lit = index == grid_.currentIndex() && HasAttention();
     if (lit && color.lightness() > 200)
         color = theme::Text; // light words cannot be read on the focus colour
     if (!grid_.isEnabled())

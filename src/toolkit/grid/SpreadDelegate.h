@@ -1,27 +1,18 @@
 #pragma once
 
-#include <QStyledItemDelegate>
+#include "toolkit/grid/SpreadEditing.h"
 
 namespace tsms {
 
-class fpSpread;
-
-/// Draws the cells of a grid and edits its edit cells.
-class SpreadDelegate final : public QStyledItemDelegate
+/// Draws the cells of a grid, beside editing them.
+class SpreadDelegate final : public SpreadEditing
 {
 public:
-    explicit SpreadDelegate(fpSpread& grid);
+    using SpreadEditing::SpreadEditing;
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
-                          const QModelIndex& index) const override;
-    void setEditorData(QWidget* editor, const QModelIndex& index) const override;
-    void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
-    void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
-                              const QModelIndex& index) const override;
-    bool eventFilter(QObject* object, QEvent* event) override;
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override;
 
@@ -31,8 +22,6 @@ public:
 private:
     void PaintButton(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
     void PaintText(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
-
-    fpSpread& grid_;
 };
 
 } // namespace tsms

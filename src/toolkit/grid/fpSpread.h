@@ -1,21 +1,22 @@
 #pragma once
 
 #include "runtime/CellSource.h"
+#include "toolkit/grid/ColumnWidths.h"
+#include "toolkit/grid/SpreadMouse.h"
 
 #include <QAccessible>
 #include <QColor>
 #include <QIcon>
 #include <QList>
-#include <QPersistentModelIndex>
 #include <QTableView>
 
 #include <functional>
-#include <map>
 #include <memory>
 
 namespace tsms {
 
 class SpreadDelegate;
+class SpreadEditing;
 class SpreadModel;
 
 /// The grid of all pages and dialogs. Cells are told by column and row, both from 1; row 0 holds the column
@@ -127,7 +128,10 @@ public:
 
     /// Ends an edit that is under way; the text that stands in the editor goes into the cell.
     void CommitEdit();
-    bool IsEditing() const { return Editor() != nullptr; }
+    bool IsEditing() const;
+
+    /// A person can write into the cell: it is on view, in an edit column.
+    bool IsEditable(const QModelIndex& index) const;
 
     /// Each key that makes a character, before the grid acts, by its character code; Enter is 13, also while
     /// a cell is edited (the edit is committed first). Set it to 0 to swallow the key.
@@ -170,55 +174,26 @@ protected:
 
 private:
     friend class SpreadDelegate;
+    friend class SpreadEditing;
+    friend class SpreadMouse;
 
     bool HasCell(int col, int row) const;
     bool IsOnView(const QModelIndex& index) const;
-    bool IsEditable(const QModelIndex& index) const;
-    bool IsButton(const QModelIndex& index) const;
-    bool IsButtonDown(const QModelIndex& index) const;
-    bool FollowsAPress(const QMouseEvent& press);
-    bool HasAttention() const;
     bool OwnerTakes(int key);
-    void WalkBack();
-    bool EditingCommand(QKeyEvent* event);
-    void Copy();
-    void Cut();
-    void Paste();
-    void ClearSelected();
-    void SelectTowards(QPoint place);
-    void OpenMenu(QPoint place);
-    void OpenMenuAtCell();
-    bool HasEditColumn() const;
-    void TellOfSelection(const QItemSelection& cells, QAccessible::Event what);
     void ClickCell(const QModelIndex& index);
-    bool OwnerTakesPaste(const QString& text);
-    QWidget* Editor() const;
-    bool EditsWithoutFocus() const;
-    void OpenKeepingFocus();
-    void CancelEdit();
+    void TellOfSelection(const QItemSelection& cells, QAccessible::Event what);
     void KeepActiveCell();
-    void ApplyWidths();
-    void WidenLastColumn();
-    int ContentWidth() const;
     void ShowFocus();
     void UpdateRow(const QModelIndex& index);
-    int UnitWidth() const;
 
     SpreadModel* model_;
-    std::map<int, double> colWidths_; // in units, as they were set; column 0 is that of the row titles
-    QPersistentModelIndex pressed_;   // the cell of the last press
-    QPoint pressPlace_;               // of the last press, and when it came, in milliseconds
-    qint64 pressTime_ = 0;
-    bool down_ = false;       // the button is held since then
-    bool drags_ = false;      // and selects what it is moved over
-    bool keepsFocus_ = false; // the editor that is being opened leaves the focus where it is
-    bool handsOn_ = false;    // a key is with the editor, and comes back when it has no use for it
+    SpreadEditing* editing_;
+    ColumnWidths widths_{*this};
+    SpreadMouse mouse_{*this};
     QColor gridColor_;
     bool reDraw_ = true;
     bool rowCursor_ = false;
     bool spaceClicks_ = true;
-    bool fillWidth_ = false;
-    bool layingOut_ = false; // the widths of all columns are being set
 };
 
 } // namespace tsms

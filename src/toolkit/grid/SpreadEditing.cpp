@@ -1,0 +1,204 @@
+#include "toolkit/grid/SpreadEditing.h"
+
+#include "toolkit/fields/Composition.h"
+#include "toolkit/fields/LimitRule.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/grid/SpreadModel.h"
+#include "toolkit/look/Theme.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+#include <memory>
+
+namespace tsms {
+
+namespace {
+
+bool IsKey(const QEvent& event)
+{
+    return event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease ||
+           event.type() == QEvent::ShortcutOverride;
+}
+
+/// Holds what a person puts into an editor to its cell's limit. The control's own limit would halve a pair of
+/// units, and cut the end of a full cell in place of what is put into its middle.
+void HoldLimit(QLineEdit& line, int limit)
+{
+    const auto before = std::make_shared<QString>();
+    QObject::connect(&line, &QLineEdit::textEdited, &line, [&line, before, limit] {
+        const CaretText kept =
+            LimitChange(*before, line.text(), line.cursorPosition(), CharactersMeasure, limit);
+        if (kept.text == line.text())
+            return;
+        line.setText(kept.text);
+        line.setModified(true);
+        line.setCursorPosition(static_cast<int>(kept.caret));
+    });
+    QObject::connect(&line, &QLineEdit::textChanged, &line, [&line, before] { *before = line.text(); });
+}
+
+} // namespace
+
+SpreadEditing::SpreadEditing(fpSpread& grid) : QStyledItemDelegate(&grid), grid_(grid) {}
+
+QWidget* SpreadEditing::Editor() const
+{
+    return grid_.state() == fpSpread::EditingState ? grid_.indexWidget(grid_.currentIndex()) : nullptr;
+}
+
+bool SpreadEditing::IsWithoutFocus() const
+{
+    const QWidget* editor = Editor();
+    return editor && editor->focusProxy() == &grid_;
+}
+
+bool SpreadEditing::HasAttention() const
+{
+    return grid_.hasFocus() || grid_.state() == fpSpread::EditingState;
+}
+
+void SpreadEditing::Commit()
+{
+    if (!Editor())
+        return;
+    EndComposition();
+    if (QWidget* editor = Editor()) {
+        Q_EMIT commitData(editor);
+        Q_EMIT closeEditor(editor, NoHint);
+    }
+}
+
+void SpreadEditing::Cancel()
+{
+    if (QWidget* editor = Editor())
+        Q_EMIT closeEditor(editor, RevertModelCache);
+}
+
+bool SpreadEditing::HandOn(QEvent& event)
+{
+    if (!IsKey(event) || handsOn_ || !IsWithoutFocus())
+        return false;
+    handsOn_ = true;
+    QCoreApplication::sendEvent(Editor(), &event);
+    handsOn_ = false;
+    return true;
+}
+
+void SpreadEditing::Compose(QInputMethodEvent& event)
+{
+    const bool writes = !event.preeditString().isEmpty() || !event.commitString().isEmpty();
+    if (!Editor() && writes && grid_.IsEditable(grid_.currentIndex()))
+        OpenKeepingFocus();
+    if (QWidget* editor = Editor()) {
+        QCoreApplication::sendEvent(editor, &event);
+        grid_.updateMicroFocus(); // the caret has moved
+    }
+}
+
+QVariant SpreadEditing::Answer(Qt::InputMethodQuery query) const
+{
+    QVariant answer = Editor()->inputMethodQuery(query);
+    if (answer.typeId() == QMetaType::QRect)
+        return answer.toRect().translated(Editor()->mapTo(&grid_, QPoint()));
+    return answer;
+}
+
+QWidget* SpreadEditing::createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                                     const QModelIndex& index) const
+{
+    const int col = index.column() + 1;
+    auto* line = new QLineEdit(parent);
+    if (keepsFocus_)
+        line->setFocusProxy(&grid_);
+    line->setAccessibleName(
+        index.model()->headerData(index.column(), Qt::Horizontal, Qt::AccessibleTextRole).toString());
+    line->setFrame(false);
+    line->setTextMargins(0, 0, 0, 0);
+    line->setAlignment(grid_.ColAlignment(col));
+    if (const int limit = grid_.model_->MaxLength(col); limit > 0)
+        HoldLimit(*line, limit);
+    QPalette colors = line->palette();
+    colors.setColor(QPalette::Base, theme::Focus);
+    colors.setColor(QPalette::Text, theme::Text);
+    line->setPalette(colors);
+    return line;
+}
+
+void SpreadEditing::setEditorData(QWidget* editor, const QModelIndex& index) const
+{
+    // A change of the cell by the program leaves alone what is being typed into it.
+    auto* line = static_cast<QLineEdit*>(editor);
+    if (!line->isModified() && line->text().isEmpty())
+        line->setText(index.data(Qt::EditRole).toString());
+}
+
+void SpreadEditing::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const
+{
+    const auto* line = static_cast<QLineEdit*>(editor);
+    if (!line->isModified())
+        return;
+    const QString text = line->text();
+    model->setData(index, text.first(FirstLineLength(text)), Qt::EditRole);
+}
+
+void SpreadEditing::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                         const QModelIndex&) const
+{
+    editor->setGeometry(option.rect.adjusted(1, 1, -1, -1)); // the frame of the active cell stays on view
+}
+
+/// Keys in the editor that belong to the grid: the edit ends first.
+bool SpreadEditing::eventFilter(QObject* object, QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return QStyledItemDelegate::eventFilter(object, event);
+    auto* key = static_cast<QKeyEvent*>(event);
+    switch (key->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        Commit();
+        grid_.keyPressEvent(key);
+        return true;
+    case Qt::Key_Tab:
+        Commit();
+        grid_.OwnerTakes('\r');
+        return true;
+    case Qt::Key_Backtab:
+        Commit();
+        WalkBack();
+        return true;
+    default:
+        return QStyledItemDelegate::eventFilter(object, event);
+    }
+}
+
+void SpreadEditing::OpenKeepingFocus()
+{
+    keepsFocus_ = true;
+    grid_.edit(grid_.currentIndex(), fpSpread::AnyKeyPressed, nullptr);
+    keepsFocus_ = false;
+    if (auto* line = qobject_cast<QLineEdit*>(Editor()))
+        line->selectAll(); // to be replaced
+}
+
+/// To the edit cell before the active one, in its row or one above.
+void SpreadEditing::WalkBack()
+{
+    int col = grid_.ActiveCol();
+    int row = grid_.ActiveRow();
+    do {
+        if (--col < 1) {
+            col = grid_.MaxCols();
+            --row;
+        }
+    } while (row >= 1 && !grid_.IsEditable(grid_.model()->index(row - 1, col - 1)));
+    grid_.SetActiveCell(col, row);
+}
+
+} // namespace tsms

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+class QInputMethodEvent;
+
+namespace tsms {
+
+class fpSpread;
+
+/// Edits the cells of a grid: the editor of a cell, what it takes, what ends it. A key or a double click
+/// opens it with the focus. An input method takes a change of the focus for the end of its composition; an
+/// editor that it opens works without the focus, therefore, to its end: the grid hands on what comes.
+class SpreadEditing : public QStyledItemDelegate
+{
+public:
+    explicit SpreadEditing(fpSpread& grid);
+
+    QWidget* Editor() const; ///< null: no cell is being edited
+    bool IsWithoutFocus() const;
+
+    /// The keyboard acts on the grid, on its cells or in the editor of one.
+    bool HasAttention() const;
+
+    void Commit(); ///< ends the edit; the text that stands in the editor goes into the cell
+    void Cancel();
+
+    /// A key that came to the grid and belongs to an editor without the focus: true when that has had it.
+    bool HandOn(QEvent& event);
+
+    /// What an input method writes goes into the editor, which is opened for it where the cell can be edited.
+    void Compose(QInputMethodEvent& event);
+
+    /// What an editor without the focus answers, in the grid's own coordinates.
+    QVariant Answer(Qt::InputMethodQuery query) const;
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const override;
+    void setEditorData(QWidget* editor, const QModelIndex& index) const override;
+    void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
+    void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const override;
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+protected:
+    fpSpread& grid_;
+
+private:
+    void OpenKeepingFocus();
+    void WalkBack();
+
+    bool keepsFocus_ = false; // the editor that is being opened leaves the focus where it is
+    bool handsOn_ = false;    // a key is with the editor, and comes back when it has no use for it
+};
+
+} // namespace tsms
