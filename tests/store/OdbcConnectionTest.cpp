@@ -505,7 +505,7 @@ TEST_F(OdbcConnectionTest, TheServersErrorsHaveTheirNumbers)
     };
     const Case cases[] = {{547, IntegrityViolation}, {2601, IntegrityViolation}, {8115, DataOverflow},
                           {220, DataOverflow},       {242, CannotConvert},       {2628, DataOverflow},
-                          {1205, StatementFailure},  {229, StatementFailure},    {156, StatementFailure}};
+                          {1205, StatementFailure},  {229, PermissionDenied},    {156, StatementFailure}};
     Open();
     for (const Case& one : cases) {
         server.Fail(Failure(one.native, u"Words of %1."_q.arg(one.native)));

@@ -6,23 +6,6 @@ namespace tsms {
 
 namespace {
 
-TableDescription Setup()
-{
-    return {QStringLiteral("SMSSetup"),
-            {{QStringLiteral("SMSID"), ColumnType::Text, 50},
-             {QStringLiteral("SMSPWD"), ColumnType::Text, 50},
-             {QStringLiteral("SMSDNS"), ColumnType::Text, 100},
-             {QStringLiteral("SMSTelNo"), ColumnType::Text, 20},
-             {QStringLiteral("SMSOrgNm"), ColumnType::Text, 50},
-             {QStringLiteral("SMSAuto1"), ColumnType::Text, 1},
-             {QStringLiteral("SMSAuto2"), ColumnType::Text, 1},
-             {QStringLiteral("SMSRemainCnt"), ColumnType::Integer},
-             {QStringLiteral("SMSWeb1"), ColumnType::Text, 255},
-             {QStringLiteral("SMSWeb2"), ColumnType::Text, 255}},
-            {},
-            QStringLiteral("SELECT, UPDATE")};
-}
-
 TableDescription Groups()
 {
     return {QStringLiteral("SMSGroupMst"),
@@ -158,9 +141,31 @@ TableDescription LogTable(int year)
             QStringLiteral("SELECT, INSERT, DELETE")};
 }
 
+TableDescription AccountTable()
+{
+    return {QStringLiteral("SMSSetup"),
+            {{QStringLiteral("SMSID"), ColumnType::Text, 50},
+             {QStringLiteral("SMSPWD"), ColumnType::Text, 50},
+             {QStringLiteral("SMSDNS"), ColumnType::Text, 100},
+             {QStringLiteral("SMSTelNo"), ColumnType::Text, 20},
+             {QStringLiteral("SMSOrgNm"), ColumnType::Text, 50},
+             {QStringLiteral("SMSAuto1"), ColumnType::Text, 1},
+             {QStringLiteral("SMSAuto2"), ColumnType::Text, 1},
+             {QStringLiteral("SMSRemainCnt"), ColumnType::Integer},
+             {QStringLiteral("SMSWeb1"), ColumnType::Text, 255},
+             {QStringLiteral("SMSWeb2"), ColumnType::Text, 255}},
+            {},
+            QStringLiteral("SELECT, UPDATE")};
+}
+
+QList<TableDescription> LastingTables()
+{
+    return {AccountTable(), Groups(), Members(), Categories(), Templates(), Charges()};
+}
+
 QList<TableDescription> AllTables(YearRange years)
 {
-    QList<TableDescription> tables{Setup(), Groups(), Members(), Categories(), Templates(), Charges()};
+    QList<TableDescription> tables = LastingTables();
     for (int year = years.first; year <= years.last; ++year)
         tables += LogTable(year);
     return tables;
@@ -185,26 +190,41 @@ QString AccountRow()
         "WHERE NOT EXISTS (SELECT * FROM SMSSetup)");
 }
 
-QString ServerScript(YearRange years)
+QString ServerTables(const QList<TableDescription>& tables)
 {
     QString text = ScriptBeginning();
-    for (const TableDescription& table : AllTables(years))
+    for (const TableDescription& table : tables)
         text += ServerTable(table);
-    return text + AccountRow() + QStringLiteral(";\nGO\n");
+    return text;
+}
+
+QString ServerAccountRow()
+{
+    return AccountRow() + QStringLiteral(";\nGO\n");
+}
+
+QString ServerScript(YearRange years)
+{
+    return ServerTables(AllTables(years)) + ServerAccountRow();
 }
 
 QString ServerLogScript(int year)
 {
-    return ScriptBeginning() + ServerTable(LogTable(year));
+    return ServerTables({LogTable(year)});
+}
+
+QString ServerTableGrants(const QString& user, const QList<TableDescription>& tables)
+{
+    const QString name = QString(user).replace(u']', QStringLiteral("]]"));
+    QString text;
+    for (const TableDescription& table : tables)
+        text += QStringLiteral("GRANT %1 ON dbo.%2 TO [%3];\n").arg(table.rights, table.name, name);
+    return text;
 }
 
 QString ServerGrants(const QString& user, YearRange years)
 {
-    const QString name = QString(user).replace(u']', QStringLiteral("]]"));
-    QString text;
-    for (const TableDescription& table : AllTables(years))
-        text += QStringLiteral("GRANT %1 ON dbo.%2 TO [%3];\n").arg(table.rights, table.name, name);
-    return text;
+    return ServerTableGrants(user, AllTables(years));
 }
 
 } // namespace tsms

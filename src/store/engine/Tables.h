@@ -41,11 +41,19 @@ struct YearRange
 /// "2010-2030" or "2026". False for anything else, years out of 1900..2999 and a range that runs backwards.
 bool ReadYearRange(QStringView text, YearRange& into);
 
+TableDescription AccountTable();
 TableDescription LogTable(int year);
+QList<TableDescription> LastingTables(); ///< all but the logs
 QList<TableDescription> AllTables(YearRange years);
 
 /// The statement that writes the account row, empty and with a balance of 0, unless there is one.
 QString AccountRow();
+
+/// What makes these tables, in the dialect of the server: batches, each with a line "GO" behind it.
+QString ServerTables(const QList<TableDescription>& tables);
+
+/// AccountRow as a batch of the server.
+QString ServerAccountRow();
 
 /// What makes all tables and the one account row, in the dialect of the server. Run again it makes those that
 /// are missing: the server refuses the others one by one, and the account row stays as it is.
@@ -53,6 +61,9 @@ QString ServerScript(YearRange years);
 
 /// What makes the send log of one more year, in the dialect of the server.
 QString ServerLogScript(int year);
+
+/// What gives a user of the server's database the rights that the tables tell, a statement for each table.
+QString ServerTableGrants(const QString& user, const QList<TableDescription>& tables);
 
 /// What gives a user of the server's database the rights that the program needs, a statement for each table.
 QString ServerGrants(const QString& user, YearRange years);

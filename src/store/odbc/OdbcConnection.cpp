@@ -112,7 +112,7 @@ void OdbcConnection::Open()
     for (const OdbcDriver& driver : std::as_const(drivers_))
         if (OpenBy(driver))
             return;
-    throw RuntimeError(StatementFailure, WantedOdbcDrivers());
+    throw RuntimeError(NoDriver, WantedOdbcDrivers());
 }
 
 /// False when the driver is not there, although it is in the list.

@@ -27,7 +27,7 @@ QList<OdbcDriver> SuitableOdbcDrivers(const QStringList& registered, const QStri
 /// it.
 QStringList FreeTdsPlaces(const QString& architecture);
 
-/// The drivers of this machine that will do. Raises StatementFailure when there is no driver manager.
+/// The drivers of this machine that will do. Raises NoDriver when there is no driver manager.
 QList<OdbcDriver> InstalledOdbcDrivers();
 
 /// The connection text of a driver: keywords and quoting are those that it understands. The log-in goes over

@@ -19,6 +19,8 @@ struct NativeNumber
 constexpr NativeNumber NativeNumbers[] = {
     {208, NoSuchTable},
     {220, DataOverflow},
+    {229, PermissionDenied},
+    {230, PermissionDenied},
     {232, DataOverflow},
     {235, CannotConvert},
     {241, CannotConvert},
@@ -26,6 +28,7 @@ constexpr NativeNumber NativeNumbers[] = {
     {244, DataOverflow},
     {245, CannotConvert},
     {248, DataOverflow},
+    {262, PermissionDenied},
     {293, CannotConvert},
     {295, CannotConvert},
     {515, IntegrityViolation},

@@ -39,9 +39,8 @@ OdbcLibrary Load()
 #endif
     if (!library.load() || !ResolveAll(library, loaded))
         throw RuntimeError(
-            StatementFailure,
-            QStringLiteral(
-                "SQL Server에 연결하는 데 필요한 ODBC 관리자(unixODBC)가 설치되어 있지 않습니다."));
+            NoDriver, QStringLiteral(
+                          "SQL Server에 연결하는 데 필요한 ODBC 관리자(unixODBC)가 설치되어 있지 않습니다."));
     return loaded;
 }
 

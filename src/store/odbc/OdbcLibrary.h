@@ -34,7 +34,7 @@ struct OdbcLibrary
     decltype(&SQLFreeStmt) FreeStatement = nullptr;
     decltype(&SQLGetDiagRecW) GetDiagRec = nullptr;
 
-    /// Loaded once, and never let go. Raises StatementFailure when it is not there.
+    /// Loaded once, and never let go. Raises NoDriver when it is not there.
     static const OdbcLibrary& Get();
 };
 

@@ -21,11 +21,15 @@ struct Beginning
 };
 
 /// Words that can stand at the beginning of a statement alone, but for SELECT and SET.
-constexpr Beginning Beginnings[] = {
-    {"SELECT", Kind::Select}, {"SET", Kind::Set},        {"INSERT", Kind::Insert}, {"UPDATE", Kind::Update},
-    {"DELETE", Kind::Delete}, {"USE", Kind::Use},        {"CREATE", Kind::Other},  {"DROP", Kind::Other},
-    {"ALTER", Kind::Other},   {"TRUNCATE", Kind::Other}, {"EXEC", Kind::Other},    {"DECLARE", Kind::Other},
-    {"GRANT", Kind::Rights},  {"REVOKE", Kind::Rights}};
+constexpr Beginning Beginnings[] = {{"SELECT", Kind::Select},       {"SET", Kind::Set},
+                                    {"INSERT", Kind::Insert},       {"UPDATE", Kind::Update},
+                                    {"DELETE", Kind::Delete},       {"USE", Kind::Use},
+                                    {"CREATE", Kind::Other},        {"DROP", Kind::Other},
+                                    {"ALTER", Kind::Other},         {"TRUNCATE", Kind::Other},
+                                    {"EXEC", Kind::Other},          {"DECLARE", Kind::Other},
+                                    {"GRANT", Kind::Rights},        {"REVOKE", Kind::Rights},
+                                    {"BEGIN", Kind::Transaction},   {"COMMIT", Kind::Transaction},
+                                    {"ROLLBACK", Kind::Transaction}};
 
 const Beginning* FindBeginning(const StatementTokens& tokens, int at)
 {

@@ -10,7 +10,8 @@ namespace tsms::test {
 /// One statement of a batch.
 struct ServerStatement
 {
-    enum class Kind { Set, Use, Select, Insert, Update, Delete, Rights, Other }; ///< Rights: GRANT and REVOKE
+    /// Rights: GRANT and REVOKE. Transaction: BEGIN, COMMIT and ROLLBACK of one.
+    enum class Kind { Set, Use, Select, Insert, Update, Delete, Rights, Transaction, Other };
 
     Kind kind = Kind::Other;
     QString Text;

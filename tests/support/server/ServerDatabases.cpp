@@ -11,6 +11,7 @@ namespace tsms::test {
 ServerDatabases::ServerDatabases(const QString& name, const QString& path, const Clock& clock)
     : clock_(clock), databases_{{name.toLower(), {name, path}}}
 {
+    Create(ServersOwnDatabase);
 }
 
 std::optional<QString> ServerDatabases::PathOf(const QString& name) const

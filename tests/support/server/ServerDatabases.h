@@ -12,8 +12,11 @@ class Clock;
 
 namespace tsms::test {
 
-/// The databases of a server by their names, which ignore case: the one that it was given, and those that its
-/// clients make, whose files go with it.
+/// The database that every server has and that lets everybody in.
+inline const QString ServersOwnDatabase = QStringLiteral("master");
+
+/// The databases of a server by their names, which ignore case: the one that it was given, its own one, and
+/// those that its clients make, whose files go with it.
 class ServerDatabases
 {
 public:

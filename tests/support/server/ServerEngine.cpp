@@ -94,19 +94,22 @@ QByteArray ServerEngine::RunAll(const QList<ServerStatement>& statements)
     if (statements.size() == 1)
         return RunOne(statements.first(), false);
     QByteArray tokens;
-    connection_.ExecuteNative(QStringLiteral("BEGIN"));
+    const QString begin = transacts_ ? QStringLiteral("SAVEPOINT batch") : QStringLiteral("BEGIN");
+    const QString undo = transacts_ ? QStringLiteral("ROLLBACK TO batch") : QStringLiteral("ROLLBACK");
+    const QString keep = transacts_ ? QStringLiteral("RELEASE batch") : QStringLiteral("COMMIT");
+    connection_.ExecuteNative(begin);
     try {
         for (const ServerStatement& statement : statements)
             tokens += RunOne(statement, &statement != &statements.last());
     } catch (const RuntimeError& error) {
         const QList<ServerError> errors = ServerErrors(error, {});
         if (error.Number == CommandTimedOut || errors.first().Class == SyntaxClass) {
-            connection_.ExecuteNative(QStringLiteral("ROLLBACK"));
+            connection_.ExecuteNative(undo);
             throw;
         }
         tokens += Failure(errors);
     }
-    connection_.ExecuteNative(QStringLiteral("COMMIT"));
+    connection_.ExecuteNative(keep);
     return tokens;
 }
 
@@ -123,6 +126,8 @@ QByteArray ServerEngine::RunOne(const ServerStatement& statement, bool moreFollo
         return Select(statement.Text, moreFollows);
     case Kind::Rights:
         return ChangeRights(statement.Text, moreFollows);
+    case Kind::Transaction:
+        return Transact(statement.Text, moreFollows);
     default:
         return Change(statement, moreFollows);
     }
@@ -174,10 +179,19 @@ QByteArray ServerEngine::ChangeRights(const QString& sql, bool moreFollows)
     return DoneToken(StatementKind::Other, -1, moreFollows);
 }
 
+/// Rights that are granted in a transaction stay granted whatever becomes of it.
+QByteArray ServerEngine::Transact(const QString& sql, bool moreFollows)
+{
+    const QString word = sql.section(u' ', 0, 0).toUpper();
+    connection_.ExecuteNative(word);
+    transacts_ = word == u"BEGIN";
+    return DoneToken(StatementKind::Other, -1, moreFollows);
+}
+
 /// A table that is not there is no matter of rights: the statement fails on it.
 void ServerEngine::RefuseWithoutRight(const ServerStatement& statement)
 {
-    if (user_.isEmpty() || statement.IsSetting())
+    if (user_.isEmpty() || statement.IsSetting() || statement.kind == Kind::Transaction)
         return;
     if (statement.kind == Kind::Rights)
         throw NoSuchObject(TableOfRights(statement.Text));

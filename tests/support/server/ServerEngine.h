@@ -34,6 +34,7 @@ private:
     QByteArray Select(const QString& sql, bool moreFollows);
     QByteArray Change(const ServerStatement& statement, bool moreFollows);
     QByteArray ChangeRights(const QString& sql, bool moreFollows);
+    QByteArray Transact(const QString& sql, bool moreFollows);
     void Define(const QString& sql);
     void Truncate(const QString& table);
 
@@ -44,7 +45,8 @@ private:
     ServerDatabases& databases_;
     QString database_;
     ServerUsers& users_;
-    QString user_; ///< empty for the owner
+    QString user_;           ///< empty for the owner
+    bool transacts_ = false; ///< the client has begun a transaction of its own
 };
 
 } // namespace tsms::test

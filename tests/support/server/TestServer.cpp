@@ -150,7 +150,8 @@ private:
         if (logIn.Password != (isOwner ? account.Password : server_.users_.PasswordOf(logIn.User)))
             return {failed};
         const QString& database = DatabaseOf(logIn);
-        const bool isLetIn = isOwner || isSame(database, account.Database);
+        const bool isLetIn =
+            isOwner || isSame(database, account.Database) || isSame(database, ServersOwnDatabase);
         if (!isLetIn || !server_.databases_.PathOf(database))
             return {UnknownDatabase(database), failed};
         try {

@@ -1,0 +1,103 @@
+#include "start/Starter.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QtTest/QTest>
+
+namespace tsms::test {
+
+Starter::Starter(const QString& folder)
+    : settings(home.filePath(u"settings.ini"_q), QSettings::IniFormat),
+      connections(settings),
+      services{session,
+               desktop,
+               clock,
+               connections,
+               passwords,
+               MakeConnections(clock),
+               [this] { return gatewayFault; },
+               [this](const QString& line) {
+                   if (programIsThere)
+                       launched += line;
+                   return programIsThere;
+               },
+               true,
+               folder.isEmpty() ? home.filePath(u"data"_q) : folder}
+{
+}
+
+Starter::~Starter()
+{
+    window.reset();
+    QApplication::processEvents();
+}
+
+void Starter::Open()
+{
+    window = std::make_unique<StartWindow>(services);
+    window->show();
+    window->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+}
+
+QList<QStringList> Starter::Rows()
+{
+    QList<QStringList> rows;
+    for (int row = 1; row <= List().MaxRows(); ++row)
+        rows += {List().GetText(1, row), List().GetText(2, row)};
+    return rows;
+}
+
+void Starter::Within(const QString& dialog, const QString& button, const std::function<void(QWidget&)>& act)
+{
+    WhenShown(dialog, act);
+    Click(button);
+}
+
+void Starter::Type(QWidget& dialog, int field, const QString& text)
+{
+    auto& box = On<QWidget>(dialog, u"txtUpdate(%1)"_q.arg(field));
+    box.setFocus();
+    PressKey(box, Qt::Key_A, Qt::ControlModifier);
+    PressKey(box, Qt::Key_Delete);
+    TypeText(box, text);
+}
+
+QString Starter::Text(QWidget& dialog, int field)
+{
+    return On<TextField>(dialog, u"txtUpdate(%1)"_q.arg(field)).Text();
+}
+
+SavedConnection Starter::Add(const TestDatabase& database, const QString& name)
+{
+    Session described;
+    database.Describe(described);
+    SavedConnection connection;
+    connection.name = name;
+    if (described.DBServer == u"(embedded)") {
+        connection.file = described.DBCatalog;
+    } else {
+        connection.kind = SavedConnection::Kind::Server;
+        connection.server = described.DBServer;
+        connection.port = described.DBPort;
+        connection.database = described.DBCatalog;
+        connection.login = described.DBUser;
+    }
+    connection.id = connections.Put(connection);
+    return connection;
+}
+
+QString PasswordOf(const TestDatabase& database)
+{
+    Session described;
+    database.Describe(described);
+    return described.DBPassword;
+}
+
+Box StartBox(const QString& words, MsgBoxStyle style)
+{
+    return {u"문자메시지 시작하기"_q, words, style};
+}
+
+} // namespace tsms::test

@@ -1,0 +1,65 @@
+#include "tsms-start/GatewayLook.h"
+
+#include "gateway/ModSMS.h"
+#include "gateway/SoapClient30.h"
+#include "gateway/SoapFault.h"
+#include "runtime/DoEvents.h"
+
+#include <chrono>
+#include <future>
+#include <thread>
+
+namespace tsms {
+
+namespace {
+
+constexpr std::chrono::seconds Patience(10);
+constexpr std::chrono::milliseconds Pace(20);
+
+/// What a reading of the description ends in; empty when it went well.
+QString ReadDescription(const QString& url)
+{
+    try {
+        SoapClient30 client;
+        client.mssoapinit(url, {}, {}, {});
+        return {};
+    } catch (const SoapFault& fault) {
+        return fault.Detail.isEmpty() ? fault.Description
+                                      : fault.Description + QStringLiteral(" (") + fault.Detail + u')';
+    } catch (const RuntimeError& error) {
+        return error.Description;
+    }
+}
+
+QString Advice(const QString& url, const QString& fault)
+{
+    return fault +
+           QStringLiteral("\r\n\r\n주소: %1\r\n"
+                          "인터넷에 연결되어 있는지, 방화벽이 이 주소를 막지 않는지 확인하십시오. 이 주소는 "
+                          "프로그램을 만들 때 정해집니다.")
+               .arg(url);
+}
+
+} // namespace
+
+QString LookAtGateway(const QString& gatewayUrl)
+{
+    const QString url = GatewayDescriptionUrl(gatewayUrl);
+    // The client waits for as long as the gateway does. So it has a thread, which is left to itself when
+    // nobody waits any longer; the future of a promise, unlike that of std::async, does not wait for it.
+    std::promise<QString> promise;
+    std::future<QString> fault = promise.get_future();
+    std::thread([url, promise = std::move(promise)]() mutable {
+        promise.set_value(ReadDescription(url));
+    }).detach();
+    const auto end = std::chrono::steady_clock::now() + Patience;
+    while (fault.wait_for(Pace) != std::future_status::ready) {
+        if (std::chrono::steady_clock::now() > end)
+            return Advice(url, QStringLiteral("문자메시지 서버가 대답하지 않습니다."));
+        DoEvents();
+    }
+    const QString words = fault.get();
+    return words.isEmpty() ? QString() : Advice(url, words);
+}
+
+} // namespace tsms

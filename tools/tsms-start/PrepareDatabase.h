@@ -1,0 +1,22 @@
+#pragma once
+
+#include "store/Tables.h"
+
+#include <QStringList>
+
+namespace tsms {
+
+class Connection;
+
+/// What a server's database lacks, as the script that makes it: word for word what `tsms-db` prints for these
+/// tables, and the account row where there is none. With a `user` also the rights on all tables of the years.
+/// Empty when there is nothing to do. Raises what keeps the tables from being looked at.
+QString PreparingScript(Connection& connection, YearRange years, const QString& user);
+
+/// The batches of a script: what stands between its lines "GO".
+QStringList BatchesOf(const QString& script);
+
+/// Runs a script in one transaction. Raises what the server does; then nothing of it has been done.
+void RunScript(Connection& connection, const QString& script);
+
+} // namespace tsms

@@ -1,0 +1,266 @@
+#include "tsms-start/StartWindow.h"
+
+#include "runtime/Desktop.h"
+#include "toolkit/Controls.h"
+#include "toolkit/fpSpread.h"
+#include "toolkit/GridHelper.h"
+#include "toolkit/Naming.h"
+#include "tsms-start/ConnectionDialog.h"
+#include "tsms-start/PasswordDialog.h"
+#include "tsms-start/PrepareDialog.h"
+#include "tsms-start/TestDialog.h"
+
+#include <QHBoxLayout>
+
+namespace tsms {
+
+namespace {
+
+enum Column : int { NameColumn = 1, PlaceColumn, ColumnCount = PlaceColumn };
+
+DialogFrame StartFrame()
+{
+    DialogFrame frame;
+    frame.name = QStringLiteral("StartWindow");
+    frame.caption = QStringLiteral("문자메시지");
+    frame.title = QStringLiteral("문자메시지 시작하기");
+    frame.titleLabel = QStringLiteral("lblTitle");
+    frame.note = QStringLiteral("일할 데이터베이스를 골라 시작하십시오.");
+    frame.noteLabel = QStringLiteral("lblNote");
+    frame.buttons = {QStringLiteral("시작(F12)"), QStringLiteral("닫기(ESC)")};
+    return frame;
+}
+
+} // namespace
+
+StartWindow::StartWindow(StartServices& services)
+    : DialogForm(services.session, services.desktop, StartFrame()), services_(services)
+{
+    auto* row = new QHBoxLayout;
+    row->setSpacing(12);
+    BodyLayout().addLayout(row);
+    BuildList();
+    row->addWidget(list_);
+    BuildCommands();
+    ShowList();
+}
+
+void StartWindow::BuildList()
+{
+    constexpr QSize Room(470, 230);
+    const GridHelper helper;
+    list_ = Named(new fpSpread(&Body()), QStringLiteral("fpSpreadConnections"));
+    DescribeBy(*list_, QStringLiteral("연결"));
+    helper.PrepareGrid(*list_);
+    list_->setFixedSize(Room);
+    list_->SetRowCursor(true);
+    list_->SetSpaceClicks(false);
+    list_->SetRowHeight(0, 16);
+    list_->SetRowHeight(fpSpread::All, 18);
+    list_->SetMaxCols(ColumnCount);
+    list_->SetText(NameColumn, 0, QStringLiteral("연결"));
+    list_->SetText(PlaceColumn, 0, QStringLiteral("데이터베이스"));
+    list_->SetColWidth(NameColumn, 20);
+    list_->SetColWidth(PlaceColumn, 30);
+    list_->SetFillWidth(true);
+    list_->OnKeyPress = [this](int& key) {
+        if (key == u'\r' && !IsBusy())
+            Start();
+    };
+    connect(list_, &fpSpread::DblClick, this, [this](int, int row) {
+        if (row > 0 && !IsBusy())
+            Start();
+    });
+}
+
+void StartWindow::BuildCommands()
+{
+    auto* column = new QVBoxLayout;
+    column->setSpacing(8);
+    const QString captions[] = {QStringLiteral("새 연결"), QStringLiteral("고치기"), QStringLiteral("지우기"),
+                                QStringLiteral("연결 시험"), QStringLiteral("데이터베이스 준비")};
+    for (int index = New; index <= Prepare; ++index) {
+        auto* button = new PushButton(&Body(), IndexedName(u"BtnConnection", index), captions[index]);
+        button->OnClick = [this, index] {
+            if (!IsBusy())
+                Do(static_cast<Command>(index));
+        };
+        column->addWidget(button);
+    }
+    column->addStretch(1);
+    static_cast<QHBoxLayout*>(BodyLayout().itemAt(0)->layout())->addLayout(column);
+}
+
+void StartWindow::ShowList()
+{
+    const QList<SavedConnection>& all = services_.connections.All();
+    list_->SetReDraw(false);
+    list_->SetMaxRows(static_cast<int>(all.size()));
+    int row = 0;
+    for (const SavedConnection& connection : all) {
+        ++row;
+        list_->SetText(NameColumn, row, connection.name);
+        list_->SetText(PlaceColumn, row, PlaceOf(connection));
+    }
+    list_->SetReDraw(true);
+    list_->SetActiveCell(NameColumn, services_.connections.Chosen() + 1);
+    NoteLabel()->SetCaption(
+        all.isEmpty() ? QStringLiteral("아직 연결이 없습니다. \"새 연결\"을 눌러 하나를 만드십시오.")
+                      : StartFrame().note);
+    QWidget* first = all.isEmpty() ? Body().findChild<QWidget*>(IndexedName(u"BtnConnection", New)) : list_;
+    first->setFocus(Qt::OtherFocusReason);
+}
+
+const SavedConnection* StartWindow::Selected() const
+{
+    const int at = list_->ActiveRow() - 1;
+    const QList<SavedConnection>& all = services_.connections.All();
+    if (at >= 0 && at < all.size())
+        return &all[at];
+    services_.desktop.MsgBox(QStringLiteral("먼저 \"새 연결\"을 눌러 연결을 만드십시오."), MsgBoxInformation,
+                             QStringLiteral("문자메시지 시작하기"));
+    return nullptr;
+}
+
+void StartWindow::OnButton(int index)
+{
+    if (index == 0)
+        Start();
+    else
+        DialogForm::OnButton(index);
+}
+
+void StartWindow::Do(Command command)
+{
+    switch (command) {
+    case New:
+        Edit({});
+        break;
+    case Change:
+        if (const SavedConnection* selected = Selected())
+            Edit(*selected);
+        break;
+    case Remove:
+        RemoveSelected();
+        break;
+    case Test:
+        TestSelected();
+        break;
+    case Prepare:
+        PrepareSelected();
+        break;
+    }
+}
+
+void StartWindow::Start()
+{
+    const SavedConnection* selected = Selected();
+    if (!selected)
+        return;
+    const SavedConnection connection = *selected;
+    const std::optional<QString> password = PasswordFor(connection);
+    if (!password)
+        return;
+    if (const QString fault = FaultOf(connection, *password); !fault.isEmpty()) {
+        passwords_.remove(connection.id);
+        services_.desktop.MsgBox(fault, MsgBoxExclamation, QStringLiteral("문자메시지 시작하기"));
+        return;
+    }
+    services_.connections.Choose(connection.id);
+    if (services_.launch(LaunchLineOf(connection, *password)))
+        Unload();
+    else
+        services_.desktop.MsgBox(
+            QStringLiteral("문자메시지 프로그램(tsms)을 시작하지 못했습니다. 이 프로그램과 "
+                           "같은 폴더에 있어야 합니다."),
+            MsgBoxCritical, QStringLiteral("문자메시지 시작하기"));
+}
+
+void StartWindow::Edit(SavedConnection connection)
+{
+    ConnectionDialog dialog(services_, std::move(connection), this);
+    dialog.ShowModal();
+    if (!dialog.Saved())
+        return;
+    const QString id = services_.connections.All()[services_.connections.Chosen()].id;
+    if (dialog.Password().isEmpty())
+        passwords_.remove(id);
+    else
+        passwords_[id] = dialog.Password();
+    ShowList();
+}
+
+void StartWindow::RemoveSelected()
+{
+    const SavedConnection* selected = Selected();
+    if (!selected)
+        return;
+    const SavedConnection connection = *selected;
+    const QString question = QStringLiteral("연결 \"%1\"을(를) 지우시겠습니까?\r\n\r\n"
+                                            "데이터베이스와 그 안의 자료는 그대로 남습니다.")
+                                 .arg(connection.name);
+    if (services_.desktop.MsgBox(question, MsgBoxQuestion, QStringLiteral("연결 지우기")) != AnswerYes)
+        return;
+    if (connection.keepsPassword)
+        services_.passwords.Remove(connection.id);
+    passwords_.remove(connection.id);
+    services_.connections.Remove(connection.id);
+    ShowList();
+}
+
+void StartWindow::TestSelected()
+{
+    const SavedConnection* selected = Selected();
+    if (!selected)
+        return;
+    const SavedConnection connection = *selected;
+    const std::optional<QString> password = PasswordFor(connection);
+    if (!password)
+        return;
+    TestDialog dialog(services_, connection, *password, this);
+    dialog.ShowModal();
+    if (dialog.HasRefusedPassword())
+        passwords_.remove(connection.id);
+}
+
+void StartWindow::PrepareSelected()
+{
+    const SavedConnection* selected = Selected();
+    if (!selected)
+        return;
+    PrepareDialog(services_, *selected, passwords_.value(selected->id), this).ShowModal();
+}
+
+std::optional<QString> StartWindow::PasswordFor(const SavedConnection& connection)
+{
+    if (!connection.IsServer())
+        return QString();
+    if (passwords_.contains(connection.id))
+        return passwords_[connection.id];
+    if (!connection.keepsPassword)
+        return AskPassword(connection, {});
+    const PasswordStore::Answer kept = services_.passwords.Read(connection.id);
+    switch (kept.outcome) {
+    case PasswordStore::Outcome::Done:
+        return kept.password;
+    case PasswordStore::Outcome::Missing:
+        return AskPassword(connection, QStringLiteral("암호 보관함에 이 연결의 비밀번호가 없습니다."));
+    case PasswordStore::Outcome::NotThere:
+        return AskPassword(connection, QStringLiteral("이 데스크톱에서 암호 보관함을 찾을 수 없습니다."));
+    case PasswordStore::Outcome::NotOpened:
+        break;
+    }
+    return AskPassword(connection, QStringLiteral("암호 보관함을 열지 못했습니다."));
+}
+
+std::optional<QString> StartWindow::AskPassword(const SavedConnection& connection, const QString& note)
+{
+    PasswordDialog dialog(services_, connection, note, this);
+    dialog.ShowModal();
+    if (!dialog.Password())
+        return std::nullopt;
+    passwords_[connection.id] = *dialog.Password();
+    return dialog.Password();
+}
+
+} // namespace tsms

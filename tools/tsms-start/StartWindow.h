@@ -1,0 +1,49 @@
+#pragma once
+
+#include "toolkit/DialogForm.h"
+#include "tsms-start/StartServices.h"
+
+#include <QHash>
+
+#include <optional>
+
+namespace tsms {
+
+class fpSpread;
+
+/// The window of tsms-start: the connections of this user, and what is done with one. A start closes it.
+class StartWindow : public DialogForm
+{
+    Q_OBJECT
+
+public:
+    explicit StartWindow(StartServices& services);
+
+protected:
+    void OnButton(int index) override;
+
+private:
+    enum Command : int { New, Change, Remove, Test, Prepare };
+
+    void BuildList();
+    void BuildCommands();
+    void ShowList();
+    const SavedConnection* Selected() const;
+    void Do(Command command);
+
+    void Start();
+    void Edit(SavedConnection connection);
+    void RemoveSelected();
+    void TestSelected();
+    void PrepareSelected();
+
+    /// Typed in this run, kept, or asked for now; nothing when the user gives none.
+    std::optional<QString> PasswordFor(const SavedConnection& connection);
+    std::optional<QString> AskPassword(const SavedConnection& connection, const QString& note);
+
+    StartServices& services_;
+    fpSpread* list_ = nullptr;
+    QHash<QString, QString> passwords_; ///< of this run, by the id of their connection
+};
+
+} // namespace tsms

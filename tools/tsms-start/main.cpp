@@ -1,0 +1,47 @@
+#include "gateway/ModSMS.h"
+#include "runtime/Clock.h"
+#include "runtime/ProcessRules.h"
+#include "session/Session.h"
+#include "toolkit/Application.h"
+#include "toolkit/QtDesktop.h"
+#include "toolkit/Theme.h"
+#include "tsms-start/GatewayLook.h"
+#include "tsms-start/KeychainPasswords.h"
+#include "tsms-start/Launch.h"
+#include "tsms-start/StartWindow.h"
+
+#include <QSettings>
+#include <QStandardPaths>
+
+int main(int argc, char** argv)
+{
+    using namespace tsms;
+    KeepMemoryPrivate(); // passwords are typed here
+    FillStandardStreams();
+    TakeWriteFaultsAsErrors();
+    TakeWordsAsUtf8();
+
+    Application application(argc, argv);
+    theme::ApplyTheme(application);
+    QtDesktop desktop;
+    application.SetDesktop(desktop);
+    const SystemClock clock;
+    Session session;
+    QSettings settings(QStringLiteral("tsms"), QStringLiteral("tsms-start"));
+    ConnectionList connections(settings);
+    KeychainPasswords passwords;
+    const QString gateway = QStringLiteral(TSMS_GATEWAY_URL);
+    StartServices services{
+        session,
+        desktop,
+        clock,
+        connections,
+        passwords,
+        MakeConnections(clock),
+        [&gateway] { return LookAtGateway(gateway); },
+        [](const QString& line) { return LaunchProgram(Application::applicationDirPath(), line); },
+        gateway == QStringLiteral("http://127.0.0.1:8790"),
+        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/tsms")};
+    StartWindow(services).ShowModal();
+    return 0;
+}
