@@ -2,7 +2,7 @@
 
 #include "session/Session.h"
 #include "shell/LaunchLine.h"
-#include "store/ConnectionText.h"
+#include "store/engine/ConnectionText.h"
 #include "support/Words.h"
 
 #include <gtest/gtest.h>

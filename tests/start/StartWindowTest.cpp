@@ -1,8 +1,8 @@
 #include "start/Starter.h"
 
-#include "store/ConnectionText.h"
+#include "store/engine/ConnectionText.h"
 #include "support/program/Program.h"
-#include "toolkit/Controls.h"
+#include "toolkit/fields/Controls.h"
 
 #include <gtest/gtest.h>
 

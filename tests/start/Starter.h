@@ -6,8 +6,8 @@
 #include "support/program/Hands.h"
 #include "support/ScriptedDesktop.h"
 #include "support/Words.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/TextField.h"
+#include "toolkit/fields/TextField.h"
+#include "toolkit/grid/fpSpread.h"
 #include "tsms-start/StartWindow.h"
 
 #include <QHash>

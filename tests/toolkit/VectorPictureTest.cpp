@@ -1,6 +1,6 @@
 #include "toolkit/look/VectorPicture.h"
 
-#include "toolkit/Pictures.h"
+#include "toolkit/look/Pictures.h"
 
 #include <QDir>
 #include <QImage>

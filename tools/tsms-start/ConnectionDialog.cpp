@@ -4,10 +4,10 @@
 #include "runtime/Desktop.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
-#include "store/EmbeddedTables.h"
-#include "toolkit/Controls.h"
-#include "toolkit/Naming.h"
-#include "toolkit/TextBox.h"
+#include "store/embedded/EmbeddedTables.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/Naming.h"
+#include "toolkit/fields/TextBox.h"
 #include "tsms-db/Demo.h"
 
 #include <QDir>

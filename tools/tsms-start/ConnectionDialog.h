@@ -1,8 +1,8 @@
 #pragma once
 
-#include "toolkit/DialogForm.h"
-#include "toolkit/FieldRows.h"
-#include "toolkit/TextHelper.h"
+#include "toolkit/fields/FieldRows.h"
+#include "toolkit/fields/TextHelper.h"
+#include "toolkit/windows/DialogForm.h"
 #include "tsms-start/StartServices.h"
 
 #include <QList>

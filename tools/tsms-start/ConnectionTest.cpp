@@ -2,8 +2,8 @@
 
 #include "runtime/Clock.h"
 #include "runtime/RuntimeError.h"
-#include "store/DatabaseError.h"
-#include "store/Tables.h"
+#include "store/engine/DatabaseError.h"
+#include "store/engine/Tables.h"
 #include "tsms-start/TableProbe.h"
 
 #include <QFileInfo>

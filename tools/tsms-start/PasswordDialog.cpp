@@ -1,7 +1,7 @@
 #include "tsms-start/PasswordDialog.h"
 
-#include "toolkit/Controls.h"
-#include "toolkit/TextBox.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/TextBox.h"
 
 namespace tsms {
 

@@ -2,7 +2,7 @@
 
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
-#include "store/Connection.h"
+#include "store/engine/Connection.h"
 #include "tsms-start/TableProbe.h"
 
 #include <algorithm>

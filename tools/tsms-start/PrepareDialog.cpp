@@ -3,10 +3,10 @@
 #include "runtime/Desktop.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
-#include "toolkit/Controls.h"
-#include "toolkit/MemoBox.h"
-#include "toolkit/Naming.h"
-#include "toolkit/TextBox.h"
+#include "toolkit/fields/Controls.h"
+#include "toolkit/fields/MemoBox.h"
+#include "toolkit/fields/Naming.h"
+#include "toolkit/fields/TextBox.h"
 #include "tsms-start/PrepareDatabase.h"
 
 #include <QVBoxLayout>

@@ -6,7 +6,7 @@
 #include "runtime/Text.h"
 #include "session/Session.h"
 #include "shell/LaunchLine.h"
-#include "store/ConnectionText.h"
+#include "store/engine/ConnectionText.h"
 
 #include <QStringList>
 

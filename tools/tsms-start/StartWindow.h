@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/DialogForm.h"
+#include "toolkit/windows/DialogForm.h"
 #include "tsms-start/StartServices.h"
 
 #include <QHash>

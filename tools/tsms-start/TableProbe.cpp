@@ -1,8 +1,8 @@
 #include "tsms-start/TableProbe.h"
 
 #include "runtime/RuntimeError.h"
-#include "store/Connection.h"
-#include "store/DatabaseError.h"
+#include "store/engine/Connection.h"
+#include "store/engine/DatabaseError.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/Tables.h"
+#include "store/engine/Tables.h"
 
 #include <QStringList>
 

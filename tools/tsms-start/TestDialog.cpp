@@ -1,12 +1,12 @@
 #include "tsms-start/TestDialog.h"
 
 #include "runtime/DoEvents.h"
-#include "toolkit/fpSpread.h"
-#include "toolkit/GridHelper.h"
-#include "toolkit/MemoBox.h"
-#include "toolkit/Naming.h"
-#include "toolkit/Pictures.h"
-#include "toolkit/Theme.h"
+#include "toolkit/fields/MemoBox.h"
+#include "toolkit/fields/Naming.h"
+#include "toolkit/grid/fpSpread.h"
+#include "toolkit/grid/GridHelper.h"
+#include "toolkit/look/Pictures.h"
+#include "toolkit/look/Theme.h"
 
 #include <QItemSelectionModel>
 #include <QVBoxLayout>
