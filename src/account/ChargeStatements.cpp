@@ -28,7 +28,7 @@ Statement ChargeInsert(const ChargeEntry& entry)
     Statement insert(u"Insert INTO SMSCharge ");
     insert.Own(u" (ChargeDt, ChargeCnt, ChargeAmt,ChargeUnit,Remark,RegDt ) ");
     insert.Own(u" VALUES (");
-    insert.Own(u"'").InQuotes(entry.ChargeDt).Own(u"'").Own(u",");
+    insert.InQuotes(entry.ChargeDt).Own(u",");
     AddNumber(insert, entry.ChargeCnt);
     insert.Own(u",");
     AddNumber(insert, entry.ChargeAmt);

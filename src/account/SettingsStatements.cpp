@@ -25,8 +25,8 @@ Statement SettingsUpdate(const Settings& settings)
     update.Own(u" SMSDNS =").Quoted(settings.SMSDNS).Own(u",");
     update.Own(u" SMSTelNo =").Quoted(settings.SMSTelNo).Own(u",");
     update.Own(u" SMSOrgNm =").Quoted(settings.SMSOrgNm).Own(u",");
-    update.Own(u" SMSAuto1 =").Own(u"'").Own(Digit(settings.SMSAuto1)).Own(u"'").Own(u",");
-    update.Own(u" SMSAuto2 =").Own(u"'").Own(Digit(settings.SMSAuto2)).Own(u"'");
+    update.Own(u" SMSAuto1 =").InQuotes(Digit(settings.SMSAuto1)).Own(u",");
+    update.Own(u" SMSAuto2 =").InQuotes(Digit(settings.SMSAuto2));
     return update;
 }
 

@@ -25,7 +25,7 @@ Statement MemberByCode(const QString& memberCode)
 
 Statement MembersNamed(const QString& name)
 {
-    return Statement(u"SELECT GSubNm FROM SMSGroupSub   WHERE GSubNm ='").InQuotes(Trim(name)).Own(u"'");
+    return Statement(u"SELECT GSubNm FROM SMSGroupSub   WHERE GSubNm =").InQuotes(Trim(name));
 }
 
 Statement InsertMember(const MemberFields& fields)

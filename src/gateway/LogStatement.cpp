@@ -26,7 +26,7 @@ Statement LogInsert(const Session& session, const LogEntry& entry, const Reply& 
     insert.Own(u" (SMSStatus, SMSNo, SMSID,SendNm,SendTelNo,ReceiveTelNo,SMSContent,SendTime,"
                u"UserData1,UserData2,UserData3,ErrCd,ErrMsg,RegDt ) ");
     insert.Own(u" VALUES (");
-    insert.Own(reply.ReturnValue ? u"'1'" : u"'2'").Own(u",");
+    insert.InQuotes(reply.ReturnValue ? u"1" : u"2").Own(u",");
     insert.Quoted(reply.UniqueNum).Own(u",");
     insert.Quoted(session.SMSID).Own(u",");
     // Meant: the recipient goes under SendNm and SendTelNo, the sender's number under ReceiveTelNo. All that
@@ -38,7 +38,7 @@ Statement LogInsert(const Session& session, const LogEntry& entry, const Reply& 
     insert.Quoted(QString(entry.SendTime).replace(u':', u'-')).Own(u",");
     insert.Quoted(QString::number(session.UserData1)).Own(u",");
     insert.Quoted(session.UserData2).Own(u",");
-    insert.Own(u"Null").Own(u",");
+    insert.Own(u"Null,");
     insert.Quoted(reply.ErrorCode).Own(u",");
     insert.Quoted(reply.ErrorMsg).Own(u",");
     insert.Own(u"getdate())");

@@ -10,12 +10,12 @@ namespace {
 
 void AddWords(Statement& query, const SendListSearch& search)
 {
-    static constexpr std::array<QStringView, 3> conditions = {
-        u" AND SendNm Like '%", u" AND SendTelNo Like '%", u" AND SMSContent Like '%"};
+    static constexpr std::array<QStringView, 3> conditions = {u" AND SendNm Like ", u" AND SendTelNo Like ",
+                                                              u" AND SMSContent Like "};
     const QString words = Trim(search.words);
     const auto field = static_cast<std::size_t>(search.field);
     if (!words.isEmpty() && field < conditions.size())
-        query.Own(conditions[field]).InQuotes(words).Own(u"%'");
+        query.Own(conditions[field]).InQuotes(u'%' + words + u'%');
 }
 
 void AddStatus(Statement& query, int status)
@@ -56,8 +56,8 @@ Statement SendListStatement(const SendListSearch& search)
     AddWords(query, search);
     AddStatus(query, search.status);
     // Meant: digits against the stored form with its hyphens. The database's text comparison makes it right.
-    query.Own(u" AND (LEFT(SendTime,10) >= '").InQuotes(WithoutHyphens(search.first)).Own(u"'");
-    query.Own(u" AND  LEFT(SendTime,10) < '").InQuotes(WithoutHyphens(search.dayAfterLast)).Own(u"')");
+    query.Own(u" AND (LEFT(SendTime,10) >= ").InQuotes(WithoutHyphens(search.first));
+    query.Own(u" AND  LEFT(SendTime,10) < ").InQuotes(WithoutHyphens(search.dayAfterLast)).Own(u")");
     query.Own(u" ORDER BY SendTime DESC ");
     return query;
 }

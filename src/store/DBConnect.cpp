@@ -98,7 +98,7 @@ Boolean DBConnect::OpenRecordset(const Statement& statement)
             DoEvents();
             Connection& connection = OpenConnection();
             RefuseFaults(statement);
-            objects_.records = connection.Query(statement.Text());
+            objects_.records = connection.Query(statement);
             DoEvents();
             return Boolean::True;
         },
@@ -115,7 +115,7 @@ Boolean DBConnect::ExecuteSQL(const Statement& statement)
             DoEvents();
             Connection& connection = OpenConnection();
             RefuseFaults(statement);
-            connection.Execute(statement.Text());
+            connection.Execute(statement);
             DoEvents();
             return Boolean::True;
         },

@@ -28,8 +28,11 @@ public:
     }
 
     void Close() override { engine_.reset(); }
-    std::unique_ptr<Recordset> Query(const QString& sql) override { return Engine().Query(sql); }
-    void Execute(const QString& sql) override { Engine().Execute(sql); }
+    std::unique_ptr<Recordset> Query(const Statement& statement) override
+    {
+        return Engine().Query(statement);
+    }
+    void Execute(const Statement& statement) override { Engine().Execute(statement); }
 
 private:
     std::unique_ptr<Connection> Choose() const

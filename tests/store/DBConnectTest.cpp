@@ -228,7 +228,7 @@ TEST_F(DBConnectTest, AValueWithAnApostropheFailsAtTheServer)
     db.ConnectDB();
     desktop.Expect(Told(u"Unclosed quotation mark after the character string ')'."_q));
     EXPECT_EQ(db.ExecuteSQL(
-                  Statement(u"Insert into SMSGroupMst (GroupNm) values ('").InQuotes(u"O'Brien").Own(u"')")),
+                  Statement(u"Insert into SMSGroupMst (GroupNm) values (").InQuotes(u"O'Brien").Own(u")")),
               Boolean::False);
     EXPECT_EQ(connections.Statements(),
               QStringList{u"Insert into SMSGroupMst (GroupNm) values ('O'Brien')"_q});
@@ -244,7 +244,7 @@ TEST_F(DBConnectTest, AValueThatWouldChangeTheStatementIsNeverSent)
         db.ConnectDB();
         desktop.AllowBoxes();
         EXPECT_EQ(db.ExecuteSQL(
-                      Statement(u"Insert into SMSGroupMst (GroupNm) values ('").InQuotes(attack).Own(u"')")),
+                      Statement(u"Insert into SMSGroupMst (GroupNm) values (").InQuotes(attack).Own(u")")),
                   Boolean::False);
     }
     EXPECT_EQ(desktop.boxes.size(), 5);
@@ -259,10 +259,9 @@ TEST_F(DBConnectTest, AFaultyQueryIsNeverSent)
 {
     db.ConnectDB();
     desktop.Expect(Told(u"Incorrect syntax near 'OR'."_q));
-    EXPECT_EQ(
-        db.OpenRecordset(
-            Statement(u"SELECT GSubNm FROM SMSGroupSub WHERE GSubNm ='").InQuotes(u"x' OR 'a'='a").Own(u"'")),
-        Boolean::False);
+    EXPECT_EQ(db.OpenRecordset(
+                  Statement(u"SELECT GSubNm FROM SMSGroupSub WHERE GSubNm =").InQuotes(u"x' OR 'a'='a")),
+              Boolean::False);
     EXPECT_EQ(connections.Statements(), QStringList());
 }
 

@@ -67,7 +67,7 @@ public:
     }
 
 private:
-    void Execute(const Statement& statement) { connection_.Execute(statement.Text()); }
+    void Execute(const Statement& statement) { connection_.Execute(statement); }
 
     void FillMembers()
     {

@@ -11,9 +11,14 @@
 
 #include <sqlite3.h>
 
+#include <utility>
+
 namespace tsms {
 
 namespace {
+
+/// What a run goes through in turn, and no more.
+constexpr qsizetype MostKept = 8;
 
 QString FirstToken(const QString& text)
 {
@@ -25,32 +30,36 @@ QString FirstToken(const QString& text)
 }
 
 /// A plain literal is in the code page of the server's database, whatever becomes of it.
-QString InServersCharacters(const QString& sql)
+QString InServersCharacters(QStringView text)
+{
+    return FromCodePage949(ToCodePage949(text));
+}
+
+QString WithLiteralsInServersCharacters(const QString& sql)
 {
     QStringList pieces = sql.split(u'\''); // every other one stands in quotes
     for (qsizetype at = 1; at < pieces.size(); at += 2)
-        pieces[at] = FromCodePage949(ToCodePage949(pieces[at]));
+        pieces[at] = InServersCharacters(pieces[at]);
     return pieces.join(u'\'');
 }
 
 } // namespace
 
-/// One statement, ready to step.
-class EmbeddedConnection::Prepared
+/// One statement that runs, with its values bound.
+class EmbeddedConnection::Running
 {
 public:
-    Prepared(EmbeddedConnection& connection, const QString& sql) : connection_(connection), sql_(sql)
+    Running(EmbeddedConnection& connection, const Statement& statement)
+        : connection_(connection),
+          words_(statement.HasApostrophe() ? statement.Text() : statement.Words()),
+          statement_(connection.Prepared(words_))
     {
-        const QByteArray text = ToEmbeddedDialect(sql);
-        const char* tail = nullptr;
-        if (sqlite3_prepare_v2(connection.Handle(), text.constData(), static_cast<int>(text.size()),
-                               &statement_, &tail) != SQLITE_OK)
-            Fail();
-        RefuseSecondStatement(QString::fromUtf8(tail, text.constData() + text.size() - tail));
+        if (!statement.HasApostrophe())
+            Bind(statement.Values());
     }
-    Prepared(const Prepared&) = delete;
-    Prepared& operator=(const Prepared&) = delete;
-    ~Prepared() { sqlite3_finalize(statement_); }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+    ~Running() { sqlite3_reset(statement_); }
 
     /// False at the end.
     bool Step()
@@ -61,7 +70,7 @@ public:
         case SQLITE_DONE:
             return false;
         default:
-            Fail();
+            throw EmbeddedError(connection_.handle_, connection_.path_, words_);
         }
     }
 
@@ -94,20 +103,23 @@ public:
     }
 
 private:
-    [[noreturn]] void Fail() const { throw EmbeddedError(connection_.handle_, connection_.path_, sql_); }
-
-    void RefuseSecondStatement(const QString& tail)
+    void Bind(const QList<Statement::Value>& values)
     {
-        const QString token = FirstToken(tail);
-        if (statement_ && token.isEmpty())
-            return;
-        sqlite3_finalize(statement_);
-        throw RuntimeError(StatementFailure, SyntaxErrorNear(token));
+        int place = 0;
+        for (const Statement::Value& value : values) {
+            const QByteArray text = InServersCharacters(value.text.value_or(QString())).toUtf8();
+            const int result = value.text ? sqlite3_bind_text64(statement_, ++place, text.constData(),
+                                                                static_cast<sqlite3_uint64>(text.size()),
+                                                                SQLITE_TRANSIENT, SQLITE_UTF8)
+                                          : sqlite3_bind_null(statement_, ++place);
+            if (result != SQLITE_OK)
+                throw EmbeddedError(connection_.handle_, connection_.path_, words_);
+        }
     }
 
     EmbeddedConnection& connection_;
-    const QString& sql_;
-    sqlite3_stmt* statement_ = nullptr;
+    QString words_;
+    sqlite3_stmt* statement_;
 };
 
 EmbeddedConnection::EmbeddedConnection(const Clock& clock) : clock_(clock) {}
@@ -151,7 +163,9 @@ void EmbeddedConnection::OpenFile(const QString& path, bool make)
 
 void EmbeddedConnection::Close()
 {
-    insert_.Forget();
+    for (const Kept& kept : std::as_const(kept_))
+        sqlite3_finalize(kept.statement);
+    kept_.clear();
     sqlite3_close_v2(handle_);
     handle_ = nullptr;
 }
@@ -163,26 +177,48 @@ sqlite3* EmbeddedConnection::Handle() const
     return handle_;
 }
 
-std::unique_ptr<Recordset> EmbeddedConnection::Query(const QString& text)
+sqlite3_stmt* EmbeddedConnection::Prepared(const QString& words)
 {
-    const QString sql = InServersCharacters(text);
-    Prepared statement(*this, sql);
-    auto records = std::make_unique<Recordset>(statement.FieldNames());
-    while (statement.Step())
-        statement.TakeRow(*records);
+    for (const Kept& kept : std::as_const(kept_))
+        if (kept.words == words)
+            return kept.statement;
+    sqlite3_stmt* statement = Prepare(words);
+    if (kept_.size() == MostKept)
+        sqlite3_finalize(kept_.takeFirst().statement);
+    kept_ += Kept{words, statement};
+    return statement;
+}
+
+sqlite3_stmt* EmbeddedConnection::Prepare(const QString& words) const
+{
+    const QString sql = WithLiteralsInServersCharacters(words);
+    const QByteArray text = ToEmbeddedDialect(sql);
+    sqlite3_stmt* statement = nullptr;
+    const char* tail = nullptr;
+    if (sqlite3_prepare_v2(Handle(), text.constData(), static_cast<int>(text.size()), &statement, &tail) !=
+        SQLITE_OK)
+        throw EmbeddedError(handle_, path_, sql);
+    const QString second = FirstToken(QString::fromUtf8(tail, text.constData() + text.size() - tail));
+    if (statement && second.isEmpty())
+        return statement;
+    sqlite3_finalize(statement);
+    throw RuntimeError(StatementFailure, SyntaxErrorNear(second));
+}
+
+std::unique_ptr<Recordset> EmbeddedConnection::Query(const Statement& statement)
+{
+    Running running(*this, statement);
+    bool hasRow = running.Step(); // which also brings the fields of a table that has changed since
+    auto records = std::make_unique<Recordset>(running.FieldNames());
+    for (; hasRow; hasRow = running.Step())
+        running.TakeRow(*records);
     return records;
 }
 
-void EmbeddedConnection::Execute(const QString& text)
+void EmbeddedConnection::Execute(const Statement& statement)
 {
-    const QString sql = InServersCharacters(text);
-    if (const auto insert = LiftLiterals(sql)) {
-        if (!insert_.Run(Handle(), *insert))
-            throw EmbeddedError(handle_, path_, sql);
-        return;
-    }
-    Prepared statement(*this, sql);
-    while (statement.Step()) {
+    Running running(*this, statement);
+    while (running.Step()) {
     }
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "store/embedded/EmbeddedInsert.h"
 #include "store/engine/Connection.h"
 
 struct sqlite3;
+struct sqlite3_stmt;
 
 namespace tsms {
 
@@ -21,8 +21,8 @@ public:
     bool IsOpen() const override { return handle_ != nullptr; }
     void Open() override; ///< the file of ConnectionString's Initial Catalog; a missing one is not made
     void Close() override;
-    std::unique_ptr<Recordset> Query(const QString& text) override;
-    void Execute(const QString& text) override;
+    std::unique_ptr<Recordset> Query(const Statement& statement) override;
+    void Execute(const Statement& statement) override;
 
     /// Opens a file by its name. `make` makes it when it is missing.
     void OpenFile(const QString& path, bool make = false);
@@ -31,13 +31,22 @@ public:
     void ExecuteNative(const QString& sql);
 
 private:
-    class Prepared;
+    class Running;
+
+    /// A statement that stays prepared: a run of many rows has the same words each time.
+    struct Kept
+    {
+        QString words;
+        sqlite3_stmt* statement;
+    };
 
     sqlite3* Handle() const;
+    sqlite3_stmt* Prepared(const QString& words);
+    sqlite3_stmt* Prepare(const QString& words) const;
 
     const Clock& clock_;
     sqlite3* handle_ = nullptr;
-    EmbeddedInsert insert_;
+    QList<Kept> kept_; ///< the oldest first
     QString path_;
 };
 

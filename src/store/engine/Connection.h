@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/engine/Recordset.h"
+#include "store/engine/Statement.h"
 
 #include <QString>
 
@@ -28,10 +29,10 @@ public:
     virtual void Close() = 0; ///< raises nothing
 
     /// Runs a SELECT and takes all of its result.
-    virtual std::unique_ptr<Recordset> Query(const QString& sql) = 0;
+    virtual std::unique_ptr<Recordset> Query(const Statement& statement) = 0;
 
     /// Runs one statement; a result it may have is dropped.
-    virtual void Execute(const QString& sql) = 0;
+    virtual void Execute(const Statement& statement) = 0;
 };
 
 using ConnectionMaker = std::function<std::unique_ptr<Connection>()>;

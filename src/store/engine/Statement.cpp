@@ -3,15 +3,14 @@
 #include "runtime/Text.h"
 #include "store/engine/DatabaseError.h"
 
-#include <algorithm>
-#include <array>
 #include <utility>
 
 namespace tsms {
 
 namespace {
 
-constexpr char16_t Apostrophe = u'\'';
+constexpr QChar Apostrophe(u'\'');
+constexpr QChar Mark(u'?'); ///< of a value among the words
 
 bool IsDigit(QChar c)
 {
@@ -119,159 +118,120 @@ private:
 };
 
 /// What stands outside the literals of a text.
-class OutsideScan
+struct Outside
 {
-public:
-    explicit OutsideScan(QStringView text) : text_(text) { Walk(); }
+    explicit Outside(QStringView text)
+    {
+        for (qsizetype at = 0; at < text.size(); ++at)
+            if (text[at] == Apostrophe)
+                endsInsideLiteral = !endsInsideLiteral;
+            else if (!endsInsideLiteral && hidingMark.isEmpty())
+                hidingMark = MarkAt(text.sliced(at));
+    }
 
     bool endsInsideLiteral = false;
-    QStringView hidingMark;      ///< a comment or a quoted name: it could hide an apostrophe
-    QStringView secondStatement; ///< what begins one
+    QStringView hidingMark; ///< a comment or a quoted name: it could hide an apostrophe
 
 private:
-    void Walk()
+    static QStringView MarkAt(QStringView text)
     {
-        for (qsizetype at = 0; at < text_.size();) {
-            const QChar c = text_[at];
-            if (endsInsideLiteral) {
-                endsInsideLiteral = c != Apostrophe;
-                ++at;
-            } else if (IsWordCharacter(c)) {
-                const QStringView word = TokenAt(text_, at);
-                TakeWord(word);
-                at += word.size();
-            } else {
-                TakeSign(at);
-                ++at;
-            }
-        }
+        for (const QStringView mark : {u"--", u"/*", u"\"", u"[", u"`"})
+            if (text.startsWith(mark))
+                return mark;
+        return {};
     }
-
-    void TakeSign(qsizetype at)
-    {
-        const QChar c = text_[at];
-        const QChar next = at + 1 < text_.size() ? text_[at + 1] : QChar();
-        if (c == Apostrophe)
-            endsInsideLiteral = true;
-        else if (c == u'(')
-            ++depth_;
-        else if (c == u')')
-            --depth_;
-        else if ((c == u'-' && next == u'-') || (c == u'/' && next == u'*'))
-            Note(hidingMark, text_.sliced(at, 2));
-        else if (c == u'"' || c == u'[' || c == u'`')
-            Note(hidingMark, text_.sliced(at, 1));
-        else if (c == u';')
-            Note(secondStatement, text_.sliced(at, 1));
-    }
-
-    void TakeWord(QStringView word)
-    {
-        if (firstWord_.isEmpty())
-            firstWord_ = word;
-        else if (BeginsAnother(word))
-            Note(secondStatement, word);
-    }
-
-    /// True for a word behind the first that only a further statement can hold.
-    bool BeginsAnother(QStringView word)
-    {
-        static constexpr std::array<QStringView, 22> beginnings = {
-            u"INSERT",   u"UPDATE", u"DELETE",  u"DROP",   u"CREATE",   u"ALTER", u"EXEC",   u"EXECUTE",
-            u"TRUNCATE", u"MERGE",  u"DECLARE", u"USE",    u"SHUTDOWN", u"BEGIN", u"COMMIT", u"ROLLBACK",
-            u"GRANT",    u"REVOKE", u"WAITFOR", u"BACKUP", u"RESTORE",  u"UNION"};
-        const auto is = [word](QStringView other) {
-            return word.size() == other.size() && word.compare(other, Qt::CaseInsensitive) == 0;
-        };
-        if (is(u"SELECT"))
-            return depth_ <= 0;
-        if (is(u"SET"))
-            return std::exchange(setSeen_, true) || firstWord_.compare(u"UPDATE", Qt::CaseInsensitive) != 0;
-        return std::any_of(beginnings.begin(), beginnings.end(), is);
-    }
-
-    static void Note(QStringView& place, QStringView found)
-    {
-        if (place.isEmpty())
-            place = found;
-    }
-
-    QStringView text_;
-    QStringView firstWord_;
-    int depth_ = 0;
-    bool setSeen_ = false;
 };
 
 } // namespace
 
-Statement::Statement(QStringView own)
-{
-    Own(own);
-}
+Statement::Statement(QStringView own) : words_(own.toString()) {}
 
 Statement& Statement::Own(QStringView words)
 {
-    text_ += words;
+    words_ += words;
     return *this;
 }
 
 Statement& Statement::Quoted(QStringView value)
 {
     const QString trimmed = Trim(value);
-    if (trimmed.isEmpty())
-        return Own(u"Null");
-    return Own(u"'").InQuotes(trimmed).Own(u"'");
+    return trimmed.isEmpty() ? Add(std::nullopt) : InQuotes(trimmed);
 }
 
 Statement& Statement::InQuotes(QStringView value)
 {
-    return Value(value);
+    isCut_ = isCut_ || IsCutByDrivers(value);
+    hasApostrophe_ = hasApostrophe_ || value.contains(Apostrophe);
+    return Add(value.toString());
 }
 
 Statement& Statement::Bare(QStringView value)
 {
+    isCut_ = isCut_ || IsCutByDrivers(value);
     if (bareFault_.isEmpty())
-        bareFault_ = BareReader(value).Fault();
-    return Value(value);
+        bareFault_ = words_.endsWith(u'-') && value.startsWith(u'-') ? SyntaxErrorNear(u"--")
+                                                                     : BareReader(value).Fault();
+    return Own(value);
 }
 
-Statement& Statement::Value(QStringView value)
+Statement& Statement::Add(std::optional<QString> value)
 {
-    values_ += Span{text_.size(), text_.size() + value.size()};
-    text_ += value;
+    values_ += Value{words_.size(), std::move(value)};
+    words_ += Mark;
     return *this;
+}
+
+QString Statement::Text() const
+{
+    return TextBefore(values_.size());
+}
+
+/// The text up to the value of this index.
+QString Statement::TextBefore(qsizetype index) const
+{
+    QString text;
+    qsizetype from = 0;
+    for (const Value& value : values_.first(index)) {
+        text += QStringView(words_).sliced(from, value.at - from);
+        text += value.text ? Apostrophe + *value.text + Apostrophe : QStringLiteral("Null");
+        from = value.at + 1;
+    }
+    const qsizetype to = index < values_.size() ? values_[index].at : words_.size();
+    return text += QStringView(words_).sliced(from, to - from);
 }
 
 QString Statement::Fault() const
 {
-    if (IsCutByDrivers(text_))
+    if (isCut_)
         return SyntaxErrorNear(QStringView());
     if (!bareFault_.isEmpty())
         return bareFault_;
-    const OutsideScan scan(text_);
-    // Looked at before the quotes: where these stand, the server may pair the quotes in another way than we
-    // do.
-    if (!scan.hidingMark.isEmpty())
-        return SyntaxErrorNear(scan.hidingMark);
-    if (scan.endsInsideLiteral)
-        return {};
-    if (QString fault = FaultOfValues(); !fault.isEmpty())
-        return fault;
-    return scan.secondStatement.isEmpty() ? QString() : SyntaxErrorNear(scan.secondStatement);
+    return hasApostrophe_ ? FaultOfApostrophe() : QString();
 }
 
-QString Statement::FaultOfValues() const
+QString Statement::FaultOfApostrophe() const
 {
-    for (const Span& value : values_) {
-        const qsizetype at = QStringView(text_).sliced(value.from, value.to - value.from).indexOf(Apostrophe);
-        if (at < 0)
-            continue;
-        qsizetype behind = value.from + at;
-        while (behind < text_.size() && text_[behind] == Apostrophe)
-            ++behind;
-        return SyntaxErrorNear(TokenAt(text_, behind));
-    }
-    return {};
+    const QString text = Text();
+    const Outside outside(text);
+    // Looked at before the quotes: where these stand, the server may pair the quotes in another way than we
+    // do.
+    if (!outside.hidingMark.isEmpty())
+        return SyntaxErrorNear(outside.hidingMark);
+    if (outside.endsInsideLiteral)
+        return {};
+    qsizetype behind = FirstApostrophe();
+    while (behind < text.size() && text[behind] == Apostrophe)
+        ++behind;
+    return SyntaxErrorNear(TokenAt(text, behind));
+}
+
+/// Where in the text the first apostrophe of a value stands.
+qsizetype Statement::FirstApostrophe() const
+{
+    qsizetype index = 0;
+    while (!values_[index].text || !values_[index].text->contains(Apostrophe))
+        ++index;
+    return TextBefore(index).size() + 1 + values_[index].text->indexOf(Apostrophe);
 }
 
 } // namespace tsms

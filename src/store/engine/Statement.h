@@ -4,11 +4,13 @@
 #include <QString>
 #include <QStringView>
 
+#include <optional>
+
 namespace tsms {
 
-/// A SQL text under assembly. Texts are joined as they stand and nothing in a value is ever escaped; what
-/// keeps a value from changing the statement is Fault(), which knows which words are the program's own and
-/// which came from outside.
+/// A SQL statement under assembly, in its pieces: the program's own words and the values from outside. An
+/// engine either binds the values or takes the text, in which they stand as they are: nothing is ever
+/// escaped. Fault() keeps a value from changing the statement.
 class Statement
 {
 public:
@@ -17,40 +19,53 @@ public:
     Statement(const QString& own) : Statement(QStringView(own)) {}
     Statement(const char16_t* own) : Statement(QStringView(own)) {}
 
-    /// The program's own words. Their apostrophes open and close literals.
+    /// The program's own words, with whole literals if any.
     Statement& Own(QStringView words);
 
     /// The rule of optional texts: trimmed; the word Null if nothing is left, else between apostrophes.
     Statement& Quoted(QStringView value);
 
-    /// A value from outside that stands between apostrophes which own words open and close.
+    /// A value from outside, between apostrophes.
     Statement& InQuotes(QStringView value);
 
     /// A value from outside that stands bare: numbers, and + - * / between them. Anything else is a fault,
     /// except nothing at all, which the server refuses by itself.
     Statement& Bare(QStringView value);
 
-    const QString& Text() const { return text_; }
+    /// The statement as the server gets it.
+    QString Text() const;
 
-    /// Empty when the text may be sent, else the words with which it is refused: a value that leaves its
-    /// literal, a second statement (behind ";" or not), a comment or a quoted name outside the literals, a
-    /// bare value that is no number, a NUL or half of a surrogate pair anywhere. A text whose quotes do not
-    /// balance is no fault: the server refuses it as a whole and in its own words.
+    /// Empty when the statement may be sent, else the words with which it is refused: a quoted value that
+    /// holds an apostrophe, a bare value that is no number, a NUL or half of a surrogate pair in a value.
+    /// Apostrophes that leave the text with a quote unclosed are no fault: the server refuses it as a whole
+    /// and in its own words.
     QString Fault() const;
 
-private:
-    struct Span
+    /// A quoted value of Words(); none is the word Null.
+    struct Value
     {
-        qsizetype from;
-        qsizetype to;
+        qsizetype at; ///< of its mark among the words
+        std::optional<QString> text;
     };
 
-    Statement& Value(QStringView value);
-    QString FaultOfValues() const;
+    /// The own words and the bare values, with the mark "?" for each quoted value.
+    const QString& Words() const { return words_; }
+    const QList<Value>& Values() const { return values_; }
 
-    QString text_;
-    QList<Span> values_; ///< where the texts from outside stand
+    /// True when a quoted value holds an apostrophe. Such a statement has no meaning but its text's.
+    bool HasApostrophe() const { return hasApostrophe_; }
+
+private:
+    Statement& Add(std::optional<QString> value);
+    QString TextBefore(qsizetype index) const;
+    QString FaultOfApostrophe() const;
+    qsizetype FirstApostrophe() const;
+
+    QString words_;
+    QList<Value> values_;
     QString bareFault_;
+    bool isCut_ = false;
+    bool hasApostrophe_ = false;
 };
 
 } // namespace tsms

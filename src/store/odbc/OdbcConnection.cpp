@@ -165,17 +165,17 @@ template <class Act> auto OdbcConnection::InTime(Act act)
     }
 }
 
-std::unique_ptr<Recordset> OdbcConnection::Query(const QString& sql)
+std::unique_ptr<Recordset> OdbcConnection::Query(const Statement& statement)
 {
-    return InTime([this, &sql] {
+    return InTime([this, sql = statement.Text()] {
         std::unique_ptr<Recordset> records = Running(*this, sql).FirstRows(TakeOdbcRows);
         return records ? std::move(records) : Running(*this, sql).FirstRows(TakeLongOdbcRows);
     });
 }
 
-void OdbcConnection::Execute(const QString& sql)
+void OdbcConnection::Execute(const Statement& statement)
 {
-    InTime([this, &sql] { Running(*this, sql).DropTheRest(); });
+    InTime([this, sql = statement.Text()] { Running(*this, sql).DropTheRest(); });
 }
 
 } // namespace tsms

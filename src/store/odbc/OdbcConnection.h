@@ -23,9 +23,9 @@ public:
 
     /// The first result with columns. Where a column has no width, a long value has the statement run once
     /// more.
-    std::unique_ptr<Recordset> Query(const QString& sql) override;
+    std::unique_ptr<Recordset> Query(const Statement& statement) override;
 
-    void Execute(const QString& sql) override;
+    void Execute(const Statement& statement) override;
 
 private:
     class Running;

@@ -39,16 +39,16 @@ public:
         inner_->Close();
     }
 
-    std::unique_ptr<Recordset> Query(const QString& sql) override
+    std::unique_ptr<Recordset> Query(const Statement& statement) override
     {
-        owner_.Pass(sql, generation_);
-        return inner_->Query(sql);
+        owner_.Pass(statement.Text(), generation_);
+        return inner_->Query(statement);
     }
 
-    void Execute(const QString& sql) override
+    void Execute(const Statement& statement) override
     {
-        owner_.Pass(sql, generation_);
-        inner_->Execute(sql);
+        owner_.Pass(statement.Text(), generation_);
+        inner_->Execute(statement);
     }
 
 private:
