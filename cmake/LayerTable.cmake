@@ -18,9 +18,10 @@ set(TSMS_LAYERS
   "toolkit/fields: runtime session toolkit/look toolkit/windows"
   "toolkit/grid: runtime toolkit/look toolkit/fields"
   "toolkit/windows: runtime session toolkit/look toolkit/fields"
-  "compose: runtime session ${database} gateway services ${whole_toolkit}"
-  "addressbook: runtime session ${database} gateway services spreadsheet/read ${whole_toolkit}"
+  "recipients: runtime toolkit/look toolkit/grid"
+  "compose: runtime session ${database} gateway services ${whole_toolkit} recipients"
+  "addressbook: runtime session ${database} gateway services spreadsheet/read ${whole_toolkit} recipients"
   "templates: runtime session ${database} services ${whole_toolkit}"
   "history: runtime session ${database} gateway services spreadsheet/write ${whole_toolkit} compose"
   "account: runtime session ${database} services ${whole_toolkit}"
-  "shell: runtime session ${database} gateway services ${whole_toolkit} compose addressbook templates history account")
+  "shell: runtime session ${database} gateway services ${whole_toolkit} recipients compose addressbook templates history account")

@@ -3,8 +3,9 @@
 
 #include "addressbook/BookGrids.h"
 #include "addressbook/BookStatements.h"
-#include "addressbook/ChosenNumbers.h"
 #include "addressbook/dlgSMSGroupSelect.h"
+#include "recipients/GridRecipientList.h"
+#include "recipients/PhoneSet.h"
 #include "runtime/Text.h"
 #include "store/embedded/EmbeddedTables.h"
 #include "toolkit/fields/Controls.h"
@@ -78,7 +79,8 @@ template <class Work> Cost CostOf(const Work& work)
 /// The real dialog in its group view, from the click on "add" on. The first group has been chosen before.
 Cost AddInDialog(Book& book)
 {
-    fpSpread recipients;
+    fpSpread grid;
+    GridRecipientList recipients(grid);
     dlgSMSGroupSelect dialog(book.services, recipients);
     dialog.show();
     dialog.activateWindow();

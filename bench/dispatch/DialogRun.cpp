@@ -1,9 +1,8 @@
 #include "bench/dispatch/Workload.h"
 #include "bench/ProgramDesk.h"
 
-#include "compose/GridRecipients.h"
 #include "compose/MakeSMSTransport.h"
-#include "compose/ModStep1.h"
+#include "recipients/GridRecipientList.h"
 #include "toolkit/fields/Controls.h"
 #include "toolkit/grid/fpSpread.h"
 
@@ -16,14 +15,12 @@ namespace tsms::bench {
 
 namespace {
 
-void FillGrid(fpSpread& grid, int rows)
+void Fill(RecipientList& recipients, int rows)
 {
-    InitRecipientGrid(grid);
-    grid.SetMaxRows(rows);
-    for (int row = 1; row <= rows; ++row) {
-        grid.SetText(NameColumn, row, RecipientName(row));
-        grid.SetText(PhoneColumn, row, RecipientNumber(row));
-    }
+    recipients.Reset();
+    recipients.Resize(rows);
+    for (int row = 1; row <= rows; ++row)
+        recipients.Write(row, RecipientName(row), RecipientNumber(row));
 }
 
 void DemandOneBox(const test::ScriptedDesktop& desktop, MsgBoxStyle style)
@@ -43,8 +40,8 @@ Cost RunThroughDialog(const World& world)
     desk.session.UserData1 = UserData1;
     desk.session.UserData2 = UserData2();
     fpSpread grid;
-    FillGrid(grid, world.rows);
-    const GridRecipients recipients(grid);
+    GridRecipientList recipients(grid);
+    Fill(recipients, world.rows);
     MakeSMSTransport dialog(desk.services, {recipients, MessageTemplate, SenderNumber});
     dialog.SetTotal(world.rows);
 

@@ -2,10 +2,9 @@
 #include "bench/import/BareRead.h"
 #include "bench/ProgramDesk.h"
 
-#include "addressbook/GridRecipientSheet.h"
 #include "addressbook/MakeSMSExcel.h"
 #include "addressbook/UserSMSFileRead.h"
-#include "compose/ModStep1.h"
+#include "recipients/GridRecipientList.h"
 #include "runtime/CodePage949.h"
 #include "support/RecipientFile.h"
 #include "support/spreadsheet/WorkbookMaker.h"
@@ -75,9 +74,10 @@ Cost Import(const QString& folder, int rows)
     ProgramDesk desk({}, {}, folder);
     desk.desktop.fileToPick = BookPath(folder);
     fpSpread grid;
-    InitRecipientGrid(grid);
+    GridRecipientList list(grid);
+    list.Reset();
     grid.show();
-    MakeSMSExcel dialog(desk.services, {grid, InitRecipientGrid});
+    MakeSMSExcel dialog(desk.services, list);
     Cost cost;
     constexpr int settledMilliseconds = 100; // by then the dialog has been painted
     QTimer::singleShot(settledMilliseconds, [&] {
@@ -86,7 +86,7 @@ Cost Import(const QString& folder, int rows)
         cost.nanoseconds = static_cast<double>(Nanoseconds() - from);
     });
     dialog.ShowModal();
-    Demand(grid.MaxRows() == rows && grid.GetText(PhoneColumn, rows) == PhoneOf(rows),
+    Demand(grid.MaxRows() == rows && grid.GetText(GridRecipientList::PhoneColumn, rows) == PhoneOf(rows),
            "bench_import: not all rows were imported");
     cost.peakMemory = PeakMemory();
     return cost;
@@ -96,13 +96,13 @@ Cost Read(const QString& folder, int records)
 {
     ProgramDesk desk({});
     fpSpread grid;
-    InitRecipientGrid(grid);
+    GridRecipientList list(grid);
+    list.Reset();
     grid.show();
-    GridRecipientSheet list(grid);
     const std::int64_t from = Nanoseconds();
     const Boolean read = ReadRecipientFile(folder, list, desk.session, desk.desktop);
     const auto took = static_cast<double>(Nanoseconds() - from);
-    Demand(read == Boolean::True && grid.GetText(PhoneColumn, records) == PhoneOf(records),
+    Demand(read == Boolean::True && grid.GetText(GridRecipientList::PhoneColumn, records) == PhoneOf(records),
            "bench_import: not all records were read");
     return {took, PeakMemory()};
 }

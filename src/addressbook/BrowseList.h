@@ -1,6 +1,6 @@
 #pragma once
 
-#include "addressbook/ChosenNumbers.h"
+#include "addressbook/BookPerson.h"
 
 #include <QStringList>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "addressbook/ChosenNumbers.h"
+#include "addressbook/BookPerson.h"
 
 namespace tsms {
 
@@ -30,7 +30,7 @@ private:
     void Append(const QList<BookPerson>& people);
 
     fpSpread& grid_;
-    ChosenNumbers numbers_;
+    PhoneSet numbers_; // of the rows on view
 };
 
 } // namespace tsms

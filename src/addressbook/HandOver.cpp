@@ -1,8 +1,8 @@
 #include "addressbook/HandOver.h"
 
 #include "addressbook/BookGrids.h"
+#include "recipients/RecipientList.h"
 #include "runtime/Text.h"
-#include "services/RecipientColumn.h"
 #include "toolkit/grid/fpSpread.h"
 #include "toolkit/grid/GridHelper.h"
 #include "toolkit/look/Pictures.h"
@@ -12,10 +12,10 @@ namespace tsms {
 namespace {
 
 /// 0 when there is none.
-int FirstFreeRow(const fpSpread& recipients)
+int FirstFreeRow(const RecipientList& recipients)
 {
-    for (int row = 1; row <= recipients.MaxRows(); ++row)
-        if (IsBlank(GridHelper().GetCellText(recipients, PhoneColumn, row)))
+    for (int row = 1; row <= recipients.Rows(); ++row)
+        if (IsBlank(recipients.Phone(row)))
             return row;
     return 0;
 }
@@ -31,19 +31,17 @@ int CountChosen(const fpSpread& chosen)
     return ticked;
 }
 
-void HandOver(const fpSpread& chosen, fpSpread& recipients)
+void HandOver(const fpSpread& chosen, RecipientList& recipients)
 {
     const GridHelper helper;
     const int start = FirstFreeRow(recipients);
-    recipients.SetReDraw(false);
-    recipients.SetMaxRows(recipients.MaxRows() + CountChosen(chosen));
-    for (int j = 0; j < chosen.MaxRows(); ++j) {
-        if (chosen.RowHidden(j + 1))
-            continue;
-        recipients.SetText(NameColumn, start + j, Trim(helper.GetCellText(chosen, ChosenName, j + 1)));
-        recipients.SetText(PhoneColumn, start + j, Trim(helper.GetCellText(chosen, ChosenPhone, j + 1)));
-    }
-    recipients.SetReDraw(true);
+    recipients.InOneGo([&] {
+        recipients.Resize(recipients.Rows() + CountChosen(chosen));
+        for (int j = 0; j < chosen.MaxRows(); ++j)
+            if (!chosen.RowHidden(j + 1))
+                recipients.Write(start + j, Trim(helper.GetCellText(chosen, ChosenName, j + 1)),
+                                 Trim(helper.GetCellText(chosen, ChosenPhone, j + 1)));
+    });
 }
 
 } // namespace tsms

@@ -3,6 +3,7 @@
 namespace tsms {
 
 class fpSpread;
+class RecipientList;
 
 /// The ticked rows of the chosen list. Hidden ones count.
 int CountChosen(const fpSpread& chosen);
@@ -12,8 +13,8 @@ int CountChosen(const fpSpread& chosen);
 /// - the recipient list grows by the number of ticked rows, whatever is written;
 /// - a row on view is written whether it is ticked or not;
 /// - a hidden row leaves the row that would be its own as it was, mostly blank;
-/// - without a free row the writing begins in row 0, the column titles;
+/// - without a free row the writing begins in row 0, above the list;
 /// - what comes to stand beyond the grown list is lost.
-void HandOver(const fpSpread& chosen, fpSpread& recipients);
+void HandOver(const fpSpread& chosen, RecipientList& recipients);
 
 } // namespace tsms

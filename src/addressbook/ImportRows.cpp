@@ -1,6 +1,6 @@
 #include "addressbook/ImportRows.h"
 
-#include "runtime/MobileNumber.h"
+#include "recipients/MobileNumber.h"
 #include "runtime/Text.h"
 
 namespace tsms {
@@ -9,9 +9,7 @@ ImportVerdict JudgeImportRow(const QString& name, const QString& number)
 {
     if (IsBlank(name))
         return ImportVerdict::Blank;
-    const QString trimmed = Trim(number);
-    return HasMobilePrefix(trimmed) && trimmed.size() >= MobileNumberLength ? ImportVerdict::Good
-                                                                            : ImportVerdict::Lost;
+    return IsMobileNumber(number) ? ImportVerdict::Good : ImportVerdict::Lost;
 }
 
 QString ImportCount(std::int16_t count)

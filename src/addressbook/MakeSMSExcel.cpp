@@ -2,12 +2,12 @@
 
 #include "addressbook/ImportRows.h"
 #include "addressbook/SheetOperations.h"
+#include "recipients/RecipientList.h"
 #include "runtime/CellSource.h"
 #include "runtime/Desktop.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/ScreenPace.h"
 #include "runtime/Text.h"
-#include "services/RecipientColumn.h"
 #include "services/ScreenBusy.h"
 #include "toolkit/fields/ComboBox.h"
 #include "toolkit/fields/Controls.h"
@@ -115,10 +115,10 @@ private:
 
 } // namespace
 
-MakeSMSExcel::MakeSMSExcel(Services& services, Target target, QWidget* owner)
+MakeSMSExcel::MakeSMSExcel(Services& services, RecipientList& recipients, QWidget* owner)
     : DialogForm(services.session, services.desktop, ImportFrame(), owner),
       services_(services),
-      target_(std::move(target))
+      recipients_(recipients)
 {
     BuildFile();
     BuildNotes();
@@ -295,15 +295,15 @@ std::int32_t MakeSMSExcel::FindEnd()
 void MakeSMSExcel::TakeRows(std::int32_t total)
 {
     sheet_->SetMaxRows(total);
-    target_.grid.SetReDraw(false); // nobody sees the list before the end
-    const auto draw = qScopeGuard([this] { target_.grid.SetReDraw(true); });
-    target_.reset(target_.grid);
-    target_.grid.SetMaxRows(0);
-    target_.grid.SetMaxRows(total);
-    bar_->SetMax(total);
-    const Counts counts = JudgeRows(total);
-    target_.grid.SetMaxRows(counts.good.Value());
-    sheet_->SetMaxRows(counts.good.Value());
+    recipients_.InOneGo([&] { // nobody sees the list before the end
+        recipients_.Reset();
+        recipients_.Resize(0);
+        recipients_.Resize(total);
+        bar_->SetMax(total);
+        const Counts counts = JudgeRows(total);
+        recipients_.Resize(counts.good.Value());
+        sheet_->SetMaxRows(counts.good.Value());
+    });
 }
 
 /// Shows each row that the screen could show, and the last one that was done, also where a count overflows.
@@ -342,10 +342,9 @@ void MakeSMSExcel::WriteGoodRow(int row, const QString& name, const QString& pho
 {
     ++counts.good; // where it overflows, the row is not written
     const int to = counts.good.Value();
-    target_.grid.SetText(NumberColumn, to, TwoDigits(to));
-    target_.grid.SetText(NameColumn, to, Trim(name));
-    target_.grid.SetText(PhoneColumn, to, Trim(phone));
-    target_.grid.SetText(ThirdValueColumn, to, Trim(SheetText(SheetThird, row)));
+    recipients_.WriteRunningNumber(to, TwoDigits(to));
+    recipients_.Write(to, Trim(name), Trim(phone));
+    recipients_.WriteThirdValue(to, Trim(SheetText(SheetThird, row)));
 }
 
 void MakeSMSExcel::ShowProgress(std::int32_t total, int row, const Counts& counts)

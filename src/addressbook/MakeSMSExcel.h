@@ -3,14 +3,13 @@
 #include "runtime/Numbers.h"
 #include "toolkit/windows/DialogForm.h"
 
-#include <functional>
-
 namespace tsms {
 
 class ComboBox;
 class fpSpread;
 class Label;
 class ProgressBar;
+class RecipientList;
 class SheetOperations;
 struct Services;
 
@@ -22,14 +21,7 @@ class MakeSMSExcel : public DialogForm
     Q_OBJECT
 
 public:
-    /// The recipient list, and what brings it to its first state.
-    struct Target
-    {
-        fpSpread& grid;
-        std::function<void(fpSpread& grid)> reset;
-    };
-
-    MakeSMSExcel(Services& services, Target target, QWidget* owner = nullptr);
+    MakeSMSExcel(Services& services, RecipientList& recipients, QWidget* owner = nullptr);
 
 protected:
     void GiveHeight(int pixels) override;
@@ -61,7 +53,7 @@ private:
     QString SheetText(int column, int row) const;
 
     Services& services_;
-    Target target_;
+    RecipientList& recipients_;
     Label* path_ = nullptr;      // PlExcelPath
     ComboBox* sheets_ = nullptr; // CbExcelSheet
     fpSpread* sheet_ = nullptr;  // TEMPfpSpread

@@ -1,6 +1,5 @@
 #include "addressbook/MemberStatements.h"
 
-#include "runtime/MobileNumber.h"
 #include "runtime/Text.h"
 
 namespace tsms {
@@ -53,12 +52,6 @@ Statement UpdateMember(const QString& memberCode, const MemberFields& fields)
     update.Own(u" GSPhone =").Quoted(fields.phone);
     update.Own(u" WHERE GSubCd=").Bare(Trim(memberCode));
     return update;
-}
-
-bool IsMemberNumber(const QString& phone)
-{
-    const QString number = Trim(phone);
-    return HasMobilePrefix(number) && number.size() >= MobileNumberLength;
 }
 
 } // namespace tsms

@@ -20,8 +20,4 @@ Statement MembersNamed(const QString& name);
 Statement InsertMember(const MemberFields& fields);
 Statement UpdateMember(const QString& memberCode, const MemberFields& fields);
 
-/// True when the dialog takes the number: trimmed, it begins like a mobile number and has 10 characters or
-/// more, whatever these are.
-bool IsMemberNumber(const QString& phone);
-
 } // namespace tsms

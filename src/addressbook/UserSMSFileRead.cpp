@@ -1,9 +1,10 @@
 #include "addressbook/UserSMSFileRead.h"
 
 #include "addressbook/RecipientRecord.h"
-#include "addressbook/RecipientSheet.h"
+#include "recipients/MobileNumber.h"
+#include "recipients/PhoneSet.h"
+#include "recipients/RecipientList.h"
 #include "runtime/Desktop.h"
-#include "runtime/MobileNumber.h"
 #include "runtime/RuntimeError.h"
 #include "session/Session.h"
 
@@ -55,9 +56,36 @@ private:
     QByteArrayView left_; // of the part
 };
 
+PhoneSet NumbersOnView(const RecipientList& list)
+{
+    const int rows = list.Rows();
+    PhoneSet numbers;
+    numbers.Reserve(rows);
+    for (int row = 1; row <= rows; ++row) {
+        const QString phone = list.Phone(row);
+        if (!phone.isEmpty() && !list.IsRemoved(row))
+            numbers.Insert(phone);
+    }
+    return numbers;
+}
+
+/// Whether a number may come to stand in a row: false when it is listed already. When it may, it is listed
+/// from now on and the one that stands in the row until then is not. A removed row lists nothing.
+bool TakeNumber(PhoneSet& listed, const RecipientList& list, int row, const QString& phone)
+{
+    if (list.IsRemoved(row))
+        return !listed.Contains(phone);
+    if (!listed.InsertNew(phone))
+        return false;
+    const QString former = list.Phone(row);
+    if (!former.isEmpty())
+        listed.Remove(former);
+    return true;
+}
+
 } // namespace
 
-Boolean ReadRecipientFile(const QString& applicationPath, RecipientSheet& list, Session& session,
+Boolean ReadRecipientFile(const QString& applicationPath, RecipientList& list, Session& session,
                           Desktop& desktop)
 {
     const auto leave = [&](Boolean result) {
@@ -75,26 +103,27 @@ Boolean ReadRecipientFile(const QString& applicationPath, RecipientSheet& list, 
             QFile file(path);
             if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
                 throw RuntimeError(PathFileAccess);
-            ReadRecipientRecords(file, list);
+            list.InOneGo([&] { ReadRecipientRecords(file, list); });
             return leave(Boolean::True);
         },
         [&] { return leave(Boolean::False); });
 }
 
-void ReadRecipientRecords(QIODevice& file, RecipientSheet& list)
+void ReadRecipientRecords(QIODevice& file, RecipientList& list)
 {
     const double records = static_cast<double>(file.size()) / RecipientRecord::Size;
     if (records > MostRecords)
         throw RuntimeError(Overflow);
-    list.SetMaxRows(RowsFor(records));
-    ListedNumbers listed(list);
+    list.Resize(RowsFor(records));
+    PhoneSet listed = NumbersOnView(list);
     RecordReader reader(file);
     int target = 1;
     for (int i = 1; i <= records; ++i) {
         const RecipientRecord record = reader.Next();
-        if (!HasMobilePrefix(record.phone) || !listed.Take(target, record.phone))
+        if (!HasMobilePrefix(record.phone) || !TakeNumber(listed, list, target, record.phone))
             continue;
-        list.Write(target, QString::number(target), record.name, record.phone);
+        list.WriteRunningNumber(target, QString::number(target));
+        list.Write(target, record.name, record.phone);
         ++target;
     }
 }

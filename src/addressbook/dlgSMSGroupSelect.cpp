@@ -52,7 +52,7 @@ DialogFrame SelectFrame()
 
 } // namespace
 
-dlgSMSGroupSelect::dlgSMSGroupSelect(Services& services, fpSpread& recipients, QWidget* owner)
+dlgSMSGroupSelect::dlgSMSGroupSelect(Services& services, RecipientList& recipients, QWidget* owner)
     : DialogForm(services.session, services.desktop, SelectFrame(), owner),
       services_(services),
       recipients_(recipients)

@@ -16,6 +16,7 @@ class ComboBox;
 class fpSpread;
 class PictureButton;
 class RadioButton;
+class RecipientList;
 class Statement;
 struct Services;
 
@@ -29,8 +30,8 @@ class dlgSMSGroupSelect : public DialogForm
     Q_OBJECT
 
 public:
-    /// `recipients` is the grid of the compose page, which takes what is handed over.
-    dlgSMSGroupSelect(Services& services, fpSpread& recipients, QWidget* owner = nullptr);
+    /// `recipients` takes what is handed over.
+    dlgSMSGroupSelect(Services& services, RecipientList& recipients, QWidget* owner = nullptr);
     ~dlgSMSGroupSelect() override;
 
     /// Fills the browse list for the present view and filter, on an open connection. Ticks stay on their
@@ -86,7 +87,7 @@ private:
     void Trapped(const std::function<void()>& body);
 
     Services& services_;
-    fpSpread& recipients_;
+    RecipientList& recipients_;
     std::array<RadioButton*, 2> view_{}; // OptType
     ComboBox* filter_ = nullptr;         // CbGroup
     fpSpread* browse_ = nullptr;         // fpSpreadMst

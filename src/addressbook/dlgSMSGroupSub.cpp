@@ -2,6 +2,7 @@
 
 #include "addressbook/MemberStatements.h"
 #include "addressbook/ModFuncPublic.h"
+#include "recipients/MobileNumber.h"
 #include "runtime/Desktop.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
@@ -183,7 +184,7 @@ bool dlgSMSGroupSub::FieldsPass()
         if (!textHelper_.RequireText(*boxes_[slot], Trim(WithoutBlanks(captions_[slot]->Caption()))))
             return false;
     }
-    if (IsMemberNumber(boxes_[PhoneBox]->Text()))
+    if (IsMobileNumber(boxes_[PhoneBox]->Text()))
         return true;
     services_.desktop.MsgBox(
         QStringLiteral("잘못된 전화번호 형식 : 올바른 휴대전화 번호를 입력하여 주십시오."), MsgBoxCritical,

@@ -2,7 +2,6 @@
 
 #include "compose/MessageCounter.h"
 #include "compose/MessageScreen.h"
-#include "compose/ModStep1.h"
 #include "compose/SendPreflight.h"
 #include "runtime/Desktop.h"
 #include "runtime/Text.h"
@@ -94,21 +93,22 @@ void ComposePage::BuildRecipients(QVBoxLayout& phone, QWidget& parent)
         button->OnClick = [this, i] { BtnFuncMainClick(i); };
         buttons->addWidget(button, 1);
     }
-    recipients_ = Named(new fpSpread(&parent), QStringLiteral("fpSpread"));
-    DescribeBy(*recipients_, QStringLiteral("받는사람 목록"));
-    recipients_->SetFillWidth(true);
-    recipients_->OnKeyPress = [this](int& key) {
+    grid_ = Named(new fpSpread(&parent), QStringLiteral("fpSpread"));
+    recipients_ = std::make_unique<GridRecipientList>(*grid_);
+    DescribeBy(*grid_, QStringLiteral("받는사람 목록"));
+    grid_->SetFillWidth(true);
+    grid_->OnKeyPress = [this](int& key) {
         if (key != '\r')
             return;
-        WalkOnEnter(*recipients_);
+        recipients_->WalkOnEnter();
         key = 0;
     };
-    recipients_->OnTabInto = [this] { GoToFreeName(*recipients_); };
-    recipients_->OnPaste = [this](const QString& text) { return RecipientPaste(text); };
-    connect(recipients_, &fpSpread::Click, this,
+    grid_->OnTabInto = [this] { recipients_->GoToFreeName(); };
+    grid_->OnPaste = [this](const QString& text) { return RecipientPaste(text); };
+    connect(grid_, &fpSpread::Click, this,
             Guarded(services_.desktop, [this](int column, int) { RecipientClick(column); }));
     phone.addLayout(buttons);
-    phone.addWidget(recipients_, 100); // all its rows come before more of the message
+    phone.addWidget(grid_, 100); // all its rows come before more of the message
 }
 
 void ComposePage::BuildSender(QVBoxLayout& phone, QWidget& parent)
@@ -161,9 +161,9 @@ QWidget* ComposePage::BuildNotes()
 
 void ComposePage::Load()
 {
-    InitRecipientGrid(*recipients_);
-    recipients_->setMaximumHeight(HeightOfRows(*recipients_, RowsOnView));
-    recipients_->setMinimumHeight(HeightOfRows(*recipients_, LeastRows));
+    recipients_->Reset();
+    grid_->setMaximumHeight(HeightOfRows(*grid_, RowsOnView));
+    grid_->setMinimumHeight(HeightOfRows(*grid_, LeastRows));
     ResetSenderNumber();
 }
 
@@ -189,7 +189,7 @@ void ComposePage::BtnFuncMainClick(int index)
         window_.openImport();
         break;
     default:
-        InitRecipientGrid(*recipients_);
+        recipients_->Reset();
         break;
     }
 }
@@ -202,8 +202,8 @@ void ComposePage::BtnSendClick(int index)
         window_.close();
         return;
     }
-    recipients_->CommitEdit(); // on desks where a click on a button does not take the focus
-    SendPreflight(services_, *message_, *recipients_, *senderNumber_).Run();
+    grid_->CommitEdit(); // on desks where a click on a button does not take the focus
+    SendPreflight(services_, *message_, *grid_, *recipients_, *senderNumber_).Run();
 }
 
 void ComposePage::SendNoChange()
@@ -225,18 +225,18 @@ void ComposePage::SendNoKeyPress(char16_t& key)
 
 void ComposePage::RecipientClick(int column)
 {
-    if (services_.session.IsBusy() || column != RemoveColumn)
+    if (services_.session.IsBusy() || column != GridRecipientList::RemoveColumn)
         return;
-    RemoveActiveRecipient(*recipients_);
+    recipients_->RemoveActive();
 }
 
 /// A block of a spreadsheet fills rows; anything else goes into its cell.
 bool ComposePage::RecipientPaste(const QString& text)
 {
     const QList<QStringList> rows = PastedRows(text);
-    if (!IsBlock(rows) || recipients_->ActiveCol() == RemoveColumn)
+    if (!IsBlock(rows) || grid_->ActiveCol() == GridRecipientList::RemoveColumn)
         return false;
-    PutRecipients(*recipients_, rows);
+    recipients_->Paste(rows);
     return true;
 }
 

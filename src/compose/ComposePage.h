@@ -1,9 +1,11 @@
 #pragma once
 
+#include "recipients/GridRecipientList.h"
 #include "toolkit/fields/Controls.h"
 #include "toolkit/fields/TextHelper.h"
 
 #include <functional>
+#include <memory>
 
 class QVBoxLayout;
 
@@ -43,7 +45,8 @@ public:
     /// Sets the sender number to the account's; one that was typed is dropped.
     void ResetSenderNumber();
 
-    fpSpread& RecipientGrid() { return *recipients_; }
+    fpSpread& RecipientGrid() { return *grid_; }
+    RecipientList& Recipients() { return *recipients_; }
     MemoBox& Message() { return *message_; }
 
 private:
@@ -64,7 +67,8 @@ private:
     TextHelper textHelper_;
     Window window_;
     MemoBox* message_ = nullptr;
-    fpSpread* recipients_ = nullptr;
+    fpSpread* grid_ = nullptr;
+    std::unique_ptr<GridRecipientList> recipients_; // what stands in the grid
     TextBox* senderNumber_ = nullptr;
 };
 

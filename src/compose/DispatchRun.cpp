@@ -4,7 +4,8 @@
 #include "compose/RunDisplay.h"
 #include "compose/RunFrame.h"
 #include "gateway/ModSMS.h"
-#include "runtime/MobileNumber.h"
+#include "recipients/MobileNumber.h"
+#include "recipients/RecipientList.h"
 #include "runtime/Numbers.h"
 #include "runtime/Text.h"
 #include "session/Session.h"
@@ -13,9 +14,9 @@
 
 namespace tsms {
 
-DispatchRun::DispatchRun(Session& session, DBConnect& db, ModSMS& sms, const RecipientRows& rows,
+DispatchRun::DispatchRun(Session& session, DBConnect& db, ModSMS& sms, const RecipientList& recipients,
                          RunDisplay& display)
-    : session_(session), db_(db), sms_(sms), rows_(rows), display_(display)
+    : session_(session), db_(db), sms_(sms), recipients_(recipients), display_(display)
 {
 }
 
@@ -29,9 +30,9 @@ void DispatchRun::RunSend(const DispatchOrder& order)
 
 void DispatchRun::SendAllRows(const DispatchOrder& order)
 {
-    const int lastRow = rows_.MaxRows();
+    const int lastRow = recipients_.Rows();
     for (int row = 1; row <= lastRow; ++row) {
-        if (!rows_.RowHidden(row)) {
+        if (!recipients_.IsRemoved(row)) {
             SendRow(row, order);
             ShowDone();
         }
@@ -42,13 +43,11 @@ void DispatchRun::SendAllRows(const DispatchOrder& order)
 
 void DispatchRun::SendRow(int row, const DispatchOrder& order)
 {
-    const QString phone = Trim(rows_.PhoneText(row));
-    if (phone.isEmpty() || !HasMobilePrefix(phone))
+    const QString phone = Trim(recipients_.Phone(row));
+    if (!IsMobileNumber(phone))
         return;
-    const QString name = Trim(rows_.NameText(row));
+    const QString name = Trim(recipients_.Name(row));
     const QString text = WithRecipient(WithSender(order.message, session_.SMSOrgNm), name);
-    if (phone.size() < MobileNumberLength)
-        return;
     const Boolean accepted = sms_.SubmitSMS(name, phone, order.senderNumber, text, order.reservation,
                                             QString(), QString(), QString());
     if (accepted == Boolean::True)

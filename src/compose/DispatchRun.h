@@ -1,7 +1,5 @@
 #pragma once
 
-#include "compose/Recipients.h"
-
 #include <QString>
 
 #include <cstdint>
@@ -10,6 +8,7 @@ namespace tsms {
 
 class DBConnect;
 class ModSMS;
+class RecipientList;
 class RunDisplay;
 struct Session;
 
@@ -25,7 +24,8 @@ struct DispatchOrder
 class DispatchRun
 {
 public:
-    DispatchRun(Session& session, DBConnect& db, ModSMS& sms, const RecipientRows& rows, RunDisplay& display);
+    DispatchRun(Session& session, DBConnect& db, ModSMS& sms, const RecipientList& recipients,
+                RunDisplay& display);
 
     /// Runs to the last row. Failures have shown their boxes when it returns; the counts tell the rest.
     void RunSend(const DispatchOrder& order);
@@ -42,7 +42,7 @@ private:
     Session& session_;
     DBConnect& db_;
     ModSMS& sms_;
-    const RecipientRows& rows_;
+    const RecipientList& recipients_;
     RunDisplay& display_;
     std::int32_t done_ = 0;
 };

@@ -5,6 +5,7 @@
 #include "compose/DispatchRun.h"
 #include "compose/RefreshBalanceLabel.h"
 #include "compose/Reservation.h"
+#include "recipients/RecipientList.h"
 #include "runtime/Clock.h"
 #include "runtime/Desktop.h"
 #include "runtime/Numbers.h"
@@ -133,7 +134,7 @@ void MakeSMSTransport::BuildReservation(QVBoxLayout& body)
 void MakeSMSTransport::SetTotal(std::int32_t recipients)
 {
     const QString total = QString::number(recipients);
-    const int lastRow = source_ ? source_->rows.MaxRows() : recipients; // empty rows count as done
+    const int lastRow = source_ ? source_->recipients.Rows() : recipients; // empty rows count as done
     ShowTotal(recipients, DispatchStatus(total, FormatCount(lastRow)));
     status_->SetCaption(DispatchStatus(total, QStringLiteral("0")));
 }
@@ -236,7 +237,7 @@ void MakeSMSTransport::Send()
     LoadSMSSetup(services_.session, services_.db);
     if (!BalanceCovers())
         return;
-    DispatchRun run(services_.session, services_.db, services_.sms, source_->rows, *this);
+    DispatchRun run(services_.session, services_.db, services_.sms, source_->recipients, *this);
     run.RunSend({source_->message(), source_->senderNumber(),
                  reserve_->Value() ? ReservationText(Chosen()) : QString()});
     Unload();

@@ -14,7 +14,7 @@ class ComboBox;
 class DatePicker;
 class Label;
 class ProgressBar;
-class RecipientRows;
+class RecipientList;
 class SentRows;
 struct Services;
 
@@ -28,7 +28,7 @@ public:
     /// `message` and `senderNumber` are read when the run starts.
     struct Source
     {
-        const RecipientRows& rows;
+        const RecipientList& recipients;
         std::function<QString()> message;
         std::function<QString()> senderNumber;
     };

@@ -1,8 +1,8 @@
 #include "compose/SendPreflight.h"
 
 #include "compose/ComposeBoxes.h"
-#include "compose/GridRecipients.h"
 #include "compose/MakeSMSTransport.h"
+#include "recipients/RecipientList.h"
 #include "runtime/Desktop.h"
 #include "runtime/Text.h"
 #include "services/Services.h"
@@ -20,9 +20,13 @@ constexpr int SenderNumberLength = 9;
 
 } // namespace
 
-SendPreflight::SendPreflight(Services& services, MemoBox& message, fpSpread& recipients,
-                             TextBox& senderNumber)
-    : services_(services), message_(message), recipients_(recipients), senderNumber_(senderNumber)
+SendPreflight::SendPreflight(Services& services, MemoBox& message, fpSpread& grid,
+                             const RecipientList& recipients, TextBox& senderNumber)
+    : services_(services),
+      message_(message),
+      grid_(grid),
+      recipients_(recipients),
+      senderNumber_(senderNumber)
 {
 }
 
@@ -35,7 +39,7 @@ void SendPreflight::Run()
     OfferChargeWhenEmpty();
     if (!MessageIsThere() || !RecipientsAreThere() || !SenderNumberIsGood())
         return;
-    const std::int32_t recipients = CountRecipients(GridRecipients(recipients_));
+    const std::int32_t recipients = recipients_.Count();
     if (BalanceCovers(recipients))
         HandOver(recipients);
 }
@@ -72,10 +76,10 @@ bool SendPreflight::MessageIsThere()
 
 bool SendPreflight::RecipientsAreThere()
 {
-    if (CountFilled(GridRecipients(recipients_)) > 0) // removed rows count here, unlike in the total
+    if (recipients_.Filled() > 0) // removed rows count here, unlike in the total
         return true;
     Refuse(u"문자메시지를 받는사람 번호를 입력하여 주십시오.");
-    recipients_.setFocus(Qt::OtherFocusReason);
+    grid_.setFocus(Qt::OtherFocusReason);
     return false;
 }
 
@@ -100,9 +104,8 @@ bool SendPreflight::BalanceCovers(std::int32_t recipients)
 
 void SendPreflight::HandOver(std::int32_t recipients)
 {
-    const GridRecipients rows(recipients_);
-    MakeSMSTransport dialog(
-        services_, {rows, [this] { return message_.Text(); }, [this] { return senderNumber_.Text(); }});
+    MakeSMSTransport dialog(services_, {recipients_, [this] { return message_.Text(); },
+                                        [this] { return senderNumber_.Text(); }});
     dialog.RunMode.clear();
     dialog.SetTotal(recipients);
     dialog.ShowModal();

@@ -6,6 +6,7 @@ namespace tsms {
 
 class fpSpread;
 class MemoBox;
+class RecipientList;
 class TextBox;
 struct Services;
 
@@ -13,7 +14,8 @@ struct Services;
 class SendPreflight
 {
 public:
-    SendPreflight(Services& services, MemoBox& message, fpSpread& recipients, TextBox& senderNumber);
+    SendPreflight(Services& services, MemoBox& message, fpSpread& grid, const RecipientList& recipients,
+                  TextBox& senderNumber);
 
     /// Runs the checks and, when all pass, the dialog.
     void Run();
@@ -30,7 +32,8 @@ private:
 
     Services& services_;
     MemoBox& message_;
-    fpSpread& recipients_;
+    fpSpread& grid_;
+    const RecipientList& recipients_;
     TextBox& senderNumber_;
 };
 

@@ -3,13 +3,11 @@
 #include "account/AccountPage.h"
 #include "account/dlgSMSSetup.h"
 #include "addressbook/dlgSMSGroupSelect.h"
-#include "addressbook/GridRecipientSheet.h"
 #include "addressbook/MakeSMSExcel.h"
 #include "addressbook/UserSMSFileRead.h"
 #include "compose/ComposeBoxes.h"
 #include "compose/ComposePage.h"
 #include "compose/MakeSMSTransport.h"
-#include "compose/ModStep1.h"
 #include "compose/TemplateEditor.h"
 #include "gateway/ModSMS.h"
 #include "history/HistoryPage.h"
@@ -145,7 +143,7 @@ void frmSMSMain::BuildPages()
     compose_ = new ComposePage(
         services_,
         {[this] { BtnWindowsClick(2); },
-         [this] { dlgSMSGroupSelect(services_, compose_->RecipientGrid(), this).ShowModal(); },
+         [this] { dlgSMSGroupSelect(services_, compose_->Recipients(), this).ShowModal(); },
          [this] { ShowImport(); }},
         [this](QWidget* page) {
             return cards_ = new TemplateCards(services_, TemplateCards::ComposeSide, page);
@@ -247,8 +245,8 @@ void frmSMSMain::FirstActivation()
 
 void frmSMSMain::ReadRecipients()
 {
-    GridRecipientSheet recipients(compose_->RecipientGrid());
-    ReadRecipientFile(services_.applicationPath, recipients, services_.session, services_.desktop);
+    ReadRecipientFile(services_.applicationPath, compose_->Recipients(), services_.session,
+                      services_.desktop);
 }
 
 /// A template into the message; the counter beside it keeps its number until the next key.
@@ -332,7 +330,7 @@ void frmSMSMain::ShowSettings()
 
 void frmSMSMain::ShowImport()
 {
-    MakeSMSExcel(services_, {compose_->RecipientGrid(), InitRecipientGrid}, this).ShowModal();
+    MakeSMSExcel(services_, compose_->Recipients(), this).ShowModal();
 }
 
 void frmSMSMain::BtnWindowsClick(int index)

@@ -1,6 +1,7 @@
 #include "addressbook/HandOver.h"
 
 #include "addressbook/BookGrids.h"
+#include "recipients/GridRecipientList.h"
 #include "support/Words.h"
 #include "toolkit/grid/fpSpread.h"
 
@@ -42,6 +43,12 @@ void FillRecipients(fpSpread& grid, const QStringList& phones)
         grid.SetText(1, row, u"#%1"_q.arg(row));
         grid.SetText(3, row, phones[row - 1]);
     }
+}
+
+void HandOverTo(const fpSpread& chosen, fpSpread& grid)
+{
+    GridRecipientList recipients(grid);
+    HandOver(chosen, recipients);
 }
 
 QStringList Names(const fpSpread& grid)
@@ -103,7 +110,7 @@ TEST(HandOver, TheRowsFallWhereTheArithmeticPutsThem)
         fpSpread recipients;
         FillChosen(chosen, each.chosen);
         FillRecipients(recipients, each.recipients);
-        HandOver(chosen, recipients);
+        HandOverTo(chosen, recipients);
         EXPECT_EQ(Names(recipients), each.names) << each.what;
     }
 }
@@ -116,7 +123,7 @@ TEST(HandOver, NameAndNumberAreWrittenTrimmedAndNothingElse)
     chosen.SetText(ChosenPhone, 1, u" 010-1 "_q);
     FillRecipients(recipients, {u""_q});
     recipients.SetText(5, 1, u"x"_q);
-    HandOver(chosen, recipients);
+    HandOverTo(chosen, recipients);
     const QStringList row{u"#1"_q, u"a"_q, u"010-1"_q, u""_q, u"x"_q};
     for (int column = 1; column <= 5; ++column)
         EXPECT_EQ(recipients.GetText(column, 1), row[column - 1]);
@@ -130,7 +137,7 @@ TEST(HandOver, AHiddenRowWithoutANumberIsFree)
     FillChosen(chosen, {{u"a"_q, u"t"_q}});
     FillRecipients(recipients, {u"1"_q, u""_q, u""_q});
     recipients.SetRowHidden(2, true);
-    HandOver(chosen, recipients);
+    HandOverTo(chosen, recipients);
     EXPECT_EQ(recipients.GetText(2, 2), u"a"_q);
     EXPECT_TRUE(recipients.RowHidden(2));
 }
@@ -141,7 +148,7 @@ TEST(HandOver, NumbersThatAreThereAlreadyAreNotLookedFor)
     fpSpread recipients;
     FillChosen(chosen, {{u"a"_q, u"t"_q}});
     FillRecipients(recipients, {u"010-a"_q, u""_q});
-    HandOver(chosen, recipients);
+    HandOverTo(chosen, recipients);
     EXPECT_EQ(recipients.GetText(3, 2), u"010-a"_q);
 }
 
@@ -151,7 +158,7 @@ TEST(HandOver, TheGridsDrawAgainBehindIt)
     fpSpread recipients;
     FillChosen(chosen, {{u"a"_q, u"t"_q}});
     FillRecipients(recipients, {u""_q});
-    HandOver(chosen, recipients);
+    HandOverTo(chosen, recipients);
     EXPECT_TRUE(recipients.ReDraw());
 }
 

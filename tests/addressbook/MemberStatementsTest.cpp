@@ -56,15 +56,4 @@ TEST(MemberStatements, ANameThatWouldEndItsLiteralIsRefused)
         EXPECT_NE(statement.Fault(), QString()) << statement.Text().toStdString();
 }
 
-TEST(MemberStatements, ANumberHasAMobilePrefixAndTenCharactersOfAnyKind)
-{
-    for (const QString& good :
-         {u"0100000001"_q, u"010-0000-0001"_q, u"011-123-4567"_q, u"01612345.."_q, u"017/123/45"_q,
-          u"0180000000"_q, u"0190000000"_q, u"  0100000001  "_q, u"010abcdefg"_q, u"010000000000000"_q})
-        EXPECT_TRUE(IsMemberNumber(good)) << good.toStdString();
-    for (const QString& bad : {u""_q, u"   "_q, u"010"_q, u"010000000"_q, u"  010000000  "_q, u"0120000000"_q,
-                               u"02-0000-0001"_q, u"+82-10-0000-0001"_q, u"-0100000001"_q})
-        EXPECT_FALSE(IsMemberNumber(bad)) << bad.toStdString();
-}
-
 } // namespace

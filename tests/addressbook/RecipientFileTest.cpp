@@ -1,6 +1,6 @@
 #include "support/RecipientFile.h"
-#include "addressbook/GridRecipientSheet.h"
 #include "addressbook/UserSMSFileRead.h"
+#include "recipients/GridRecipientList.h"
 #include "runtime/CodePage949.h"
 #include "support/program/Program.h"
 
@@ -33,7 +33,7 @@ protected:
     }
     Boolean ReadAgain()
     {
-        GridRecipientSheet list(Grid());
+        GridRecipientList list(Grid());
         return ReadRecipientFile(program.services.applicationPath, list, program.session, program.desktop);
     }
     /// The list as it is when no file has been read, but for its size.

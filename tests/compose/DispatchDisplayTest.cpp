@@ -1,6 +1,6 @@
 #include "compose/DispatchRun.h"
-#include "compose/GivenRows.h"
 #include "compose/RunTest.h"
+#include "support/ListOfRows.h"
 
 using namespace tsms;
 using namespace tsms::test;
@@ -11,10 +11,10 @@ class DispatchDisplay : public RunTest
 {
 protected:
     /// What a run over these rows shows, in its order.
-    QStringList ShownFor(std::vector<GivenRows::Row> given)
+    QStringList ShownFor(std::vector<ListOfRows::Row> given)
     {
         const auto total = static_cast<int>(given.size());
-        const GivenRows rows(std::move(given));
+        const ListOfRows rows(std::move(given));
         RecordedDisplay display(total);
         DispatchRun(session, db, sms, rows, display).RunSend({u"안녕"_q, u"02-1234-5678"_q, QString()});
         return display.shown;
@@ -23,11 +23,11 @@ protected:
 
 TEST_F(DispatchDisplay, ShowsCountsForWhatWasAskedAStatusForWhatWasSeenAndTheBarForEveryRow)
 {
-    EXPECT_EQ(ShownFor({{u"010-0000-0001"_q, true},
-                        {u" "_q},
-                        {u"02-000-0001"_q},
-                        {u"010-12345"_q},
-                        {u"010-0000-0001"_q}}),
+    EXPECT_EQ(ShownFor({{.phone = u"010-0000-0001"_q, .removed = true},
+                        {.phone = u" "_q},
+                        {.phone = u"02-000-0001"_q},
+                        {.phone = u"010-12345"_q},
+                        {.phone = u"010-0000-0001"_q}}),
               QStringList({u"busy"_q, u"bar of 5"_q, u"bar 0"_q, u"bar 1"_q,
                            u"총 발송건수 : 5건 / 현 발송 건수 : 1건"_q, u"bar 2"_q,
                            u"총 발송건수 : 5건 / 현 발송 건수 : 2건"_q, u"bar 3"_q,
@@ -38,13 +38,13 @@ TEST_F(DispatchDisplay, ShowsCountsForWhatWasAskedAStatusForWhatWasSeenAndTheBar
 
 TEST_F(DispatchDisplay, WhenNothingWentOutNothingIsDebited)
 {
-    ShownFor({{u"02-000-0001"_q}});
+    ShownFor({{.phone = u"02-000-0001"_q}});
     EXPECT_EQ(connections.Statements(), QStringList());
 }
 
 TEST_F(DispatchDisplay, CountsAnewInEachRun)
 {
-    const GivenRows rows({{u"010-0000-0001"_q}});
+    const ListOfRows rows({{.phone = u"010-0000-0001"_q}});
     RecordedDisplay display(1);
     DispatchRun run(session, db, sms, rows, display);
     for (int i = 0; i < 2; ++i) {
@@ -56,7 +56,7 @@ TEST_F(DispatchDisplay, CountsAnewInEachRun)
 
 TEST_F(DispatchDisplay, GroupsTheDigitsOfAThousandMessages)
 {
-    const QStringList shown = ShownFor(std::vector<GivenRows::Row>(1000, {u"010-0000-0001"_q}));
+    const QStringList shown = ShownFor(std::vector<ListOfRows::Row>(1000, {.phone = u"010-0000-0001"_q}));
     EXPECT_EQ(shown.filter(u"counts"_q).last(), u"counts [1,000] []"_q);
     EXPECT_EQ(shown.filter(u"현 발송 건수"_q).last(), u"총 발송건수 : 1000건 / 현 발송 건수 : 1,000건"_q);
 }

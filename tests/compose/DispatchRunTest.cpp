@@ -1,5 +1,5 @@
-#include "compose/GridRecipients.h"
 #include "compose/MakeSMSTransport.h"
+#include "recipients/GridRecipientList.h"
 #include "support/database/SqlServerWords.h"
 #include "support/program/Program.h"
 #include "toolkit/fields/ComboBox.h"
@@ -395,7 +395,7 @@ TEST_F(Dispatch, F12Sends)
 TEST_F(Dispatch, AnyOtherRunModeSendsNothing)
 {
     program.List(Good(1));
-    const GridRecipients rows(program.Recipients());
+    const GridRecipientList rows(program.Recipients());
     MakeSMSTransport dialog(program.services,
                             {rows, [] { return u"안녕"_q; }, [] { return u"02-123-4567"_q; }});
     EXPECT_EQ(program.On<Label>(dialog, u"LblSendSMS(0)"_q).Caption(), u"0"_q);

@@ -1,3 +1,4 @@
+#include "addressbook/RecipientRecord.h"
 #include "addressbook/UserSMSFileRead.h"
 #include "documents/Document.h"
 #include "session/Session.h"

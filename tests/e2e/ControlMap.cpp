@@ -9,9 +9,9 @@
 #include "addressbook/dlgSMSGroupMst.h"
 #include "addressbook/dlgSMSGroupSelect.h"
 #include "addressbook/dlgSMSGroupSub.h"
-#include "compose/GridRecipients.h"
 #include "compose/MakeSMSTransport.h"
 #include "gateway/ModSMS.h"
+#include "recipients/GridRecipientList.h"
 #include "runtime/Clock.h"
 #include "services/Services.h"
 #include "session/Session.h"
@@ -61,7 +61,7 @@ void PrintCells(QWidget& window, fpSpread& grid)
         }
 }
 
-void PrintAddressBook(Services& services, fpSpread& recipients)
+void PrintAddressBook(Services& services, RecipientList& recipients)
 {
     dlgSMSGroupSelect book(services, recipients);
     PrintDialog(book);
@@ -96,13 +96,13 @@ int main(int argc, char** argv)
     PrintControls(window);
     auto* grid = window.findChild<fpSpread*>(QStringLiteral("fpSpread"));
     PrintCells(window, *grid);
-    const GridRecipients rows(*grid);
-    MakeSMSTransport dialog(services, {rows, [] { return QString(); }, [] { return QString(); }});
+    GridRecipientList recipients(*grid);
+    MakeSMSTransport dialog(services, {recipients, [] { return QString(); }, [] { return QString(); }});
     PrintDialog(dialog);
     dlgSMSCharge charge(services, [] {});
     PrintDialog(charge);
     dlgSMSSetup settings(services);
     PrintDialog(settings);
-    PrintAddressBook(services, *grid);
+    PrintAddressBook(services, recipients);
     return 0;
 }

@@ -1,5 +1,4 @@
 #include "compose/DispatchRun.h"
-#include "compose/Recipients.h"
 #include "compose/RunDisplay.h"
 #include "gateway/ModSMS.h"
 #include "session/Session.h"
@@ -8,6 +7,7 @@
 #include "store/MakeConnections.h"
 #include "support/database/TestDatabase.h"
 #include "support/FixedClock.h"
+#include "support/ListOfRows.h"
 #include "support/ScriptedDesktop.h"
 #include "support/Words.h"
 
@@ -20,19 +20,13 @@ using namespace tsms::test;
 
 namespace {
 
-class Rows final : public RecipientRows
+ListOfRows Recipients(int count, const QString& name)
 {
-public:
-    Rows(int count, QString name) : count_(count), name_(std::move(name)) {}
-    int MaxRows() const override { return count_; }
-    bool RowHidden(int) const override { return false; }
-    QString NameText(int row) const override { return name_ + QString::number(row); }
-    QString PhoneText(int) const override { return u"010-1234-5678"_q; }
-
-private:
-    int count_;
-    QString name_;
-};
+    ListOfRows list;
+    for (int row = 1; row <= count; ++row)
+        list.rows.push_back({.name = name + QString::number(row), .phone = u"010-1234-5678"_q});
+    return list;
+}
 
 class NoDisplay final : public RunDisplay
 {
@@ -80,9 +74,9 @@ int main(int argc, char** argv)
     ModSMS sms(session, db, desktop, clock, arguments.value(4));
 
     LoadSMSSetup(session, db);
-    const Rows rows(count, arguments.value(6));
+    const ListOfRows recipients = Recipients(count, arguments.value(6));
     NoDisplay display(count);
-    DispatchRun run(session, db, sms, rows, display);
+    DispatchRun run(session, db, sms, recipients, display);
     run.RunSend({u"안녕하세요"_q, u"02-1234-5678"_q, {}});
     return run.CountOK == count && desktop.boxes.isEmpty() ? 0 : 1;
 }

@@ -4,7 +4,7 @@
 #include "addressbook/RecipientRecord.h"
 #include "addressbook/UserSMSFileRead.h"
 #include "fuzz/Target.h"
-#include "support/ListOfRows.h"
+#include "support/ReadByScans.h"
 
 #include <QBuffer>
 

@@ -1,6 +1,6 @@
 #include "guard/GuardBench.h"
 
-#include "services/RecipientColumn.h"
+#include "recipients/GridRecipientList.h"
 #include "support/server/TestServer.h"
 #include "toolkit/windows/Form.h"
 
@@ -240,8 +240,8 @@ void GuardBench::ClearPage()
 {
     program.Click(u"BtnFuncMain(2)"_q);
     Put(program.Control(u"TxtPerSendMsg"_q), u"안녕"_q, Way::Typed);
-    PutCell(NameColumn, u"가"_q, Way::Typed);
-    PutCell(PhoneColumn, GoodNumber, Way::Typed);
+    PutCell(GridRecipientList::NameColumn, u"가"_q, Way::Typed);
+    PutCell(GridRecipientList::PhoneColumn, GoodNumber, Way::Typed);
 }
 
 void GuardBench::SendPage()
@@ -262,16 +262,16 @@ void GuardBench::SendMessage(const QString& message, Way way)
 void GuardBench::SendToName(const QString& name, Way way)
 {
     ClearPage();
-    PutCell(NameColumn, name, way);
-    held = program.Recipients().GetText(NameColumn, 1);
+    PutCell(GridRecipientList::NameColumn, name, way);
+    held = program.Recipients().GetText(GridRecipientList::NameColumn, 1);
     SendPage();
 }
 
 void GuardBench::SendToNumber(const QString& number, Way way)
 {
     ClearPage();
-    PutCell(PhoneColumn, number, way);
-    held = program.Recipients().GetText(PhoneColumn, 1);
+    PutCell(GridRecipientList::PhoneColumn, number, way);
+    held = program.Recipients().GetText(GridRecipientList::PhoneColumn, 1);
     SendPage();
 }
 
@@ -287,7 +287,7 @@ void GuardBench::SendToNameWithMessage(const QString& name, const QString& messa
 {
     ClearPage();
     Put(program.Control(u"TxtPerSendMsg"_q), message, way);
-    PutCell(NameColumn, name, way);
+    PutCell(GridRecipientList::NameColumn, name, way);
     SendPage();
 }
 

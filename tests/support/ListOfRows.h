@@ -1,18 +1,13 @@
 #pragma once
 
-#include "addressbook/RecipientRecord.h"
-#include "addressbook/RecipientSheet.h"
-#include "runtime/MobileNumber.h"
+#include "recipients/RecipientList.h"
 
-#include <QByteArray>
-
-#include <cmath>
 #include <vector>
 
 namespace tsms::test {
 
 /// A recipient list without a grid.
-class ListOfRows final : public RecipientSheet
+class ListOfRows final : public RecipientList
 {
 public:
     struct Row
@@ -20,49 +15,33 @@ public:
         QString number = {};
         QString name = {};
         QString phone = {};
-        bool hidden = false;
+        bool removed = false;
 
         friend bool operator==(const Row&, const Row&) = default;
     };
 
     explicit ListOfRows(std::vector<Row> given = {}) : rows(std::move(given)) {}
 
-    int MaxRows() const override { return static_cast<int>(rows.size()); }
-    void SetMaxRows(int count) override { rows.resize(static_cast<std::size_t>(count)); }
-    bool RowHidden(int row) const override { return At(row).hidden; }
-    QString PhoneText(int row) const override { return At(row).phone; }
-    void Write(int row, const QString& number, const QString& name, const QString& phone) override
+    int Rows() const override { return static_cast<int>(rows.size()); }
+    QString Name(int row) const override { return At(row).name; }
+    QString Phone(int row) const override { return At(row).phone; }
+    bool IsRemoved(int row) const override { return At(row).removed; }
+    void Reset() override { rows.assign(20, {}); }
+    void Resize(int count) override { rows.resize(static_cast<std::size_t>(count)); }
+    void Write(int row, const QString& name, const QString& phone) override
     {
-        At(row) = {number, name, phone, At(row).hidden};
+        At(row).name = name;
+        At(row).phone = phone;
     }
+    void WriteRunningNumber(int row, const QString& number) override { At(row).number = number; }
+    void WriteThirdValue(int, const QString&) override {}
+    void InOneGo(const std::function<void()>& changes) override { changes(); }
 
     std::vector<Row> rows;
 
 private:
-    const Row& At(int row) const { return rows[static_cast<std::size_t>(row) - 1]; }
-    Row& At(int row) { return rows[static_cast<std::size_t>(row) - 1]; }
+    const Row& At(int row) const { return rows.at(static_cast<std::size_t>(row) - 1); }
+    Row& At(int row) { return rows.at(static_cast<std::size_t>(row) - 1); }
 };
-
-/// What the reading of a recipient file comes to when the whole list is gone through for each record.
-inline void ReadByScans(const QByteArray& bytes, ListOfRows& list)
-{
-    const double records = static_cast<double>(bytes.size()) / RecipientRecord::Size;
-    list.SetMaxRows(static_cast<int>(std::nearbyint(records + 20)));
-    int target = 1;
-    for (int i = 1; i <= records; ++i) {
-        const RecipientRecord record =
-            RecipientRecord::Of(bytes.mid((i - 1) * RecipientRecord::Size, RecipientRecord::Size));
-        if (!HasMobilePrefix(record.phone))
-            continue;
-        bool listed = false;
-        for (int row = 1; row <= list.MaxRows(); ++row)
-            listed = listed || (!list.RowHidden(row) &&
-                                ComparedNumber(list.PhoneText(row)) == ComparedNumber(record.phone));
-        if (listed)
-            continue;
-        list.Write(target, QString::number(target), record.name, record.phone);
-        ++target;
-    }
-}
 
 } // namespace tsms::test

@@ -1,7 +1,7 @@
 #include "addressbook/RecipientRecord.h"
 #include "addressbook/UserSMSFileRead.h"
 #include "runtime/RuntimeError.h"
-#include "support/ListOfRows.h"
+#include "support/ReadByScans.h"
 #include "support/RecipientFile.h"
 #include "support/Words.h"
 
@@ -25,52 +25,40 @@ void Read(QByteArray bytes, ListOfRows& list)
     ReadRecipientRecords(file, list);
 }
 
-TEST(ListedNumbers, AreThoseOfRowsOnViewWhateverTheirPunctuation)
+/// The numbers of the records, read into a list.
+void ReadPhones(const QByteArrayList& phones, ListOfRows& list)
 {
-    ListOfRows list({{{}, {}, u"010-1111"_q}, {{}, {}, u"0102222"_q, true}, {}, {}});
-    ListedNumbers listed(list);
-    EXPECT_FALSE(listed.Take(3, u"0101111"_q));
-    EXPECT_FALSE(listed.Take(3, u"010.11/11"_q));
-    EXPECT_TRUE(listed.Take(3, u"010-2222"_q));
-    EXPECT_FALSE(listed.Take(4, u"0102222"_q));
+    QByteArray bytes;
+    for (const QByteArray& phone : phones)
+        bytes += RecipientRecordBytes("n", phone);
+    Read(bytes, list);
 }
 
-TEST(ListedNumbers, ThatOfTheLastRowIsOneOfThem)
+TEST(RecipientRecordsInAList, ANumberOfARowOnViewIsNotTakenAgainWhateverItsPunctuation)
 {
-    ListOfRows list({{}, {{}, {}, u"010-1"_q}});
-    EXPECT_FALSE(ListedNumbers(list).Take(1, u"0101"_q));
+    ListOfRows list({{.phone = u"010-1111"_q}, {.phone = u"0102222"_q, .removed = true}});
+    ReadPhones({"0101111", "010.11/11", "010-2222"}, list);
+    EXPECT_EQ(list.Phone(1), u"010-2222"_q); // a removed row has it
+    EXPECT_EQ(list.Phone(2), u"0102222"_q);
 }
 
-TEST(ListedNumbers, LongOnesAreToldApartByEveryDigit)
+TEST(RecipientRecordsInAList, TheNumberOfTheLastRowIsNotTakenAgain)
 {
-    ListOfRows list({{{}, {}, u"00000000000000000001"_q}, {}});
-    EXPECT_TRUE(ListedNumbers(list).Take(2, u"18446744073709551617"_q)); // 1 and two to the power of 64
-    EXPECT_FALSE(ListedNumbers(list).Take(2, u"0000000000-0000000001"_q));
+    ListOfRows list;
+    list.Resize(21);
+    list.Write(21, {}, u"010-1"_q);
+    ReadPhones({"0101"}, list);
+    EXPECT_EQ(list.Phone(1), QString());
 }
 
-TEST(ListedNumbers, OnesWithOtherSignsAreToldApartFromThoseOfDigits)
+TEST(RecipientRecordsInAList, ANumberMayComeAgainWhenTheLastRowThatHasItGivesWay)
 {
-    ListOfRows list({{{}, {}, u"59"_q}, {}});
-    EXPECT_TRUE(ListedNumbers(list).Take(2, u"1a"_q)); // its code is 49 behind that of 0
-    EXPECT_FALSE(ListedNumbers(list).Take(2, u"5-9"_q));
-}
-
-TEST(ListedNumbers, ANumberIsGoneWhenTheLastRowThatHasItGivesWay)
-{
-    ListOfRows list({{{}, {}, u"0101"_q}, {{}, {}, u"010-1"_q}, {{}, {}, u"0102"_q, true}, {}});
-    ListedNumbers listed(list);
-    const auto take = [&](int row, const QString& phone) {
-        const bool taken = listed.Take(row, phone);
-        if (taken)
-            list.Write(row, {}, {}, phone);
-        return taken;
-    };
-    EXPECT_TRUE(take(1, u"0109"_q));
-    EXPECT_FALSE(take(4, u"0101"_q)); // it stands in row 2 still
-    EXPECT_TRUE(take(2, u"0108"_q));
-    EXPECT_TRUE(take(4, u"0101"_q));
-    EXPECT_TRUE(take(3, u"0107"_q)); // a hidden row counts neither before nor after
-    EXPECT_TRUE(take(3, u"0107"_q));
+    ListOfRows list({{.phone = u"0101"_q}, {.phone = u"010-1"_q}, {.phone = u"0102"_q, .removed = true}});
+    ReadPhones({"0109", "0101", "0108", "0101", "0101"}, list);
+    EXPECT_EQ(list.Phone(1), u"0109"_q); // the first 0101 stands in row 2 still
+    EXPECT_EQ(list.Phone(2), u"0108"_q);
+    EXPECT_EQ(list.Phone(3), u"0101"_q); // a removed row counts neither before nor after
+    EXPECT_EQ(list.Phone(4), u"0101"_q);
 }
 
 TEST(RecipientRecordsInAList, ComeToTheSameAsByScansOfTheWholeList)
@@ -102,7 +90,7 @@ TEST(RecipientRecordsInAList, TwentySpareRowsFollowAndAnIncompleteRecordCountsBy
     const auto rowsFor = [](qsizetype size) {
         ListOfRows list;
         Read(QByteArray(size, ' '), list);
-        return list.MaxRows();
+        return list.Rows();
     };
     EXPECT_EQ(rowsFor(0), 20);
     EXPECT_EQ(rowsFor(100), 20); // 20.4
@@ -117,7 +105,7 @@ TEST(RecipientRecordsInAList, AListThatIsTooLongLosesItsEnd)
 {
     ListOfRows list(std::vector<Row>(30, {u"z"_q, u"old"_q, u"0105"_q}));
     Read(RecipientRecordBytes("a", "0107"), list);
-    EXPECT_EQ(list.MaxRows(), 21);
+    EXPECT_EQ(list.Rows(), 21);
     EXPECT_EQ(list.rows[0], (Row{u"1"_q, u"a"_q, u"0107"_q}));
     EXPECT_EQ(list.rows[1], (Row{u"z"_q, u"old"_q, u"0105"_q}));
 }
@@ -139,7 +127,7 @@ TEST(RecipientRecordsInAList, AFileThatBreaksOffLeavesTheRowsUntilThere)
     file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
     ListOfRows list;
     EXPECT_THROW(ReadRecipientRecords(file, list), RuntimeError);
-    EXPECT_EQ(list.MaxRows(), 23);
+    EXPECT_EQ(list.Rows(), 23);
     EXPECT_EQ(list.rows[1].phone, u"0102"_q);
     EXPECT_EQ(list.rows[2].phone, QString());
 }

@@ -1,14 +1,16 @@
 #pragma once
 
+#include <QString>
 #include <QStringView>
 
 namespace tsms {
 
 /// True when the first three characters of a trimmed number are those of a mobile number: 010, 011, 016, 017,
-/// 018 or 019. Each place that asks decides for itself about the length.
+/// 018 or 019.
 bool HasMobilePrefix(QStringView number);
 
-/// The least length in characters of a trimmed number, where a place demands one.
-inline constexpr int MobileNumberLength = 10;
+/// True when a number, blanks about it apart, begins like a mobile number and has 10 characters or more,
+/// whatever these are.
+bool IsMobileNumber(const QString& number);
 
 } // namespace tsms

@@ -1,4 +1,4 @@
-#include "addressbook/ChosenNumbers.h"
+#include "addressbook/BookPerson.h"
 
 #include "runtime/Text.h"
 #include "support/Words.h"
@@ -33,57 +33,41 @@ QStringList Phones(const QList<BookPerson>& people)
     return phones;
 }
 
-TEST(ChosenNumbers, NumbersAreTheSameWithoutOuterBlanksHyphensDotsAndSlashes)
+TEST(TakenPeople, AMemberIsTakenUnlessItsNumberIsChosen)
 {
-    for (const QString& same : {u"01012345678"_q, u"010-1234-5678"_q, u"010.1234.5678"_q, u"010/1234/5678"_q,
-                                u"  010-1234.5678/ "_q, u"-0-1-0-12345678"_q})
-        EXPECT_EQ(ComparedNumber(same), u"01012345678"_q) << same.toStdString();
-}
-
-TEST(ChosenNumbers, InnerBlanksAndOtherSignsTellNumbersApart)
-{
-    EXPECT_EQ(ComparedNumber(u"010 1234 5678"), u"010 1234 5678"_q);
-    EXPECT_EQ(ComparedNumber(u"(010)1234"), u"(010)1234"_q);
-    EXPECT_EQ(ComparedNumber(u"- 010 -"), u" 010 "_q); // trimmed before the hyphens go
-    EXPECT_EQ(ComparedNumber(u"\t010"), u"\t010"_q);
-    EXPECT_EQ(ComparedNumber(u""), QString());
-}
-
-TEST(ChosenNumbers, AMemberIsTakenUnlessItsNumberIsChosen)
-{
-    ChosenNumbers chosen;
+    PhoneSet chosen;
     chosen.Insert(u"010-1");
     EXPECT_EQ(Phones(TakeUnchosen(People({u"0101"_q, u"010-2"_q, u"010-3"_q}), chosen)),
               QStringList({u"010-2"_q, u"010-3"_q}));
 }
 
-TEST(ChosenNumbers, AMemberKeepsOutALaterOneOfItsNumberAndNoOther)
+TEST(TakenPeople, AMemberKeepsOutALaterOneOfItsNumberAndNoOther)
 {
-    ChosenNumbers chosen;
+    PhoneSet chosen;
     EXPECT_EQ(Phones(TakeUnchosen(People({u"010-1"_q, u"010.1"_q, u"010-2"_q}), chosen)),
               QStringList({u"010-1"_q, u"010-2"_q}));
     EXPECT_TRUE(chosen.Contains(u"0102"));
 }
 
-TEST(ChosenNumbers, TheFirstChosenMemberOfAGroupKeepsAllLaterOnesOut)
+TEST(TakenPeople, TheFirstChosenMemberOfAGroupKeepsAllLaterOnesOut)
 {
-    ChosenNumbers chosen;
+    PhoneSet chosen;
     chosen.Insert(u"010-2");
     EXPECT_EQ(Phones(TakeUpToChosen(People({u"010-1"_q, u"0102"_q, u"010-3"_q}), chosen)),
               QStringList({u"010-1"_q}));
     EXPECT_FALSE(chosen.Contains(u"010-3"));
 }
 
-TEST(ChosenNumbers, AMemberOfTheGroupItselfKeepsLaterOnesOutToo)
+TEST(TakenPeople, AMemberOfTheGroupItselfKeepsLaterOnesOutToo)
 {
-    ChosenNumbers chosen;
+    PhoneSet chosen;
     EXPECT_EQ(Phones(TakeUpToChosen(People({u"010-1"_q, u"010.1"_q, u"010-3"_q}), chosen)),
               QStringList({u"010-1"_q}));
 }
 
-TEST(ChosenNumbers, TwoBlankNumbersAreTheSame)
+TEST(TakenPeople, TwoBlankNumbersAreTheSame)
 {
-    ChosenNumbers chosen;
+    PhoneSet chosen;
     EXPECT_EQ(TakeUnchosen(People({u""_q, u"  "_q, u"--"_q}), chosen).size(), 1);
 }
 
@@ -122,7 +106,7 @@ struct ScannedList
     }
 };
 
-TEST(ChosenNumbers, EveryAddEqualsThatOfAFullScanWhateverWasAddedAndRemovedBefore)
+TEST(TakenPeople, EveryAddEqualsThatOfAFullScanWhateverWasAddedAndRemovedBefore)
 {
     std::mt19937 random(20120530);
     const auto below = [&](int end) { return static_cast<int>(random() % static_cast<unsigned>(end)); };
@@ -131,7 +115,7 @@ TEST(ChosenNumbers, EveryAddEqualsThatOfAFullScanWhateverWasAddedAndRemovedBefor
     for (int round = 0; round < 200; ++round) {
         ScannedList scanned;
         QStringList rows; // what the quick way made of it
-        ChosenNumbers chosen;
+        PhoneSet chosen;
         for (int step = 0; step < 12; ++step) {
             QList<BookPerson> people;
             for (int i = below(8); i > 0; --i)
