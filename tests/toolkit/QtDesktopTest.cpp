@@ -224,6 +224,31 @@ TEST(QtDesktop, WithoutAnActiveWindowABoxStandsBeforeTheFormThatWasLoadedLastAnd
     EXPECT_EQ(owner, &onView);
 }
 
+TEST(QtDesktop, ABoxOrAPickerDimsTheWindowBelowAsLongAsItIsOnView)
+{
+    QWidget window;
+    window.resize(300, 200);
+    window.show();
+    const auto brightness = [&window] { return window.grab().toImage().pixelColor(150, 100).lightness(); };
+    const int before = brightness();
+    QtDesktop desktop;
+    const std::function<void()> openings[] = {[&] { desktop.MsgBox(u"a"_q, MsgBoxPlain, u"b"_q); },
+                                              [&] { desktop.PickFile(u"a"_q, u"b|*.xls"_q); },
+                                              [&] { desktop.PickFolder(u"a"_q); }};
+    for (const auto& open : openings) {
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        int meanwhile = before;
+        Meanwhile<QDialog>([&](QDialog& dialog) {
+            meanwhile = brightness();
+            dialog.reject();
+        });
+        open();
+        EXPECT_LT(meanwhile, before - 20);
+        EXPECT_EQ(brightness(), before);
+    }
+}
+
 /// How many pixels of a box's label the text takes, and how many it has.
 struct Room
 {

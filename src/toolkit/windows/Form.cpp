@@ -31,26 +31,6 @@ QList<Form*>& LoadedForms()
     return forms;
 }
 
-/// Lies over all that a window holds, and dims it.
-class Veil final : public QWidget
-{
-public:
-    explicit Veil(QWidget& window) : QWidget(&window)
-    {
-        setObjectName(QStringLiteral("PlVeil"));
-        setAttribute(Qt::WA_TransparentForMouseEvents);
-        setGeometry(window.rect());
-        show();
-    }
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        constexpr QColor shade{30, 52, 62, 72};
-        QPainter(this).fillRect(rect(), shade);
-    }
-};
-
 Qt::WindowFlags FlagsOf(Form::Kind kind)
 {
     const Qt::WindowFlags frameless = Qt::FramelessWindowHint | Qt::WindowSystemMenuHint;
@@ -98,7 +78,6 @@ Form::Form(Session& session, Desktop& desktop, const QString& name, Kind kind, Q
 
 Form::~Form()
 {
-    DimBelow(false);
     LeaveLoaded();
 }
 
@@ -220,9 +199,9 @@ void Form::setVisible(bool visible)
 
 void Form::DimBelow(bool dim)
 {
-    delete veil_;
-    if (dim && kind_ == Kind::Dialog && over_)
-        veil_ = new Veil(*over_);
+    dimmed_.reset();
+    if (dim && kind_ == Kind::Dialog)
+        dimmed_.emplace(over_);
 }
 
 void Form::Place()

@@ -1,12 +1,15 @@
 #pragma once
 
 #include "runtime/Boolean.h"
+#include "toolkit/windows/Dimmed.h"
 
 #include <QList>
 #include <QPoint>
 #include <QPointer>
 #include <QSize>
 #include <QWidget>
+
+#include <optional>
 
 class QEventLoop;
 
@@ -91,8 +94,8 @@ private:
     Desktop& desktop_;
     Kind kind_;
     QPointer<QWidget> owner_;
-    QPointer<QWidget> over_; // the window that it was placed over
-    QPointer<QWidget> veil_; // over that one
+    QPointer<QWidget> over_;       // the window that it was placed over
+    std::optional<Dimmed> dimmed_; // that one
     QEventLoop* loop_ = nullptr;
     const void* previewed_ = nullptr;
     bool placed_ = false;

@@ -3,6 +3,7 @@
 #include "runtime/Text.h"
 #include "toolkit/fields/LimitRule.h"
 #include "toolkit/look/Placing.h"
+#include "toolkit/windows/Dimmed.h"
 #include "toolkit/windows/Form.h"
 
 #include <QApplication>
@@ -266,6 +267,7 @@ QString Picker::Pick()
         columns.setSectionResizeMode(0, QHeaderView::Stretch);
         dialog.resize(RoomForDates);
     }
+    const Dimmed dimmed(dialog.parentWidget());
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
@@ -290,7 +292,10 @@ MsgBoxAnswer QtDesktop::MsgBox(const QString& text, MsgBoxStyle style, const QSt
     NameButton(box, QMessageBox::Yes, QStringLiteral("예"));
     NameButton(box, QMessageBox::No, QStringLiteral("아니요"));
     LayOutText(box);
-    const int answer = box.exec();
+    const int answer = [&] {
+        const Dimmed dimmed(below);
+        return box.exec();
+    }();
     // The desk may still be about to give the keyboard to a box that was closed as quickly as it came.
     if (below && below->isVisible())
         below->activateWindow();
