@@ -136,9 +136,9 @@ void MakeSMSExcel::BuildFile()
     auto* heading = new Label(&Body(), IndexedName(u"Label1", 0), QStringLiteral("엑셀파일 가져오기"));
     heading->SetBold(true);
     path_ = new PathLabel(&Body(), QStringLiteral("PlExcelPath"));
-    auto* search = new PushButton(&Body(), QStringLiteral("cmdSearch"), QStringLiteral("찾기"),
-                                  PushButton::Look::Primary);
-    search->OnClick = [this] { cmdSearchClick(); };
+    search_ = new PushButton(&Body(), QStringLiteral("cmdSearch"), QStringLiteral("찾기"),
+                             PushButton::Look::Primary);
+    search_->OnClick = [this] { cmdSearchClick(); };
     sheets_ = new ComboBox(&Body(), QStringLiteral("CbExcelSheet"));
     DescribeBy(*sheets_, QStringLiteral("시트"));
     sheets_->setMinimumContentsLength(14);
@@ -147,7 +147,7 @@ void MakeSMSExcel::BuildFile()
     row->setSpacing(8);
     row->addWidget(new Label(&Body(), IndexedName(u"Label1", 1), QStringLiteral("엑셀파일")));
     row->addWidget(path_, 1);
-    row->addWidget(search);
+    row->addWidget(search_);
     row->addWidget(sheets_);
     BodyLayout().addWidget(heading);
     BodyLayout().addLayout(row);
@@ -363,7 +363,10 @@ void MakeSMSExcel::ShowProgress(std::int32_t total, int row, const Counts& count
 void MakeSMSExcel::SetRunBusy(Boolean busy)
 {
     SetScreenBusy(services_, busy);
-    if (busy == Boolean::False)
+    const bool usable = busy == Boolean::False;
+    search_->setEnabled(usable);
+    SetUsable(usable);
+    if (usable)
         return;
     // They change with each row: on a ground of their own and in a fixed place that draws nothing else anew.
     for (Label* label : {goodCount_, loseCount_, progress_}) {

@@ -54,7 +54,8 @@ private:
 
     Services& services_;
     RecipientList& recipients_;
-    Label* path_ = nullptr;      // PlExcelPath
+    Label* path_ = nullptr; // PlExcelPath
+    PushButton* search_ = nullptr;
     ComboBox* sheets_ = nullptr; // CbExcelSheet
     fpSpread* sheet_ = nullptr;  // TEMPfpSpread
     Label* progress_ = nullptr;  // lblCountNm

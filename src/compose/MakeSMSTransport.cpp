@@ -310,6 +310,8 @@ void MakeSMSTransport::TellCancelOutcome(std::int32_t countOK)
 void MakeSMSTransport::SetRunBusy(bool busy)
 {
     SetBusy(ToBooleanValue(busy));
+    reserve_->setEnabled(!busy);
+    EnableReservation(!busy && reserve_->Value());
     SetUsable(!busy);
     if (!busy)
         return;
@@ -318,16 +320,6 @@ void MakeSMSTransport::SetRunBusy(bool busy)
         label->SetBackColor(theme::Page);
         label->KeepSize();
     }
-}
-
-/// What can be pressed and chosen, in its looks too.
-void MakeSMSTransport::SetUsable(bool usable)
-{
-    for (int i : {0, 1})
-        Button(i)->setEnabled(usable);
-    reserve_->setEnabled(usable);
-    EnableReservation(usable && reserve_->Value());
-    repaint(); // a run holds the event loop
 }
 
 QString MakeSMSTransport::TotalText() const

@@ -63,7 +63,6 @@ private:
     void ChkTimeClick();
     void FillTimeLists();
     void EnableReservation(bool enabled);
-    void SetUsable(bool usable);
     struct ChosenTime Chosen();
 
     void Send();

@@ -12,6 +12,8 @@
 #include <QFile>
 #include <QHeaderView>
 
+#include <set>
+
 using namespace tsms;
 using namespace tsms::test;
 
@@ -267,6 +269,51 @@ TEST_F(Import, BusyIsClearAndThePointerNormalBeforeTheBoxAtTheEnd)
     EXPECT_EQ(shown.busy, Boolean::False);
     EXPECT_EQ(program.desktop.pointers,
               (QList<MousePointer>{MousePointer::Hourglass, MousePointer::Default}));
+}
+
+/// Which of a dialog's buttons can be pressed when the dialog is drawn while Busy is set.
+class AliveWhileBusy final : public QObject
+{
+public:
+    AliveWhileBusy(QWidget& dialog, const Session& session) : dialog_(dialog), session_(session)
+    {
+        dialog.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint && session_.IsBusy())
+            seen.insert(Now());
+        return false;
+    }
+
+    QStringList Now() const
+    {
+        QStringList alive;
+        for (const QString& name : {u"cmdSearch"_q, u"BtnFunc(1)"_q, u"BtnTopFunc(1)"_q})
+            if (dialog_.findChild<QWidget*>(name)->isEnabled())
+                alive += name;
+        return alive;
+    }
+
+    std::set<QStringList> seen;
+
+private:
+    QWidget& dialog_;
+    const Session& session_;
+};
+
+TEST_F(Import, WhatIsDeadDuringTheRunLooksSoAndIsAliveAgainBehindIt)
+{
+    program.desktop.Expect(DoneBox());
+    InDialog([&](QWidget& dialog) {
+        const AliveWhileBusy watch(dialog, program.session);
+        const QStringList before = watch.Now();
+        EXPECT_EQ(before.size(), 3);
+        Choose(WorkbookOf(GoodRows(3)));
+        EXPECT_EQ(watch.seen, std::set<QStringList>{QStringList()});
+        EXPECT_EQ(watch.Now(), before);
+    });
 }
 
 TEST_F(Import, TheFirstEmptyNameEndsTheData)

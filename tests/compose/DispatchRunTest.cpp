@@ -500,7 +500,7 @@ TEST_F(Dispatch, WhenTheFourthOfTenIsRefusedThreeLeaveAndTheRestFail)
 
 TEST_F(Dispatch, WhatIsDeadDuringTheRunLooksSoAndIsAliveAgainBehindIt)
 {
-    const QStringList names{u"BtnSendS(0)"_q, u"BtnSendS(1)"_q, u"ChkTime"_q};
+    const QStringList names{u"BtnSendS(0)"_q, u"BtnSendS(1)"_q, u"BtnTopFunc(1)"_q, u"ChkTime"_q};
     QWidget* open = nullptr;
     const auto alive = [&] {
         QStringList enabled;

@@ -111,6 +111,15 @@ void DialogForm::MakeFoot(const DialogFrame& frame)
     }
 }
 
+void DialogForm::SetUsable(bool usable)
+{
+    for (QAbstractButton* button :
+         std::initializer_list<QAbstractButton*>{buttons_[0], buttons_[1], topFunc_[1]})
+        if (button)
+            button->setEnabled(usable);
+    repaint();
+}
+
 void DialogForm::GiveHeight(int) {}
 
 void DialogForm::FitInto(QSize room)
