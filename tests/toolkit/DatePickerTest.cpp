@@ -2,7 +2,9 @@
 
 #include "support/program/Hands.h"
 #include "support/Words.h"
+#include "toolkit/look/Theme.h"
 
+#include <QApplication>
 #include <QCalendarWidget>
 #include <QSpinBox>
 #include <QTableView>
@@ -219,6 +221,46 @@ TEST_F(DatePickerFocus, AnImpossibleDateGivesWayBeforeAPartIsStepped)
     EXPECT_EQ(picker.text(), u"2012-05-30"_q);
 }
 
+TEST_F(DatePickerFocus, AnImpossibleDateLeavesTheLookOfARefusalUntilTheFieldIsUsedAgain)
+{
+    const auto colors = [this] {
+        return QPair(picker.palette().color(QPalette::Base), picker.palette().color(QPalette::Text));
+    };
+    const QPair resting = colors();
+    const QPair refusing(theme::Warning, theme::White);
+    const auto leaveWith = [this](const QString& digits) {
+        ClickOnPart(DatePart::Month);
+        Type(digits);
+        Left();
+    };
+    leaveWith(u"0230"_q);
+    EXPECT_EQ(colors(), refusing);
+    EXPECT_EQ(picker.Value(), u"2012-05-31"_q);
+    EXPECT_EQ(colors(), refusing) << "to ask for the value is no use";
+    leaveWith(u"0430"_q);
+    EXPECT_EQ(colors(), resting);
+    leaveWith(u"0230"_q);
+    picker.setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(colors(), resting);
+    PasteText(picker, u"2012-02-30"_q);
+    EXPECT_EQ(colors(), refusing);
+    QTest::keyClick(&picker, Qt::Key_Left);
+    EXPECT_EQ(colors(), resting);
+    leaveWith(u"0230"_q);
+    picker.SetValue(QDate(2012, 5, 31));
+    EXPECT_EQ(colors(), resting);
+}
+
+TEST_F(DatePickerFocus, ARefusedDateThatIsThenDisabledCanBeRead)
+{
+    ClickOnPart(DatePart::Month);
+    Type(u"0230"_q);
+    Left();
+    picker.setEnabled(false);
+    EXPECT_EQ(picker.palette().color(QPalette::Text),
+              QApplication::palette().color(QPalette::Disabled, QPalette::Text));
+}
+
 TEST_F(DatePickerFocus, AChangeIsToldOnceWhenTheDateIsWhole)
 {
     QStringList told;
@@ -372,13 +414,32 @@ TEST_F(DatePickerChoice, TheTitleOfTheCalendarReadsYearBeforeMonth)
     auto* month = picker.findChild<QToolButton*>(u"qt_calendar_monthbutton"_q);
     EXPECT_EQ(year->text() + u' ' + month->text(), u"2026년 11월"_q);
     EXPECT_LT(year->x(), month->x());
+    const auto blanksBetween = [&] {
+        const auto words = [](const QToolButton& b) { return b.fontMetrics().horizontalAdvance(b.text()); };
+        const int middles = month->geometry().center().x() - year->geometry().center().x();
+        const int gap = middles - (words(*year) + words(*month)) / 2;
+        return static_cast<double>(gap) / year->fontMetrics().horizontalAdvance(u' ');
+    };
+    EXPECT_NEAR(blanksBetween(), 1, 0.5);
     auto* next = picker.findChild<QToolButton*>(u"qt_calendar_nextmonth"_q);
     next->click();
     next->click();
     EXPECT_EQ(year->text() + u' ' + month->text(), u"2027년 1월"_q);
+    EXPECT_NEAR(blanksBetween(), 1, 0.5);
     year->click();
     QTest::keyClick(picker.findChild<QSpinBox*>(u"qt_calendar_yearedit"_q), Qt::Key_Return);
     EXPECT_EQ(year->text(), u"2027년"_q);
+}
+
+TEST_F(DatePickerChoice, SundaysAreRedAndSaturdaysBlue)
+{
+    Days();
+    const auto& calendar = *picker.findChild<QCalendarWidget*>();
+    const auto hue = [&](Qt::DayOfWeek day) {
+        return calendar.weekdayTextFormat(day).foreground().color().hslHue();
+    };
+    EXPECT_TRUE(hue(Qt::Sunday) < 20 || hue(Qt::Sunday) > 340) << hue(Qt::Sunday);
+    EXPECT_NEAR(hue(Qt::Saturday), 220, 20);
 }
 
 TEST_F(DatePickerChoice, TodayIsMarkedInTheCalendar)

@@ -56,6 +56,20 @@ QTextCharFormat TodayFormat()
     return format;
 }
 
+QTextCharFormat WrittenIn(const QColor& color)
+{
+    QTextCharFormat format;
+    format.setForeground(color);
+    return format;
+}
+
+/// As wide as its words, with half a blank on either side.
+void HugWords(QToolButton& button)
+{
+    const QFontMetrics metrics = button.fontMetrics();
+    button.setFixedWidth(metrics.horizontalAdvance(button.text() + u' '));
+}
+
 } // namespace
 
 DatePicker::DatePicker(QWidget* parent, const QString& name) : QLineEdit(parent), date_(QDate::currentDate())
@@ -79,6 +93,7 @@ QString DatePicker::Value()
 
 void DatePicker::SetValue(QDate date)
 {
+    SetRefused(false);
     Show(date);
 }
 
@@ -96,7 +111,24 @@ void DatePicker::Show(QDate date)
 void DatePicker::Settle()
 {
     const QDate read = ReadDate(text());
+    if (!read.isValid())
+        SetRefused(true);
     Show(read.isValid() ? read : date_);
+}
+
+void DatePicker::SetRefused(bool refused)
+{
+    if (refused == refused_)
+        return;
+    refused_ = refused;
+    QPalette colors; // the program's own
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+        if (!refused)
+            continue;
+        colors.setColor(group, QPalette::Base, theme::Warning);
+        colors.setColor(group, QPalette::Text, theme::White);
+    }
+    setPalette(colors);
 }
 
 void DatePicker::ForgetTyping()
@@ -113,6 +145,7 @@ void DatePicker::SelectPart(DatePart part)
 
 void DatePicker::keyPressEvent(QKeyEvent* event)
 {
+    SetRefused(false);
     const QChar typed = event->text().isEmpty() ? QChar() : event->text().front();
     if (Command(*event)) {
         event->accept();
@@ -230,6 +263,8 @@ void DatePicker::Paste(const QString& text)
         Show(whole);
     else if (piece.size() <= DigitsOf(PresentPart()) && std::all_of(piece.begin(), piece.end(), IsDigit))
         std::for_each(piece.begin(), piece.end(), [this](QChar digit) { Type(digit); });
+    else
+        SetRefused(true);
 }
 
 /// Marks the part, or the nearest one there is.
@@ -265,6 +300,7 @@ void DatePicker::wheelEvent(QWheelEvent* event)
 
 void DatePicker::mousePressEvent(QMouseEvent* event)
 {
+    SetRefused(false);
     if (event->button() == Qt::MiddleButton)
         Paste(QGuiApplication::clipboard()->text(QClipboard::Selection));
     if (event->button() != Qt::LeftButton)
@@ -302,6 +338,7 @@ void DatePicker::focusInEvent(QFocusEvent* event)
     const bool isTyped = text() != DateText(date_);
     if (event->reason() == Qt::PopupFocusReason || isTyped)
         return;
+    SetRefused(false);
     ForgetTyping();
     selectAll();
 }
@@ -351,6 +388,8 @@ void DatePicker::MakeCalendar()
     calendar_->setLocale(QLocale(QLocale::Korean, QLocale::SouthKorea));
     calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     calendar_->setDateRange(EarliestDate, LatestDate);
+    calendar_->setWeekdayTextFormat(Qt::Saturday, WrittenIn(theme::Saturday));
+    calendar_->setWeekdayTextFormat(Qt::Sunday, WrittenIn(theme::Warning));
     DressTitle();
     auto* place = new QVBoxLayout(popup_);
     place->setContentsMargins(0, 0, 0, 0);
@@ -374,7 +413,6 @@ void DatePicker::DressTitle()
     // The calendar then writes the year without its word.
     connect(typed, &QSpinBox::editingFinished, this, [this] { TitleCalendar(calendar_->yearShown()); });
     QToolButton* year = button("yearbutton");
-    year->setMinimumWidth(typed->sizeHint().width());
     auto* title = qobject_cast<QHBoxLayout*>(year->parentWidget()->layout());
     QToolButton* month = button("monthbutton");
     title->removeWidget(month);
@@ -383,8 +421,10 @@ void DatePicker::DressTitle()
 
 void DatePicker::TitleCalendar(int year)
 {
-    calendar_->findChild<QToolButton*>(QStringLiteral("qt_calendar_yearbutton"))
-        ->setText(QString::number(year) + u'년');
+    auto* shownYear = calendar_->findChild<QToolButton*>(QStringLiteral("qt_calendar_yearbutton"));
+    shownYear->setText(QString::number(year) + u'년');
+    HugWords(*shownYear);
+    HugWords(*calendar_->findChild<QToolButton*>(QStringLiteral("qt_calendar_monthbutton")));
 }
 
 /// Below the field, or above it where the screen ends, and never beside the screen.

@@ -17,7 +17,8 @@ class PopupPanel;
 /// It is typed or pasted wholly wherever the caret stands, as it is shown or as eight digits, or by its
 /// parts: a click and the arrow keys mark a part, which the next digits replace; the keys up and down, and
 /// the wheel while the field has the focus, step it. What is typed counts when the focus leaves or the value
-/// is asked for. If it is no date then, the field shows and means the one that stood there.
+/// is asked for. If it is no date then, the field shows and means the one that stood there, and wears the
+/// look of a refusal until a person or the program does something with it.
 class DatePicker : public QLineEdit
 {
     Q_OBJECT
@@ -27,6 +28,8 @@ public:
 
     QString Value(); ///< "YYYY-MM-DD", of what the field shows
     void SetValue(QDate date);
+    /// Whether it wears that look.
+    bool IsRefused() const { return refused_; }
 
     void SelectPart(DatePart part);
 
@@ -58,6 +61,7 @@ private:
     void Show(QDate date);
     void Settle();
     void ForgetTyping();
+    void SetRefused(bool refused);
 
     bool Command(const QKeyEvent& key);
     bool Walk(const QKeyEvent& key);
@@ -77,7 +81,8 @@ private:
     void Choose(QDate date);
 
     QDate date_;
-    QString typed_;        // without a pause by another key or the mouse
+    QString typed_; // without a pause by another key or the mouse
+    bool refused_ = false;
     bool arrived_ = false; // the part that is marked became so because the one before it is whole
     int wheel_ = 0;        // eighths of a degree, not yet a notch
     PopupPanel* popup_ = nullptr;

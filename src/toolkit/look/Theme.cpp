@@ -207,8 +207,11 @@ public:
         switch (type) {
         case CT_PushButton:
             return {std::max(LeastButtonWidth, contents.width() + 2 * AroundWords), height};
+        case CT_SpinBox:
+            if (!HasList(option))
+                return {contents.width() + 2 * AroundEntry, height};
+            [[fallthrough]];
         case CT_ComboBox:
-        case CT_SpinBox: // with a list, too
             return {contents.width() + FieldPadding + ArrowWidth + 2 * AroundEntry, height};
         case CT_LineEdit:
             return HasFrame(option) ? QSize(size.width() + 2 * FieldPadding, height) : size;
@@ -290,6 +293,13 @@ public:
     }
 
 private:
+    /// Of a box for numbers or a date, the calendar that it opens.
+    static bool HasList(const QStyleOption* option)
+    {
+        const auto* box = qstyleoption_cast<const QStyleOptionSpinBox*>(option);
+        return box && box->buttonSymbols != QAbstractSpinBox::NoButtons;
+    }
+
     static bool HasFrame(const QStyleOption* option)
     {
         const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);

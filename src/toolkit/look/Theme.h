@@ -26,7 +26,8 @@ inline constexpr QColor Accent{28, 110, 140};      ///< the primary button, mark
 inline constexpr QColor Frame{92, 112, 120};       ///< the border of a control, the fine frame of a window
 inline constexpr QColor ButtonFace{244, 247, 248}; ///< face of an ordinary button
 inline constexpr QColor Handle{118, 136, 144};     ///< the handle and the arrows of a scroll bar
-inline constexpr QColor Warning{200, 64, 56};      ///< a closing button under the mouse
+inline constexpr QColor Warning{200, 64, 56};      ///< a closing button under the mouse, Sundays
+inline constexpr QColor Saturday{38, 92, 190};     ///< of a calendar
 
 inline constexpr double ControlRadius = 4; ///< of the corners of buttons and fields
 inline constexpr int FieldPadding = 8;     ///< between the edge of a field and what is written in it
