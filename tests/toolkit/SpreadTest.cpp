@@ -1046,6 +1046,37 @@ TEST_F(SpreadBlock, ShiftAndAClickSelectsItAndIsNoClick)
     EXPECT_EQ(clicks.count(), 1);
 }
 
+TEST_F(SpreadBlock, ShiftAndAClickOnAMarkIsAClick)
+{
+    Open();
+    grid.SetColType(2, fpSpread::CellType::Picture);
+    QSignalSpy clicks(&grid, &fpSpread::Click);
+    grid.SetActiveCell(3, 1);
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, Qt::ShiftModifier, Place(2, 3));
+    ASSERT_EQ(clicks.count(), 1);
+    EXPECT_EQ(clicks[0], (QVariantList{2, 3}));
+    EXPECT_EQ(grid.selectionModel()->selectedIndexes().size(), 1);
+}
+
+TEST_F(SpreadBlock, AMoveWithoutTheButtonEndsADragWhoseReleaseWentElsewhere)
+{
+    Open();
+    const auto move = [this](int col, int row, Qt::MouseButtons held) {
+        const QPoint place = Place(col, row);
+        QMouseEvent event(QEvent::MouseMove, place, grid.viewport()->mapToGlobal(place), Qt::NoButton, held,
+                          {});
+        QCoreApplication::sendEvent(grid.viewport(), &event);
+    };
+    QSignalSpy clicks(&grid, &fpSpread::Click);
+    QTest::mousePress(grid.viewport(), Qt::LeftButton, {}, Place(2, 2));
+    move(3, 2, Qt::LeftButton);
+    move(3, 3, Qt::NoButton);
+    move(3, 4, Qt::LeftButton); // held since somewhere else
+    EXPECT_EQ(Copied(), u"이름2\t010-2"_q);
+    QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, Place(2, 2));
+    EXPECT_EQ(clicks.count(), 0);
+}
+
 TEST_F(SpreadBlock, ShiftAndTheKeysThatWalkMoveItsFarCorner)
 {
     Open();

@@ -18,7 +18,8 @@ void SpreadMouse::Press(QMouseEvent& event)
     if (follows && IsButton(index))
         return; // of a double or triple click: what stands here by now may be another row's
     grid_.CommitEdit();
-    const bool extends = event.modifiers().testFlag(Qt::ShiftModifier) && index.isValid();
+    const bool extends = event.modifiers().testFlag(Qt::ShiftModifier) && index.isValid() &&
+                         grid_.ColType(index.column() + 1) != fpSpread::CellType::Picture; // a mark is ticked
     pressed_ = extends ? QModelIndex() : index; // what only extends the selection is no click
     down_ = true;
     drags_ = extends;
@@ -33,7 +34,9 @@ void SpreadMouse::Press(QMouseEvent& event)
 void SpreadMouse::Move(QMouseEvent& event)
 {
     event.accept();
-    if (!down_ || !event.buttons().testFlag(Qt::LeftButton))
+    if (down_ && !event.buttons().testFlag(Qt::LeftButton))
+        EndPress(); // its release went elsewhere
+    if (!down_)
         return;
     const QPoint place = event.position().toPoint();
     const bool moved = (place - pressPlace_).manhattanLength() >= QApplication::startDragDistance();
@@ -50,13 +53,18 @@ void SpreadMouse::Release(QMouseEvent& event)
     event.accept();
     if (event.button() != Qt::LeftButton || !down_)
         return;
-    down_ = false;
-    grid_.stopAutoScroll();
+    EndPress();
     const QModelIndex released = grid_.indexAt(event.position().toPoint());
-    if (pressed_.isValid())
-        grid_.update(pressed_);
     if (released.isValid() && released == pressed_)
         grid_.ClickCell(released);
+}
+
+void SpreadMouse::EndPress()
+{
+    down_ = false;
+    grid_.stopAutoScroll();
+    if (pressed_.isValid())
+        grid_.update(pressed_);
 }
 
 void SpreadMouse::DoubleClick(QMouseEvent& event)

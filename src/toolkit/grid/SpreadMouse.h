@@ -25,6 +25,7 @@ public:
     bool HoldsDown(const QModelIndex& button) const { return down_ && button == pressed_; }
 
 private:
+    void EndPress();
     bool Follows(const QMouseEvent& press);
     bool IsButton(const QModelIndex& index) const;
 
