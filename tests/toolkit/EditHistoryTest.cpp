@@ -15,7 +15,8 @@ protected:
     /// Keys that lead to `text`, with the caret at `caret`.
     void Key(const QString& text, qsizetype caret, bool overSelection = false)
     {
-        history.AddKeys({now, QString()}, text, caret, overSelection);
+        moment += 100;
+        history.AddKeys({now, QString()}, text, caret, overSelection, moment);
         now = text;
         history.Rest(caret);
     }
@@ -43,12 +44,32 @@ protected:
 
     EditHistory history;
     QString now;
+    qint64 moment = 5000;
 };
 
 TEST_F(EditHistoryTest, WordsAreTakenBackOneByOne)
 {
     Type(u"안녕 하세요 ab"_q);
     EXPECT_EQ(TakeAllBack(), (QStringList{u"안녕 하세요 "_q, u"안녕 "_q, QString()}));
+}
+
+TEST_F(EditHistoryTest, APauseOfASecondBeginsAStep)
+{
+    Type(u"안녕"_q);
+    moment += 899; // and the key's own hundred
+    Type(u"하세요"_q);
+    moment += 900;
+    Type(u"여러분"_q);
+    EXPECT_EQ(TakeAllBack(), (QStringList{u"안녕하세요"_q, QString()}));
+}
+
+TEST_F(EditHistoryTest, APauseDividesWhatIsRemovedToo)
+{
+    Type(u"abcd"_q);
+    Key(u"abc"_q, 3);
+    moment += 900;
+    Key(u"ab"_q, 2);
+    EXPECT_EQ(TakeAllBack(), (QStringList{u"abc"_q, u"abcd"_q, QString()}));
 }
 
 TEST_F(EditHistoryTest, TypingElsewhereBeginsAStep)

@@ -2,11 +2,14 @@
 
 #include "toolkit/fields/LimitRule.h"
 
+#include <utility>
+
 namespace tsms {
 
 namespace {
 
 constexpr qsizetype MostSteps = 200;
+constexpr qint64 Pause = 1000; // milliseconds, behind which a person thinks of something else
 
 bool BeginsWord(const QString& text, const Insertion& put)
 {
@@ -21,8 +24,10 @@ void EditHistory::AddStep(const HeldText& before)
     run_ = Run::None;
 }
 
-void EditHistory::AddKeys(const HeldText& before, const QString& now, qsizetype caret, bool overSelection)
+void EditHistory::AddKeys(const HeldText& before, const QString& now, qsizetype caret, bool overSelection,
+                          qint64 moment)
 {
+    const bool paused = moment - std::exchange(moment_, moment) >= Pause;
     if (overSelection) {
         Push(before);
         run_ = Run::Typing; // what is typed in its place belongs to it
@@ -33,7 +38,7 @@ void EditHistory::AddKeys(const HeldText& before, const QString& now, qsizetype 
     const bool types = put.length > 0;
     const bool goesOn = types ? run_ == Run::Typing && put.start == caret_ && !BeginsWord(now, put)
                               : run_ == Run::Removing && (caret == caret_ || caret + removed == caret_);
-    if (!goesOn)
+    if (paused || !goesOn)
         Push(before);
     run_ = types ? Run::Typing : Run::Removing;
 }

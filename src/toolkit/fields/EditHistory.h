@@ -25,8 +25,10 @@ public:
     void AddStep(const HeldText& before);
 
     /// A change by a key or an input method to `now`, with the caret behind it. It joins the step before when
-    /// it goes on where that one ended, and begins no new word. One over a selection begins a step.
-    void AddKeys(const HeldText& before, const QString& now, qsizetype caret, bool overSelection);
+    /// it goes on where that one ended, begins no new word, and comes within a second of the last one: the
+    /// `moment`, in milliseconds, is of a clock that only goes forward. One over a selection begins a step.
+    void AddKeys(const HeldText& before, const QString& now, qsizetype caret, bool overSelection,
+                 qint64 moment);
 
     /// Where the caret stands when the rules of the field have had their say on the change.
     void Rest(qsizetype caret) { caret_ = caret; }
@@ -49,6 +51,7 @@ private:
     QList<HeldText> future_;
     Run run_ = Run::None;
     qsizetype caret_ = 0;
+    qint64 moment_ = 0; // of the last key
 };
 
 } // namespace tsms

@@ -8,6 +8,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -35,6 +36,11 @@ QPalette WithWindow(QPalette palette, const QColor& color)
 {
     palette.setColor(QPalette::Window, color);
     return palette;
+}
+
+qint64 Moment()
+{
+    return QDeadlineTimer::current().deadline();
 }
 
 } // namespace
@@ -227,7 +233,7 @@ void TextField::Remember(const QString& before, const QString& put, int caret)
 {
     const bool changed = settled_ != before;
     if (changed && author_ == Author::Keys)
-        history_.AddKeys({before, Tag}, put, caret, overSelection_);
+        history_.AddKeys({before, Tag}, put, caret, overSelection_, Moment());
     else if (changed && (author_ == Author::Person || author_ == Author::Choice))
         history_.AddStep({before, Tag});
     history_.Rest(Caret());
