@@ -3,6 +3,7 @@
 #include "runtime/CodePage949.h"
 #include "runtime/Text.h"
 #include "toolkit/fields/Controls.h"
+#include "toolkit/fields/KeyFilter.h"
 #include "toolkit/fields/LimitRule.h"
 #include "toolkit/fields/TextField.h"
 #include "toolkit/look/Theme.h"
@@ -24,6 +25,8 @@ QString TextOf(const QKeyEvent& key)
 {
     if (key.matches(QKeySequence::Paste))
         return QGuiApplication::clipboard()->text();
+    if (IsShortcut(key))
+        return {};
     if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter)
         return QStringLiteral("\n");
     const QString text = key.text();

@@ -145,6 +145,16 @@ TEST_F(MessageEditor, ARefusedKeyShowsInTheCounterUntilTheNextOneThatFindsRoom)
     EXPECT_EQ(CounterColors(), Warning);
 }
 
+TEST_F(MessageEditor, AltWithALetterPutsNothingInAndIsNoRefusal)
+{
+    PressKey(Message(), Qt::Key_B, Qt::AltModifier);
+    EXPECT_EQ(Message().Text(), QString());
+    program.Write(QString(80, u'a'));
+    PressKey(Message(), Qt::Key_B, Qt::AltModifier);
+    EXPECT_EQ(Message().Text(), QString(80, u'a'));
+    EXPECT_EQ(CounterColors(), Warning);
+}
+
 TEST_F(MessageEditor, APasteThatIsCutShowsInTheCounter)
 {
     QGuiApplication::clipboard()->setText(QString(81, u'a'));

@@ -40,6 +40,12 @@ bool IsEditingCommand(const QKeyEvent& event)
             !event.modifiers().testFlag(Qt::AltModifier));
 }
 
+bool IsShortcut(const QKeyEvent& event)
+{
+    return event.modifiers().testFlag(Qt::AltModifier) && !event.modifiers().testFlag(Qt::ControlModifier) &&
+           !event.text().isEmpty() && event.text().front().isPrint();
+}
+
 QString OfferKeys(const QWidget& control, const std::function<void(char16_t& key)>& handler, QStringView keys)
 {
     if (!handler)
@@ -68,6 +74,10 @@ bool SwallowsTab(QEvent& event, const PassKeysFunction& pass)
 void SendFilteredKey(QKeyEvent& event, const PassKeysFunction& pass,
                      const std::function<void(QKeyEvent*)>& send)
 {
+    if (IsShortcut(event)) { // the control would write it
+        event.ignore();
+        return;
+    }
     const QString characters = IsEditingCommand(event) ? QString() : CharactersOf(event);
     if (characters.isEmpty()) {
         send(&event);

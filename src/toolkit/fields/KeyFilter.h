@@ -26,12 +26,15 @@ QString OfferKeys(const QWidget& control, const std::function<void(char16_t& key
 /// True when the keys are no character but a command, as those of copy and paste are.
 bool IsEditingCommand(const QKeyEvent& event);
 
+/// True when the keys are Alt with a character: a shortcut, whose character is not to be written.
+bool IsShortcut(const QKeyEvent& event);
+
 /// True when the event is a Tab that the filter swallowed; it is then used up.
 bool SwallowsTab(QEvent& event, const PassKeysFunction& pass);
 
 /// Hands a key press on with the characters that the filter lets pass, of a manageable number, or uses it up
 /// when none is left.
-/// Keys without a character and editing commands go on untouched.
+/// Keys without a character and editing commands go on untouched. A shortcut is left to the window.
 void SendFilteredKey(QKeyEvent& event, const PassKeysFunction& pass,
                      const std::function<void(QKeyEvent*)>& send);
 
