@@ -5,6 +5,7 @@
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "store/embedded/EmbeddedTables.h"
+#include "store/engine/DatabaseError.h"
 #include "toolkit/fields/Controls.h"
 #include "toolkit/fields/Naming.h"
 #include "toolkit/fields/TextBox.h"
@@ -294,7 +295,9 @@ bool ConnectionDialog::MakeFile(const QString& file)
                 FillDemo(connection, services_.clock.Now(), years);
         });
     } catch (const RuntimeError& error) {
-        fault = error.Description;
+        fault = error.Number == CommunicationFailure
+                    ? QStringLiteral("이 위치에 파일을 쓸 수 없습니다: ") + file
+                    : error.Description;
     }
     SetBusy(Boolean::False);
     if (fault.isEmpty())

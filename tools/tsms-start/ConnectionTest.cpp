@@ -21,9 +21,6 @@ using Verdict = TestStep::Verdict;
 constexpr int SecondsToConnect = 10;
 constexpr int SecondsToAnswer = 20;
 
-/// The year with which the account page opens, whatever the present one.
-constexpr int FirstYearOfAccountPage = 2020;
-
 /// The database of every server, which lets in everybody whom the server does.
 const QString ServersOwn = QStringLiteral("master");
 
@@ -231,10 +228,7 @@ void ConnectionTest::TellUnreachable(const QString& words)
 
 QList<TableDescription> ConnectionTest::Logs() const
 {
-    QList<TableDescription> logs{LogTable(clock_.Date().year())};
-    if (clock_.Date().year() > FirstYearOfAccountPage)
-        logs += LogTable(FirstYearOfAccountPage);
-    return logs;
+    return LogsNeededIn(clock_.Date().year());
 }
 
 void ConnectionTest::LookAtTables()
@@ -280,8 +274,9 @@ void ConnectionTest::LookAtRights()
 {
     QList<TableDescription> lacking;
     for (TableDescription table : LastingTables() + Logs()) {
-        if (LookAtTable(*connection_, table).state == TableState::Missing)
-            continue;
+        const TableState state = LookAtTable(*connection_, table).state;
+        if (state == TableState::Missing || state == TableState::Different)
+            continue; // which has been told
         table.rights = MissingRights(*connection_, table).join(QStringLiteral(", "));
         if (!table.rights.isEmpty())
             lacking += table;

@@ -5,7 +5,6 @@
 #include "gateway/SoapFault.h"
 #include "runtime/DoEvents.h"
 
-#include <chrono>
 #include <future>
 #include <thread>
 
@@ -13,8 +12,7 @@ namespace tsms {
 
 namespace {
 
-constexpr std::chrono::seconds Patience(10);
-constexpr std::chrono::milliseconds Pace(20);
+constexpr std::chrono::milliseconds LookPace(20);
 
 /// What a reading of the description ends in; empty when it went well.
 QString ReadDescription(const QString& url)
@@ -42,7 +40,7 @@ QString Advice(const QString& url, const QString& fault)
 
 } // namespace
 
-QString LookAtGateway(const QString& gatewayUrl)
+QString LookAtGateway(const QString& gatewayUrl, std::chrono::milliseconds patience)
 {
     const QString url = GatewayDescriptionUrl(gatewayUrl);
     // The client waits for as long as the gateway does. So it has a thread, which is left to itself when
@@ -52,8 +50,8 @@ QString LookAtGateway(const QString& gatewayUrl)
     std::thread([url, promise = std::move(promise)]() mutable {
         promise.set_value(ReadDescription(url));
     }).detach();
-    const auto end = std::chrono::steady_clock::now() + Patience;
-    while (fault.wait_for(Pace) != std::future_status::ready) {
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (fault.wait_for(LookPace) != std::future_status::ready) {
         if (std::chrono::steady_clock::now() > end)
             return Advice(url, QStringLiteral("문자메시지 서버가 대답하지 않습니다."));
         DoEvents();

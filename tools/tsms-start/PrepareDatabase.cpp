@@ -1,8 +1,8 @@
 #include "tsms-start/PrepareDatabase.h"
 
+#include "runtime/Clock.h"
 #include "runtime/RuntimeError.h"
-#include "runtime/Text.h"
-#include "store/engine/Connection.h"
+#include "store/embedded/EmbeddedConnection.h"
 #include "tsms-start/TableProbe.h"
 
 #include <algorithm>
@@ -72,6 +72,17 @@ void RunScript(Connection& connection, const QString& script)
         connection.Close(); // the server takes back what was not committed
         throw;
     }
+}
+
+QList<int> MissingLogYears(const QString& file, const Clock& clock)
+{
+    EmbeddedConnection connection(clock);
+    connection.OpenFile(file);
+    QList<int> years;
+    for (const TableDescription& log : LogsNeededIn(clock.Date().year()))
+        if (LookAtTable(connection, log).state == TableState::Missing)
+            years += log.name.right(4).toInt();
+    return years;
 }
 
 } // namespace tsms

@@ -6,6 +6,7 @@
 
 namespace tsms {
 
+class Clock;
 class Connection;
 
 /// What a server's database lacks, as the script that makes it: word for word what `tsms-db` prints for these
@@ -18,5 +19,9 @@ QStringList BatchesOf(const QString& script);
 
 /// Runs a script in one transaction. Raises what the server does; then nothing of it has been done.
 void RunScript(Connection& connection, const QString& script);
+
+/// Those of the logs that the program needs in the clock's year and a database file lacks. Raises what keeps
+/// the file from being read.
+QList<int> MissingLogYears(const QString& file, const Clock& clock);
 
 } // namespace tsms

@@ -1,6 +1,5 @@
 #include "tsms-start/PrepareDialog.h"
 
-#include "runtime/Desktop.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "toolkit/fields/Controls.h"
@@ -113,9 +112,9 @@ void PrepareDialog::ForgetScript()
         shown_->SetText(QStringLiteral("\"살펴보기\"를 누르면 실행할 스크립트가 여기에 그대로 보입니다."));
 }
 
-void PrepareDialog::Tell(const QString& words, int style)
+void PrepareDialog::Tell(const QString& words, MsgBoxStyle style)
 {
-    services_.desktop.MsgBox(words, static_cast<MsgBoxStyle>(style), Caption());
+    services_.desktop.MsgBox(words, style, Caption());
 }
 
 std::unique_ptr<Connection> PrepareDialog::Open() const

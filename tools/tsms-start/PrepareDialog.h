@@ -1,5 +1,6 @@
 #pragma once
 
+#include "runtime/Desktop.h"
 #include "toolkit/fields/FieldRows.h"
 #include "toolkit/fields/TextHelper.h"
 #include "toolkit/windows/DialogForm.h"
@@ -34,7 +35,7 @@ private:
     void Look();
     void Run();
     std::unique_ptr<Connection> Open() const;
-    void Tell(const QString& words, int style);
+    void Tell(const QString& words, MsgBoxStyle style);
 
     StartServices& services_;
     TextHelper textHelper_;

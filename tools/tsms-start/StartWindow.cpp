@@ -1,12 +1,14 @@
 #include "tsms-start/StartWindow.h"
 
-#include "runtime/Desktop.h"
+#include "runtime/RuntimeError.h"
+#include "store/embedded/EmbeddedTables.h"
 #include "toolkit/fields/Controls.h"
 #include "toolkit/fields/Naming.h"
 #include "toolkit/grid/fpSpread.h"
 #include "toolkit/grid/GridHelper.h"
 #include "tsms-start/ConnectionDialog.h"
 #include "tsms-start/PasswordDialog.h"
+#include "tsms-start/PrepareDatabase.h"
 #include "tsms-start/PrepareDialog.h"
 #include "tsms-start/TestDialog.h"
 
@@ -228,7 +230,44 @@ void StartWindow::PrepareSelected()
     const SavedConnection* selected = Selected();
     if (!selected)
         return;
-    PrepareDialog(services_, *selected, passwords_.value(selected->id), this).ShowModal();
+    if (selected->IsServer())
+        PrepareDialog(services_, *selected, passwords_.value(selected->id), this).ShowModal();
+    else
+        PrepareFile(selected->file);
+}
+
+void StartWindow::PrepareFile(const QString& file)
+{
+    try {
+        AddLogs(file);
+    } catch (const RuntimeError&) {
+        Tell(QStringLiteral("이 파일에 만들지 못했습니다. \"연결 시험\"에서 원인을 볼 수 있습니다.\r\n\r\n") +
+                 file,
+             MsgBoxCritical);
+    }
+}
+
+/// A database file has all its other tables from the beginning.
+void StartWindow::AddLogs(const QString& file)
+{
+    const QList<int> years = MissingLogYears(file, services_.clock);
+    if (years.isEmpty())
+        return Tell(QStringLiteral("없는 것이 없습니다. 만들 것도 없습니다."), MsgBoxInformation);
+    QStringList names;
+    for (const int year : years)
+        names += LogTable(year).name;
+    const QString question = QStringLiteral("이 파일에 없는 발송내역 테이블을 만드시겠습니까?\r\n\r\n") +
+                             names.join(QStringLiteral(", "));
+    if (services_.desktop.MsgBox(question, MsgBoxQuestion, QStringLiteral("데이터베이스 준비")) != AnswerYes)
+        return;
+    for (const int year : years)
+        AddEmbeddedLogYear(file, year, services_.clock);
+    Tell(QStringLiteral("데이터베이스를 준비했습니다."), MsgBoxInformation);
+}
+
+void StartWindow::Tell(const QString& words, MsgBoxStyle style)
+{
+    services_.desktop.MsgBox(words, style, QStringLiteral("데이터베이스 준비"));
 }
 
 std::optional<QString> StartWindow::PasswordFor(const SavedConnection& connection)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "runtime/Desktop.h"
 #include "toolkit/windows/DialogForm.h"
 #include "tsms-start/StartServices.h"
 
@@ -36,6 +37,9 @@ private:
     void RemoveSelected();
     void TestSelected();
     void PrepareSelected();
+    void PrepareFile(const QString& file);
+    void AddLogs(const QString& file);
+    void Tell(const QString& words, MsgBoxStyle style);
 
     /// Typed in this run, kept, or asked for now; nothing when the user gives none.
     std::optional<QString> PasswordFor(const SavedConnection& connection);

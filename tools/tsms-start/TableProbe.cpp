@@ -99,6 +99,15 @@ TableFinding LookAtTable(Connection& connection, const TableDescription& table)
     }
 }
 
+QList<TableDescription> LogsNeededIn(int year)
+{
+    constexpr int LastOfAccountPage = 2020;
+    QList<TableDescription> logs{LogTable(year)};
+    if (year > LastOfAccountPage)
+        logs += LogTable(LastOfAccountPage);
+    return logs;
+}
+
 bool HasRow(Connection& connection, const TableDescription& table)
 {
     return connection.Query(QStringLiteral("SELECT COUNT(*) FROM ") + table.name)->Field(0) != u"0";

@@ -25,6 +25,10 @@ struct TableFinding
 /// Reads no row of the table with all columns that the program knows. Raises what tells nothing of the table.
 TableFinding LookAtTable(Connection& connection, const TableDescription& table);
 
+/// The logs that the program cannot do without in a year: that year's, and that of 2020, with which its
+/// account page opens in any later year.
+QList<TableDescription> LogsNeededIn(int year);
+
 /// True when the table can be read and has a row.
 bool HasRow(Connection& connection, const TableDescription& table);
 

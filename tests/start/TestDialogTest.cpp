@@ -1,0 +1,126 @@
+#include "start/Starter.h"
+#include "support/server/TestServer.h"
+#include "toolkit/fields/Controls.h"
+
+#include <gtest/gtest.h>
+
+namespace tsms::test {
+
+namespace {
+
+class TestDialogTest : public ::testing::Test
+{
+protected:
+    TestDialogTest() : saved_(starter_.Add(database_))
+    {
+        saved_.keepsPassword = true;
+        starter_.connections.Put(saved_);
+        starter_.passwords.kept[saved_.id] = PasswordOf(database_);
+        starter_.Open();
+    }
+    void InTest(const std::function<void(QWidget&)>& act)
+    {
+        starter_.Within(u"TestDialog"_q, u"BtnConnection(3)"_q, act);
+    }
+    fpSpread& Steps(QWidget& dialog) { return starter_.On<fpSpread>(dialog, u"fpSpreadSteps"_q); }
+    /// Title and result of each step, with "[o]" before those that are ticked.
+    QStringList Lines(QWidget& dialog)
+    {
+        QStringList lines;
+        for (int row = 1; row <= Steps(dialog).MaxRows(); ++row)
+            lines += (Steps(dialog).CellPicture(1, row) == 1 ? u"[o] "_q : u"[ ] "_q) +
+                     Steps(dialog).GetText(2, row) + u": "_q + Steps(dialog).GetText(3, row);
+        return lines;
+    }
+    QString Words(QWidget& dialog) { return starter_.On<TextField>(dialog, u"txtWords"_q).Text(); }
+
+    Starter starter_;
+    TestDatabase database_{starter_.clock, {2012, 2012}, TestEngine::Server};
+    SavedConnection saved_;
+};
+
+} // namespace
+
+TEST_F(TestDialogTest, TestsAtOnceAndShowsTicks)
+{
+    starter_.gatewayFault = u"서버가 없습니다."_q;
+    InTest([this](QWidget& dialog) {
+        EXPECT_EQ(Lines(dialog),
+                  (QStringList{u"[o] ODBC 드라이버: 이상 없음"_q, u"[o] 서버 응답: 이상 없음"_q,
+                               u"[o] 로그인: 이상 없음"_q, u"[o] 데이터베이스: 이상 없음"_q,
+                               u"[o] 테이블: 이상 없음"_q, u"[o] 2012년 발송내역: 이상 없음"_q,
+                               u"[o] 권한: 이상 없음"_q, u"[ ] 문자메시지 서버: 고쳐야 합니다"_q}));
+        PressKey(dialog, Qt::Key_Escape);
+    });
+}
+
+TEST_F(TestDialogTest, ShowsWhatToDoForTheFirstFaultAndForEachOneThatIsChosen)
+{
+    database_.Execute(u"DROP TABLE SMSCharge"_q);
+    starter_.gatewayFault = u"서버가 없습니다."_q;
+    InTest([this](QWidget& dialog) {
+        EXPECT_EQ(Steps(dialog).ActiveRow(), 5);
+        EXPECT_TRUE(Words(dialog).startsWith(u"없는 테이블이 있습니다: SMSCharge"));
+        ClickCell(Steps(dialog), 2, 8);
+        EXPECT_EQ(Words(dialog), u"서버가 없습니다."_q);
+        PressKey(Steps(dialog), Qt::Key_Up);
+        EXPECT_EQ(Words(dialog), u"권한: 이상이 없습니다."_q);
+        PressKey(dialog, Qt::Key_Escape);
+    });
+}
+
+TEST_F(TestDialogTest, SaysOfStepsBehindAFaultThatTheyComeLater)
+{
+    database_.Server()->Stop();
+    InTest([this](QWidget& dialog) {
+        EXPECT_EQ(Lines(dialog)[3], u"[ ] 데이터베이스: 아직 확인하지 못함"_q);
+        ClickCell(Steps(dialog), 2, 4);
+        EXPECT_EQ(Words(dialog), u"데이터베이스: 위의 것을 고친 다음에 확인할 수 있습니다."_q);
+        PressKey(dialog, Qt::Key_Escape);
+    });
+}
+
+TEST_F(TestDialogTest, TestsAgainOnF12)
+{
+    database_.Execute(u"DELETE FROM SMSSetup"_q);
+    InTest([this](QWidget& dialog) {
+        EXPECT_TRUE(Lines(dialog)[4].startsWith(u"[ ]"));
+        database_.Execute(u"INSERT INTO SMSSetup (SMSRemainCnt) VALUES (0)"_q);
+        PressKey(dialog, Qt::Key_F12);
+        EXPECT_TRUE(Lines(dialog)[4].startsWith(u"[o]"));
+        PressKey(dialog, Qt::Key_Escape);
+    });
+}
+
+TEST_F(TestDialogTest, ShowsItsWordsToBeCopiedAndNotChanged)
+{
+    InTest([this](QWidget& dialog) {
+        auto& words = starter_.On<QWidget>(dialog, u"txtWords"_q);
+        const QString before = Words(dialog);
+        TypeText(words, u"x"_q);
+        EXPECT_EQ(Words(dialog), before);
+        PressKey(dialog, Qt::Key_Escape);
+    });
+}
+
+TEST_F(TestDialogTest, HasATypedPasswordThatWasRefusedAskedForAgain)
+{
+    saved_.keepsPassword = false;
+    starter_.connections.Put(saved_);
+    starter_.Open();
+    int asked = 0;
+    const auto answer = [&](const QString& password) {
+        WhenShown(u"PasswordDialog"_q, [this, password, &asked](QWidget& dialog) {
+            ++asked;
+            WhenShown(u"TestDialog"_q, [](QWidget& test) { PressKey(test, Qt::Key_Escape); });
+            TypeText(starter_.On<QWidget>(dialog, u"txtUpdate(0)"_q), password + u'\n');
+        });
+        starter_.Click(u"BtnConnection(3)"_q);
+    };
+    answer(u"wrong"_q);
+    answer(PasswordOf(database_));
+    EXPECT_EQ(asked, 2);
+    InTest([](QWidget& dialog) { PressKey(dialog, Qt::Key_Escape); }); // nobody asks any more
+}
+
+} // namespace tsms::test
