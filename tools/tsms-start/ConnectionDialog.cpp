@@ -9,11 +9,13 @@
 #include "toolkit/fields/Controls.h"
 #include "toolkit/fields/Naming.h"
 #include "toolkit/fields/TextBox.h"
+#include "toolkit/look/Placing.h"
 #include "tsms-db/Demo.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QScreen>
 
 #include <algorithm>
 
@@ -192,6 +194,10 @@ void ConnectionDialog::ShowKind()
         widget->setVisible(fileKind_->Value());
     for (QWidget* widget : std::as_const(serverWidgets_))
         widget->setVisible(serverKind_->Value());
+    // The fields of a server need more room, which may be below the screen.
+    layout()->activate();
+    if (isVisible())
+        move(MovedInto(geometry(), screen()->availableGeometry()).topLeft());
 }
 
 /// The first name of its folder that is not taken.
