@@ -41,6 +41,6 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # What the programs are linked with is found by itself. The rest of the first list is loaded at its first use.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
-  "libcurl4, libgsf-1-114, libglib2.0-0, libodbc2, fonts-nanum, qt6-translations-l10n")
+  "libcurl4, libodbc2, fonts-nanum, qt6-translations-l10n")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "tdsodbc, xdg-utils, libreoffice-calc | gnumeric")
 include(CPack)

@@ -7,7 +7,7 @@ source scripts/progress.sh
 build_packages=(
   g++ cmake ninja-build ccache pkg-config
   qt6-base-dev libgl-dev libsqlite3-dev libcurl4-openssl-dev libpugixml-dev
-  libgsf-1-dev unixodbc-dev
+  unixodbc-dev
   libgtest-dev libgmock-dev libfreexl-dev tdsodbc openssl) # the presets build the tests and benchmarks too
 run_packages=(qt6-qpa-plugins qt6-translations-l10n fonts-nanum libodbc2 tdsodbc)
 screen_packages=(xvfb openbox xdotool x11-utils x11-xserver-utils imagemagick curl sqlite3)

@@ -15,8 +15,6 @@ QString StandardWords(long number)
         return QStringLiteral("아래 첨자 사용이 잘못되었습니다.");
     case TypeMismatch:
         return QStringLiteral("형식이 일치하지 않습니다.");
-    case LibraryNotLoaded:
-        return QStringLiteral("DLL을 로드하는 동안 오류가 발생하였습니다.");
     case DeviceFault:
         return QStringLiteral("장치 입출력 오류가 발생하였습니다.");
     case DiskFull:

@@ -14,7 +14,6 @@ enum ErrorNumber : long {
     Overflow = 6,
     SubscriptOutOfRange = 9,
     TypeMismatch = 13,
-    LibraryNotLoaded = 48,
     DeviceFault = 57,
     DiskFull = 61,
     PathFileAccess = 75,

@@ -14,7 +14,6 @@ TEST(RuntimeError, HasTheStandardWordsOfItsNumber)
         {Overflow, u"오버플로"_q},
         {SubscriptOutOfRange, u"아래 첨자 사용이 잘못되었습니다."_q},
         {TypeMismatch, u"형식이 일치하지 않습니다."_q},
-        {LibraryNotLoaded, u"DLL을 로드하는 동안 오류가 발생하였습니다."_q},
         {DeviceFault, u"장치 입출력 오류가 발생하였습니다."_q},
         {DiskFull, u"디스크가 꽉 찼습니다."_q},
         {PathFileAccess, u"경로/파일을 액세스하는 동안 오류가 발생하였습니다."_q},

@@ -1,13 +1,10 @@
 #include "spreadsheet/RecordReader.h"
 
+#include "spreadsheet/read/ReadCompoundFile.h"
 #include "spreadsheet/write/BiffStream.h"
 
 #include <QFile>
 
-#include <gsf/gsf-infile-msole.h>
-#include <gsf/gsf-infile.h>
-#include <gsf/gsf-input-memory.h>
-#include <gsf/gsf-input.h>
 #include <gtest/gtest.h>
 
 namespace tsms::test {
@@ -18,24 +15,7 @@ QByteArray ReadStream(const QString& path)
 {
     QFile file(path);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray bytes = file.readAll();
-    GsfInput* input =
-        gsf_input_memory_new(reinterpret_cast<const guint8*>(bytes.constData()), bytes.size(), FALSE);
-    GsfInfile* root = gsf_infile_msole_new(input, nullptr);
-    EXPECT_TRUE(root);
-    GsfInput* stream = root ? gsf_infile_child_by_name(root, "Workbook") : nullptr;
-    EXPECT_TRUE(stream);
-    QByteArray content;
-    if (stream) {
-        content.resize(static_cast<qsizetype>(gsf_input_size(stream)));
-        EXPECT_TRUE(gsf_input_read(stream, static_cast<size_t>(content.size()),
-                                   reinterpret_cast<guint8*>(content.data())));
-        g_object_unref(stream);
-    }
-    if (root)
-        g_object_unref(root);
-    g_object_unref(input);
-    return content;
+    return ReadCompoundStream(file, {u"Workbook"});
 }
 
 quint16 NumberAt(const QByteArray& bytes, qsizetype at)

@@ -1,6 +1,7 @@
 #include "spreadsheet/read/ReadCompoundFile.h"
 
 #include "runtime/RuntimeError.h"
+#include "spreadsheet/CompoundFormat.h"
 #include "spreadsheet/read/Demand.h"
 
 #include <QIODevice>
@@ -15,18 +16,10 @@ namespace tsms {
 
 namespace {
 
-// All by [MS-CFB].
+using Format = CompoundFormat;
+
 constexpr qint64 MostFileBytes = 2047LL << 20;
 constexpr std::size_t MostEntries = 1 << 16;
-constexpr qint64 HeaderBytes = 512;
-constexpr qint64 EntryBytes = 128;
-constexpr qint64 MiniSectorBytes = 64;
-constexpr int FatSectorsInHeader = 109;
-constexpr char Signature[] = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
-constexpr quint32 LastSector = 0xFFFFFFFA; // higher numbers are signs
-constexpr quint32 EndOfChain = 0xFFFFFFFE;
-constexpr quint32 NoEntry = 0xFFFFFFFF;
-enum EntryType : quint8 { StorageEntry = 1, StreamEntry = 2, RootEntry = 5 };
 
 template <class Number> Number NumberAt(const QByteArray& bytes, qint64 at)
 {
@@ -66,7 +59,7 @@ public:
     std::vector<quint32> Chain(quint32 start)
     {
         std::vector<quint32> chain;
-        for (quint32 sector = start; sector != EndOfChain; sector = Next(sector))
+        for (quint32 sector = start; sector != Format::EndOfChain; sector = Next(sector))
             chain.push_back(Take(sector));
         return chain;
     }
@@ -87,7 +80,7 @@ public:
         for (qint64 i = 0; i < sectors; ++i) {
             if (i > 0)
                 sector = Next(sector);
-            if (sector > LastSector)
+            if (sector > Format::LastSector)
                 break;
             chain.push_back(Take(sector));
         }
@@ -110,10 +103,10 @@ struct Entry
 {
     QString name;
     quint8 type = 0;
-    quint32 left = NoEntry;
-    quint32 right = NoEntry;
-    quint32 child = NoEntry;
-    quint32 start = EndOfChain;
+    quint32 left = Format::NoEntry;
+    quint32 right = Format::NoEntry;
+    quint32 child = Format::NoEntry;
+    quint32 start = Format::EndOfChain;
     qint64 size = 0;
     std::vector<quint32> chain; // sectors or mini sectors, once they are known
 };
@@ -123,7 +116,7 @@ class CompoundReader
 public:
     explicit CompoundReader(QIODevice& file)
         : file_(file),
-          header_(Bytes(0, HeaderBytes)),
+          header_(Bytes(0, Format::HeaderBytes)),
           sectorBytes_(SectorBytes()),
           sectors_(Sectors()),
           miniSectors_(0)
@@ -169,7 +162,7 @@ private:
 
     qint64 SectorBytes() const
     {
-        Demand(header_.startsWith(Signature));
+        Demand(header_.startsWith(Format::Signature));
         const auto version = NumberAt<quint16>(header_, 26);
         const auto shift = NumberAt<quint16>(header_, 30);
         Demand((version == 3 && shift == 9) || (version == 4 && shift == 12));
@@ -188,7 +181,7 @@ private:
     void ReadLinks()
     {
         quint32 left = U32(header_, 44);
-        for (int i = 0; i < FatSectorsInHeader && left > 0; ++i, --left)
+        for (quint32 i = 0; i < Format::FatSectorsInHeader && left > 0; ++i, --left)
             ReadLinkSector(U32(header_, 76 + 4 * i));
         const qint64 last = sectorBytes_ - 4; // leads to the next sector of such numbers
         for (quint32 sector = U32(header_, 68); left > 0;) {
@@ -205,11 +198,11 @@ private:
     {
         for (const quint32 sector : sectors_.Chain(U32(header_, 48))) {
             const QByteArray bytes = Sector(sector);
-            for (qint64 at = 0; at < sectorBytes_; at += EntryBytes)
-                entries_.push_back(ReadEntry(bytes.sliced(at, EntryBytes)));
+            for (qint64 at = 0; at < sectorBytes_; at += Format::EntryBytes)
+                entries_.push_back(ReadEntry(bytes.sliced(at, Format::EntryBytes)));
             Demand(entries_.size() <= MostEntries);
         }
-        Demand(!entries_.empty() && entries_[0].type == RootEntry);
+        Demand(!entries_.empty() && entries_[0].type == Format::RootEntry);
     }
 
     Entry ReadEntry(const QByteArray& bytes) const
@@ -231,7 +224,7 @@ private:
     {
         Entry& root = entries_[0];
         TakeChain(root, sectors_, sectorBytes_);
-        const qint64 miniSectors = PartsFor(root.size, MiniSectorBytes);
+        const qint64 miniSectors = PartsFor(root.size, Format::MiniSectorBytes);
         miniSectors_ = SectorChains(miniSectors);
         // The chain decides: writers miscount its sectors in the header.
         for (const quint32 sector :
@@ -254,15 +247,15 @@ private:
         while (!open.empty()) {
             const auto [index, inRoot] = open.back();
             open.pop_back();
-            if (index == NoEntry)
+            if (index == Format::NoEntry)
                 continue;
             Demand(index < entries_.size() && !seen[index]);
             seen[index] = true;
             Entry& entry = entries_[index];
             open.insert(open.end(), {{entry.left, inRoot}, {entry.right, inRoot}});
-            if (entry.type == StorageEntry)
+            if (entry.type == Format::StorageEntry)
                 open.emplace_back(entry.child, false);
-            if (entry.type == StreamEntry)
+            if (entry.type == Format::StreamEntry)
                 ReadStreamEntry(index, inRoot);
         }
     }
@@ -271,7 +264,7 @@ private:
     {
         Entry& stream = entries_[index];
         if (IsMini(stream))
-            TakeChain(stream, miniSectors_, MiniSectorBytes);
+            TakeChain(stream, miniSectors_, Format::MiniSectorBytes);
         else
             TakeChain(stream, sectors_, sectorBytes_);
         if (inRoot)
@@ -302,10 +295,10 @@ private:
     {
         QByteArray content;
         for (const quint32 sector : stream.chain) {
-            const qint64 at = sector * MiniSectorBytes;
+            const qint64 at = qint64{sector} * Format::MiniSectorBytes;
             const qint64 place =
                 PlaceOf(entries_[0].chain[static_cast<std::size_t>(at / sectorBytes_)]) + at % sectorBytes_;
-            content += Bytes(place, std::min(MiniSectorBytes, stream.size - content.size()));
+            content += Bytes(place, std::min<qint64>(Format::MiniSectorBytes, stream.size - content.size()));
         }
         return content;
     }

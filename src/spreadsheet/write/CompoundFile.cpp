@@ -1,16 +1,176 @@
 #include "spreadsheet/write/CompoundFile.h"
 
 #include "runtime/SyncToDisk.h"
-#include "spreadsheet/write/GsfLibrary.h"
+#include "spreadsheet/CompoundFormat.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QtEndian>
 
 #include <cerrno>
 
 namespace tsms {
 
 namespace {
+
+using Format = CompoundFormat;
+
+constexpr quint32 SectorBytes = 512;
+constexpr quint32 LinksInSector = SectorBytes / 4;
+constexpr quint32 LeastLargeStream = 4096; // shorter ones are made of mini sectors
+
+/// Sectors that follow one another.
+struct Sectors
+{
+    quint32 first = 0;
+    quint32 count = 0;
+
+    quint32 Start() const { return count == 0 ? Format::EndOfChain : first; }
+    quint32 End() const { return first + count; }
+};
+
+/// What the sectors of a file hold, in their order. Those of a short stream hold the mini stream, which
+/// consists of nothing else.
+struct Layout
+{
+    explicit Layout(quint32 streamBytes)
+        : bytes(streamBytes),
+          miniSectors{0, bytes < LeastLargeStream ? Parts(Format::MiniSectorBytes) : 0},
+          stream{0, Parts(SectorBytes)},
+          directory{stream.End(), 1},
+          miniFat{directory.End(), miniSectors.count > 0 ? 1u : 0u},
+          fat{miniFat.End(), 0}
+    {
+        do { // it links its own sectors too
+            ++fat.count;
+            const quint32 listed = qMax(fat.count, Format::FatSectorsInHeader) - Format::FatSectorsInHeader;
+            difat = {fat.End(), (listed + LinksInSector - 2) / (LinksInSector - 1)};
+        } while (fat.count * LinksInSector < difat.End());
+    }
+
+    quint32 Parts(quint32 partBytes) const { return (bytes + partBytes - 1) / partBytes; }
+
+    quint32 bytes; ///< of the stream
+    Sectors miniSectors;
+    Sectors stream;
+    Sectors directory; ///< of four entries: the root, the stream and two unused ones
+    Sectors miniFat;
+    Sectors fat;
+    Sectors difat;
+};
+
+template <class Number> void Put(QByteArray& to, Number value, quint32 times = 1)
+{
+    const Number littleEndian = qToLittleEndian(value);
+    for (; times > 0; --times)
+        to.append(reinterpret_cast<const char*>(&littleEndian), sizeof littleEndian);
+}
+
+void PutChain(QByteArray& to, const Sectors& sectors)
+{
+    for (quint32 next = sectors.first + 1; next <= sectors.End(); ++next)
+        Put(to, next < sectors.End() ? next : Format::EndOfChain);
+}
+
+/// The sectors of the FAT from the one of that number on.
+void PutFatSectors(QByteArray& to, const Layout& layout, quint32 from, quint32 count)
+{
+    for (quint32 i = from; i < from + count; ++i)
+        Put(to, i < layout.fat.count ? layout.fat.first + i : Format::FreeSector);
+}
+
+/// [MS-CFB] 2.2
+QByteArray HeaderOf(const Layout& layout)
+{
+    constexpr quint16 version[] = {0x003E, 3};
+    constexpr quint16 littleEndian = 0xFFFE;
+    constexpr quint16 sectorShift = 9;
+    constexpr quint16 miniSectorShift = 6;
+    QByteArray header = Format::Signature;
+    Put(header, quint8(0), 16);
+    for (const quint16 value : {version[0], version[1], littleEndian, sectorShift, miniSectorShift})
+        Put(header, value);
+    Put(header, quint8(0), 10); // reserved, and a count that this version does not tell
+    for (const quint32 value :
+         {layout.fat.count, layout.directory.first, 0u, LeastLargeStream, layout.miniFat.Start(),
+          layout.miniFat.count, layout.difat.Start(), layout.difat.count})
+        Put(header, value);
+    PutFatSectors(header, layout, 0, Format::FatSectorsInHeader);
+    return header;
+}
+
+/// [MS-CFB] 2.6.1. The one stream is a tree by itself: it has no brothers, and black is the colour of a root.
+void PutEntry(QByteArray& to, Format::EntryType type, const QString& name, quint32 child,
+              const QByteArray& classId, quint32 start, quint32 bytes)
+{
+    constexpr int nameUnits = 32;
+    constexpr quint8 black = 1;
+    for (const QChar c : name)
+        Put(to, c.unicode());
+    Put(to, quint16(0), static_cast<quint32>(nameUnits - name.size()));
+    Put(to, static_cast<quint16>(name.isEmpty() ? 0 : 2 * (name.size() + 1)));
+    Put(to, quint8(type));
+    Put(to, type == Format::UnusedEntry ? quint8(0) : black);
+    Put(to, Format::NoEntry, 2);
+    Put(to, child);
+    to += classId.leftJustified(16, '\0');
+    Put(to, quint32(0), 5); // flags and times
+    Put(to, start);
+    Put(to, quint64(bytes));
+}
+
+void PutDirectory(QByteArray& to, const Layout& layout, const QString& stream, const QByteArray& classId)
+{
+    const bool isMini = layout.miniSectors.count > 0;
+    PutEntry(to, Format::RootEntry, QStringLiteral("Root Entry"), 1, classId,
+             isMini ? layout.stream.first : Format::EndOfChain,
+             layout.miniSectors.count * Format::MiniSectorBytes);
+    PutEntry(to, Format::StreamEntry, stream, Format::NoEntry, {}, layout.stream.Start(), layout.bytes);
+    for (int i = 0; i < 2; ++i)
+        PutEntry(to, Format::UnusedEntry, {}, Format::NoEntry, {}, 0, 0);
+}
+
+/// [MS-CFB] 2.4
+void PutMiniFat(QByteArray& to, const Layout& layout)
+{
+    PutChain(to, layout.miniSectors);
+    Put(to, Format::FreeSector, layout.miniFat.count * LinksInSector - layout.miniSectors.count);
+}
+
+/// [MS-CFB] 2.3
+void PutFat(QByteArray& to, const Layout& layout)
+{
+    PutChain(to, layout.stream);
+    PutChain(to, layout.directory);
+    PutChain(to, layout.miniFat);
+    Put(to, Format::FatSector, layout.fat.count);
+    Put(to, Format::DifatSector, layout.difat.count);
+    Put(to, Format::FreeSector, layout.fat.count * LinksInSector - layout.difat.End());
+}
+
+/// [MS-CFB] 2.5: the sectors of the FAT that the header has no room for. Each sector ends with the next one.
+void PutDifat(QByteArray& to, const Layout& layout)
+{
+    quint32 listed = Format::FatSectorsInHeader;
+    for (quint32 next = layout.difat.first + 1; next <= layout.difat.End(); ++next) {
+        PutFatSectors(to, layout, listed, LinksInSector - 1);
+        Put(to, next < layout.difat.End() ? next : Format::EndOfChain);
+        listed += LinksInSector - 1;
+    }
+}
+
+/// All that comes behind the stream, from its end on.
+QByteArray TablesOf(const Layout& layout, const QString& stream, const QByteArray& classId)
+{
+    QByteArray tables;
+    tables.reserve((layout.difat.End() - layout.stream.End() + 1) * SectorBytes);
+    Put(tables, quint8(0), layout.stream.count * SectorBytes - layout.bytes);
+    PutDirectory(tables, layout, stream, classId);
+    PutMiniFat(tables, layout);
+    PutFat(tables, layout);
+    PutDifat(tables, layout);
+    return tables;
+}
 
 /// Whether the last call to the system failed for want of room.
 bool NoRoom()
@@ -37,126 +197,45 @@ long NumberOfDeviceFailure()
 
 } // namespace
 
-/// What libgsf takes for the place to write to. It never tells libgsf of a failure, which would go astray in
-/// the tables at the end of a file: from the first one on, everything is swallowed.
-struct CompoundFile::Sink
-{
-    GsfOutput base;
-    CompoundFile* owner;
-
-    static Sink* New(CompoundFile* owner)
-    {
-        const GsfLibrary& gsf = GsfLibrary::Get();
-        static const GType type =
-            gsf.RegisterType(gsf.OutputType(), "TsmsCompoundFileSink", sizeof(GsfOutputClass),
-                             &Sink::InitClass, sizeof(Sink), nullptr, static_cast<GTypeFlags>(0));
-        auto* sink = static_cast<Sink*>(gsf.NewObject(type, nullptr));
-        sink->owner = owner;
-        return sink;
-    }
-
-    static void InitClass(void* itsClass, void*)
-    {
-        auto* output = static_cast<GsfOutputClass*>(itsClass);
-        output->Write = [](GsfOutput* self, size_t size, const guint8* bytes) -> gboolean {
-            reinterpret_cast<Sink*>(self)->owner->PassOn(reinterpret_cast<const char*>(bytes),
-                                                         static_cast<qint64>(size));
-            return TRUE;
-        };
-        output->Seek = [](GsfOutput* self, gsf_off_t offset, GSeekType whence) -> gboolean {
-            const gsf_off_t from = whence == G_SEEK_SET   ? 0
-                                   : whence == G_SEEK_CUR ? self->cur_offset
-                                                          : self->cur_size;
-            reinterpret_cast<Sink*>(self)->owner->Move(from + offset);
-            return TRUE;
-        };
-        output->Close = [](GsfOutput*) -> gboolean { return TRUE; };
-    }
-};
-
-/// What libgsf makes of a file.
-struct CompoundFile::Parts
-{
-    Sink* sink;
-    GsfOutfile* root;
-    GsfOutput* stream;
-};
-
 CompoundFile::CompoundFile(const QString& path, const char* stream, const unsigned char* classId)
-    : gsf_(GsfLibrary::Get()), file_(path)
+    : file_(path), stream_(QString::fromLatin1(stream)), classId_(reinterpret_cast<const char*>(classId), 16)
 {
     // Unbuffered: what comes is large as a rule, and errno is that of the last write.
     errno = 0;
     if (!file_.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         throw RuntimeError(NumberOfOpenFailure(path));
-    parts_ = std::make_unique<Parts>();
-    parts_->sink = Sink::New(this);
-    parts_->root = gsf_.NewCompoundFile(&parts_->sink->base);
-    gsf_.SetClassId(reinterpret_cast<GsfOutfileMSOle*>(parts_->root), classId);
-    parts_->stream = gsf_.NewChild(parts_->root, stream, FALSE);
-}
-
-CompoundFile::~CompoundFile()
-{
-    if (!parts_)
-        return;
-    failure_ = DeviceFault; // the tables that libgsf writes now are for nobody
-    Close();
 }
 
 void CompoundFile::Write(const char* bytes, qsizetype size)
 {
     if (written_ + size > MaxStream)
         throw FileTooLarge();
-    gsf_.Write(parts_->stream, static_cast<size_t>(size), reinterpret_cast<const guint8*>(bytes));
+    WriteAt(Format::HeaderBytes + written_, bytes, size);
     written_ += size;
-    RaiseFailure();
 }
 
 void CompoundFile::WriteOver(quint32 position, const char* bytes, qsizetype size)
 {
-    gsf_.Seek(parts_->stream, position, G_SEEK_SET);
-    gsf_.Write(parts_->stream, static_cast<size_t>(size), reinterpret_cast<const guint8*>(bytes));
-    gsf_.Seek(parts_->stream, 0, G_SEEK_END);
-    RaiseFailure();
+    WriteAt(Format::HeaderBytes + qint64{position}, bytes, size);
 }
 
 void CompoundFile::Commit()
 {
-    Close();
-    RaiseFailure();
+    const Layout layout(static_cast<quint32>(written_));
+    const QByteArray tables = TablesOf(layout, stream_, classId_);
+    WriteAt(Format::HeaderBytes + written_, tables.constData(), tables.size());
+    const QByteArray header = HeaderOf(layout);
+    WriteAt(0, header.constData(), header.size());
     if (!SyncToDisk(file_))
         throw RuntimeError(NumberOfDeviceFailure());
     if (!file_.commit())
         throw RuntimeError(PathFileAccess);
 }
 
-void CompoundFile::Close()
+void CompoundFile::WriteAt(qint64 place, const char* bytes, qsizetype size)
 {
-    gsf_.Close(parts_->stream);
-    gsf_.Close(reinterpret_cast<GsfOutput*>(parts_->root));
-    gsf_.Release(parts_->stream);
-    gsf_.Release(parts_->root);
-    gsf_.Release(parts_->sink);
-    parts_.reset();
-}
-
-void CompoundFile::PassOn(const char* bytes, qint64 size)
-{
-    if (failure_ == NoError && file_.write(bytes, size) != size)
-        failure_ = NumberOfDeviceFailure();
-}
-
-void CompoundFile::Move(qint64 position)
-{
-    if (failure_ == NoError && !file_.seek(position))
-        failure_ = DeviceFault;
-}
-
-void CompoundFile::RaiseFailure() const
-{
-    if (failure_ != NoError)
-        throw RuntimeError(failure_);
+    if (!file_.seek(place) || file_.write(bytes, size) != size)
+        throw RuntimeError(NumberOfDeviceFailure());
 }
 
 RuntimeError FileTooLarge()

@@ -16,9 +16,9 @@ namespace tsms {
 /// The file takes the place of the one that stands under the name only when it is whole and on the disk;
 /// until then, and after any error, the former one stands as it was and nothing else is left in the folder.
 ///
-/// Raises 5 for a sheet that the format cannot hold, 6 when the file would pass 2 GiB, 48 when the library
-/// for compound files is not there, 57 when the device fails, 61 when the disk is full, 75 when no file can
-/// be made under that name, 76 when its folder is not there, and whatever the sheet's `text` raises.
+/// Raises 5 for a sheet that the format cannot hold, 6 when the file would pass 2 GiB, 57 when the
+/// device fails, 61 when the disk is full, 75 when no file can be made under that name, 76 when its folder is
+/// not there, and whatever the sheet's `text` raises.
 void WriteWorkbook(const QString& path, const Sheet& sheet);
 
 } // namespace tsms
