@@ -5,7 +5,7 @@
 namespace tsms {
 
 /// What [MS-CFB] lays down for every compound file. All numbers in it are little-endian.
-struct CompoundFormat
+struct Compound
 {
     static constexpr char Signature[] = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
     static constexpr quint32 HeaderBytes = 512;

@@ -1,7 +1,7 @@
 #include "spreadsheet/read/ReadCompoundFile.h"
 
 #include "runtime/RuntimeError.h"
-#include "spreadsheet/CompoundFormat.h"
+#include "spreadsheet/Compound.h"
 #include "spreadsheet/read/Demand.h"
 
 #include <QIODevice>
@@ -15,8 +15,6 @@
 namespace tsms {
 
 namespace {
-
-using Format = CompoundFormat;
 
 constexpr qint64 MostFileBytes = 2047LL << 20;
 constexpr std::size_t MostEntries = 1 << 16;
@@ -59,7 +57,7 @@ public:
     std::vector<quint32> Chain(quint32 start)
     {
         std::vector<quint32> chain;
-        for (quint32 sector = start; sector != Format::EndOfChain; sector = Next(sector))
+        for (quint32 sector = start; sector != Compound::EndOfChain; sector = Next(sector))
             chain.push_back(Take(sector));
         return chain;
     }
@@ -80,7 +78,7 @@ public:
         for (qint64 i = 0; i < sectors; ++i) {
             if (i > 0)
                 sector = Next(sector);
-            if (sector > Format::LastSector)
+            if (sector > Compound::LastSector)
                 break;
             chain.push_back(Take(sector));
         }
@@ -103,10 +101,10 @@ struct Entry
 {
     QString name;
     quint8 type = 0;
-    quint32 left = Format::NoEntry;
-    quint32 right = Format::NoEntry;
-    quint32 child = Format::NoEntry;
-    quint32 start = Format::EndOfChain;
+    quint32 left = Compound::NoEntry;
+    quint32 right = Compound::NoEntry;
+    quint32 child = Compound::NoEntry;
+    quint32 start = Compound::EndOfChain;
     qint64 size = 0;
     std::vector<quint32> chain; // sectors or mini sectors, once they are known
 };
@@ -116,7 +114,7 @@ class CompoundReader
 public:
     explicit CompoundReader(QIODevice& file)
         : file_(file),
-          header_(Bytes(0, Format::HeaderBytes)),
+          header_(Bytes(0, Compound::HeaderBytes)),
           sectorBytes_(SectorBytes()),
           sectors_(Sectors()),
           miniSectors_(0)
@@ -162,7 +160,7 @@ private:
 
     qint64 SectorBytes() const
     {
-        Demand(header_.startsWith(Format::Signature));
+        Demand(header_.startsWith(Compound::Signature));
         const auto version = NumberAt<quint16>(header_, 26);
         const auto shift = NumberAt<quint16>(header_, 30);
         Demand((version == 3 && shift == 9) || (version == 4 && shift == 12));
@@ -181,7 +179,7 @@ private:
     void ReadLinks()
     {
         quint32 left = U32(header_, 44);
-        for (quint32 i = 0; i < Format::FatSectorsInHeader && left > 0; ++i, --left)
+        for (quint32 i = 0; i < Compound::FatSectorsInHeader && left > 0; ++i, --left)
             ReadLinkSector(U32(header_, 76 + 4 * i));
         const qint64 last = sectorBytes_ - 4; // leads to the next sector of such numbers
         for (quint32 sector = U32(header_, 68); left > 0;) {
@@ -198,11 +196,11 @@ private:
     {
         for (const quint32 sector : sectors_.Chain(U32(header_, 48))) {
             const QByteArray bytes = Sector(sector);
-            for (qint64 at = 0; at < sectorBytes_; at += Format::EntryBytes)
-                entries_.push_back(ReadEntry(bytes.sliced(at, Format::EntryBytes)));
+            for (qint64 at = 0; at < sectorBytes_; at += Compound::EntryBytes)
+                entries_.push_back(ReadEntry(bytes.sliced(at, Compound::EntryBytes)));
             Demand(entries_.size() <= MostEntries);
         }
-        Demand(!entries_.empty() && entries_[0].type == Format::RootEntry);
+        Demand(!entries_.empty() && entries_[0].type == Compound::RootEntry);
     }
 
     Entry ReadEntry(const QByteArray& bytes) const
@@ -224,7 +222,7 @@ private:
     {
         Entry& root = entries_[0];
         TakeChain(root, sectors_, sectorBytes_);
-        const qint64 miniSectors = PartsFor(root.size, Format::MiniSectorBytes);
+        const qint64 miniSectors = PartsFor(root.size, Compound::MiniSectorBytes);
         miniSectors_ = SectorChains(miniSectors);
         // The chain decides: writers miscount its sectors in the header.
         for (const quint32 sector :
@@ -247,15 +245,15 @@ private:
         while (!open.empty()) {
             const auto [index, inRoot] = open.back();
             open.pop_back();
-            if (index == Format::NoEntry)
+            if (index == Compound::NoEntry)
                 continue;
             Demand(index < entries_.size() && !seen[index]);
             seen[index] = true;
             Entry& entry = entries_[index];
             open.insert(open.end(), {{entry.left, inRoot}, {entry.right, inRoot}});
-            if (entry.type == Format::StorageEntry)
+            if (entry.type == Compound::StorageEntry)
                 open.emplace_back(entry.child, false);
-            if (entry.type == Format::StreamEntry)
+            if (entry.type == Compound::StreamEntry)
                 ReadStreamEntry(index, inRoot);
         }
     }
@@ -264,7 +262,7 @@ private:
     {
         Entry& stream = entries_[index];
         if (IsMini(stream))
-            TakeChain(stream, miniSectors_, Format::MiniSectorBytes);
+            TakeChain(stream, miniSectors_, Compound::MiniSectorBytes);
         else
             TakeChain(stream, sectors_, sectorBytes_);
         if (inRoot)
@@ -295,10 +293,11 @@ private:
     {
         QByteArray content;
         for (const quint32 sector : stream.chain) {
-            const qint64 at = qint64{sector} * Format::MiniSectorBytes;
+            const qint64 at = qint64{sector} * Compound::MiniSectorBytes;
             const qint64 place =
                 PlaceOf(entries_[0].chain[static_cast<std::size_t>(at / sectorBytes_)]) + at % sectorBytes_;
-            content += Bytes(place, std::min<qint64>(Format::MiniSectorBytes, stream.size - content.size()));
+            content +=
+                Bytes(place, std::min<qint64>(Compound::MiniSectorBytes, stream.size - content.size()));
         }
         return content;
     }

@@ -1,7 +1,7 @@
 #include "spreadsheet/write/CompoundFile.h"
 
 #include "runtime/SyncToDisk.h"
-#include "spreadsheet/CompoundFormat.h"
+#include "spreadsheet/Compound.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -13,8 +13,6 @@ namespace tsms {
 
 namespace {
 
-using Format = CompoundFormat;
-
 constexpr quint32 SectorBytes = 512;
 constexpr quint32 LinksInSector = SectorBytes / 4;
 constexpr quint32 LeastLargeStream = 4096; // shorter ones are made of mini sectors
@@ -25,7 +23,7 @@ struct Sectors
     quint32 first = 0;
     quint32 count = 0;
 
-    quint32 Start() const { return count == 0 ? Format::EndOfChain : first; }
+    quint32 Start() const { return count == 0 ? Compound::EndOfChain : first; }
     quint32 End() const { return first + count; }
 };
 
@@ -35,7 +33,7 @@ struct Layout
 {
     explicit Layout(quint32 streamBytes)
         : bytes(streamBytes),
-          miniSectors{0, bytes < LeastLargeStream ? Parts(Format::MiniSectorBytes) : 0},
+          miniSectors{0, bytes < LeastLargeStream ? Parts(Compound::MiniSectorBytes) : 0},
           stream{0, Parts(SectorBytes)},
           directory{stream.End(), 1},
           miniFat{directory.End(), miniSectors.count > 0 ? 1u : 0u},
@@ -43,7 +41,8 @@ struct Layout
     {
         do { // it links its own sectors too
             ++fat.count;
-            const quint32 listed = qMax(fat.count, Format::FatSectorsInHeader) - Format::FatSectorsInHeader;
+            const quint32 listed =
+                qMax(fat.count, Compound::FatSectorsInHeader) - Compound::FatSectorsInHeader;
             difat = {fat.End(), (listed + LinksInSector - 2) / (LinksInSector - 1)};
         } while (fat.count * LinksInSector < difat.End());
     }
@@ -69,14 +68,14 @@ template <class Number> void Put(QByteArray& to, Number value, quint32 times = 1
 void PutChain(QByteArray& to, const Sectors& sectors)
 {
     for (quint32 next = sectors.first + 1; next <= sectors.End(); ++next)
-        Put(to, next < sectors.End() ? next : Format::EndOfChain);
+        Put(to, next < sectors.End() ? next : Compound::EndOfChain);
 }
 
 /// The sectors of the FAT from the one of that number on.
 void PutFatSectors(QByteArray& to, const Layout& layout, quint32 from, quint32 count)
 {
     for (quint32 i = from; i < from + count; ++i)
-        Put(to, i < layout.fat.count ? layout.fat.first + i : Format::FreeSector);
+        Put(to, i < layout.fat.count ? layout.fat.first + i : Compound::FreeSector);
 }
 
 /// [MS-CFB] 2.2
@@ -86,7 +85,7 @@ QByteArray HeaderOf(const Layout& layout)
     constexpr quint16 littleEndian = 0xFFFE;
     constexpr quint16 sectorShift = 9;
     constexpr quint16 miniSectorShift = 6;
-    QByteArray header = Format::Signature;
+    QByteArray header = Compound::Signature;
     Put(header, quint8(0), 16);
     for (const quint16 value : {version[0], version[1], littleEndian, sectorShift, miniSectorShift})
         Put(header, value);
@@ -95,12 +94,12 @@ QByteArray HeaderOf(const Layout& layout)
          {layout.fat.count, layout.directory.first, 0u, LeastLargeStream, layout.miniFat.Start(),
           layout.miniFat.count, layout.difat.Start(), layout.difat.count})
         Put(header, value);
-    PutFatSectors(header, layout, 0, Format::FatSectorsInHeader);
+    PutFatSectors(header, layout, 0, Compound::FatSectorsInHeader);
     return header;
 }
 
 /// [MS-CFB] 2.6.1. The one stream is a tree by itself: it has no brothers, and black is the colour of a root.
-void PutEntry(QByteArray& to, Format::EntryType type, const QString& name, quint32 child,
+void PutEntry(QByteArray& to, Compound::EntryType type, const QString& name, quint32 child,
               const QByteArray& classId, quint32 start, quint32 bytes)
 {
     constexpr int nameUnits = 32;
@@ -110,8 +109,8 @@ void PutEntry(QByteArray& to, Format::EntryType type, const QString& name, quint
     Put(to, quint16(0), static_cast<quint32>(nameUnits - name.size()));
     Put(to, static_cast<quint16>(name.isEmpty() ? 0 : 2 * (name.size() + 1)));
     Put(to, quint8(type));
-    Put(to, type == Format::UnusedEntry ? quint8(0) : black);
-    Put(to, Format::NoEntry, 2);
+    Put(to, type == Compound::UnusedEntry ? quint8(0) : black);
+    Put(to, Compound::NoEntry, 2);
     Put(to, child);
     to += classId.leftJustified(16, '\0');
     Put(to, quint32(0), 5); // flags and times
@@ -122,19 +121,19 @@ void PutEntry(QByteArray& to, Format::EntryType type, const QString& name, quint
 void PutDirectory(QByteArray& to, const Layout& layout, const QString& stream, const QByteArray& classId)
 {
     const bool isMini = layout.miniSectors.count > 0;
-    PutEntry(to, Format::RootEntry, QStringLiteral("Root Entry"), 1, classId,
-             isMini ? layout.stream.first : Format::EndOfChain,
-             layout.miniSectors.count * Format::MiniSectorBytes);
-    PutEntry(to, Format::StreamEntry, stream, Format::NoEntry, {}, layout.stream.Start(), layout.bytes);
+    PutEntry(to, Compound::RootEntry, QStringLiteral("Root Entry"), 1, classId,
+             isMini ? layout.stream.first : Compound::EndOfChain,
+             layout.miniSectors.count * Compound::MiniSectorBytes);
+    PutEntry(to, Compound::StreamEntry, stream, Compound::NoEntry, {}, layout.stream.Start(), layout.bytes);
     for (int i = 0; i < 2; ++i)
-        PutEntry(to, Format::UnusedEntry, {}, Format::NoEntry, {}, 0, 0);
+        PutEntry(to, Compound::UnusedEntry, {}, Compound::NoEntry, {}, 0, 0);
 }
 
 /// [MS-CFB] 2.4
 void PutMiniFat(QByteArray& to, const Layout& layout)
 {
     PutChain(to, layout.miniSectors);
-    Put(to, Format::FreeSector, layout.miniFat.count * LinksInSector - layout.miniSectors.count);
+    Put(to, Compound::FreeSector, layout.miniFat.count * LinksInSector - layout.miniSectors.count);
 }
 
 /// [MS-CFB] 2.3
@@ -143,18 +142,18 @@ void PutFat(QByteArray& to, const Layout& layout)
     PutChain(to, layout.stream);
     PutChain(to, layout.directory);
     PutChain(to, layout.miniFat);
-    Put(to, Format::FatSector, layout.fat.count);
-    Put(to, Format::DifatSector, layout.difat.count);
-    Put(to, Format::FreeSector, layout.fat.count * LinksInSector - layout.difat.End());
+    Put(to, Compound::FatSector, layout.fat.count);
+    Put(to, Compound::DifatSector, layout.difat.count);
+    Put(to, Compound::FreeSector, layout.fat.count * LinksInSector - layout.difat.End());
 }
 
 /// [MS-CFB] 2.5: the sectors of the FAT that the header has no room for. Each sector ends with the next one.
 void PutDifat(QByteArray& to, const Layout& layout)
 {
-    quint32 listed = Format::FatSectorsInHeader;
+    quint32 listed = Compound::FatSectorsInHeader;
     for (quint32 next = layout.difat.first + 1; next <= layout.difat.End(); ++next) {
         PutFatSectors(to, layout, listed, LinksInSector - 1);
-        Put(to, next < layout.difat.End() ? next : Format::EndOfChain);
+        Put(to, next < layout.difat.End() ? next : Compound::EndOfChain);
         listed += LinksInSector - 1;
     }
 }
@@ -210,20 +209,20 @@ void CompoundFile::Write(const char* bytes, qsizetype size)
 {
     if (written_ + size > MaxStream)
         throw FileTooLarge();
-    WriteAt(Format::HeaderBytes + written_, bytes, size);
+    WriteAt(Compound::HeaderBytes + written_, bytes, size);
     written_ += size;
 }
 
 void CompoundFile::WriteOver(quint32 position, const char* bytes, qsizetype size)
 {
-    WriteAt(Format::HeaderBytes + qint64{position}, bytes, size);
+    WriteAt(Compound::HeaderBytes + qint64{position}, bytes, size);
 }
 
 void CompoundFile::Commit()
 {
     const Layout layout(static_cast<quint32>(written_));
     const QByteArray tables = TablesOf(layout, stream_, classId_);
-    WriteAt(Format::HeaderBytes + written_, tables.constData(), tables.size());
+    WriteAt(Compound::HeaderBytes + written_, tables.constData(), tables.size());
     const QByteArray header = HeaderOf(layout);
     WriteAt(0, header.constData(), header.size());
     if (!SyncToDisk(file_))
