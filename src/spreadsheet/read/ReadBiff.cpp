@@ -70,7 +70,7 @@ void BiffReader::Next()
     Demand(HasRecordAt(End()));
     const char* head = stream_.data() + end_;
     const qsizetype size = qFromLittleEndian<quint16>(head + 2);
-    record_ = static_cast<ReadRecord>(qFromLittleEndian<quint16>(head));
+    record_ = static_cast<BiffRecord>(qFromLittleEndian<quint16>(head));
     content_ = stream_.sliced(end_ + HeadBytes, size);
     if (cipher_)
         content_ = Plain(content_);
@@ -82,16 +82,16 @@ void BiffReader::Next()
 QByteArrayView BiffReader::Plain(QByteArrayView content)
 {
     constexpr qsizetype placeBytes = 4;
-    if (record_ == ReadRecord::BOF)
+    if (record_ == BiffRecord::BOF)
         return content;
     plain_ = content.toByteArray();
-    cipher_->Decrypt(plain_, End() + HeadBytes, record_ == ReadRecord::BoundSheet ? placeBytes : 0);
+    cipher_->Decrypt(plain_, End() + HeadBytes, record_ == BiffRecord::BoundSheet8 ? placeBytes : 0);
     return plain_;
 }
 
 bool BiffReader::NextPart()
 {
-    while (HasHead() && qFromLittleEndian<quint16>(stream_.data() + end_) == quint16(ReadRecord::Continue)) {
+    while (HasHead() && qFromLittleEndian<quint16>(stream_.data() + end_) == quint16(BiffRecord::Continue)) {
         Next();
         if (Left() > 0)
             return true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "spreadsheet/BiffRecord.h"
 #include "spreadsheet/read/RecordCipher.h"
 
 #include <QByteArray>
@@ -10,30 +11,6 @@
 #include <utility>
 
 namespace tsms {
-
-/// The records that the program reads, by the numbers of [MS-XLS] 2.3.
-enum class ReadRecord : quint16 {
-    Formula = 0x0006,
-    Eof = 0x000A,
-    Date1904 = 0x0022,
-    FilePass = 0x002F,
-    Font = 0x0031,
-    Continue = 0x003C,
-    CodePage = 0x0042,
-    BoundSheet = 0x0085,
-    MulRK = 0x00BD,
-    RString = 0x00D6,
-    XF = 0x00E0,
-    SST = 0x00FC,
-    LabelSst = 0x00FD,
-    Number = 0x0203,
-    Label = 0x0204,
-    BoolErr = 0x0205,
-    String = 0x0207,
-    RK = 0x027E,
-    Format = 0x041E,
-    BOF = 0x0809,
-};
 
 /// The values of BOF that tell the two layouts apart. The lower byte does not count: some writers fill it.
 enum class BiffVersion : quint16 { Biff5 = 0x0500, Biff8 = 0x0600 };
@@ -66,7 +43,7 @@ public:
     /// where there is no such record.
     bool NextPart();
 
-    ReadRecord Record() const { return record_; }
+    BiffRecord Record() const { return record_; }
     qsizetype Left() const { return content_.size() - at_; } ///< bytes of the present record
 
     /// Bytes of the present record and of all behind it.
@@ -93,7 +70,7 @@ private:
     QByteArrayView content_;
     qsizetype end_ = 0; // of the present record
     qsizetype at_ = 0;  // in its content
-    ReadRecord record_ = ReadRecord::Eof;
+    BiffRecord record_ = BiffRecord::Eof;
 };
 
 /// Texts of BIFF8. They may run over into the records that continue theirs: [MS-XLS] 2.5.293 and 2.5.294.

@@ -111,9 +111,9 @@ public:
         int depth = 1;
         while (depth > 0) {
             reader_.Next();
-            if (reader_.Record() == ReadRecord::BOF)
+            if (reader_.Record() == BiffRecord::BOF)
                 ++depth;
-            else if (reader_.Record() == ReadRecord::Eof)
+            else if (reader_.Record() == BiffRecord::Eof)
                 --depth;
             else if (depth == 1)
                 ReadOne();
@@ -125,29 +125,29 @@ private:
     void ReadOne()
     {
         switch (reader_.Record()) {
-        case ReadRecord::LabelSst:
+        case BiffRecord::LabelSst:
             ReadCell(4, [this] { return SharedText(); });
             break;
-        case ReadRecord::Label:
-        case ReadRecord::RString:
+        case BiffRecord::Label:
+        case BiffRecord::RString:
             ReadCell(2, [this] { return OwnText(); });
             break;
-        case ReadRecord::Number:
+        case BiffRecord::Number:
             ReadCell(8, [this] { return Shown(reader_.F64()); });
             break;
-        case ReadRecord::RK:
+        case BiffRecord::RK:
             ReadCell(4, [this] { return Shown(NumberOfRK(reader_.U32())); });
             break;
-        case ReadRecord::MulRK:
+        case BiffRecord::MulRK:
             ReadRow();
             break;
-        case ReadRecord::BoolErr:
+        case BiffRecord::BoolErr:
             ReadCell(2, [this] { return TruthOrError(); });
             break;
-        case ReadRecord::Formula:
+        case BiffRecord::Formula:
             ReadCell(8, [this] { return FormulaResult(); });
             break;
-        case ReadRecord::String:
+        case BiffRecord::String:
             ReadFormulaText();
             break;
         default:
@@ -264,9 +264,9 @@ void MoveToPart(BiffReader& reader, int part)
 {
     for (int depth = 0;;) {
         reader.Next();
-        if (reader.Record() == ReadRecord::BOF && depth++ == 0 && part-- == 0)
+        if (reader.Record() == BiffRecord::BOF && depth++ == 0 && part-- == 0)
             return;
-        if (reader.Record() == ReadRecord::Eof && depth > 0)
+        if (reader.Record() == BiffRecord::Eof && depth > 0)
             --depth;
     }
 }
@@ -277,12 +277,12 @@ void MoveToSheet(BiffReader& reader, const SheetPlace& sheet, const WorkbookTabl
     if (reader.HasRecordAt(sheet.position)) {
         reader.MoveTo(sheet.position);
         reader.Next();
-        if (ReadPartHead(reader, ReadPart::Worksheet))
+        if (ReadPartHead(reader, Substream::Worksheet))
             return;
     }
     reader.MoveTo(tables.end);
     MoveToPart(reader, sheet.part);
-    Demand(ReadPartHead(reader, ReadPart::Worksheet).has_value());
+    Demand(ReadPartHead(reader, Substream::Worksheet).has_value());
 }
 
 } // namespace

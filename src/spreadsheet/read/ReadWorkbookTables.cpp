@@ -41,10 +41,10 @@ public:
     WorkbookTables Read()
     {
         reader_.Next();
-        const std::optional<BiffVersion> version = ReadPartHead(reader_, ReadPart::Globals);
+        const std::optional<BiffVersion> version = ReadPartHead(reader_, Substream::Globals);
         Demand(version.has_value());
         tables_.version = *version;
-        for (reader_.Next(); reader_.Record() != ReadRecord::Eof; reader_.Next())
+        for (reader_.Next(); reader_.Record() != BiffRecord::Eof; reader_.Next())
             ReadOne();
         tables_.end = reader_.End();
         AddFormats();
@@ -58,28 +58,28 @@ private:
     void ReadOne()
     {
         switch (reader_.Record()) {
-        case ReadRecord::FilePass:
+        case BiffRecord::FilePass:
             Unlock();
             break;
-        case ReadRecord::CodePage:
+        case BiffRecord::CodePage:
             tables_.codePage = CodePageOf(reader_.U16());
             break;
-        case ReadRecord::Date1904:
+        case BiffRecord::Date1904:
             tables_.firstDay = reader_.U16() == 0 ? FirstDay::Of1900 : FirstDay::Of1904;
             break;
-        case ReadRecord::BoundSheet:
+        case BiffRecord::BoundSheet8:
             ReadSheet();
             break;
-        case ReadRecord::SST:
+        case BiffRecord::SST:
             ReadStrings();
             break;
-        case ReadRecord::Font:
+        case BiffRecord::Font:
             ReadFont();
             break;
-        case ReadRecord::Format:
+        case BiffRecord::Format:
             ReadFormat();
             break;
-        case ReadRecord::XF:
+        case BiffRecord::XF:
             ReadCellFormat();
             break;
         default:
@@ -211,13 +211,13 @@ QString WorkbookTables::Shown(double number, quint16 format) const
     return (format < formats.size() ? *formats[format] : general).Shown(number, firstDay);
 }
 
-std::optional<BiffVersion> ReadPartHead(BiffReader& reader, ReadPart part)
+std::optional<BiffVersion> ReadPartHead(BiffReader& reader, Substream part)
 {
-    if (reader.Record() != ReadRecord::BOF)
+    if (reader.Record() != BiffRecord::BOF)
         return {};
     const auto version = static_cast<BiffVersion>(reader.U16() & 0xFF00);
     const bool isKnown = version == BiffVersion::Biff5 || version == BiffVersion::Biff8;
-    if (!isKnown || static_cast<ReadPart>(reader.U16()) != part)
+    if (!isKnown || static_cast<Substream>(reader.U16()) != part)
         return {};
     return version;
 }

@@ -12,9 +12,6 @@
 
 namespace tsms {
 
-/// What a part of a workbook's stream is: [MS-XLS] 2.4.21.
-enum class ReadPart : quint16 { Globals = 0x0005, Worksheet = 0x0010 };
-
 /// A worksheet, and where in the workbook's stream its records begin.
 struct SheetPlace
 {
@@ -46,7 +43,7 @@ struct WorkbookTables
 };
 
 /// The version of the part that the present record begins. Null where it begins no such part.
-std::optional<BiffVersion> ReadPartHead(BiffReader& reader, ReadPart part);
+std::optional<BiffVersion> ReadPartHead(BiffReader& reader, Substream part);
 
 /// Reads the globals at the beginning of a workbook: [MS-XLS] 2.1.7.20.3. A record that lacks something gives
 /// what it has; a format that lacks something is "General". Raises 321 where the records do not follow one

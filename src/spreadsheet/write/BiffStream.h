@@ -1,5 +1,7 @@
 #pragma once
 
+#include "spreadsheet/BiffRecord.h"
+
 #include <QStringView>
 #include <QtGlobal>
 
@@ -9,72 +11,6 @@
 namespace tsms {
 
 class CompoundFile;
-
-/// The records that the program writes, by the names and numbers of [MS-XLS] 2.3.
-enum class BiffRecord : quint16 {
-    Eof = 0x000A,
-    CalcCount = 0x000C,
-    CalcMode = 0x000D,
-    CalcPrecision = 0x000E,
-    CalcRefMode = 0x000F,
-    CalcDelta = 0x0010,
-    CalcIter = 0x0011,
-    Protect = 0x0012,
-    Password = 0x0013,
-    Header = 0x0014,
-    Footer = 0x0015,
-    WinProtect = 0x0019,
-    Selection = 0x001D,
-    Date1904 = 0x0022,
-    PrintRowCol = 0x002A,
-    PrintGrid = 0x002B,
-    Font = 0x0031,
-    Continue = 0x003C,
-    Window1 = 0x003D,
-    Backup = 0x0040,
-    CodePage = 0x0042,
-    DefColWidth = 0x0055,
-    WriteAccess = 0x005C,
-    CalcSaveRecalc = 0x005F,
-    ColInfo = 0x007D,
-    Guts = 0x0080,
-    WsBool = 0x0081,
-    GridSet = 0x0082,
-    HCenter = 0x0083,
-    VCenter = 0x0084,
-    BoundSheet8 = 0x0085,
-    Country = 0x008C,
-    HideObj = 0x008D,
-    Setup = 0x00A1,
-    Mms = 0x00C1,
-    DBCell = 0x00D7,
-    BookBool = 0x00DA,
-    XF = 0x00E0,
-    InterfaceHdr = 0x00E1,
-    InterfaceEnd = 0x00E2,
-    SST = 0x00FC,
-    LabelSst = 0x00FD,
-    ExtSST = 0x00FF,
-    RRTabId = 0x013D,
-    UsesELFs = 0x0160,
-    DSF = 0x0161,
-    Prot4Rev = 0x01AF,
-    RefreshAll = 0x01B7,
-    Prot4RevPass = 0x01BC,
-    Dimensions = 0x0200,
-    Blank = 0x0201,
-    Number = 0x0203,
-    Row = 0x0208,
-    Index = 0x020B,
-    DefaultRowHeight = 0x0225,
-    Window2 = 0x023E,
-    RK = 0x027E,
-    Style = 0x0293,
-    BOF = 0x0809,
-};
-
-/// The parts of a workbook's stream: [MS-XLS] 2.4.21.
-enum class Substream : quint16 { Globals = 0x0005, Worksheet = 0x0010 };
 
 /// The records of a workbook on their way into its file. Numbers are little-endian; positions count from the
 /// beginning of the stream.
