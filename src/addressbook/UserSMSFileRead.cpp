@@ -11,7 +11,10 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
+#include <vector>
 
 namespace tsms {
 
@@ -34,26 +37,29 @@ public:
 
     RecipientRecord Next()
     {
-        while (left_.size() < RecipientRecord::Size)
+        while (end_ - at_ < RecipientRecord::Size)
             ReadOn();
-        const QByteArrayView record = left_.first(RecipientRecord::Size);
-        left_ = left_.sliced(RecipientRecord::Size);
+        const QByteArrayView record(part_.data() + at_, RecipientRecord::Size);
+        at_ += RecipientRecord::Size;
         return RecipientRecord::Of(record);
     }
 
 private:
+    /// The beginning of a record that is not whole yet moves to the front.
     void ReadOn()
     {
-        const QByteArray more = file_.read(qint64{1000} * RecipientRecord::Size);
-        if (more.isEmpty())
+        std::copy(part_.begin() + at_, part_.begin() + end_, part_.begin());
+        end_ -= std::exchange(at_, 0);
+        const qint64 more = file_.read(part_.data() + end_, static_cast<qint64>(part_.size()) - end_);
+        if (more <= 0)
             throw RuntimeError(DeviceFault);
-        part_ = left_.toByteArray() + more;
-        left_ = part_;
+        end_ += more;
     }
 
     QIODevice& file_;
-    QByteArray part_;
-    QByteArrayView left_; // of the part
+    std::vector<char> part_ = std::vector<char>(std::size_t{256} * RecipientRecord::Size);
+    qint64 at_ = 0;  // of the next record in the part
+    qint64 end_ = 0; // of what was read into it
 };
 
 PhoneSet NumbersOnView(const RecipientList& list)

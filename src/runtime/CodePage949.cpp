@@ -109,8 +109,9 @@ QString FromCodePage949(const QByteArray& bytes)
     QString text(bytes.size(), Qt::Uninitialized); // no character has more units than bytes
     char16_t* const begin = reinterpret_cast<char16_t*>(text.data());
     char16_t* to = begin;
-    const char* from = bytes.constData();
-    const char* const end = from + bytes.size();
+    const char* const end = bytes.constData() + bytes.size();
+    const char* from = std::find_if(bytes.constData(), end, [](char byte) { return (byte & 0x80) != 0; });
+    to = std::copy(bytes.constData(), from, to); // ASCII, as many texts are altogether
     while (from < end) {
         const qsizetype characters = Decode(from, end, to);
         from = Behind(characters, from);
