@@ -42,8 +42,7 @@ Cost RunThroughDialog(const World& world)
     fpSpread grid;
     GridRecipientList recipients(grid);
     Fill(recipients, world.rows);
-    MakeSMSTransport dialog(desk.services, {recipients, MessageTemplate, SenderNumber});
-    dialog.SetTotal(world.rows);
+    MakeSMSTransport dialog(desk.services, {recipients, world.rows, MessageTemplate(), SenderNumber()});
 
     Cost cost;
     constexpr int settledMilliseconds = 300; // by then the dialog has been painted and nothing is left to do

@@ -16,12 +16,13 @@ CancelRun::CancelRun(DBConnect& db, ModSMS& sms, const SentRows& rows, RunDispla
 {
 }
 
-void CancelRun::RunCancel()
+void CancelRun::RunCancel(std::int32_t total)
 {
+    total_ = total;
     CountOK = 0;
     CountFail = 0;
     done_ = 0;
-    InRunFrame(db_, sms_, display_, [&] { CancelAllRows(); });
+    InRunFrame(db_, sms_, display_, total, [&] { CancelAllRows(); });
 }
 
 void CancelRun::CancelAllRows()
@@ -41,7 +42,7 @@ void CancelRun::CancelRow(int row)
     if (number != QStringView(u"0")) // the gateway never took it: nothing to withdraw
         Withdraw(row, number);
     ++done_;
-    display_.ShowStatus(CancelStatus(display_.TotalText(), FormatCount(done_)));
+    display_.ShowStatus(CancelStatus(total_, FormatCount(done_)));
 }
 
 void CancelRun::Withdraw(int row, const QString& number)
@@ -62,10 +63,10 @@ void CancelRun::CreditBalance()
             Statement(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + ").Own(QString::number(CountOK)));
 }
 
-QString CancelStatus(const QString& total, const QString& done)
+QString CancelStatus(std::int32_t total, const QString& done)
 {
-    return QStringLiteral("총 취소건수 : ") + total + QStringLiteral("건 / 현 취소 건수 : ") + done +
-           QStringLiteral("건");
+    return QStringLiteral("총 취소건수 : ") + QString::number(total) +
+           QStringLiteral("건 / 현 취소 건수 : ") + done + QStringLiteral("건");
 }
 
 } // namespace tsms

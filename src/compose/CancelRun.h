@@ -18,9 +18,9 @@ class CancelRun
 public:
     CancelRun(DBConnect& db, ModSMS& sms, const SentRows& rows, RunDisplay& display);
 
-    /// Runs to the last row. Failures of the database and of the connection to the gateway have shown their
-    /// boxes when it returns; refusals are told by the counts alone.
-    void RunCancel();
+    /// Runs to the last row; so many are ticked. Failures of the database and of the connection to the
+    /// gateway have shown their boxes when it returns; refusals are told by the counts alone.
+    void RunCancel(std::int32_t total);
 
     std::int32_t CountOK = 0;   ///< messages withdrawn in this run
     std::int32_t CountFail = 0; ///< messages that could not be withdrawn
@@ -35,10 +35,11 @@ private:
     ModSMS& sms_;
     const SentRows& rows_;
     RunDisplay& display_;
+    std::int32_t total_ = 0;
     std::int32_t done_ = 0;
 };
 
 /// The progress line of a cancellation: "총 취소건수 : <total>건 / 현 취소 건수 : <done>건".
-QString CancelStatus(const QString& total, const QString& done);
+QString CancelStatus(std::int32_t total, const QString& done);
 
 } // namespace tsms

@@ -1,10 +1,20 @@
 #include "compose/ComposeBoxes.h"
 
+#include "compose/Preflight.h"
 #include "runtime/Desktop.h"
 #include "runtime/Text.h"
 #include "session/Session.h"
 
 namespace tsms {
+
+namespace {
+
+void ShowMissing(Desktop& desktop, const QString& words)
+{
+    desktop.MsgBox(words, MsgBoxCritical, QStringLiteral("문자메시지"));
+}
+
+} // namespace
 
 void ShowSignUpBox(Desktop& desktop, const Session& session)
 {
@@ -34,6 +44,32 @@ void ShowShortageBox(Desktop& desktop, const Session& session)
             "확인을 누르시면 충전 페이지가 오픈이 됩니다.!!"),
         MsgBoxExclamation, QStringLiteral("경고 - 문자메세지 잔여건수 부족"));
     desktop.OpenPage(session.SMSWeb2);
+}
+
+void ShowRefusal(Desktop& desktop, const Session& session, Refusal refusal)
+{
+    switch (refusal) {
+    case Refusal::NoAccount:
+        ShowSignUpBox(desktop, session);
+        break;
+    case Refusal::NoMessage:
+        ShowMissing(desktop, QStringLiteral("문자메시지 내용을 입력하여 주십시오."));
+        break;
+    case Refusal::NoRecipients:
+        ShowMissing(desktop, QStringLiteral("문자메시지를 받는사람 번호를 입력하여 주십시오."));
+        break;
+    case Refusal::NoSenderNumber:
+        ShowMissing(desktop, QStringLiteral("문자메시지를 보내는 사람번호를 입력하여 주십시오."));
+        break;
+    case Refusal::ShortSenderNumber:
+        ShowMissing(desktop, QStringLiteral("올바른 보내는 사람번호를 입력하여 주십시오."));
+        break;
+    case Refusal::Shortage:
+        ShowShortageBox(desktop, session);
+        break;
+    case Refusal::None:
+        break;
+    }
 }
 
 void ShowNothingCancelledBox(Desktop& desktop)

@@ -5,12 +5,16 @@
 namespace tsms {
 
 class Desktop;
+enum class Refusal;
 struct Session;
 
 /// The three boxes that send the operator to a web page. Each shows its box and then opens the page.
 void ShowSignUpBox(Desktop& desktop, const Session& session);
 void ShowChargeBox(Desktop& desktop, const Session& session);
 void ShowShortageBox(Desktop& desktop, const Session& session);
+
+/// Tells why a send does not begin; no word where nothing refuses it.
+void ShowRefusal(Desktop& desktop, const Session& session, Refusal refusal);
 
 /// Tells that no message could be withdrawn.
 void ShowNothingCancelledBox(Desktop& desktop);

@@ -1,12 +1,16 @@
 #include "compose/ComposePage.h"
 
+#include "compose/ComposeBoxes.h"
+#include "compose/Draft.h"
+#include "compose/MakeSMSTransport.h"
 #include "compose/MessageCounter.h"
 #include "compose/MessageScreen.h"
-#include "compose/SendPreflight.h"
+#include "compose/Preflight.h"
 #include "runtime/Desktop.h"
 #include "runtime/Text.h"
 #include "services/Services.h"
 #include "session/Session.h"
+#include "store/LoadSMSSetup.h"
 #include "toolkit/fields/Guarded.h"
 #include "toolkit/fields/LimitRule.h"
 #include "toolkit/fields/MemoBox.h"
@@ -198,12 +202,37 @@ void ComposePage::BtnSendClick(int index)
 {
     if (services_.session.IsBusy())
         return;
-    if (index != 0) {
+    if (index != 0)
         window_.close();
-        return;
-    }
+    else
+        Send();
+}
+
+void ComposePage::Send()
+{
     grid_->CommitEdit(); // on desks where a click on a button does not take the focus
-    SendPreflight(services_, *message_, *grid_, *recipients_, *senderNumber_).Run();
+    LoadSMSSetup(services_.session,
+                 services_.db); // whatever it answers: the checks see what the session holds
+    const Draft draft{*recipients_, recipients_->Count(), message_->Text(), senderNumber_->Text()};
+    const Verdict verdict = Preflight(services_.session, draft);
+    if (verdict.isBalanceZero)
+        ShowChargeBox(services_.desktop, services_.session);
+    if (verdict.refusal == Refusal::None)
+        MakeSMSTransport(services_, draft).ShowModal();
+    else
+        Refuse(verdict.refusal);
+}
+
+/// What is to be mended gets the focus.
+void ComposePage::Refuse(Refusal refusal)
+{
+    ShowRefusal(services_.desktop, services_.session, refusal);
+    if (refusal == Refusal::NoMessage)
+        message_->SetFocus();
+    else if (refusal == Refusal::NoRecipients)
+        grid_->setFocus(Qt::OtherFocusReason);
+    else if (refusal == Refusal::NoSenderNumber || refusal == Refusal::ShortSenderNumber)
+        senderNumber_->SetFocus();
 }
 
 void ComposePage::SendNoChange()

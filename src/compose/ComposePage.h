@@ -15,6 +15,7 @@ class fpSpread;
 class MemoBox;
 class MessageCounter;
 class TextBox;
+enum class Refusal;
 struct Services;
 
 /// The page on which a message is written, its recipients are listed, and both are sent.
@@ -58,6 +59,8 @@ private:
 
     void BtnFuncMainClick(int index);
     void BtnSendClick(int index);
+    void Send();
+    void Refuse(Refusal refusal);
     void SendNoChange();
     void SendNoKeyPress(char16_t& key);
     void RecipientClick(int column);

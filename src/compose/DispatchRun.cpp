@@ -1,5 +1,6 @@
 #include "compose/DispatchRun.h"
 
+#include "compose/Draft.h"
 #include "compose/Placeholders.h"
 #include "compose/RunDisplay.h"
 #include "compose/RunFrame.h"
@@ -14,26 +15,26 @@
 
 namespace tsms {
 
-DispatchRun::DispatchRun(Session& session, DBConnect& db, ModSMS& sms, const RecipientList& recipients,
+DispatchRun::DispatchRun(Session& session, DBConnect& db, ModSMS& sms, const Draft& draft,
                          RunDisplay& display)
-    : session_(session), db_(db), sms_(sms), recipients_(recipients), display_(display)
+    : session_(session), db_(db), sms_(sms), draft_(draft), display_(display)
 {
 }
 
-void DispatchRun::RunSend(const DispatchOrder& order)
+void DispatchRun::RunSend()
 {
     CountOK = 0;
     CountFail = 0;
     done_ = 0;
-    InRunFrame(db_, sms_, display_, [&] { SendAllRows(order); });
+    InRunFrame(db_, sms_, display_, draft_.total, [&] { SendAllRows(); });
 }
 
-void DispatchRun::SendAllRows(const DispatchOrder& order)
+void DispatchRun::SendAllRows()
 {
-    const int lastRow = recipients_.Rows();
+    const int lastRow = draft_.recipients.Rows();
     for (int row = 1; row <= lastRow; ++row) {
-        if (!recipients_.IsRemoved(row)) {
-            SendRow(row, order);
+        if (!draft_.recipients.IsRemoved(row)) {
+            SendRow(row);
             ShowDone();
         }
         display_.SetBarValue(row);
@@ -41,14 +42,14 @@ void DispatchRun::SendAllRows(const DispatchOrder& order)
     DebitBalance();
 }
 
-void DispatchRun::SendRow(int row, const DispatchOrder& order)
+void DispatchRun::SendRow(int row)
 {
-    const QString phone = Trim(recipients_.Phone(row));
+    const QString phone = Trim(draft_.recipients.Phone(row));
     if (!IsMobileNumber(phone))
         return;
-    const QString name = Trim(recipients_.Name(row));
-    const QString text = WithRecipient(WithSender(order.message, session_.SMSOrgNm), name);
-    const Boolean accepted = sms_.SubmitSMS(name, phone, order.senderNumber, text, order.reservation,
+    const QString name = Trim(draft_.recipients.Name(row));
+    const QString text = WithRecipient(WithSender(draft_.message, session_.SMSOrgNm), name);
+    const Boolean accepted = sms_.SubmitSMS(name, phone, draft_.senderNumber, text, draft_.reservation,
                                             QString(), QString(), QString());
     if (accepted == Boolean::True)
         ++CountOK;
@@ -60,7 +61,7 @@ void DispatchRun::SendRow(int row, const DispatchOrder& order)
 void DispatchRun::ShowDone()
 {
     ++done_;
-    display_.ShowStatus(DispatchStatus(display_.TotalText(), FormatCount(done_)));
+    display_.ShowStatus(DispatchStatus(draft_.total, FormatCount(done_)));
 }
 
 void DispatchRun::DebitBalance()
@@ -70,10 +71,10 @@ void DispatchRun::DebitBalance()
             Statement(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt - ").Own(QString::number(CountOK)));
 }
 
-QString DispatchStatus(const QString& total, const QString& done)
+QString DispatchStatus(std::int32_t total, const QString& done)
 {
-    return QStringLiteral("총 발송건수 : ") + total + QStringLiteral("건 / 현 발송 건수 : ") + done +
-           QStringLiteral("건");
+    return QStringLiteral("총 발송건수 : ") + QString::number(total) +
+           QStringLiteral("건 / 현 발송 건수 : ") + done + QStringLiteral("건");
 }
 
 } // namespace tsms

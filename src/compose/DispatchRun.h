@@ -8,46 +8,37 @@ namespace tsms {
 
 class DBConnect;
 class ModSMS;
-class RecipientList;
 class RunDisplay;
+struct Draft;
 struct Session;
-
-/// What goes out, to all recipients alike.
-struct DispatchOrder
-{
-    QString message;      ///< the editor's text, placeholders still in it
-    QString senderNumber; ///< as it stands in its field
-    QString reservation;  ///< empty for delivery at once, else the five parts joined by ":"
-};
 
 /// One send run: a walk over the recipient list, one gateway call for each good row, one debit at the end.
 class DispatchRun
 {
 public:
-    DispatchRun(Session& session, DBConnect& db, ModSMS& sms, const RecipientList& recipients,
-                RunDisplay& display);
+    DispatchRun(Session& session, DBConnect& db, ModSMS& sms, const Draft& draft, RunDisplay& display);
 
     /// Runs to the last row. Failures have shown their boxes when it returns; the counts tell the rest.
-    void RunSend(const DispatchOrder& order);
+    void RunSend();
 
     std::int32_t CountOK = 0;   ///< messages accepted in this run
     std::int32_t CountFail = 0; ///< messages refused in this run
 
 private:
-    void SendAllRows(const DispatchOrder& order);
-    void SendRow(int row, const DispatchOrder& order);
+    void SendAllRows();
+    void SendRow(int row);
     void ShowDone();
     void DebitBalance();
 
     Session& session_;
     DBConnect& db_;
     ModSMS& sms_;
-    const RecipientList& recipients_;
+    const Draft& draft_;
     RunDisplay& display_;
     std::int32_t done_ = 0;
 };
 
 /// The progress line of a send: "총 발송건수 : <total>건 / 현 발송 건수 : <done>건".
-QString DispatchStatus(const QString& total, const QString& done);
+QString DispatchStatus(std::int32_t total, const QString& done);
 
 } // namespace tsms

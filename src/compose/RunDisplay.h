@@ -11,7 +11,6 @@ class RunDisplay
 public:
     virtual ~RunDisplay() = default;
     virtual void SetRunBusy(bool busy) = 0;
-    virtual QString TotalText() const = 0; ///< the number of messages, in plain digits
     virtual void SetBarMaximum(int maximum) = 0;
     virtual void SetBarValue(int value) = 0;
     virtual void ShowCounts(const QString& succeeded, const QString& failed) = 0;

@@ -2,18 +2,18 @@
 
 #include "compose/RunDisplay.h"
 #include "gateway/ModSMS.h"
-#include "runtime/Numbers.h"
 #include "runtime/RuntimeError.h"
 #include "store/DBConnect.h"
 
 namespace tsms {
 
-void InRunFrame(DBConnect& db, ModSMS& sms, RunDisplay& display, const std::function<void()>& walk)
+void InRunFrame(DBConnect& db, ModSMS& sms, RunDisplay& display, std::int32_t total,
+                const std::function<void()>& walk)
 {
     WithHandler(
         [&] {
             display.SetRunBusy(true);
-            display.SetBarMaximum(ToLong(display.TotalText()));
+            display.SetBarMaximum(total);
             display.SetBarValue(0);
             db.ConnectWithRetry();
             sms.InitWithRetry();

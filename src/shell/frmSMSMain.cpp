@@ -5,9 +5,9 @@
 #include "addressbook/dlgSMSGroupSelect.h"
 #include "addressbook/MakeSMSExcel.h"
 #include "addressbook/UserSMSFileRead.h"
+#include "compose/CancelTransport.h"
 #include "compose/ComposeBoxes.h"
 #include "compose/ComposePage.h"
-#include "compose/MakeSMSTransport.h"
 #include "compose/TemplateEditor.h"
 #include "gateway/ModSMS.h"
 #include "history/HistoryPage.h"
@@ -312,9 +312,7 @@ void frmSMSMain::EnterPage(int index)
 
 void frmSMSMain::CancelSent(const SentRows& rows, std::int32_t count)
 {
-    MakeSMSTransport dialog(services_, rows, this);
-    dialog.PrepareCancellation(count);
-    dialog.ShowModal();
+    CancelTransport(services_, rows, count, this).ShowModal();
 }
 
 void frmSMSMain::BtnToolbarEnClick(int index)

@@ -2,6 +2,7 @@
 
 #include "compose/RunTest.h"
 #include "compose/SentRows.h"
+#include "runtime/RuntimeError.h"
 
 #include <gtest/gtest.h>
 
@@ -56,9 +57,9 @@ protected:
 TEST_F(CancelRunTest, MovesTheBarWithEachRowAndTheStatusWithTickedOnesAlone)
 {
     const Rows rows({{.ticked = false, .number = u"100001"_q}, {}, {.ticked = false}, {}});
-    RecordedDisplay display(2);
+    RecordedDisplay display;
     CancelRun run(db, sms, rows, display);
-    run.RunCancel();
+    run.RunCancel(2);
     EXPECT_EQ(display.shown,
               QStringList({u"busy"_q, u"bar of 2"_q, u"bar 0"_q, u"bar 1"_q,
                            u"총 취소건수 : 2건 / 현 취소 건수 : 1건"_q, u"bar 2"_q, u"bar 3"_q,
@@ -69,8 +70,8 @@ TEST_F(CancelRunTest, MovesTheBarWithEachRowAndTheStatusWithTickedOnesAlone)
 TEST_F(CancelRunTest, WithNothingWithdrawnTheBalanceIsNotTouched)
 {
     const Rows rows({{}, {}});
-    RecordedDisplay display(2);
-    CancelRun(db, sms, rows, display).RunCancel();
+    RecordedDisplay display;
+    CancelRun(db, sms, rows, display).RunCancel(2);
     EXPECT_EQ(connections.Connected(), 1);
     EXPECT_EQ(connections.Statements(), QStringList());
 }
@@ -79,9 +80,9 @@ TEST_F(CancelRunTest, ShowsTheCountsBehindEachRowThatWasTried)
 {
     ReserveOne();
     const Rows rows({{.number = u"100001"_q}, {.number = u"999999"_q}, {}});
-    RecordedDisplay display(3);
+    RecordedDisplay display;
     CancelRun run(db, sms, rows, display);
-    run.RunCancel();
+    run.RunCancel(3);
     EXPECT_EQ(display.shown,
               QStringList({u"busy"_q, u"bar of 3"_q, u"bar 0"_q, u"counts [1] []"_q,
                            u"총 취소건수 : 3건 / 현 취소 건수 : 1건"_q, u"bar 1"_q, u"counts [1] [1]"_q,
@@ -93,9 +94,9 @@ TEST_F(CancelRunTest, ShowsTheCountsBehindEachRowThatWasTried)
 TEST_F(CancelRunTest, GroupsTheNumberOfRowsDoneAndLeavesTheTotalPlain)
 {
     const Rows rows(std::vector<Rows::Row>(1000));
-    RecordedDisplay display(1000);
+    RecordedDisplay display;
     CancelRun run(db, sms, rows, display);
-    run.RunCancel();
+    run.RunCancel(1000);
     EXPECT_EQ(display.shown.filter(u"현 취소 건수"_q).last(),
               u"총 취소건수 : 1000건 / 현 취소 건수 : 1,000건"_q);
     EXPECT_EQ(gateway.CallCount(), 0);
@@ -105,15 +106,38 @@ TEST_F(CancelRunTest, CountsAnewInEachRun)
 {
     ReserveOne();
     const Rows rows({{.number = u"100001"_q}});
-    RecordedDisplay display(1);
+    RecordedDisplay display;
     CancelRun run(db, sms, rows, display);
-    run.RunCancel();
+    run.RunCancel(1);
     EXPECT_EQ(run.CountOK, 1);
     EXPECT_EQ(run.CountFail, 0);
-    run.RunCancel(); // it is gone by now
+    run.RunCancel(1); // it is gone by now
     EXPECT_EQ(run.CountOK, 0);
     EXPECT_EQ(run.CountFail, 1);
     EXPECT_EQ(display.shown.filter(u"현 취소 건수"_q).last(), u"총 취소건수 : 1건 / 현 취소 건수 : 1건"_q);
+}
+
+/// A list whose second row cannot be read.
+class BrokenRows final : public SentRows
+{
+public:
+    int MaxRows() const override { return 3; }
+    bool RowTicked(int row) const override { return row != 2 ? true : throw RuntimeError(Overflow); }
+    QString KeyText(int) const override { return {}; }
+    QString NumberText(int) const override { return u"0"_q; }
+    QString TimeText(int) const override { return {}; }
+};
+
+TEST_F(CancelRunTest, AnErrorInTheRunItselfEndsItInSilence)
+{
+    RecordedDisplay display;
+    const BrokenRows rows;
+    CancelRun(db, sms, rows, display).RunCancel(3);
+    EXPECT_EQ(display.shown,
+              QStringList({u"busy"_q, u"bar of 3"_q, u"bar 0"_q, u"총 취소건수 : 3건 / 현 취소 건수 : 1건"_q,
+                           u"bar 1"_q, u"idle"_q}));
+    EXPECT_TRUE(desktop.boxes.isEmpty());
+    EXPECT_EQ(connections.OpenNow(), 0);
 }
 
 } // namespace

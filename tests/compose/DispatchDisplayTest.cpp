@@ -1,4 +1,5 @@
 #include "compose/DispatchRun.h"
+#include "compose/Draft.h"
 #include "compose/RunTest.h"
 #include "support/ListOfRows.h"
 
@@ -15,8 +16,8 @@ protected:
     {
         const auto total = static_cast<int>(given.size());
         const ListOfRows rows(std::move(given));
-        RecordedDisplay display(total);
-        DispatchRun(session, db, sms, rows, display).RunSend({u"안녕"_q, u"02-1234-5678"_q, QString()});
+        RecordedDisplay display;
+        DispatchRun(session, db, sms, {rows, total, u"안녕"_q, u"02-1234-5678"_q}, display).RunSend();
         return display.shown;
     }
 };
@@ -45,10 +46,11 @@ TEST_F(DispatchDisplay, WhenNothingWentOutNothingIsDebited)
 TEST_F(DispatchDisplay, CountsAnewInEachRun)
 {
     const ListOfRows rows({{.phone = u"010-0000-0001"_q}});
-    RecordedDisplay display(1);
-    DispatchRun run(session, db, sms, rows, display);
+    RecordedDisplay display;
+    const Draft draft{rows, 1, u"안녕"_q, u"02-1234-5678"_q};
+    DispatchRun run(session, db, sms, draft, display);
     for (int i = 0; i < 2; ++i) {
-        run.RunSend({u"안녕"_q, u"02-1234-5678"_q, QString()});
+        run.RunSend();
         EXPECT_EQ(run.CountOK, 1);
     }
     EXPECT_EQ(database.Value(u"SELECT SMSRemainCnt FROM SMSSetup"_q), u"98"_q);

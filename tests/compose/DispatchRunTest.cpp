@@ -1,5 +1,3 @@
-#include "compose/MakeSMSTransport.h"
-#include "recipients/GridRecipientList.h"
 #include "support/database/SqlServerWords.h"
 #include "support/program/Program.h"
 #include "toolkit/fields/ComboBox.h"
@@ -390,26 +388,6 @@ TEST_F(Dispatch, F12Sends)
     WhenShown(u"MakeSMSTransport"_q, [](QWidget& dialog) { PressKey(dialog, Qt::Key_F12); });
     program.Click(u"BtnSend(0)"_q);
     EXPECT_EQ(program.gateway.CallCount(), 1);
-}
-
-TEST_F(Dispatch, AnyOtherRunModeSendsNothing)
-{
-    program.List(Good(1));
-    const GridRecipientList rows(program.Recipients());
-    MakeSMSTransport dialog(program.services,
-                            {rows, [] { return u"안녕"_q; }, [] { return u"02-123-4567"_q; }});
-    EXPECT_EQ(program.On<Label>(dialog, u"LblSendSMS(0)"_q).Caption(), u"0"_q);
-    EXPECT_EQ(program.On<Label>(dialog, u"lblStatus"_q).Caption(), u"총 발송건수 : 0건 / 현 발송 건수 0건"_q);
-    dialog.RunMode = u"X"_q;
-    dialog.SetTotal(1);
-    WhenShown(u"MakeSMSTransport"_q, [&](QWidget& form) {
-        PressKey(form, Qt::Key_F12);
-        ClickOn(program.On<QWidget>(form, u"BtnSendS(0)"_q));
-        EXPECT_TRUE(form.isVisible());
-        PressKey(form, Qt::Key_Escape);
-    });
-    dialog.ShowModal();
-    EXPECT_EQ(program.gateway.CallCount(), 0);
 }
 
 TEST_F(Dispatch, TheDialogReadsAsItShould)

@@ -20,9 +20,7 @@ namespace tsms::test {
 class RecordedDisplay final : public RunDisplay
 {
 public:
-    explicit RecordedDisplay(int total) : total_(QString::number(total)) {}
     void SetRunBusy(bool busy) override { shown += busy ? u"busy"_q : u"idle"_q; }
-    QString TotalText() const override { return total_; }
     void SetBarMaximum(int maximum) override { shown += u"bar of %1"_q.arg(maximum); }
     void SetBarValue(int value) override { shown += u"bar %1"_q.arg(value); }
     void ShowCounts(const QString& succeeded, const QString& failed) override
@@ -32,9 +30,6 @@ public:
     void ShowStatus(const QString& text) override { shown += text; }
 
     QStringList shown;
-
-private:
-    QString total_;
 };
 
 /// What a run needs, without a window.

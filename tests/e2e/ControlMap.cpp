@@ -97,7 +97,7 @@ int main(int argc, char** argv)
     auto* grid = window.findChild<fpSpread*>(QStringLiteral("fpSpread"));
     PrintCells(window, *grid);
     GridRecipientList recipients(*grid);
-    MakeSMSTransport dialog(services, {recipients, [] { return QString(); }, [] { return QString(); }});
+    MakeSMSTransport dialog(services, {recipients, 0, {}, {}});
     PrintDialog(dialog);
     dlgSMSCharge charge(services, [] {});
     PrintDialog(charge);

@@ -1,4 +1,5 @@
 #include "compose/DispatchRun.h"
+#include "compose/Draft.h"
 #include "compose/RunDisplay.h"
 #include "gateway/ModSMS.h"
 #include "session/Session.h"
@@ -31,16 +32,11 @@ ListOfRows Recipients(int count, const QString& name)
 class NoDisplay final : public RunDisplay
 {
 public:
-    explicit NoDisplay(int total) : total_(QString::number(total)) {}
     void SetRunBusy(bool) override {}
-    QString TotalText() const override { return total_; }
     void SetBarMaximum(int) override {}
     void SetBarValue(int) override {}
     void ShowCounts(const QString&, const QString&) override {}
     void ShowStatus(const QString&) override {}
-
-private:
-    QString total_;
 };
 
 } // namespace
@@ -75,8 +71,9 @@ int main(int argc, char** argv)
 
     LoadSMSSetup(session, db);
     const ListOfRows recipients = Recipients(count, arguments.value(6));
-    NoDisplay display(count);
-    DispatchRun run(session, db, sms, recipients, display);
-    run.RunSend({u"안녕하세요"_q, u"02-1234-5678"_q, {}});
+    const Draft draft{recipients, count, u"안녕하세요"_q, u"02-1234-5678"_q};
+    NoDisplay display;
+    DispatchRun run(session, db, sms, draft, display);
+    run.RunSend();
     return run.CountOK == count && desktop.boxes.isEmpty() ? 0 : 1;
 }

@@ -1,5 +1,5 @@
 #include "compose/CancelRun.h"
-#include "compose/MakeSMSTransport.h"
+#include "compose/CancelTransport.h"
 #include "history/GridSentRows.h"
 #include "runtime/Numbers.h"
 #include "store/engine/DatabaseError.h"
@@ -77,7 +77,7 @@ protected:
         EXPECT_EQ(program.On<PushButton>(dialog, u"BtnSendS(0)"_q).Caption(), u"예약취소"_q);
         EXPECT_EQ(program.On<PushButton>(dialog, u"BtnSendS(1)"_q).Caption(), u"취소(ESC)"_q);
         for (const QString& name : {u"ChkTime"_q, u"DTPicker1"_q, u"CbTime"_q, u"CbMintue"_q})
-            EXPECT_TRUE(program.On<QWidget>(dialog, name).isHidden()) << name.toStdString();
+            EXPECT_EQ(dialog.findChild<QWidget*>(name), nullptr) << name.toStdString();
     }
     /// The `nth` call of the run goes wrong.
     void Fail(FaultKind kind, int nth) { program.gateway.Fail(kind, callsBefore + nth); }
@@ -138,30 +138,20 @@ TEST_F(Cancellation, TheQuestionTellsTheNumberAndOnlyYesGoesOn)
 
 // The dialog.
 
-TEST_F(Cancellation, TheDialogIsToldWhatItIsAboutBeforeItIsShown)
+TEST_F(Cancellation, TheDialogIsToldWhatItIsAbout)
 {
     Enter();
     const GridSentRows rows(List());
-    MakeSMSTransport dialog(program.services, rows);
-    dialog.PrepareCancellation(1234);
-    EXPECT_EQ(dialog.RunMode, u"DEL"_q);
-    EXPECT_EQ(Words(dialog, u"LblSendSMS(0)"_q), u"1234"_q);
+    CancelTransport dialog(program.services, rows, 1234);
     EXPECT_EQ(program.On<Label>(dialog, u"LblSendSMS(0)"_q).Tag, u"1234"_q);
-    EXPECT_EQ(Words(dialog, u"lblStatus"_q), u"총 취소건수 : 1234건 / 현 취소 건수 : 0건"_q);
-    EXPECT_EQ(program.On<PushButton>(dialog, u"BtnSendS(0)"_q).Caption(), u"취소하기"_q);
-    EXPECT_TRUE(program.On<QWidget>(dialog, u"ChkTime"_q).isHidden());
-    EXPECT_FALSE(program.On<QWidget>(dialog, u"DTPicker1"_q).isHidden());
-    EXPECT_EQ(dialog.windowTitle(), u"문자메시지 발송하기"_q);
-    EXPECT_EQ(Words(dialog, u"lblTitle(1)"_q), u"문자메시지 발송하기"_q);
-    EXPECT_EQ(Words(dialog, u"Label1(0)"_q), u"발송 건수"_q);
+    ExpectForm(dialog, u"1234"_q);
 }
 
 TEST_F(Cancellation, TheDialogHasItsFormBeforeItIsDrawn)
 {
     Enter();
     const GridSentRows rows(List());
-    MakeSMSTransport dialog(program.services, rows);
-    dialog.PrepareCancellation(2);
+    CancelTransport dialog(program.services, rows, 2);
     bool looked = false;
     WhenComing(dialog, [&] {
         looked = true;
@@ -211,26 +201,6 @@ TEST_F(Cancellation, LeavingTheDialogWithdrawsNothingAndSearchesAgain)
     }
     EXPECT_TRUE(Withdrawals().isEmpty());
     EXPECT_EQ(program.Balance(), 100);
-}
-
-TEST_F(Cancellation, AnyOtherRunModeDoesNothing)
-{
-    ListReserved(1);
-    const GridSentRows rows(List());
-    for (const QString& mode : {u"X"_q, u"del"_q}) {
-        MakeSMSTransport dialog(program.services, rows);
-        dialog.PrepareCancellation(1);
-        dialog.RunMode = mode;
-        WhenShown(u"MakeSMSTransport"_q, [&](QWidget& form) {
-            PressKey(form, Qt::Key_F12);
-            ClickOn(program.On<QWidget>(form, u"BtnSendS(0)"_q));
-            EXPECT_TRUE(form.isVisible());
-            EXPECT_EQ(program.On<PushButton>(form, u"BtnSendS(0)"_q).Caption(), u"취소하기"_q);
-            PressKey(form, Qt::Key_Escape);
-        });
-        dialog.ShowModal();
-    }
-    EXPECT_TRUE(Withdrawals().isEmpty());
 }
 
 TEST_F(Cancellation, F12Cancels)
@@ -391,7 +361,7 @@ TEST_P(LongCancellation, ShowsItsLastStatusInFull)
     EnterAndListAll();
     ClickChkAll();
     Cancel(count, {NothingCancelledBox()});
-    EXPECT_EQ(status, CancelStatus(QString::number(count), FormatCount(count)));
+    EXPECT_EQ(status, CancelStatus(count, FormatCount(count)));
     EXPECT_LE(statusWidth, roomForStatus);
 }
 
@@ -650,17 +620,6 @@ TEST_F(Cancellation, ADatabaseThatDiesBeforeTheRunStillLetsTheMessagesBeWithdraw
     EXPECT_EQ(program.Balance(), 100);
     EXPECT_FALSE(program.session.IsBusy());
     EXPECT_EQ(List().MaxRows(), 0);
-}
-
-TEST_F(Cancellation, AnErrorInTheRunItselfEndsItInSilence)
-{
-    ListReserved(2);
-    Cancel(2, {NothingCancelledBox()},
-           [this](QWidget& dialog) { program.On<Label>(dialog, u"LblSendSMS(0)"_q).SetCaption(u"둘"_q); });
-    EXPECT_TRUE(Withdrawals().isEmpty());
-    EXPECT_EQ(Keys().size(), 2);
-    EXPECT_FALSE(program.session.IsBusy());
-    EXPECT_EQ(program.connections.OpenNow(), 0);
 }
 
 } // namespace

@@ -53,9 +53,9 @@ protected:
     QHBoxLayout& FootLayout() const { return *footLayout_; }
     Panel& TitleStrip() const { return *strip_; }
 
-    /// Whether the buttons at the foot and the close sign can be pressed, in their looks too. A run, which
+    /// Whether what is there to be pressed and chosen can be, in its looks too. A run, which
     /// holds the event loop, has them drawn at once.
-    void SetUsable(bool usable);
+    virtual void SetUsable(bool usable);
 
     /// Lets the dialog be lower by `pixels`, or by as much as it can: it is higher than the screen.
     virtual void GiveHeight(int pixels);
