@@ -38,6 +38,7 @@ QPalette WithWindow(QPalette palette, const QColor& color)
     return palette;
 }
 
+/// In milliseconds.
 qint64 Moment()
 {
     return QDeadlineTimer::current().deadline();
@@ -121,7 +122,13 @@ void TextField::FinishComposing()
 
 void TextField::SeeComposed(const QInputMethodEvent& event)
 {
-    composed_ = event.preeditString();
+    const QString& composed = event.preeditString();
+    const QString& committed = event.commitString();
+    if (!committed.isEmpty())
+        moment_ = committed == pending_.text ? pending_.moment : Moment();
+    if (!composed.isEmpty())
+        pending_ = {composed, Moment()};
+    composed_ = composed;
 }
 
 void TextField::ChangeByProgram(Author author, const QString& text)
@@ -139,6 +146,7 @@ void TextField::ChangeByProgram(Author author, const QString& text)
 
 void TextField::EditByKey(const QKeyEvent& key, const std::function<void()>& edit)
 {
+    moment_ = Moment();
     const bool pastes = IsEditingCommand(key) || key.key() == Qt::Key_Insert;
     EditBy(pastes ? Author::Person : Author::Keys, edit);
 }
@@ -233,7 +241,7 @@ void TextField::Remember(const QString& before, const QString& put, int caret)
 {
     const bool changed = settled_ != before;
     if (changed && author_ == Author::Keys)
-        history_.AddKeys({before, Tag}, put, caret, overSelection_, Moment());
+        history_.AddKeys({before, Tag}, put, caret, overSelection_, moment_);
     else if (changed && (author_ == Author::Person || author_ == Author::Choice))
         history_.AddStep({before, Tag});
     history_.Rest(Caret());

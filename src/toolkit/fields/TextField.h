@@ -138,6 +138,13 @@ private:
 
     QString settled_;
     QString composed_; // by an input method, and not yet handed over
+    /// What was composed last, and when: it is handed over when the next key shows that it is whole.
+    struct Composed
+    {
+        QString text;
+        qint64 moment = 0;
+    } pending_;
+    qint64 moment_ = 0; // at which the change that comes next was typed
     EditHistory history_;
     Change* change_ = nullptr;
     QWidget* backing_ = nullptr;
