@@ -15,6 +15,8 @@ from screen import SHOWING, Screen
 PATIENCE = 10.0  # seconds until what does not come is missed
 TO_THE_MOUSE = 0.25  # seconds that a hand takes from the keyboard to the mouse
 DOUBLE_CLICK = 0.5  # seconds within which two clicks are one double click, and some more
+# Milliseconds between two keys: of a person who types well, and where the typing is not what is looked at.
+BRISK, QUICK = 30, 5
 
 MAIN = "TSMS문자메시지"
 
@@ -23,8 +25,27 @@ class Wrong(Exception):
     """What was seen is not what was to be."""
 
 
+class Tool:
+    """One xdotool for all keys and all of the mouse: to start one takes longer than a quick key."""
+
+    def __init__(self):
+        self._process = subprocess.Popen(["xdotool", "-"], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+
+    def do(self, *words):
+        """Returns when it is done: it then tells the size of the display."""
+        self._process.stdin.write(" ".join(map(str, words)) + "\ngetdisplaygeometry\n")
+        self._process.stdin.flush()
+        if not self._process.stdout.readline():
+            raise Wrong("xdotool has ended")
+
+    def end(self):
+        self._process.stdin.close()
+        self._process.wait()
+
+
 class Hands:
     def __init__(self, programs, out):
+        self._tool = Tool()
         self._programs = programs
         self._out = out
         self._process = None
@@ -32,7 +53,7 @@ class Hands:
         self._clicked = 0.0
         self._known = {}
         self.screen = Screen()
-        self.pace = 60  # milliseconds between two keys
+        self.pace = BRISK
 
     # The program.
     def start(self):
@@ -49,6 +70,10 @@ class Hands:
         self._known.clear()
         self.wait_for(MAIN)
         self.the("비우기")
+
+    def end(self):
+        self.stop()
+        self._tool.end()
 
     def stop(self):
         if self._process and self.is_running():
@@ -104,15 +129,15 @@ class Hands:
     def press(self, *keys):
         """Keys as xdotool names them."""
         self._still_runs()
-        self._x("key", "--delay", str(self.pace), *keys)
+        self._tool.do("key", "--delay", self.pace, *keys)
         self._typed = time.monotonic()
 
     def hold(self, key, seconds):
         """The server repeats it meanwhile."""
         self._still_runs()
-        self._x("keydown", key)
+        self._tool.do("keydown", key)
         time.sleep(seconds)
-        self._x("keyup", key)
+        self._tool.do("keyup", key)
         self._typed = time.monotonic()
 
     def keys_have_arrived(self):
@@ -128,24 +153,24 @@ class Hands:
         self._to_the_mouse(place)
         if times > 1:  # not to be taken with the click before
             time.sleep(max(0.0, self._clicked + DOUBLE_CLICK - time.monotonic()))
-        self._x("click", "--repeat", str(times), "--delay", "60", "1")
+        self._tool.do("click", "--repeat", times, "--delay", 60, 1)
         self._clicked = time.monotonic()
 
     def open_menu(self, place):
         """By the right button."""
         self._to_the_mouse(place)
-        self._x("click", "3")
+        self._tool.do("click", 3)
 
     def drag(self, place, to):
         self._to_the_mouse(place)
-        self._x("mousedown", "1")
+        self._tool.do("mousedown", 1)
         self._to_the_mouse(to)
-        self._x("mouseup", "1")
+        self._tool.do("mouseup", 1)
 
     def turn_wheel(self, place, notches):
         """Down; with a negative number up."""
         self._to_the_mouse(place)
-        self._x("click", "--repeat", str(abs(notches)), "--delay", str(self.pace), "5" if notches > 0 else "4")
+        self._tool.do("click", "--repeat", abs(notches), "--delay", self.pace, 5 if notches > 0 else 4)
 
     def picture(self, name):
         subprocess.run(["import", "-window", "root", f"{self._out}/{name}.png"], check=False)
@@ -156,23 +181,17 @@ class Hands:
             place = self.the(place)
         time.sleep(max(0.0, self._typed + TO_THE_MOUSE - time.monotonic()))
         x, y = place if isinstance(place, tuple) else place.middle
-        self._x("mousemove", str(x), str(y))
+        self._tool.do("mousemove", x, y)
 
     def _find(self, words):
-        for window in reversed(self.screen.windows()):
-            thing = window.find(words)
-            if thing:
-                self._known[words] = thing
-                return thing
-        return None
+        for window in self.screen.windows():  # those in front come last
+            self._known.update(window.by_words())
+        return self._known_still(words)
 
     def _known_still(self, words):
-        """Where it was the last time, which saves a walk through the window."""
-        thing = self._known.pop(words, None)
-        if thing and thing.has(SHOWING) and thing.is_known_by(words):
-            self._known[words] = thing
-            return thing
-        return None
+        """Where it was the last time it was looked for, which saves a walk through the window."""
+        thing = self._known.get(words)
+        return thing if thing and thing.has(SHOWING) and thing.is_known_by(words) else None
 
     def _is_active(self, title):
         window = self._x("getactivewindow", check=False)

@@ -6,7 +6,7 @@ import pathlib
 import sys
 import time
 
-from hands import Hands, Wrong
+from hands import BRISK, Hands, Wrong
 from scenes import SCENES
 
 HERE = pathlib.Path(__file__).parent
@@ -18,6 +18,7 @@ def play(hands, sentence, scene):
     try:
         if not hands.is_running():
             hands.start()
+        hands.pace = BRISK
         scene(hands)
         verdict = "ok   "
     except Wrong as wrong:
@@ -35,7 +36,7 @@ def main(programs, out, word=""):
     try:
         held = [play(hands, sentence, scene) for sentence, scene in SCENES if word in sentence]
     finally:
-        hands.stop()
+        hands.end()
     print(f"{sum(held)} of {len(held)} scenes held")
     return 0 if held and all(held) else 1
 

@@ -23,9 +23,8 @@ class Recipients:
 
     def contents(self):
         """Name and phone number by row, of the rows that hold any."""
-        rows = {row: (self.table.cell(NAME, row).name, self.table.cell(PHONE, row).name)
-                for row in range(1, self.table.rows + 1)}
-        return {row: texts for row, texts in rows.items() if any(texts)}
+        rows = enumerate(self.table.texts(NAME, PHONE), 1)
+        return {row: texts for row, texts in rows if any(texts)}
 
     def expect(self, wanted):
         """Afterwards, all that was typed having come to where it goes: a last key goes the same way."""

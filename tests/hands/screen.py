@@ -6,6 +6,7 @@ ACCESSIBLE = "org.a11y.atspi.Accessible"
 COMPONENT = "org.a11y.atspi.Component"
 TABLE = "org.a11y.atspi.Table"
 TEXT = "org.a11y.atspi.Text"
+PROPERTIES = "org.freedesktop.DBus.Properties"
 ROOT = ("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root")
 
 # Numbers of AT-SPI's states.
@@ -28,7 +29,7 @@ class Thing:
         return self._screen.call(self._reference, interface, method, signature, *values)
 
     def value(self, interface, name):
-        return self.call("org.freedesktop.DBus.Properties", "Get", "(ss)", interface, name)
+        return self.call(PROPERTIES, "Get", "(ss)", interface, name)
 
     def children(self):
         return [Thing(self._screen, child) for child in self.call(ACCESSIBLE, "GetChildren")]
@@ -78,10 +79,14 @@ class Thing:
             return None
         return self.call(TEXT, "GetSelection", "(i)", 0)
 
-    def find(self, words):
-        """The control on view that is named or described by these words, or else the label; None without."""
-        found = [thing for thing in self._visible() if thing.is_known_by(words)]
-        return min(found, key=lambda thing: thing.role == "label", default=None)
+    def by_words(self):
+        """What is on view within it, by its name and its description: the controls, and labels of other words."""
+        found = {}
+        for thing in self._visible():
+            for words in {thing.name, thing.description}:
+                if words not in found or found[words].role == "label" != thing.role:
+                    found[words] = thing
+        return found
 
     def is_known_by(self, words):
         return words == self.name or words == self.description
@@ -102,6 +107,14 @@ class Thing:
     def rows(self):
         return self.value(TABLE, "NRows")
 
+    def texts(self, *columns):
+        """What the cells of these columns hold, row by row. Asked all at once: they are many."""
+        rows = range(self.rows)
+        cells = self._screen.call_all([(self._reference, TABLE, "GetAccessibleAt", "(ii)", row, column - 1)
+                                       for row in rows for column in columns])
+        names = self._screen.call_all([(cell, PROPERTIES, "Get", "(ss)", ACCESSIBLE, "Name") for cell in cells])
+        return [tuple(names[row * len(columns):(row + 1) * len(columns)]) for row in rows]
+
     def active_cell(self):
         """Column and row."""
         for row in range(1, self.rows + 1):
@@ -109,6 +122,11 @@ class Thing:
                 if self.cell(column, row).has(FOCUSED):
                     return column, row
         return None
+
+
+def _unpacked(answer):
+    values = answer.unpack()
+    return values[0] if len(values) == 1 else values
 
 
 class Screen:
@@ -120,9 +138,18 @@ class Screen:
         self._bus = Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
 
     def call(self, reference, interface, method, signature="()", *values):
-        answer = self._bus.call_sync(*reference, interface, method, GLib.Variant(signature, values), None, 0,
-                                     ANSWER_MS).unpack()
-        return answer[0] if len(answer) == 1 else answer
+        return _unpacked(self._bus.call_sync(*reference, interface, method, GLib.Variant(signature, values), None, 0,
+                                             ANSWER_MS))
+
+    def call_all(self, questions):
+        """Each with what call() takes. The answers come in the order of the questions."""
+        answers = {}
+        for number, (reference, interface, method, signature, *values) in enumerate(questions):
+            self._bus.call(*reference, interface, method, GLib.Variant(signature, tuple(values)), None, 0, ANSWER_MS,
+                           None, lambda bus, result, number: answers.__setitem__(number, result), number)
+        while len(answers) < len(questions):
+            GLib.MainContext.default().iteration(True)
+        return [_unpacked(self._bus.call_finish(answers[number])) for number in range(len(questions))]
 
     def windows(self):
         """Of all programs."""

@@ -2,6 +2,7 @@
 
 import time
 
+from hands import BRISK, QUICK
 from scenes import scene
 
 MESSAGE = "문자메시지 내용"
@@ -11,13 +12,8 @@ FIRST_DAY, LAST_DAY = "검색 시작일", "검색 종료일"
 CARD = "정기 모임 안내"
 
 YEAR, MONTH, DAY = 0.12, 0.36, 0.52  # where the parts stand in a date field, of its width
+PAUSE = 1.2  # seconds behind which typing is another step, and some more
 WHEEL_ACTS = 0.3  # seconds within which a turn of the wheel would have acted
-
-
-def _field(hands, words):
-    """The field, and not the label beside it."""
-    return hands.wait(lambda: next((thing for window in hands.screen.windows() for thing in window._visible()
-                                    if thing.role == "text" and thing.is_known_by(words)), None), words)
 
 
 def _part(field, share):
@@ -27,7 +23,7 @@ def _part(field, share):
 
 @scene("A click on the sender's number marks it, and what is typed takes its place")
 def _marked(hands):
-    field = _field(hands, SENDER)
+    field = hands.the(SENDER)
     before = field.text
     hands.click(MESSAGE)
     hands.click(_part(field, 0.2))
@@ -40,7 +36,7 @@ def _marked(hands):
 
 @scene("The wheel over a list or a date without the focus changes nothing and takes no focus")
 def _wheel(hands):
-    message = _field(hands, MESSAGE)
+    message = hands.the(MESSAGE)
     hands.click(message.middle)
     card = hands.the(CARD)
     left, top, width, height = card.box
@@ -49,7 +45,7 @@ def _wheel(hands):
     hands.the(CARD)
     hands.expect("the focus in the message", message.has_focus, True)
     hands.click("발송내역")
-    words, first = _field(hands, WORDS), _field(hands, FIRST_DAY)
+    words, first = hands.the(WORDS), hands.the(FIRST_DAY)
     hands.wait(lambda: words.has_focus, "the focus in the search")
     before = first.text
     hands.turn_wheel(first, 3)
@@ -61,7 +57,7 @@ def _wheel(hands):
 
 def _days(hands):
     hands.click("발송내역")
-    first, last = _field(hands, FIRST_DAY), _field(hands, LAST_DAY)
+    first, last = hands.the(FIRST_DAY), hands.the(LAST_DAY)
     _type(hands, first, "2012-05-31")
     hands.click(_part(last, YEAR))
     hands.expect("the first day", first.text, "2012-05-31")
@@ -70,7 +66,9 @@ def _days(hands):
 
 def _type(hands, field, date):
     hands.click(_part(field, YEAR))
+    hands.pace = QUICK
     hands.write(date)
+    hands.pace = BRISK
     hands.wait(lambda: field.text == date, date)
 
 
@@ -111,7 +109,7 @@ def _step(hands):
 
 @scene("What is typed in Hangul is taken back by words, and a chosen card in one step")
 def _undo(hands):
-    message = _field(hands, MESSAGE)
+    message = hands.the(MESSAGE)
     hands.click(message.middle)
     hands.press("ctrl+a", "Delete")
     hands.write("안녕 하세요 여러분")
@@ -124,3 +122,15 @@ def _undo(hands):
         hands.wait(lambda: message.text == wanted, wanted)
     hands.press("ctrl+y")
     hands.wait(lambda: message.text == "안녕 하세요 ", "the word again")
+
+
+@scene("What is typed behind a pause is taken back by itself")
+def _undo_behind_a_pause(hands):
+    message = hands.the(MESSAGE)
+    hands.click(message.middle)
+    hands.press("ctrl+a", "Delete")
+    hands.write("안녕")
+    time.sleep(PAUSE)
+    hands.write("하세요")
+    hands.press("ctrl+z")
+    hands.wait(lambda: message.text == "안녕", "what was typed before the pause")

@@ -5,7 +5,6 @@ from scenes import scene
 
 
 def _two_recipients(hands):
-    hands.pace = 30
     recipients = Recipients(hands)
     recipients.click(NAME, 1)
     hands.write("혜진\n010-0000-0001\n김하늘\n010-0000-0002\n")
@@ -50,7 +49,6 @@ def _clear(hands):
 
 @scene("Tab stays in an open popup")
 def _popup(hands):
-    hands.pace = 60
     hands.click("문자서식")
     hands.click("변환문구")
     for keys, words in (((), "[받는사람]"), (("Tab",), "[보내는사람]"), (("Tab", "Tab"), "[받는사람]")):

@@ -7,7 +7,6 @@ MESSAGE = "문자메시지 내용"
 
 
 def _begin(hands):
-    hands.pace = 30
     recipients = Recipients(hands)
     hands.click(MESSAGE)
     hands.press("ctrl+a", "Delete")

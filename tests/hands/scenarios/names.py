@@ -25,7 +25,6 @@ _typed_straight("안녕하세요", pace=200)
 
 @scene("Shift alone in the middle of a syllable changes nothing")
 def _shift_alone(hands):
-    hands.pace = 30
     recipients = Recipients(hands)
     recipients.click(NAME, 1)
     hands.press("r", "l", "Shift_R", "a", "Shift_R")  # the left one turns fcitx5 off
@@ -38,7 +37,6 @@ def _shift_alone(hands):
 def _left_by(what, leave, cell, held="하녕"):
     @scene(f"A syllable under way and {what}")
     def play(hands):
-        hands.pace = 30
         recipients = Recipients(hands)
         recipients.click(NAME, 3)
         hands.write("하녕")
@@ -62,7 +60,6 @@ _left_by("a click on the message", lambda hands, recipients: hands.click("문자
 
 @scene("The syllable under way goes on after the wheel")
 def _wheel_within(hands):
-    hands.pace = 30
     recipients = Recipients(hands)
     recipients.click(NAME, 3)
     hands.press("g")
@@ -77,7 +74,6 @@ def _wheel_within(hands):
 def _in_place(how, open_cell, walk, wanted, leave):
     @scene(f"{how}, and a click elsewhere" if leave == "click" else f"{how}, and {leave}")
     def play(hands):
-        hands.pace = 30
         recipients = Recipients(hands)
         recipients.click(NAME, 1)
         hands.write("김하늘")
@@ -112,7 +108,6 @@ _in_place("A double click and a syllable in the middle", _by_double_click, ("Hom
 
 @scene("A name that was typed straight is mended in its middle without leaving the cell")
 def _mended(hands):
-    hands.pace = 30
     recipients = Recipients(hands)
     recipients.click(NAME, 1)
     hands.write("김늘")
@@ -124,7 +119,6 @@ def _mended(hands):
 
 @scene("A click into the name under way puts the caret there")
 def _clicked_into(hands):
-    hands.pace = 30
     recipients = Recipients(hands)
     recipients.click(NAME, 1)
     hands.write("하늘")
@@ -148,7 +142,6 @@ def _at_the_limit(hands):
 
 @scene("A syllable in the middle of a full name finds no room and pushes none out")
 def _full(hands):
-    hands.pace = 30
     recipients = Recipients(hands)
     recipients.click(NAME, 1)
     hands.write("가나다라마바")
@@ -164,7 +157,6 @@ def _full(hands):
 
 @scene("Backspace takes a syllable that is under way back letter by letter")
 def _backspace(hands):
-    hands.pace = 30
     recipients = Recipients(hands)
     recipients.click(NAME, 1)
     hands.write("김한")

@@ -6,7 +6,6 @@ from scenes import scene
 
 @scene("Tab goes from the name to the number to the next name")
 def _tab_walks(hands):
-    hands.pace = 30
     recipients = Recipients(hands)
     recipients.click(NAME, 1)
     for text in ("김하늘", "010-0000-0001", "혜진", "010-0000-0002"):
@@ -18,7 +17,6 @@ def _tab_walks(hands):
 
 @scene("Shift and Tab go back from cell to cell")
 def _tab_walks_back(hands):
-    hands.pace = 30
     recipients = Recipients(hands)
     recipients.click(NAME, 2)
     hands.write("혜진")
@@ -32,7 +30,6 @@ def _tab_walks_back(hands):
 
 @scene("Where nothing is edited Tab leaves the list, and the number that follows is not the next recipient's")
 def _tab_leaves(hands):
-    hands.pace = 30
     recipients = Recipients(hands)
     recipients.click(NAME, 1)
     hands.press("Tab")
@@ -42,7 +39,6 @@ def _tab_leaves(hands):
 
 @scene("The keyboard comes to the first free name")
 def _tab_into(hands):
-    hands.pace = 30
     recipients = Recipients(hands)
     recipients.click(NAME, 1)
     hands.write("김하늘\n010-0000-0001\n")
@@ -58,7 +54,6 @@ def _tab_into(hands):
 def _remove(how, times):
     @scene(f"A {how} click on x removes one recipient")
     def play(hands):
-        hands.pace = 30
         recipients = Recipients(hands)
         hands.click(recipients.table.cell(REMOVE, 2), times)
         hands.wait(lambda: recipients.table.rows == 19, "nineteen rows")
@@ -73,7 +68,6 @@ _remove("triple", 3)
 
 @scene("Esc gives a cell that is edited back, and asks for the end of the program only afterwards")
 def _escape(hands):
-    hands.pace = 30
     recipients = Recipients(hands)
     recipients.click(PHONE, 2)
     hands.write("010")

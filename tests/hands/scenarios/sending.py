@@ -16,7 +16,6 @@ def _log():
 
 @scene("A message with a name is sent to the letter, with a syllable under way as 발송 is clicked")
 def _send(hands):
-    hands.pace = 30
     recipients = Recipients(hands)
     last = hands.rows(f"SELECT max(SMSKey) FROM {_log()}")[0][0]
     hands.click(MESSAGE)
@@ -39,7 +38,6 @@ def _send(hands):
 
 @scene("Enter that is held down on 발송 opens the dialog, and sends nothing")
 def _held(hands):
-    hands.pace = 30
     recipients = Recipients(hands)
     last = hands.rows(f"SELECT max(SMSKey) FROM {_log()}")[0][0]
     hands.click(MESSAGE)

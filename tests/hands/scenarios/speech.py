@@ -66,7 +66,6 @@ def _dialog(hands):
 
 @scene("The columns of recipients have words, and a removed recipient is silent")
 def _recipients(hands):
-    hands.pace = 30
     recipients = Recipients(hands)
     table = recipients.table
     hands.expect("the columns", _titles(table), ["번호", "받는사람", "수신번호", "삭제"])
