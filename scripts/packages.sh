@@ -15,6 +15,7 @@ screen_packages=(xvfb openbox xdotool x11-utils x11-xserver-utils imagemagick cu
 hands_packages=(dbus-daemon dbus-bin fcitx5 fcitx5-hangul fcitx5-frontend-qt6 ibus ibus-hangul at-spi2-core
   python3-gi gir1.2-glib-2.0)
 office_packages=(libreoffice-calc-nogui) # the tests have it open what the program writes
+picture_packages=(poppler-utils) # a picture of what the office draws
 bench_packages=(xvfb bsdextrautils)
 sanitize_packages=(clang libclang-rt-dev)
 check_packages=(clang clang-format clang-tidy git)

@@ -47,7 +47,7 @@ class Hands:
     def __init__(self, programs, out):
         self._tool = Tool()
         self._programs = programs
-        self._out = out
+        self.out = out
         self._process = None
         self._typed = 0.0  # when the last key was pressed
         self._clicked = 0.0
@@ -58,12 +58,12 @@ class Hands:
     # The program.
     def start(self):
         """On a demo database of its own."""
-        self.database = f"{self._out}/demo.db"
+        self.database = f"{self.out}/demo.db"
         for file in glob.glob(f"{self.database}*"):  # what an ended program kept beside it, too
             os.remove(file)
         subprocess.run([f"{self._programs}/tsms-db", "create", self.database, "--demo"], check=True,
                        stdout=subprocess.DEVNULL)
-        log = open(f"{self._out}/tsms.log", "a", encoding="utf-8")
+        log = open(f"{self.out}/tsms.log", "a", encoding="utf-8")
         self._process = subprocess.Popen(
             [f"{self._programs}/tsms", f"{self.database}■(embedded)■0■demo■demo■1■demo"],
             env=dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1"), stdout=log, stderr=log)
@@ -173,7 +173,7 @@ class Hands:
         self._tool.do("click", "--repeat", abs(notches), "--delay", self.pace, 5 if notches > 0 else 4)
 
     def picture(self, name):
-        subprocess.run(["import", "-window", "root", f"{self._out}/{name}.png"], check=False)
+        subprocess.run(["import", "-window", "root", f"{self.out}/{name}.png"], check=False)
 
     def _to_the_mouse(self, place):
         self._still_runs()
