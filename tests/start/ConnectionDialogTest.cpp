@@ -183,7 +183,7 @@ TEST_F(ConnectionDialogTest, KeepsThePasswordInTheKeyStoreWhenItIsTold)
 
 TEST_F(ConnectionDialogTest, SaysThatTheKeyStoreDoesNotKeepIt)
 {
-    starter_.passwords.outcome = PasswordStore::Outcome::NotThere;
+    starter_.passwords.outcome = PasswordStore::Outcome::Failed;
     starter_.desktop.Expect(
         NewBox(u"데스크톱의 암호 보관함에 저장하지 못했습니다. 비밀번호는 시작할 때마다 묻습니다."_q,
                MsgBoxExclamation));

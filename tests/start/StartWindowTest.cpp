@@ -226,8 +226,7 @@ TEST_F(StartPassword, IsAskedForWithTheReasonWhenTheKeyStoreHasNone)
 {
     const std::pair<PasswordStore::Outcome, QString> cases[] = {
         {PasswordStore::Outcome::Done, u"※ 암호 보관함에 이 연결의 비밀번호가 없습니다."_q},
-        {PasswordStore::Outcome::NotThere, u"※ 이 데스크톱에서 암호 보관함을 찾을 수 없습니다."_q},
-        {PasswordStore::Outcome::NotOpened, u"※ 암호 보관함을 열지 못했습니다."_q}};
+        {PasswordStore::Outcome::Failed, u"※ 데스크톱에 암호 보관함이 없거나 열리지 않았습니다."_q}};
     for (const auto& [outcome, why] : cases) {
         starter_.passwords.outcome = outcome;
         Open(true);

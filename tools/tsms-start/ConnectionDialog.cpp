@@ -319,9 +319,8 @@ void ConnectionDialog::Keep(SavedConnection connection)
     connection.id = services_.connections.Put(connection);
     if (connection_.keepsPassword && !connection.keepsPassword)
         services_.passwords.Remove(connection.id);
-    const bool isKept = connection_.keepsPassword && Password().isEmpty();
-    if (!connection.keepsPassword || isKept || Password().isEmpty())
-        return;
+    if (!connection.keepsPassword || Password().isEmpty())
+        return; // what is kept already stays
     if (services_.passwords.Write(connection.id, Password()) == PasswordStore::Outcome::Done)
         return;
     connection.keepsPassword = false;

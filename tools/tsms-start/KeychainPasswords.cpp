@@ -18,11 +18,8 @@ PasswordStore::Outcome OutcomeOf(QKeychain::Error error)
         return PasswordStore::Outcome::Done;
     case QKeychain::EntryNotFound:
         return PasswordStore::Outcome::Missing;
-    case QKeychain::NoBackendAvailable:
-    case QKeychain::NotImplemented:
-        return PasswordStore::Outcome::NotThere;
     default:
-        return PasswordStore::Outcome::NotOpened;
+        return PasswordStore::Outcome::Failed;
     }
 }
 

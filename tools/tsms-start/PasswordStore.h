@@ -11,14 +11,13 @@ class PasswordStore
 public:
     enum class Outcome {
         Done,
-        Missing,   ///< it holds none under that id
-        NotThere,  ///< no key store answers on this desk
-        NotOpened, ///< it is locked, and the user did not open it, or it failed otherwise
+        Missing, ///< it holds none under that id
+        Failed,  ///< there is none on this desk, or it is locked and the user has not opened it
     };
 
     struct Answer
     {
-        Outcome outcome = Outcome::NotThere;
+        Outcome outcome = Outcome::Failed;
         QString password = {};
     };
 

@@ -279,17 +279,11 @@ std::optional<QString> StartWindow::PasswordFor(const SavedConnection& connectio
     if (!connection.keepsPassword)
         return AskPassword(connection, {});
     const PasswordStore::Answer kept = services_.passwords.Read(connection.id);
-    switch (kept.outcome) {
-    case PasswordStore::Outcome::Done:
+    if (kept.outcome == PasswordStore::Outcome::Done)
         return kept.password;
-    case PasswordStore::Outcome::Missing:
+    if (kept.outcome == PasswordStore::Outcome::Missing)
         return AskPassword(connection, QStringLiteral("암호 보관함에 이 연결의 비밀번호가 없습니다."));
-    case PasswordStore::Outcome::NotThere:
-        return AskPassword(connection, QStringLiteral("이 데스크톱에서 암호 보관함을 찾을 수 없습니다."));
-    case PasswordStore::Outcome::NotOpened:
-        break;
-    }
-    return AskPassword(connection, QStringLiteral("암호 보관함을 열지 못했습니다."));
+    return AskPassword(connection, QStringLiteral("데스크톱에 암호 보관함이 없거나 열리지 않았습니다."));
 }
 
 std::optional<QString> StartWindow::AskPassword(const SavedConnection& connection, const QString& note)
