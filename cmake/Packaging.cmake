@@ -1,11 +1,12 @@
 # What `cmake --install` puts where, and the Debian package that `cpack -G DEB` makes of it.
 include(GNUInstallDirs)
-install(TARGETS tsms tsms-db tsms-gateway RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+install(TARGETS tsms tsms-db tsms-gateway tsms-start RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
 
 if(UNIX)
   install(FILES "${CMAKE_SOURCE_DIR}/src/toolkit/pictures/application.svg" RENAME tsms.svg
     DESTINATION "${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps")
-  foreach(program tsms tsms-db tsms-gateway)
+  install(FILES packaging/tsms-start.desktop DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
+  foreach(program tsms tsms-db tsms-gateway tsms-start)
     install(FILES "${CMAKE_SOURCE_DIR}/packaging/man/${program}.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
   endforeach()
 endif()
@@ -41,6 +42,6 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # What the programs are linked with is found by itself. The rest of the first list is loaded at its first use.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
-  "libcurl4, libodbc2, fonts-nanum, qt6-translations-l10n")
+  "libcurl4, libodbc2, libsecret-1-0, fonts-nanum, qt6-translations-l10n")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "tdsodbc, xdg-utils, libreoffice-calc | gnumeric")
 include(CPack)

@@ -132,11 +132,38 @@ bool HasTakenItsLine(pid_t process)
     return words.startsWith(program) && !words.contains("s3cret-word");
 }
 
+/// False where the system keeps no cores at all.
+bool CoresAreKept()
+{
+    return WCOREDUMP(
+        EndWhereCoresAreKept({"/bin/sh", "-c", "kill -ABRT $$", nullptr}, [](pid_t) { /* by itself */ }));
+}
+
+/// Whether it has come to its windows. Nobody but root may see that of a program that keeps to itself.
+bool HasCome(pid_t process)
+{
+    QFile maps(u"/proc/%1/maps"_q.arg(process));
+    return !maps.open(QIODevice::ReadOnly) || maps.readAll().contains("libqoffscreen");
+}
+
+TEST(Process, OfTheStarterKeepsNoCoreOfItsSecrets)
+{
+    if (!CoresAreKept())
+        GTEST_SKIP() << "this system keeps no cores at all";
+    const int end = EndWhereCoresAreKept({TSMS_START_PROGRAM, nullptr}, [](pid_t process) {
+        for (int waited = 0; waited < LongEnough && !HasCome(process); waited += 10)
+            QThread::msleep(10);
+        EXPECT_TRUE(HasCome(process));
+        ::kill(process, SIGABRT);
+    });
+    EXPECT_TRUE(WIFSIGNALED(end));
+    EXPECT_EQ(WTERMSIG(end), SIGABRT);
+    EXPECT_FALSE(WCOREDUMP(end));
+}
+
 TEST(Process, KeepsNoCoreOfItsSecrets)
 {
-    const int other =
-        EndWhereCoresAreKept({"/bin/sh", "-c", "kill -ABRT $$", nullptr}, [](pid_t) { /* by itself */ });
-    if (!WCOREDUMP(other))
+    if (!CoresAreKept())
         GTEST_SKIP() << "this system keeps no cores at all";
     const int end = EndWhereCoresAreKept({TSMS_PROGRAM, "a■b■c■d■s3cret-word■1", nullptr}, [](pid_t process) {
         for (int waited = 0; waited < LongEnough && !HasTakenItsLine(process); waited += 10)
