@@ -1,9 +1,13 @@
-// Takes a picture of every window and every message box of the program, in the states that a person sees:
+// Takes a picture of every window and every message box of the program and of tsms-start, in the states that
+// a person sees:
 //   picture-book <folder>
 // The same program gives the same pictures. Ends with 1 when something did not come up as it should.
 #include "e2e/PictureBook.h"
 #include "toolkit/look/Theme.h"
 #include "toolkit/windows/Application.h"
+#include "e2e/StartBook.h"
+#include "toolkit/Application.h"
+#include "toolkit/Theme.h"
 
 #include <gtest/gtest.h>
 
@@ -70,9 +74,12 @@ int main(int argc, char** argv)
     }
     HoldStill();
     Album album(QString::fromLocal8Bit(argv[1]));
-    PictureBook book([&album](QWidget& window, const QString& name) { album.Save(window, name); },
-                     QDir::temp().filePath(u"tsms/bin"_q)); // always the same, since a picture shows it
+    const PictureDesk::TakePicture take = [&album](QWidget& window, const QString& name) {
+        album.Save(window, name);
+    };
+    PictureBook book(take, QDir::temp().filePath(u"tsms/bin"_q)); // always the same, since a picture shows it
     book.TurnAllPages();
+    StartBook(take).TurnAllPages();
     album.SaveIndex();
     return ::testing::UnitTest::GetInstance()->Failed() ? 1 : 0;
 }

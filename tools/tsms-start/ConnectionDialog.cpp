@@ -195,6 +195,7 @@ void ConnectionDialog::ShowKind()
     for (QWidget* widget : std::as_const(serverWidgets_))
         widget->setVisible(serverKind_->Value());
     // The fields of a server need more room, which may be below the screen.
+    BodyLayout().activate();
     layout()->activate();
     if (isVisible())
         move(MovedInto(geometry(), screen()->availableGeometry()).topLeft());
