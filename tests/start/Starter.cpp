@@ -1,5 +1,6 @@
 #include "start/Starter.h"
 
+#include "store/MakeConnections.h"
 #include <gtest/gtest.h>
 
 #include <QApplication>

@@ -2,6 +2,7 @@
 #include "runtime/Clock.h"
 #include "runtime/ProcessRules.h"
 #include "session/Session.h"
+#include "store/MakeConnections.h"
 #include "toolkit/look/Theme.h"
 #include "toolkit/windows/Application.h"
 #include "toolkit/windows/QtDesktop.h"
