@@ -12,7 +12,8 @@ if(TSMS_UNITY AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(tsms_options INTERFACE -Wno-subobject-linkage)
 endif()
 target_compile_definitions(tsms_options INTERFACE
-  QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS QT_NO_FOREACH)
+  QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS QT_NO_FOREACH
+  $<$<PLATFORM_ID:Windows>:WIN32_LEAN_AND_MEAN>) # its old sockets would come before the new ones
 if(TSMS_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)

@@ -27,12 +27,13 @@ qsizetype EndOfProgram(QStringView line)
 QString JoinedWords(const QString& text)
 {
     int count = 0;
-    wchar_t** const words = CommandLineToArgvW(reinterpret_cast<const wchar_t*>(text.utf16()), &count);
-    QStringList line;
-    for (int i = 0; i < count; ++i)
-        line += QString::fromWCharArray(words[i]);
+    const QString line = QStringLiteral("program ") + text; // the first word has rules of its own
+    wchar_t** const words = CommandLineToArgvW(reinterpret_cast<const wchar_t*>(line.utf16()), &count);
+    QStringList joined;
+    for (int i = 1; i < count; ++i)
+        joined += QString::fromWCharArray(words[i]);
     LocalFree(words);
-    return line.join(u' ');
+    return joined.join(u' ');
 }
 
 } // namespace

@@ -16,7 +16,10 @@
 #endif
 #ifdef Q_OS_WIN
 #include <qt_windows.h>
-#include <werapi.h>
+
+// As in werapi.h, which mingw-w64 has in a form that cannot be read alone.
+constexpr DWORD WER_FAULT_REPORTING_FLAG_NOHEAP = 1;
+extern "C" HRESULT WINAPI WerSetFlags(DWORD flags);
 #endif
 
 namespace tsms {

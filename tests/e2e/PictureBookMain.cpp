@@ -3,11 +3,9 @@
 //   picture-book <folder>
 // The same program gives the same pictures. Ends with 1 when something did not come up as it should.
 #include "e2e/PictureBook.h"
+#include "e2e/StartBook.h"
 #include "toolkit/look/Theme.h"
 #include "toolkit/windows/Application.h"
-#include "e2e/StartBook.h"
-#include "toolkit/Application.h"
-#include "toolkit/Theme.h"
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,12 @@
 #include "e2e/StartBook.h"
 
 #include "session/Session.h"
-#include "store/ConnectionText.h"
+#include "store/engine/ConnectionText.h"
 #include "support/database/TestDatabase.h"
 #include "support/FixedClock.h"
 #include "support/program/Hands.h"
 #include "support/Words.h"
-#include "toolkit/TextField.h"
+#include "toolkit/fields/TextField.h"
 #include "tsms-start/StartWindow.h"
 
 #include <gtest/gtest.h>

@@ -3,11 +3,48 @@
 
 #include <gtest/gtest.h>
 
+#ifdef Q_OS_WIN
+#include <qt_windows.h>
+#endif
+
 #include <string>
 #include <vector>
 
 using namespace tsms;
 using namespace tsms::test;
+
+#ifdef Q_OS_WIN
+
+TEST(CommandLine, WithoutQuotationMarksItIsTakenAsItStands)
+{
+    EXPECT_EQ(TextBehindProgram(u"tsms.exe  db■C:\\a\\■1433■id■p\"w  d■7■본사 "),
+              u"db■C:\\a\\■1433■id■p\"w  d■7■본사 "_q);
+    EXPECT_EQ(TextBehindProgram(u"\"C:\\Program Files\\tsms.exe\" a■b"), u"a■b"_q);
+}
+
+TEST(CommandLine, QuotationMarksAroundItAreNoPartOfIt)
+{
+    EXPECT_EQ(TextBehindProgram(u"tsms.exe \"  a■b c■d \""), u"  a■b c■d "_q);
+    EXPECT_EQ(TextBehindProgram(u"tsms.exe \"a■\\\"b\" c"), u"a■\"b c"_q);
+}
+
+TEST(CommandLine, NothingBehindTheProgramIsAnEmptyLine)
+{
+    for (const QStringView line : {u"tsms.exe", u"tsms.exe  ", u"\"C:\\Program Files\\tsms.exe\"", u""})
+        EXPECT_EQ(TextBehindProgram(line), QString()) << qPrintable(line.toString());
+}
+
+TEST(CommandLine, TheSystemsCopyIsOverwritten)
+{
+    const QString before = QString::fromWCharArray(GetCommandLineW());
+    ASSERT_FALSE(TextBehindProgram(before).isEmpty()) << "start it with an option";
+    EXPECT_EQ(TakeCommandLine(0, nullptr), TextBehindProgram(before));
+    const QString after = QString::fromWCharArray(GetCommandLineW());
+    EXPECT_EQ(after.size(), before.size());
+    EXPECT_EQ(TextBehindProgram(after), QString());
+}
+
+#else
 
 namespace {
 
@@ -52,3 +89,5 @@ TEST(CommandLine, TheSystemsCopyIsOverwritten)
     EXPECT_EQ(arguments.words[1], std::string(6, ' '));
     EXPECT_EQ(arguments.words[0], "tsms");
 }
+
+#endif

@@ -3,7 +3,11 @@
 #include <QByteArray>
 #include <QString>
 
+#ifdef Q_OS_WIN
+#include <qt_windows.h>
+#else
 #include <iconv.h>
+#endif
 
 #include <array>
 #include <optional>
@@ -12,6 +16,33 @@ namespace tsms::test {
 
 /// One character in another encoding, by the platform's own table: each by a conversion that begins afresh,
 /// ends with it and has room to spare. Nothing where the platform refuses it.
+#ifdef Q_OS_WIN
+inline std::optional<QByteArray> OneConverted(const char* to, const char*, QByteArray character)
+{
+    constexpr UINT page = 949;
+    const auto byte = [&character](int at) {
+        return static_cast<wchar_t>(static_cast<unsigned char>(character[at]));
+    };
+    // Its C1 controls and characters of private use are single bytes that mean nothing.
+    const auto meansNothing = [](wchar_t unit) { return (unit >= 0x80 && unit < 0xA0) || unit >= 0xE000; };
+    if (qstrcmp(to, "CP949") == 0) {
+        const wchar_t unit = static_cast<wchar_t>(byte(0) << 8 | byte(1));
+        std::array<char, 2> bytes{};
+        BOOL isReplaced = FALSE;
+        const int size =
+            WideCharToMultiByte(page, WC_NO_BEST_FIT_CHARS, &unit, 1, bytes.data(), 2, nullptr, &isReplaced);
+        const bool isTaken = size > 0 && !isReplaced && !(size == 1 && meansNothing(unit));
+        return isTaken ? std::optional(QByteArray(bytes.data(), size)) : std::nullopt;
+    }
+    wchar_t unit = 0;
+    const int size = static_cast<int>(character.size());
+    const bool isTaken =
+        MultiByteToWideChar(page, MB_ERR_INVALID_CHARS, character.constData(), size, &unit, 1) == 1 &&
+        !(size == 1 && meansNothing(unit));
+    const char units[] = {static_cast<char>(unit >> 8), static_cast<char>(unit)};
+    return isTaken ? std::optional(QByteArray(units, 2)) : std::nullopt;
+}
+#else
 inline std::optional<QByteArray> OneConverted(const char* to, const char* from, QByteArray character)
 {
     const iconv_t handle = iconv_open(to, from);
@@ -24,6 +55,7 @@ inline std::optional<QByteArray> OneConverted(const char* to, const char* from, 
     iconv_close(handle);
     return isTaken ? std::optional(QByteArray(room.data(), out - room.data())) : std::nullopt;
 }
+#endif
 
 /// What each byte and each pair of bytes of code page 949 stands for, and a decoder by that table.
 class CodePageTable
