@@ -5,6 +5,7 @@
 
 #include "support/ScriptedDesktop.h"
 #include "support/Words.h"
+#include "toolkit/UrlCatcher.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -310,17 +311,6 @@ TEST(QtDesktop, TheHourglassIsNeverStacked)
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
-class UrlCatcher : public QObject
-{
-    Q_OBJECT
-
-public:
-    QList<QUrl> urls;
-
-public Q_SLOTS:
-    void Catch(const QUrl& url) { urls += url; }
-};
-
 TEST(QtDesktop, PagesAndDocumentsGoToTheUsersPrograms)
 {
     UrlCatcher catcher;
@@ -472,5 +462,3 @@ TEST(QtDesktop, APickerSpeaksKoreanAndShowsWholeDates)
 }
 
 } // namespace
-
-#include "QtDesktopTest.moc"
