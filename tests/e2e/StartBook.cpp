@@ -33,8 +33,8 @@ public:
     bool IsOpen() const override { return inner_->IsOpen(); }
     void Open() override { inner_->Open(); }
     void Close() override { inner_->Close(); }
-    std::unique_ptr<Recordset> Query(const QString& sql) override { return inner_->Query(sql); }
-    void Execute(const QString& sql) override { inner_->Execute(sql); }
+    std::unique_ptr<Recordset> Query(const Statement& statement) override { return inner_->Query(statement); }
+    void Execute(const Statement& statement) override { inner_->Execute(statement); }
 
 private:
     std::unique_ptr<Connection> inner_;

@@ -43,8 +43,8 @@ public:
     bool IsOpen() const override { return false; }
     void Open() override { throw error_; }
     void Close() override {}
-    std::unique_ptr<Recordset> Query(const QString&) override { throw RuntimeError(ObjectNotSet); }
-    void Execute(const QString&) override { throw RuntimeError(ObjectNotSet); }
+    std::unique_ptr<Recordset> Query(const Statement&) override { throw RuntimeError(ObjectNotSet); }
+    void Execute(const Statement&) override { throw RuntimeError(ObjectNotSet); }
 
 private:
     RuntimeError error_;
