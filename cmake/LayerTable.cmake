@@ -16,7 +16,7 @@ set(TSMS_LAYERS
   "spreadsheet/write: runtime spreadsheet"
   "services: runtime session store gateway"
   "toolkit/look: runtime"
-  "toolkit/fields: runtime session toolkit/look toolkit/windows"
+  "toolkit/fields: runtime toolkit/look"
   "toolkit/grid: runtime toolkit/look toolkit/fields"
   "toolkit/windows: runtime session toolkit/look toolkit/fields"
   "recipients: runtime toolkit/look toolkit/grid"

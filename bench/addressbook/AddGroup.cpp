@@ -55,8 +55,7 @@ public:
     /// The people of a group in the open database's current recordset.
     Recordset& Read(int group)
     {
-        Demand(db.ConnectDB() == Boolean::True &&
-                   db.OpenRecordset(MembersOfGroup(QString::number(group))) == Boolean::True,
+        Demand(db.ConnectDB() && db.OpenRecordset(MembersOfGroup(QString::number(group))),
                "bench_addressbook: the members could not be read");
         return db.Records();
     }

@@ -100,9 +100,9 @@ Cost Read(const QString& folder, int records)
     list.Reset();
     grid.show();
     const std::int64_t from = Nanoseconds();
-    const Boolean read = ReadRecipientFile(folder, list, desk.session, desk.desktop);
+    const bool read = ReadRecipientFile(folder, list, desk.session, desk.desktop);
     const auto took = static_cast<double>(Nanoseconds() - from);
-    Demand(read == Boolean::True && grid.GetText(GridRecipientList::PhoneColumn, records) == PhoneOf(records),
+    Demand(read && grid.GetText(GridRecipientList::PhoneColumn, records) == PhoneOf(records),
            "bench_import: not all records were read");
     return {took, PeakMemory()};
 }

@@ -23,7 +23,7 @@ Search SearchByProgram(Session& session)
     const Statement statement = WholeYear();
     const std::int64_t from = Nanoseconds();
     db.ConnectDB();
-    if (db.OpenRecordset(statement) != Boolean::True) {
+    if (!db.OpenRecordset(statement)) {
         std::fprintf(stderr, "the program's search failed\n");
         std::exit(1);
     }

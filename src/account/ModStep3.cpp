@@ -5,12 +5,11 @@
 #include "account/MonthFigures.h"
 #include "runtime/Desktop.h"
 #include "runtime/Numbers.h"
-#include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "services/ScreenBusy.h"
 #include "services/Services.h"
-#include "store/DBConnect.h"
 #include "store/LoadSMSSetup.h"
+#include "store/WithDatabase.h"
 #include "toolkit/fields/TextHelper.h"
 #include "toolkit/grid/fpSpread.h"
 #include "toolkit/grid/GridHelper.h"
@@ -50,13 +49,22 @@ bool ConfirmDelete(Desktop& desktop, const QString& date)
                           MsgBoxQuestion, QStringLiteral("충전현황 삭제")) == AnswerYes;
 }
 
+/// Reads under a busy screen, and hands the result on.
+void ReadIntoGrid(Services& services, const Statement& query, const std::function<void(Recordset&)>& show)
+{
+    ReportingErrors(services.db, [&] {
+        WhileScreenBusy(services,
+                        [&] { WithDatabase(services.db, [&] { services.db.Select(query, show); }); });
+    });
+}
+
 /// The two statements stand alone: a credit that is gone stays gone when its row cannot be deleted.
 bool TakeOut(Services& services, const fpSpread& ledger, int row)
 {
     TextHelper textHelper(services.desktop);
     const QString count = textHelper.PlainNumber(CellText(ledger, ChargeCount, row), QString());
-    return services.db.ExecuteSQL(BalanceMinus(count)) == Boolean::True &&
-           services.db.ExecuteSQL(ChargeDelete(CellText(ledger, ChargeKey, row))) == Boolean::True;
+    return services.db.ExecuteSQL(BalanceMinus(count)) &&
+           services.db.ExecuteSQL(ChargeDelete(CellText(ledger, ChargeKey, row)));
 }
 
 /// The figures of the current record, in the column of its month.
@@ -163,18 +171,10 @@ void InitMonthGrid(fpSpread& grid)
 
 void QueryCharges(Services& services, fpSpread& ledger)
 {
-    WithHandler(
-        [&] {
-            SetScreenBusy(services, Boolean::True);
-            services.db.ConnectWithRetry();
-            if (services.db.OpenRecordset(ChargeQuery()) == Boolean::True) {
-                ledger.SetMaxRows(services.db.Records().RecordCount());
-                ledger.SetDataSource(std::make_shared<ChargeRows>(services.db.ShareRecords()));
-            }
-            services.db.CloseDB();
-            SetScreenBusy(services, Boolean::False);
-        },
-        [&] { services.db.ReportDBError(); });
+    ReadIntoGrid(services, ChargeQuery(), [&](const Recordset& charges) {
+        ledger.SetMaxRows(charges.RecordCount());
+        ledger.SetDataSource(std::make_shared<ChargeRows>(services.db.ShareRecords()));
+    });
 }
 
 void DeleteCharge(Services& services, fpSpread& ledger, int testedRow)
@@ -189,29 +189,20 @@ void DeleteCharge(Services& services, fpSpread& ledger, int testedRow)
     const int row = ledger.ActiveRow();
     if (!ConfirmDelete(services.desktop, CellText(ledger, ChargeDate, row)))
         return;
-    services.db.ConnectWithRetry();
-    if (TakeOut(services, ledger, row)) {
+    WithDatabase(services.db, [&] {
+        if (!TakeOut(services, ledger, row))
+            return;
         LoadSMSSetup(services.session, services.db);
         QueryCharges(services, ledger);
         services.desktop.MsgBox(
             QStringLiteral("삭제완료 : 정상적으로 문자메시지 충전내역을 삭제 하였습니다."), MsgBoxInformation,
             QStringLiteral("삭제완료"));
-    }
-    services.db.CloseDB();
+    });
 }
 
 void QueryMonths(Services& services, fpSpread& months, const QString& year)
 {
-    WithHandler(
-        [&] {
-            SetScreenBusy(services, Boolean::True);
-            services.db.ConnectWithRetry();
-            if (services.db.OpenRecordset(MonthQuery(year)) == Boolean::True)
-                ShowMonths(months, services.db.Records());
-            services.db.CloseDB();
-            SetScreenBusy(services, Boolean::False);
-        },
-        [&] { services.db.ReportDBError(); });
+    ReadIntoGrid(services, MonthQuery(year), [&](Recordset& figures) { ShowMonths(months, figures); });
 }
 
 } // namespace tsms

@@ -5,8 +5,8 @@
 #include "runtime/Text.h"
 #include "services/ScreenBusy.h"
 #include "services/Services.h"
-#include "store/DBConnect.h"
 #include "store/LoadSMSSetup.h"
+#include "store/WithDatabase.h"
 #include "toolkit/fields/DatePicker.h"
 #include "toolkit/fields/MemoBox.h"
 #include "toolkit/fields/TextBox.h"
@@ -119,13 +119,12 @@ bool dlgSMSCharge::CountIsNumber()
 /// given.
 bool dlgSMSCharge::Write()
 {
-    SetScreenBusy(services_, Boolean::True);
-    services_.db.ConnectWithRetry();
-    const bool written = services_.db.ExecuteSQL(ChargeInsert(Typed())) == Boolean::True &&
-                         services_.db.ExecuteSQL(BalancePlus(PlainText(Count))) == Boolean::True;
-    services_.db.CloseDB();
-    SetScreenBusy(services_, Boolean::False);
-    return written;
+    return WhileScreenBusy(services_, [this] {
+        return WithDatabase(services_.db, [this] {
+            return services_.db.ExecuteSQL(ChargeInsert(Typed())) &&
+                   services_.db.ExecuteSQL(BalancePlus(PlainText(Count)));
+        });
+    });
 }
 
 void dlgSMSCharge::BoxChange(int index)

@@ -1,12 +1,11 @@
 #include "account/dlgSMSSetup.h"
 
 #include "runtime/Numbers.h"
-#include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "services/ScreenBusy.h"
 #include "services/Services.h"
-#include "store/DBConnect.h"
 #include "store/LoadSMSSetup.h"
+#include "store/WithDatabase.h"
 #include "toolkit/fields/Controls.h"
 #include "toolkit/fields/Naming.h"
 #include "toolkit/fields/TextBox.h"
@@ -96,26 +95,16 @@ void dlgSMSSetup::BuildOptions()
     }
 }
 
-void dlgSMSSetup::Activate()
+void dlgSMSSetup::OnFirstActivation()
 {
-    // Whether it is the first is all that counts.
-    if (!activated_) {
-        activated_ = true;
-        FirstActivation();
-    }
-}
-
-void dlgSMSSetup::FirstActivation()
-{
-    WithHandler(
-        [this] {
-            services_.db.ConnectWithRetry();
-            if (services_.db.OpenRecordset(SettingsQuery()) == Boolean::True &&
-                services_.db.Records().RecordCount() > 0)
-                Show(services_.db.Records());
-            services_.db.CloseDB();
-        },
-        [this] { services_.db.ReportDBError(); });
+    ReportingErrors(services_.db, [this] {
+        WithDatabase(services_.db, [this] {
+            services_.db.Select(SettingsQuery(), [this](const Recordset& account) {
+                if (account.RecordCount() > 0)
+                    Show(account);
+            });
+        });
+    });
 }
 
 void dlgSMSSetup::Show(const Recordset& account)
@@ -159,12 +148,10 @@ void dlgSMSSetup::Save()
 
 bool dlgSMSSetup::Write()
 {
-    SetScreenBusy(services_, Boolean::True);
-    services_.db.ConnectWithRetry();
-    const Boolean written = services_.db.ExecuteSQL(SettingsUpdate(Typed()));
-    services_.db.CloseDB();
-    SetScreenBusy(services_, Boolean::False);
-    return written == Boolean::True;
+    return WhileScreenBusy(services_, [this] {
+        return WithDatabase(services_.db,
+                            [this] { return services_.db.ExecuteSQL(SettingsUpdate(Typed())); });
+    });
 }
 
 void dlgSMSSetup::BoxChange(int index)

@@ -25,13 +25,12 @@ public:
     explicit dlgSMSSetup(Services& services, QWidget* owner = nullptr);
 
 protected:
-    void Activate() override;
+    void OnFirstActivation() override;
     void OnButton(int index) override;
 
 private:
     void BuildFields();
     void BuildOptions();
-    void FirstActivation();
     void Show(const Recordset& account);
     Settings Typed() const;
 
@@ -44,7 +43,6 @@ private:
     TextHelper textHelper_;
     FieldRows fields_;
     std::array<CheckBox*, 2> options_{}; // ChkOption
-    bool activated_ = false;
 };
 
 } // namespace tsms

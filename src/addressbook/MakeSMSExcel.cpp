@@ -208,12 +208,12 @@ void MakeSMSExcel::BuildResult()
 
 void MakeSMSExcel::Load()
 {
-    SetBusy(Boolean::True);
+    SetBusy(true);
     InitImportGrid(*sheet_);
     FixSize(*sheet_);
     bar_->SetMax(100);
     bar_->SetValue(100);
-    SetBusy(Boolean::False);
+    SetBusy(false);
 }
 
 void MakeSMSExcel::cmdSearchClick()
@@ -228,19 +228,19 @@ void MakeSMSExcel::cmdSearchClick()
             if (!IsBlank(path_->Caption()))
                 Import(path_->Caption());
         },
-        [this] { SetRunBusy(Boolean::False); }); // and no word
+        [this] { SetRunBusy(false); }); // and no word
 }
 
 void MakeSMSExcel::Import(const QString& path)
 {
-    SetRunBusy(Boolean::True);
+    SetRunBusy(true);
     SheetOperations operations(services_.clock, SheetColumns);
     ListSheets(operations, path);
     ReadSheet(operations);
     const std::int32_t total = FindEnd();
     if (total >= 1)
         TakeRows(total);
-    SetRunBusy(Boolean::False);
+    SetRunBusy(false);
     services_.desktop.MsgBox(QStringLiteral("엑셀 추출완료 : 엑셀데이터 정상적으로 가져왔습니다."),
                              MsgBoxInformation, QStringLiteral("엑셀데이터 완료!!!"));
     Unload();
@@ -360,13 +360,12 @@ void MakeSMSExcel::ShowProgress(std::int32_t total, int row, const Counts& count
     bar_->Refresh();
 }
 
-void MakeSMSExcel::SetRunBusy(Boolean busy)
+void MakeSMSExcel::SetRunBusy(bool busy)
 {
     SetScreenBusy(services_, busy);
-    const bool usable = busy == Boolean::False;
-    search_->setEnabled(usable);
-    SetUsable(usable);
-    if (usable)
+    search_->setEnabled(!busy);
+    SetUsable(!busy);
+    if (!busy)
         return;
     // They change with each row: on a ground of their own and in a fixed place that draws nothing else anew.
     for (Label* label : {goodCount_, loseCount_, progress_}) {

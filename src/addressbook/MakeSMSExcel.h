@@ -49,7 +49,7 @@ private:
     void TakeRow(int row, Counts& counts);
     void WriteGoodRow(int row, const QString& name, const QString& phone, Counts& counts);
     void ShowProgress(std::int32_t total, int row, const Counts& counts);
-    void SetRunBusy(Boolean busy);
+    void SetRunBusy(bool busy);
     QString SheetText(int column, int row) const;
 
     Services& services_;

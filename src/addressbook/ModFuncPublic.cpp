@@ -25,8 +25,7 @@ void AddGroups(Recordset& rows, ComboBox& list, const QString& code)
 void FillMemberGroupCombo(DBConnect& db, ComboBox& list, const QString& code)
 {
     list.Clear();
-    if (db.OpenRecordset(GroupList()) == Boolean::True)
-        AddGroups(db.Records(), list, code);
+    db.Select(GroupList(), [&](Recordset& groups) { AddGroups(groups, list, code); });
     list.AddItem(OtherGroup(), 0);
     list.SetListIndex(0);
 }

@@ -6,7 +6,7 @@
 #include "recipients/RecipientList.h"
 #include "runtime/Desktop.h"
 #include "runtime/RuntimeError.h"
-#include "session/Session.h"
+#include "session/ScreenBusy.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -91,28 +91,27 @@ bool TakeNumber(PhoneSet& listed, const RecipientList& list, int row, const QStr
 
 } // namespace
 
-Boolean ReadRecipientFile(const QString& applicationPath, RecipientList& list, Session& session,
-                          Desktop& desktop)
+bool ReadRecipientFile(const QString& applicationPath, RecipientList& list, Session& session,
+                       Desktop& desktop)
 {
-    const auto leave = [&](Boolean result) {
-        desktop.SetMousePointer(MousePointer::Default);
-        session.Busy = Boolean::False;
+    const auto leave = [&](bool result) {
+        SetScreenBusy(session, desktop, false);
         return result;
     };
     return WithHandler(
         [&] {
             const QString path = applicationPath + QStringLiteral("/SMSData");
             if (!QFileInfo(path).isFile())
-                return Boolean::False;
-            session.Busy = Boolean::False; // cleared and not set, as it is meant
+                return false;
+            session.Busy = false; // cleared and not set, as it is meant
             desktop.SetMousePointer(MousePointer::Hourglass);
             QFile file(path);
             if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
                 throw RuntimeError(PathFileAccess);
             list.InOneGo([&] { ReadRecipientRecords(file, list); });
-            return leave(Boolean::True);
+            return leave(true);
         },
-        [&] { return leave(Boolean::False); });
+        [&] { return leave(false); });
 }
 
 void ReadRecipientRecords(QIODevice& file, RecipientList& list)

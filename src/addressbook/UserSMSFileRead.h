@@ -1,7 +1,5 @@
 #pragma once
 
-#include "runtime/Boolean.h"
-
 #include <QString>
 
 class QIODevice;
@@ -17,8 +15,8 @@ struct Session;
 ///
 /// True when the file was there and read through; false when it is missing, and then nothing has happened, or
 /// when reading it failed, and then the rows until there stay. No box is shown. Busy is cleared.
-Boolean ReadRecipientFile(const QString& applicationPath, RecipientList& list, Session& session,
-                          Desktop& desktop);
+bool ReadRecipientFile(const QString& applicationPath, RecipientList& list, Session& session,
+                       Desktop& desktop);
 
 /// The reading itself: makes room for all records of the file and 20 rows more, and writes the rows from the
 /// first on. Raises 6 for a file larger than any list, 57 where it cannot be read.

@@ -92,18 +92,18 @@ void dlgSMSGroupMst::Save()
         name_->SetFocus();
         return;
     }
-    SetScreenBusy(services_, Boolean::True);
+    SetScreenBusy(services_, true);
     services_.db.ConnectWithRetry();
     // A rename is not looked at: two groups may come to bear one name.
-    if (AddMode == Boolean::True && IsTaken()) {
+    if (AddMode && IsTaken()) {
         TellTaken();
         return;
     }
-    const Boolean saved = services_.db.ExecuteSQL(
-        AddMode == Boolean::True ? InsertGroup(name_->Text()) : RenameGroup(name_->Tag, name_->Text()));
+    const bool saved = services_.db.ExecuteSQL(AddMode ? InsertGroup(name_->Text())
+                                                       : RenameGroup(name_->Tag, name_->Text()));
     services_.db.CloseDB();
-    SetScreenBusy(services_, Boolean::False);
-    if (saved != Boolean::True)
+    SetScreenBusy(services_, false);
+    if (!saved)
         return;
     TellSaved();
     Unload();
@@ -113,8 +113,7 @@ void dlgSMSGroupMst::Save()
 /// A query that fails does not hold the insert up.
 bool dlgSMSGroupMst::IsTaken()
 {
-    return services_.db.OpenRecordset(GroupsNamed(name_->Text())) == Boolean::True &&
-           services_.db.Records().RecordCount() > 0;
+    return services_.db.OpenRecordset(GroupsNamed(name_->Text())) && services_.db.Records().RecordCount() > 0;
 }
 
 void dlgSMSGroupMst::TellTaken()
@@ -122,13 +121,13 @@ void dlgSMSGroupMst::TellTaken()
     services_.desktop.MsgBox(QStringLiteral("이미 등록된 그룹명칭입니다. 확인하여 주십시오.!"),
                              MsgBoxCritical, QStringLiteral("기 등록된 그룹"));
     services_.db.CloseDB();
-    SetScreenBusy(services_, Boolean::False);
+    SetScreenBusy(services_, false);
     name_->SetFocus();
 }
 
 void dlgSMSGroupMst::TellSaved()
 {
-    if (AddMode == Boolean::True)
+    if (AddMode)
         services_.desktop.MsgBox(QStringLiteral("정상적으로 그룹을 등록 하였습니다."), MsgBoxInformation,
                                  QStringLiteral("그룹등록"));
     else

@@ -20,7 +20,7 @@ public:
     /// `reload` shows the groups anew, once the dialog has stored one and is unloaded.
     dlgSMSGroupMst(Services& services, std::function<void()> reload, QWidget* owner = nullptr);
 
-    Boolean AddMode = Boolean::False;
+    bool AddMode = false;
 
     /// The group to rename.
     void SetGroup(const QString& code, const QString& name);

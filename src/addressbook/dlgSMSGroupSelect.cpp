@@ -12,15 +12,15 @@
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "services/Services.h"
-#include "store/DBConnect.h"
+#include "store/WithDatabase.h"
 #include "toolkit/fields/ComboBox.h"
 #include "toolkit/fields/Controls.h"
-#include "toolkit/fields/Guarded.h"
 #include "toolkit/fields/Naming.h"
 #include "toolkit/grid/fpSpread.h"
 #include "toolkit/grid/GridHelper.h"
 #include "toolkit/grid/RowsOnView.h"
 #include "toolkit/look/Pictures.h"
+#include "toolkit/windows/Guarded.h"
 
 #include <QAbstractItemView>
 #include <QHBoxLayout>
@@ -163,12 +163,12 @@ void dlgSMSGroupSelect::BuildChosen(QHBoxLayout& body)
 
 void dlgSMSGroupSelect::Load()
 {
-    SetBusy(Boolean::True);
+    SetBusy(true);
     InitMemberGrid();
     InitChosenGrid();
     for (fpSpread* grid : {browse_, chosen_})
         ShowRows(*grid, RowsOnView);
-    SetBusy(Boolean::False);
+    SetBusy(false);
 }
 
 void dlgSMSGroupSelect::GiveHeight(int pixels)
@@ -177,24 +177,15 @@ void dlgSMSGroupSelect::GiveHeight(int pixels)
         ShowRows(*grid, RowsOnView, pixels, LeastRows);
 }
 
-void dlgSMSGroupSelect::Activate()
+void dlgSMSGroupSelect::OnFirstActivation()
 {
-    // Whether it is the first is all that counts.
-    if (!activated_) {
-        activated_ = true;
-        FirstActivation();
-    }
-}
-
-void dlgSMSGroupSelect::FirstActivation()
-{
-    SetBusy(Boolean::True);
-    if (services_.db.ConnectDB() == Boolean::True) {
+    SetBusy(true);
+    if (services_.db.ConnectDB()) {
         FillGroupCombo();
         GetGroupMst();
         services_.db.CloseDB();
     }
-    SetBusy(Boolean::False);
+    SetBusy(false);
 }
 
 bool dlgSMSGroupSelect::ShowsMembers() const
@@ -221,31 +212,32 @@ void dlgSMSGroupSelect::FillGroupCombo()
 {
     // Meant: Busy is clear behind this, also for a caller that had set it.
     Trapped([this] {
-        SetBusy(Boolean::True);
+        SetBusy(true);
         filter_->Clear();
         filter_->AddItem(QStringLiteral("전체"), 0);
-        if (services_.db.OpenRecordset(GroupList()) == Boolean::True)
-            for (Recordset& groups = services_.db.Records(); !groups.Eof(); groups.MoveNext())
+        services_.db.Select(GroupList(), [this](Recordset& groups) {
+            for (; !groups.Eof(); groups.MoveNext())
                 filter_->AddItem(groups.Field(u"GroupNm"), ToLong(groups.Field(u"GroupCd")));
+        });
         // A failure has cleared it by now, and the choice below is none of a person's.
-        SetBusy(Boolean::True);
+        SetBusy(true);
         filter_->AddItem(OtherGroup(), 0);
         filter_->SetListIndex(0);
-        SetBusy(Boolean::False);
+        SetBusy(false);
     });
 }
 
 void dlgSMSGroupSelect::GetGroupMst()
 {
     Trapped([this] {
-        SetBusy(Boolean::True);
-        if (services_.db.OpenRecordset(BrowseStatement()) == Boolean::True) {
+        SetBusy(true);
+        services_.db.Select(BrowseStatement(), [this](Recordset&) {
             if (ShowsMembers())
                 book_->ShowMembers(services_.db.ShareRecords());
             else
                 book_->ShowGroups(services_.db.ShareRecords());
-        }
-        SetBusy(Boolean::False);
+        });
+        SetBusy(false);
     });
 }
 
@@ -273,9 +265,7 @@ void dlgSMSGroupSelect::LayOutBrowse(bool members)
 
 void dlgSMSGroupSelect::Reload()
 {
-    services_.db.ConnectWithRetry();
-    GetGroupMst();
-    services_.db.CloseDB();
+    WithDatabase(services_.db, [this] { GetGroupMst(); });
 }
 
 void dlgSMSGroupSelect::OptTypeClick(int index)
@@ -283,10 +273,10 @@ void dlgSMSGroupSelect::OptTypeClick(int index)
     if (IsBusy())
         return;
     LayOutBrowse(index == 0);
-    services_.db.ConnectWithRetry();
-    FillGroupCombo();
-    GetGroupMst();
-    services_.db.CloseDB();
+    WithDatabase(services_.db, [this] {
+        FillGroupCombo();
+        GetGroupMst();
+    });
 }
 
 void dlgSMSGroupSelect::CbGroupClick()
@@ -305,11 +295,11 @@ void dlgSMSGroupSelect::BtnAddClick(int index)
     const auto reload = [this] { Reload(); };
     if (index == 0) {
         dlgSMSGroupSub dialog(services_, reload, this);
-        dialog.AddMode = Boolean::True;
+        dialog.AddMode = true;
         dialog.ShowModal();
     } else {
         dlgSMSGroupMst dialog(services_, reload, this);
-        dialog.AddMode = Boolean::True;
+        dialog.AddMode = true;
         dialog.ShowModal();
     }
 }
@@ -367,7 +357,7 @@ void dlgSMSGroupSelect::EditMember()
     dlgSMSGroupSub dialog(services_, reload, this);
     dialog.SetCaption(title);
     dialog.SetTitle(title);
-    dialog.AddMode = Boolean::False;
+    dialog.AddMode = false;
     dialog.GetGroupSubData(code);
     dialog.ShowModal();
 }
@@ -383,12 +373,12 @@ void dlgSMSGroupSelect::DeleteMember()
     }
     if (!ConfirmDelete(book_->ActiveText(MemberName), title))
         return;
-    services_.db.ConnectWithRetry();
-    if (services_.db.ExecuteSQL(tsms::DeleteMember(code)) == Boolean::True) {
+    WithDatabase(services_.db, [&] {
+        if (!services_.db.ExecuteSQL(tsms::DeleteMember(code)))
+            return;
         GetGroupMst();
         TellDeleted();
-    }
-    services_.db.CloseDB();
+    });
 }
 
 void dlgSMSGroupSelect::EditGroup()
@@ -404,7 +394,7 @@ void dlgSMSGroupSelect::EditGroup()
     dlgSMSGroupMst dialog(services_, reload, this);
     dialog.SetCaption(title);
     dialog.SetTitle(title);
-    dialog.AddMode = Boolean::False;
+    dialog.AddMode = false;
     dialog.SetGroup(book_->ActiveText(GroupCode), book_->ActiveText(GroupName));
     dialog.ShowModal();
 }
@@ -420,14 +410,14 @@ void dlgSMSGroupSelect::DeleteGroup()
     }
     if (!ConfirmDelete(book_->ActiveText(GroupName), title))
         return;
-    services_.db.ConnectWithRetry();
-    if (services_.db.ExecuteSQL(tsms::DeleteGroup(code)) == Boolean::True &&
-        services_.db.ExecuteSQL(ReleaseMembers(code)) == Boolean::True) {
+    WithDatabase(services_.db, [&] {
+        if (!services_.db.ExecuteSQL(tsms::DeleteGroup(code)) ||
+            !services_.db.ExecuteSQL(ReleaseMembers(code)))
+            return;
         FillGroupCombo();
         GetGroupMst();
         TellDeleted();
-    }
-    services_.db.CloseDB();
+    });
 }
 
 bool dlgSMSGroupSelect::ConfirmDelete(const QString& name, const QString& title)
@@ -448,12 +438,12 @@ void dlgSMSGroupSelect::BtnFuncAddClick(int index)
     if (IsBusy())
         return;
     Trapped([this, index] {
-        SetBusy(Boolean::True);
+        SetBusy(true);
         if (index == 0)
             AddTicked();
         else
             EmptyChosen();
-        SetBusy(Boolean::False);
+        SetBusy(false);
     });
 }
 
@@ -468,23 +458,23 @@ void dlgSMSGroupSelect::AddTicked()
 void dlgSMSGroupSelect::AddTickedGroups()
 {
     const QStringList codes = book_->TickedGroups();
-    services_.db.ConnectWithRetry();
-    for (const QString& code : codes)
-        if (!AddGroup(code))
-            break;
-    services_.db.CloseDB();
+    WithDatabase(services_.db, [&] {
+        for (const QString& code : codes)
+            if (!AddGroup(code))
+                break;
+    });
 }
 
 /// False when its members could not be read, which has been reported.
 bool dlgSMSGroupSelect::AddGroup(const QString& code)
 {
-    if (services_.db.OpenRecordset(MembersOfGroup(code)) != Boolean::True)
-        return false;
-    QList<BookPerson> group;
-    for (Recordset& members = services_.db.Records(); !members.Eof(); members.MoveNext())
-        group += BookPerson{members.Field(u"GSubCd"), members.Field(u"GSubNm"), members.Field(u"GSPhone")};
-    list_->AddGroup(group);
-    return true;
+    return services_.db.Select(MembersOfGroup(code), [this](Recordset& members) {
+        QList<BookPerson> group;
+        for (; !members.Eof(); members.MoveNext())
+            group +=
+                BookPerson{members.Field(u"GSubCd"), members.Field(u"GSubNm"), members.Field(u"GSPhone")};
+        list_->AddGroup(group);
+    });
 }
 
 void dlgSMSGroupSelect::EmptyChosen()
@@ -511,9 +501,9 @@ void dlgSMSGroupSelect::Include()
                                  MsgBoxCritical, QStringLiteral("발송대상 선택"));
         return;
     }
-    SetBusy(Boolean::True);
+    SetBusy(true);
     HandOver(*chosen_, recipients_);
-    SetBusy(Boolean::False);
+    SetBusy(false);
     Unload();
 }
 
@@ -521,7 +511,7 @@ void dlgSMSGroupSelect::Include()
 void dlgSMSGroupSelect::Trapped(const std::function<void()>& body)
 {
     WithHandler(body, [this] {
-        SetBusy(Boolean::False);
+        SetBusy(false);
         services_.db.ReportDBError();
     });
 }

@@ -39,7 +39,7 @@ public:
     void GetGroupMst();
 
 protected:
-    void Activate() override;
+    void OnFirstActivation() override;
     void OnButton(int index) override;
     void GiveHeight(int pixels) override;
 
@@ -51,7 +51,6 @@ private:
     void BuildTransfer(QHBoxLayout& body);
     void BuildChosen(QHBoxLayout& body);
     void Load();
-    void FirstActivation();
 
     bool ShowsMembers() const;
     void InitMemberGrid();
@@ -94,7 +93,6 @@ private:
     fpSpread* chosen_ = nullptr;         // fpSpread
     std::unique_ptr<BrowseList> book_;   // what stands in browse_
     std::unique_ptr<ChosenList> list_;   // what stands in chosen_
-    bool activated_ = false;
 };
 
 } // namespace tsms

@@ -4,10 +4,9 @@
 #include "addressbook/ModFuncPublic.h"
 #include "recipients/MobileNumber.h"
 #include "runtime/Desktop.h"
-#include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "services/ScreenBusy.h"
-#include "store/DBConnect.h"
+#include "store/WithDatabase.h"
 #include "toolkit/fields/ComboBox.h"
 #include "toolkit/fields/Controls.h"
 #include "toolkit/fields/Naming.h"
@@ -91,26 +90,20 @@ void dlgSMSGroupSub::BuildBox(int index, const QString& caption, QGridLayout& ro
 
 void dlgSMSGroupSub::LoadGroups()
 {
-    services_.db.ConnectWithRetry();
-    FillMemberGroupCombo(services_.db, *group_, QString());
-    services_.db.CloseDB();
+    WithDatabase(services_.db, [this] { FillMemberGroupCombo(services_.db, *group_, QString()); });
 }
 
 void dlgSMSGroupSub::GetGroupSubData(const QString& code)
 {
-    WithHandler(
-        [&] {
-            services_.db.ConnectWithRetry();
-            if (services_.db.OpenRecordset(MemberByCode(code)) == Boolean::True)
-                ShowMember();
-            services_.db.CloseDB();
-        },
-        [this] { services_.db.ReportDBError(); });
+    ReportingErrors(services_.db, [&] {
+        WithDatabase(services_.db, [&] {
+            services_.db.Select(MemberByCode(code), [this](const Recordset& member) { ShowMember(member); });
+        });
+    });
 }
 
-void dlgSMSGroupSub::ShowMember()
+void dlgSMSGroupSub::ShowMember(const Recordset& member)
 {
-    const Recordset& member = services_.db.Records();
     boxes_[NameBox]->SetText(Trim(member.Field(u"GSubNm")));
     boxes_[NameBox]->Tag = Trim(member.Field(u"GSubCd"));
     boxes_[PhoneBox]->SetText(Trim(member.Field(u"GSPhone")));
@@ -159,18 +152,18 @@ void dlgSMSGroupSub::Save()
 {
     if (!FieldsPass())
         return;
-    SetScreenBusy(services_, Boolean::True);
+    SetScreenBusy(services_, true);
     services_.db.ConnectWithRetry();
     // A change is not looked at: two persons may come to bear one name.
-    if (AddMode == Boolean::True && IsTaken()) {
+    if (AddMode && IsTaken()) {
         TellTaken();
         return;
     }
-    const Boolean saved = services_.db.ExecuteSQL(
-        AddMode == Boolean::True ? InsertMember(Typed()) : UpdateMember(boxes_[NameBox]->Tag, Typed()));
+    const bool saved = services_.db.ExecuteSQL(AddMode ? InsertMember(Typed())
+                                                       : UpdateMember(boxes_[NameBox]->Tag, Typed()));
     services_.db.CloseDB();
-    SetScreenBusy(services_, Boolean::False);
-    if (saved != Boolean::True)
+    SetScreenBusy(services_, false);
+    if (!saved)
         return;
     TellSaved();
     Unload();
@@ -201,7 +194,7 @@ MemberFields dlgSMSGroupSub::Typed() const
 /// A query that fails does not hold the insert up.
 bool dlgSMSGroupSub::IsTaken()
 {
-    return services_.db.OpenRecordset(MembersNamed(boxes_[NameBox]->Text())) == Boolean::True &&
+    return services_.db.OpenRecordset(MembersNamed(boxes_[NameBox]->Text())) &&
            services_.db.Records().RecordCount() > 0;
 }
 
@@ -210,15 +203,14 @@ void dlgSMSGroupSub::TellTaken()
     services_.desktop.MsgBox(QStringLiteral("이미 등록된 성명입니다. 확인하여 주십시오.!"), MsgBoxCritical,
                              QStringLiteral("기 등록된 성명"));
     services_.db.CloseDB();
-    SetScreenBusy(services_, Boolean::False);
+    SetScreenBusy(services_, false);
     boxes_[NameBox]->SetFocus();
 }
 
 void dlgSMSGroupSub::TellSaved()
 {
-    services_.desktop.MsgBox(AddMode == Boolean::True
-                                 ? QStringLiteral("정상적으로 하위 발송대상을 등록 하였습니다.")
-                                 : QStringLiteral("정상적으로 하위 발송대상을 수정 하였습니다."),
+    services_.desktop.MsgBox(AddMode ? QStringLiteral("정상적으로 하위 발송대상을 등록 하였습니다.")
+                                     : QStringLiteral("정상적으로 하위 발송대상을 수정 하였습니다."),
                              MsgBoxInformation, QStringLiteral("발송대상"));
 }
 

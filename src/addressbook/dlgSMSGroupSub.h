@@ -11,6 +11,7 @@ class QGridLayout;
 namespace tsms {
 
 class ComboBox;
+class Recordset;
 class TextBox;
 struct MemberFields;
 struct Services;
@@ -25,7 +26,7 @@ public:
     /// `reload` shows the members anew, once the dialog has stored one and is unloaded.
     dlgSMSGroupSub(Services& services, std::function<void()> reload, QWidget* owner = nullptr);
 
-    Boolean AddMode = Boolean::False;
+    bool AddMode = false;
 
     /// Loads one member into the fields. Opens and closes the database itself and reports its failures, also
     /// that there is no such member any more.
@@ -38,7 +39,7 @@ private:
     void BuildFields();
     void BuildBox(int index, const QString& caption, QGridLayout& rows);
     void LoadGroups();
-    void ShowMember();
+    void ShowMember(const Recordset& member);
 
     void BoxChange(int index);
     void BoxKeyPress(int index, char16_t& key);

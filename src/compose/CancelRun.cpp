@@ -49,7 +49,7 @@ void CancelRun::Withdraw(int row, const QString& number)
 {
     const QString key = Trim(rows_.KeyText(row));
     const QString year = Trim(rows_.TimeText(row)).left(4);
-    if (sms_.WithdrawSMS(key, number, year, QString(), QString(), QString()) == Boolean::True)
+    if (sms_.WithdrawSMS(key, number, year, QString(), QString(), QString()))
         ++CountOK;
     else
         ++CountFail;

@@ -20,6 +20,7 @@
 #include "toolkit/grid/PastedRows.h"
 #include "toolkit/grid/RowsOnView.h"
 #include "toolkit/look/Theme.h"
+#include "toolkit/windows/Guarded.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>

@@ -49,9 +49,9 @@ void DispatchRun::SendRow(int row)
         return;
     const QString name = Trim(draft_.recipients.Name(row));
     const QString text = WithRecipient(WithSender(draft_.message, session_.SMSOrgNm), name);
-    const Boolean accepted = sms_.SubmitSMS(name, phone, draft_.senderNumber, text, draft_.reservation,
-                                            QString(), QString(), QString());
-    if (accepted == Boolean::True)
+    const bool accepted = sms_.SubmitSMS(name, phone, draft_.senderNumber, text, draft_.reservation,
+                                         QString(), QString(), QString());
+    if (accepted)
         ++CountOK;
     else
         ++CountFail;

@@ -32,7 +32,7 @@ MakeSMSTransport::MakeSMSTransport(Services& services, const Draft& draft, QWidg
           draft.total, owner),
       draft_(draft)
 {
-    SetBusy(Boolean::True);
+    SetBusy(true);
     BuildReservation();
     date_->SetValue(services_.clock.Date());
     hour_->AddItem(FirstHourItem());
@@ -41,7 +41,7 @@ MakeSMSTransport::MakeSMSTransport(Services& services, const Draft& draft, QWidg
     minute_->SetListIndex(0);
     EnableReservation(false);
     reserve_->OnClick = [this] { ChkTimeClick(); };
-    SetBusy(Boolean::False);
+    SetBusy(false);
     Button(0)->setFocus(Qt::OtherFocusReason); // what a person came for
 }
 

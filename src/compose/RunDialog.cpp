@@ -105,7 +105,7 @@ void RunDialog::OnButton(int index)
 
 void RunDialog::SetRunBusy(bool busy)
 {
-    SetBusy(ToBooleanValue(busy));
+    SetBusy(busy);
     SetUsable(!busy);
     if (!busy)
         return;

@@ -6,7 +6,6 @@
 #include "compose/SymbolGrid.h"
 #include "services/Services.h"
 #include "session/Session.h"
-#include "toolkit/fields/Guarded.h"
 #include "toolkit/fields/LimitRule.h"
 #include "toolkit/fields/MemoBox.h"
 #include "toolkit/fields/Naming.h"
@@ -15,6 +14,7 @@
 #include "toolkit/grid/GridHelper.h"
 #include "toolkit/look/Theme.h"
 #include "toolkit/look/Twips.h"
+#include "toolkit/windows/Guarded.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>

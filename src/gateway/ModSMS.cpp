@@ -27,24 +27,24 @@ SoapClient30& ModSMS::Client()
     return *client_;
 }
 
-Boolean ModSMS::InitSOAP()
+bool ModSMS::InitSOAP()
 {
     return WithHandler(
         [&] {
             client_ = std::make_unique<SoapClient30>();
             client_->mssoapinit(wsdlUrl_, {}, {}, {});
-            return Boolean::True;
+            return true;
         },
         [&] {
             desktop_.MsgBox(client_->FaultString() + CrLf + client_->Detail(), MsgBoxPlain,
                             QStringLiteral("문자메시지 통신환경 연결실패!!!"));
-            return Boolean::False;
+            return false;
         });
 }
 
 void ModSMS::InitWithRetry()
 {
-    if (InitSOAP() == Boolean::False)
+    if (!InitSOAP())
         InitSOAP();
 }
 
@@ -68,9 +68,9 @@ void ModSMS::ReleaseAfterFailure()
     db_.ReportDBError();
 }
 
-Boolean ModSMS::SubmitSMS(const QString& recvNm, const QString& recvTelNo, const QString& senderTelNo,
-                          const QString& content, const QString& sendTime, const QString& extra1,
-                          const QString& extra2, const QString& extra3)
+bool ModSMS::SubmitSMS(const QString& recvNm, const QString& recvTelNo, const QString& senderTelNo,
+                       const QString& content, const QString& sendTime, const QString& extra1,
+                       const QString& extra2, const QString& extra3)
 {
     Reply reply;
     const bool isAccepted = WithHandler(
@@ -86,17 +86,17 @@ Boolean ModSMS::SubmitSMS(const QString& recvNm, const QString& recvTelNo, const
         },
         [] { return false; });
     if (isAccepted)
-        return Boolean::True;
+        return true;
 
     desktop_.MsgBox(QStringLiteral("문자발송 실패!!! :  실패코드 = ") + reply.ErrorCode +
                         QStringLiteral(" 실패사유 = ") + reply.ErrorMsg,
                     MsgBoxCritical, QStringLiteral("문자메시지 발송실패!!!"));
     ReleaseAfterFailure();
-    return Boolean::False;
+    return false;
 }
 
-Boolean ModSMS::WithdrawSMS(const QString& smsKey, const QString& smsNo, const QString& logYear,
-                            const QString& extra1, const QString& extra2, const QString& extra3)
+bool ModSMS::WithdrawSMS(const QString& smsKey, const QString& smsNo, const QString& logYear,
+                         const QString& extra1, const QString& extra2, const QString& extra3)
 {
     return WithHandler(
         [&] {
@@ -107,14 +107,14 @@ Boolean ModSMS::WithdrawSMS(const QString& smsKey, const QString& smsNo, const Q
             ReadReply(answer, reply);
             const Statement removal = LogDelete(smsKey, logYear);
             if (!reply.NamesNoFailure())
-                return Boolean::False;
+                return false;
             // Meant: withdrawn is withdrawn, also when the row stays.
             db_.ExecuteSQL(removal);
-            return Boolean::True;
+            return true;
         },
         [&] {
             ReleaseAfterFailure();
-            return Boolean::False;
+            return false;
         });
 }
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "runtime/Boolean.h"
-
 #include <QString>
 
 #include <memory>
@@ -25,7 +23,7 @@ public:
 
     /// Creates the client and has it read the service description. A failure shows its box; the client
     /// then stands all the same, but every call through it fails.
-    Boolean InitSOAP();
+    bool InitSOAP();
 
     /// InitSOAP, and once more if that failed; the second result is not looked at.
     void InitWithRetry();
@@ -36,14 +34,14 @@ public:
     /// Sends one message and writes its log row. True when the reply names no failure, whatever becomes of
     /// the log row. Any failure shows a box, releases the client and closes the database. `sendTime` is
     /// blank for at once, else "YYYY:MM:DD:HH:MM". Never raises.
-    Boolean SubmitSMS(const QString& recvNm, const QString& recvTelNo, const QString& senderTelNo,
-                      const QString& content, const QString& sendTime, const QString& extra1,
-                      const QString& extra2, const QString& extra3);
+    bool SubmitSMS(const QString& recvNm, const QString& recvTelNo, const QString& senderTelNo,
+                   const QString& content, const QString& sendTime, const QString& extra1,
+                   const QString& extra2, const QString& extra3);
 
     /// Withdraws one reserved message and removes its log row. False, without a word, when the gateway
     /// refuses; after an error also the client is released and the database closed. Never raises.
-    Boolean WithdrawSMS(const QString& smsKey, const QString& smsNo, const QString& logYear,
-                        const QString& extra1, const QString& extra2, const QString& extra3);
+    bool WithdrawSMS(const QString& smsKey, const QString& smsNo, const QString& logYear,
+                     const QString& extra1, const QString& extra2, const QString& extra3);
 
 private:
     SoapClient30& Client(); ///< raises 91 when there is none

@@ -8,15 +8,13 @@
 #include "runtime/Clock.h"
 #include "runtime/Desktop.h"
 #include "runtime/Numbers.h"
-#include "runtime/RuntimeError.h"
 #include "services/ScreenBusy.h"
 #include "services/Services.h"
 #include "session/Session.h"
-#include "store/DBConnect.h"
 #include "store/engine/RecordsetCells.h"
+#include "store/WithDatabase.h"
 #include "toolkit/fields/ComboBox.h"
 #include "toolkit/fields/DatePicker.h"
-#include "toolkit/fields/Guarded.h"
 #include "toolkit/fields/Naming.h"
 #include "toolkit/fields/TextBox.h"
 #include "toolkit/grid/fpSpread.h"
@@ -24,6 +22,7 @@
 #include "toolkit/look/Pictures.h"
 #include "toolkit/look/Theme.h"
 #include "toolkit/look/Tip.h"
+#include "toolkit/windows/Guarded.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -193,9 +192,7 @@ void HistoryPage::BtnSendListSerchClick()
     list_->SetReDraw(false);
     InitSendListGrid(*list_);
     list_->SetReDraw(true);
-    services_.db.ConnectWithRetry();
-    RunQuery(dates_[0]->Value().left(4));
-    services_.db.CloseDB();
+    WithDatabase(services_.db, [this] { RunQuery(dates_[0]->Value().left(4)); });
 }
 
 bool HistoryPage::DatesAreInOneYear()
@@ -210,20 +207,17 @@ bool HistoryPage::DatesAreInOneYear()
 
 void HistoryPage::RunQuery(const QString& period)
 {
-    WithHandler([&] { FillList(period); }, [&] { services_.db.ReportDBError(); });
+    ReportingErrors(services_.db, [&] { WhileScreenBusy(services_, [&] { FillList(period); }); });
 }
 
 void HistoryPage::FillList(const QString& period)
 {
-    SetScreenBusy(services_, Boolean::True);
-    if (services_.db.OpenRecordset(SendListStatement(Asked(period))) == Boolean::True) {
-        const auto records = services_.db.ShareRecords();
-        list_->SetMaxRows(records->RecordCount());
-        list_->SetDataSource(std::make_shared<RecordsetCells>(records));
-        ShowCount(records->RecordCount());
+    services_.db.Select(SendListStatement(Asked(period)), [this](const Recordset& records) {
+        list_->SetMaxRows(records.RecordCount());
+        list_->SetDataSource(std::make_shared<RecordsetCells>(services_.db.ShareRecords()));
+        ShowCount(records.RecordCount());
         SetFirstMarks(*list_, services_.clock.Date());
-    }
-    SetScreenBusy(services_, Boolean::False);
+    });
 }
 
 SendListSearch HistoryPage::Asked(const QString& period)

@@ -58,7 +58,7 @@ QString MakeExcel(Services& services, const fpSpread& grid, const QString& title
     if (!ExportToExcel(grid, file))
         return QStringLiteral("저장하지 못했습니다 : ") + QDir::toNativeSeparators(file);
     services.desktop.OpenDocument(file);
-    SetScreenBusy(services, Boolean::False);
+    SetScreenBusy(services, false);
     return QStringLiteral("저장하였습니다 : ") + QDir::toNativeSeparators(file);
 }
 

@@ -5,11 +5,10 @@
 #include "history/ReservedTest.h"
 #include "runtime/Clock.h"
 #include "runtime/Desktop.h"
-#include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "services/Services.h"
 #include "session/Session.h"
-#include "store/DBConnect.h"
+#include "store/WithDatabase.h"
 #include "toolkit/fields/Controls.h"
 #include "toolkit/fields/Naming.h"
 #include "toolkit/fields/WrappedLabel.h"
@@ -113,19 +112,18 @@ void dlgSMSShowDetail::Sp_SMSDeTail(std::int32_t key, const QString& period)
 {
     if (IsBusy())
         return;
-    WithHandler(
-        [&] {
-            services_.session.Busy = Boolean::True;
-            services_.db.ConnectWithRetry();
+    ReportingErrors(services_.db, [&] {
+        services_.session.Busy = true;
+        WithDatabase(services_.db, [&] {
             values_[StatusWord]->SetCaption(QString());
             values_[StatusWord]->Tag.clear();
-            if (services_.db.OpenRecordset(DetailStatement(key, period)) == Boolean::True &&
-                services_.db.Records().RecordCount() > 0)
-                Fill(services_.db.Records());
-            services_.db.CloseDB();
-            services_.session.Busy = Boolean::False;
-        },
-        [&] { services_.db.ReportDBError(); });
+            services_.db.Select(DetailStatement(key, period), [this](const Recordset& row) {
+                if (row.RecordCount() > 0)
+                    Fill(row);
+            });
+        });
+        services_.session.Busy = false;
+    });
 }
 
 void dlgSMSShowDetail::Fill(const Recordset& row)
@@ -186,18 +184,15 @@ void dlgSMSShowDetail::BtnCancelClick()
 /// True when the gateway agreed and the credit is written.
 bool dlgSMSShowDetail::Cancel()
 {
-    services_.db.ConnectWithRetry();
-    services_.sms.InitWithRetry();
-    const Boolean withdrawn = services_.sms.WithdrawSMS(values_[StatusWord]->Tag, content_->Tag,
-                                                        Trim(values_[SendTime]->Caption()).left(4), QString(),
-                                                        QString(), QString());
-    const bool isDone =
-        withdrawn == Boolean::True &&
-        services_.db.ExecuteSQL(Statement(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1")) ==
-            Boolean::True;
-    services_.sms.ReleaseSOAP();
-    services_.db.CloseDB();
-    return isDone;
+    return WithDatabase(services_.db, [this] {
+        services_.sms.InitWithRetry();
+        const bool isDone = services_.sms.WithdrawSMS(values_[StatusWord]->Tag, content_->Tag,
+                                                      Trim(values_[SendTime]->Caption()).left(4), QString(),
+                                                      QString(), QString()) &&
+                            services_.db.ExecuteSQL(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1");
+        services_.sms.ReleaseSOAP();
+        return isDone;
+    });
 }
 
 Statement DetailStatement(std::int32_t key, const QString& period)

@@ -1,16 +1,30 @@
 #pragma once
 
-#include "runtime/Desktop.h"
 #include "services/Services.h"
-#include "session/Session.h"
+#include "session/ScreenBusy.h"
+
+#include <type_traits>
 
 namespace tsms {
 
-/// Busy, with the hourglass on the whole screen while it is set.
-inline void SetScreenBusy(Services& services, Boolean flag)
+inline void SetScreenBusy(Services& services, bool busy)
 {
-    services.session.Busy = flag;
-    services.desktop.SetMousePointer(flag == Boolean::True ? MousePointer::Hourglass : MousePointer::Default);
+    SetScreenBusy(services.session, services.desktop, busy);
+}
+
+/// Runs `body` under a busy screen and gives what it gives. An error that leaves `body` passes by, and Busy
+/// stays for the handler to clear.
+template <class Body> auto WhileScreenBusy(Services& services, Body&& body) -> decltype(body())
+{
+    SetScreenBusy(services, true);
+    if constexpr (std::is_void_v<decltype(body())>) {
+        body();
+        SetScreenBusy(services, false);
+    } else {
+        const auto result = body();
+        SetScreenBusy(services, false);
+        return result;
+    }
 }
 
 } // namespace tsms

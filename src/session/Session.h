@@ -1,7 +1,5 @@
 #pragma once
 
-#include "runtime/Boolean.h"
-
 #include <QString>
 
 #include <cstdint>
@@ -26,7 +24,7 @@ struct Session
     QString ConnectionString;
 
     /// True while a run or a query works. Nearly every event handler begins by doing nothing when it is set.
-    Boolean Busy = Boolean::False;
+    bool Busy = false;
 
     // The account row. They keep what they held when the row cannot be read.
     std::int32_t SMSRemainCnt = 0;
@@ -41,7 +39,7 @@ struct Session
     /// Set by the main window while it is loaded: shows SMSRemainCnt as the session holds it.
     std::function<void()> BalanceListener;
 
-    bool IsBusy() const { return Busy != Boolean::False; }
+    bool IsBusy() const { return Busy; }
 
     /// Has the main window, if it is loaded, show the session's balance.
     void AnnounceBalance() const;

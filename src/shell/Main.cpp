@@ -9,7 +9,7 @@
 #include "shell/LaunchLine.h"
 #include "store/DBConnect.h"
 #include "store/LoadSMSSetup.h"
-#include "toolkit/fields/Guarded.h"
+#include "toolkit/windows/Guarded.h"
 
 #include <exception>
 
@@ -32,7 +32,7 @@ Launch Start(const QString& command, Services& services)
         return {};
     }
     StoreLaunchLine(command, services.session);
-    if (LoadSMSSetup(services.session, services.db) != Boolean::True)
+    if (!LoadSMSSetup(services.session, services.db))
         return {};
     Launch launch;
     launch.form = std::make_unique<frmSMSMain>(services);

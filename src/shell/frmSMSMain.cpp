@@ -213,7 +213,7 @@ void frmSMSMain::SetHeight(int height)
 
 void frmSMSMain::Load()
 {
-    SetBusy(Boolean::True);
+    SetBusy(true);
     for (QWidget* page : pages_)
         page->move(PageCorner);
     InitTemplateCache(*templateCache_);
@@ -221,26 +221,17 @@ void frmSMSMain::Load()
     history_->Load();
     account_->Load();
     ShowBalance();
-    SetBusy(Boolean::False);
+    SetBusy(false);
     CheckAccountAtLoad(services_.desktop, services_.session);
 }
 
-void frmSMSMain::Activate()
+void frmSMSMain::OnFirstActivation()
 {
-    // Whether it is the first is all that counts.
-    if (!activated_) {
-        activated_ = true;
-        FirstActivation();
-    }
-}
-
-void frmSMSMain::FirstActivation()
-{
-    SetBusy(Boolean::True);
+    SetBusy(true);
     ShowVersion();
     picker_->Enter();
     ReadRecipients();
-    SetBusy(Boolean::False);
+    SetBusy(false);
 }
 
 void frmSMSMain::ReadRecipients()

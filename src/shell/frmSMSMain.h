@@ -37,7 +37,7 @@ public:
 protected:
     bool QueryUnload() override;
     bool KeyDown(int key, Qt::KeyboardModifiers shift) override;
-    void Activate() override;
+    void OnFirstActivation() override;
     void FitInto(QSize room) override;
 
 private:
@@ -55,7 +55,6 @@ private:
     void BtnWebPageClick(int index);
     void EnterPage(int index);
     void CancelSent(const SentRows& rows, std::int32_t count);
-    void FirstActivation();
     void ReadRecipients();
     void TakeTemplate(int card);
     void ShowBalance();
@@ -78,7 +77,6 @@ private:
     fpSpread* templateCache_ = nullptr; // fpSpreadHidden
     Label* balance_ = nullptr;
     Label* version_ = nullptr;
-    bool activated_ = false;
 };
 
 } // namespace tsms

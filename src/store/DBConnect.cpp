@@ -4,7 +4,7 @@
 #include "runtime/DoEvents.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
-#include "session/Session.h"
+#include "session/ScreenBusy.h"
 #include "store/engine/ConnectionText.h"
 #include "store/engine/DatabaseError.h"
 
@@ -43,7 +43,7 @@ DBConnect::DBConnect(Session& session, Desktop& desktop, ConnectionMaker makeCon
 {
 }
 
-Boolean DBConnect::ConnectDB()
+bool DBConnect::ConnectDB()
 {
     return WithHandler(
         [this] {
@@ -58,17 +58,17 @@ Boolean DBConnect::ConnectDB()
             DoEvents();
             OpenConnection().Open();
             DoEvents();
-            return Boolean::True;
+            return true;
         },
         [this] {
             ReportDBError();
-            return Boolean::False;
+            return false;
         });
 }
 
 void DBConnect::ConnectWithRetry()
 {
-    if (ConnectDB() == Boolean::False)
+    if (!ConnectDB())
         ConnectDB();
 }
 
@@ -90,7 +90,7 @@ void DBConnect::Release(Objects& objects)
     objects.connection.reset();
 }
 
-Boolean DBConnect::OpenRecordset(const Statement& statement)
+bool DBConnect::OpenRecordset(const Statement& statement)
 {
     return WithHandler(
         [this, &statement] {
@@ -100,15 +100,23 @@ Boolean DBConnect::OpenRecordset(const Statement& statement)
             RefuseFaults(statement);
             objects_.records = connection.Query(statement);
             DoEvents();
-            return Boolean::True;
+            return true;
         },
         [this] {
             ReportDBError();
-            return Boolean::False;
+            return false;
         });
 }
 
-Boolean DBConnect::ExecuteSQL(const Statement& statement)
+bool DBConnect::Select(const Statement& statement, const std::function<void(Recordset&)>& read)
+{
+    if (!OpenRecordset(statement))
+        return false;
+    read(Records());
+    return true;
+}
+
+bool DBConnect::ExecuteSQL(const Statement& statement)
 {
     return WithHandler(
         [this, &statement] {
@@ -117,11 +125,11 @@ Boolean DBConnect::ExecuteSQL(const Statement& statement)
             RefuseFaults(statement);
             connection.Execute(statement);
             DoEvents();
-            return Boolean::True;
+            return true;
         },
         [this] {
             ReportDBError();
-            return Boolean::False;
+            return false;
         });
 }
 
@@ -130,8 +138,7 @@ void DBConnect::ReportDBError()
     const CurrentError error = Err();
     CloseDB();
     CloseDB2();
-    desktop_.SetMousePointer(MousePointer::Default);
-    session_.Busy = Boolean::False;
+    SetScreenBusy(session_, desktop_, false);
     if (error.Number == NoError)
         return;
     if (error.Number == ObjectNotSet) {

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "runtime/Boolean.h"
 #include "store/engine/Connection.h"
 #include "store/engine/Statement.h"
 
+#include <functional>
 #include <memory>
 
 namespace tsms {
@@ -13,15 +13,15 @@ struct Session;
 
 /// The one way to the database. It holds one connection and one current recordset, both replaced at each use;
 /// nothing stands between two operations. A failure of any routine here is shown by ReportDBError and told by
-/// a result other than -1.
+/// false.
 class DBConnect
 {
 public:
     DBConnect(Session& session, Desktop& desktop, ConnectionMaker makeConnection);
 
-    Boolean ConnectDB();
+    bool ConnectDB();
 
-    /// The beginning of every operation: ConnectDB, and once more if that returned 0. The second result is
+    /// The beginning of every operation: ConnectDB, and once more if that failed. The second result is
     /// not looked at.
     void ConnectWithRetry();
 
@@ -29,10 +29,13 @@ public:
     void CloseDB2(); ///< the second set of objects, which nothing opens
 
     /// Replaces the current recordset by the result of a SELECT.
-    Boolean OpenRecordset(const Statement& statement);
+    bool OpenRecordset(const Statement& statement);
+
+    /// OpenRecordset, and when that succeeded, `read` with the result.
+    bool Select(const Statement& statement, const std::function<void(Recordset&)>& read);
 
     /// Runs one statement.
-    Boolean ExecuteSQL(const Statement& statement);
+    bool ExecuteSQL(const Statement& statement);
 
     /// Closes the database objects, clears Busy and tells the user of the current error: nothing when there
     /// is none, and a quiet new connection instead of a box when an object was not set.

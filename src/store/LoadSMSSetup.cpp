@@ -1,10 +1,9 @@
 #include "store/LoadSMSSetup.h"
 
 #include "runtime/Numbers.h"
-#include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "session/Session.h"
-#include "store/DBConnect.h"
+#include "store/WithDatabase.h"
 
 namespace tsms {
 
@@ -24,23 +23,19 @@ void ReadAccount(Session& session, const Recordset& row)
 
 } // namespace
 
-Boolean LoadSMSSetup(Session& session, DBConnect& db)
+bool LoadSMSSetup(Session& session, DBConnect& db)
 {
-    return WithHandler(
-        [&session, &db] {
-            db.ConnectWithRetry();
-            if (db.OpenRecordset(u"SELECT * FROM SMSSetup") == Boolean::True &&
-                db.Records().RecordCount() >= 1) {
-                ReadAccount(session, db.Records());
+    return ReportingErrors(db, [&] {
+        WithDatabase(db, [&] {
+            db.Select(u"SELECT * FROM SMSSetup", [&](const Recordset& account) {
+                if (account.RecordCount() < 1)
+                    return;
+                ReadAccount(session, account);
                 session.AnnounceBalance();
-            }
-            db.CloseDB();
-            return Boolean::True;
-        },
-        [&db] {
-            db.ReportDBError();
-            return Boolean::False;
+            });
         });
+        return true;
+    });
 }
 
 } // namespace tsms

@@ -1,8 +1,8 @@
 #include "templates/CardBody.h"
 
 #include "toolkit/fields/AccessibleButton.h"
-#include "toolkit/fields/Guarded.h"
 #include "toolkit/fields/PhonePanel.h"
+#include "toolkit/fields/RaiseEvent.h"
 
 #include <QKeyEvent>
 

@@ -1,11 +1,10 @@
 #include "templates/ModAllStep.h"
 
-#include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "services/ScreenBusy.h"
 #include "services/Services.h"
-#include "store/DBConnect.h"
 #include "store/engine/RecordsetCells.h"
+#include "store/WithDatabase.h"
 #include "templates/CardRows.h"
 #include "templates/TemplateCache.h"
 #include "templates/TemplateCards.h"
@@ -40,31 +39,27 @@ Statement TemplateQuery(std::int32_t category)
 
 void LoadTemplates(Services& services, fpSpread& cache, std::int32_t category)
 {
-    WithHandler(
-        [&] {
-            SetScreenBusy(services, Boolean::True);
-            if (services.db.OpenRecordset(TemplateQuery(category)) == Boolean::True) {
-                cache.SetMaxRows(services.db.Records().RecordCount());
+    ReportingErrors(services.db, [&] {
+        WhileScreenBusy(services, [&] {
+            services.db.Select(TemplateQuery(category), [&](const Recordset& templates) {
+                cache.SetMaxRows(templates.RecordCount());
                 cache.SetDataSource(std::make_shared<RecordsetCells>(services.db.ShareRecords()));
-            }
-            SetScreenBusy(services, Boolean::False);
-        },
-        [&] { services.db.ReportDBError(); });
+            });
+        });
+    });
 }
 
 void ShowTemplateCards(Services& services, const fpSpread& cache, TemplateCards& cards, int page)
 {
-    WithHandler(
-        [&] {
-            SetScreenBusy(services, Boolean::True);
+    ReportingErrors(services.db, [&] {
+        WhileScreenBusy(services, [&] {
             for (int card = 1; card <= CardsOfPage; ++card)
                 cards.Show(card, QString(), QString());
             int card = 0;
             for (const int row : CardRows(page, cache.MaxRows()))
                 ShowTemplate(cache, row, cards, ++card);
-            SetScreenBusy(services, Boolean::False);
-        },
-        [&] { services.db.ReportDBError(); });
+        });
+    });
 }
 
 } // namespace tsms

@@ -1,11 +1,10 @@
 #include "templates/ModFuncPublic.h"
 
 #include "runtime/Numbers.h"
-#include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "services/Services.h"
 #include "session/Session.h"
-#include "store/DBConnect.h"
+#include "store/WithDatabase.h"
 #include "toolkit/fields/ComboBox.h"
 
 namespace tsms {
@@ -25,19 +24,15 @@ void AddCategories(Recordset& rows, ComboBox& combo, const QString& code)
 
 void FillTemplateCombo(Services& services, ComboBox& combo, const QString& code)
 {
-    WithHandler(
-        [&] {
-            services.session.Busy = Boolean::True;
-            combo.Clear();
-            combo.setPlaceholderText(QString()); // a list that is read and empty shows nothing
-            const Boolean opened =
-                services.db.OpenRecordset(u"SELECT TempLCd,TempLNm FROM SMSTempLMst ORDER BY TempLCd");
-            if (opened == Boolean::True)
-                AddCategories(services.db.Records(), combo, code);
-            combo.SetListIndex(0);
-            services.session.Busy = Boolean::False;
-        },
-        [&] { services.db.ReportDBError(); });
+    ReportingErrors(services.db, [&] {
+        services.session.Busy = true;
+        combo.Clear();
+        combo.setPlaceholderText(QString()); // a list that is read and empty shows nothing
+        services.db.Select(u"SELECT TempLCd,TempLNm FROM SMSTempLMst ORDER BY TempLCd",
+                           [&](Recordset& categories) { AddCategories(categories, combo, code); });
+        combo.SetListIndex(0);
+        services.session.Busy = false;
+    });
 }
 
 } // namespace tsms

@@ -1,11 +1,10 @@
 #include "templates/ModStep4.h"
 
 #include "runtime/Desktop.h"
-#include "runtime/RuntimeError.h"
 #include "services/ScreenBusy.h"
 #include "services/Services.h"
 #include "session/Session.h"
-#include "store/DBConnect.h"
+#include "store/WithDatabase.h"
 
 namespace tsms {
 
@@ -43,28 +42,22 @@ Statement TemplateDelete(const QString& key)
     return Statement(u"DELETE SMSTempLSub WHERE TempLSeq = ").Bare(key);
 }
 
-Boolean SaveTemplate(Services& services, Boolean isNew, std::int32_t category, const QString& title,
-                     const QString& body, std::int32_t key)
+bool SaveTemplate(Services& services, bool isNew, std::int32_t category, const QString& title,
+                  const QString& body, std::int32_t key)
 {
-    return WithHandler(
-        [&] {
-            SetScreenBusy(services, Boolean::True);
-            services.db.ConnectWithRetry();
-            if (isNew != Boolean::True && key == 0) {
-                services.db.ReportDBError(); // no error is current after a good connection: it only closes
-                return Boolean::False;
-            }
-            const Boolean done =
-                services.db.ExecuteSQL(isNew == Boolean::True ? TemplateInsert(category, title, body)
-                                                              : TemplateUpdate(category, title, body, key));
-            services.db.CloseDB();
-            SetScreenBusy(services, Boolean::False);
-            return done;
-        },
-        [&] {
-            services.db.ReportDBError();
-            return Boolean::False;
-        });
+    return ReportingErrors(services.db, [&] {
+        SetScreenBusy(services, true);
+        services.db.ConnectWithRetry();
+        if (!isNew && key == 0) {
+            services.db.ReportDBError(); // no error is current after a good connection: it only closes
+            return false;
+        }
+        const bool done = services.db.ExecuteSQL(isNew ? TemplateInsert(category, title, body)
+                                                       : TemplateUpdate(category, title, body, key));
+        services.db.CloseDB();
+        SetScreenBusy(services, false);
+        return done;
+    });
 }
 
 } // namespace tsms

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "runtime/Boolean.h"
 #include "store/engine/Statement.h"
 
 #include <cstdint>
@@ -20,7 +19,7 @@ Statement TemplateDelete(const QString& key);
 
 /// Stores a new template, or changes the one of that key. Returns -1 when the statement ran; a failure has
 /// been reported. An update with the key 0 changes nothing and returns 0 without a word.
-Boolean SaveTemplate(Services& services, Boolean isNew, std::int32_t category, const QString& title,
-                     const QString& body, std::int32_t key);
+bool SaveTemplate(Services& services, bool isNew, std::int32_t category, const QString& title,
+                  const QString& body, std::int32_t key);
 
 } // namespace tsms

@@ -71,9 +71,9 @@ void TemplateCommands::Delete()
 {
     if (IsNew() || !AskDelete())
         return;
-    if (services_.db.ConnectDB() != Boolean::True) // not tried again, unlike elsewhere
+    if (!services_.db.ConnectDB()) // not tried again, unlike elsewhere
         return;
-    if (services_.db.ExecuteSQL(TemplateDelete(fields_.body.Tag)) == Boolean::True) {
+    if (services_.db.ExecuteSQL(TemplateDelete(fields_.body.Tag))) {
         services_.desktop.MsgBox(QStringLiteral("삭제성공알림 : 문자서식 정상적으로 삭제완료 되었습니다."),
                                  MsgBoxInformation, QStringLiteral("문자서식 삭제"));
         reload_();
@@ -136,8 +136,7 @@ bool TemplateCommands::Store(bool isNew)
 {
     const std::int32_t category = fields_.category.SelectedData();
     const std::int32_t key = isNew ? 0 : ToLong(fields_.body.Tag);
-    return SaveTemplate(services_, ToBooleanValue(isNew), category, fields_.subject.Text(),
-                        fields_.body.Text(), key) == Boolean::True;
+    return SaveTemplate(services_, isNew, category, fields_.subject.Text(), fields_.body.Text(), key);
 }
 
 bool TemplateCommands::AskDelete()

@@ -2,7 +2,7 @@
 
 #include "services/Services.h"
 #include "session/Session.h"
-#include "store/DBConnect.h"
+#include "store/WithDatabase.h"
 #include "templates/ModAllStep.h"
 #include "templates/ModFuncPublic.h"
 #include "templates/TemplateCards.h"
@@ -19,23 +19,23 @@ TemplatePicker::TemplatePicker(Services& services, fpSpread& cache, TemplateCard
 
 void TemplatePicker::Enter(ComboBox* further)
 {
-    services_.db.ConnectWithRetry();
-    FillTemplateCombo(services_, cards_.Category());
-    if (further)
-        FillTemplateCombo(services_, *further);
-    LoadTemplates(services_, cache_, ChosenCategory());
-    ShowPage(0); // the current page stays what it was: meant
-    services_.db.CloseDB();
+    WithDatabase(services_.db, [&] {
+        FillTemplateCombo(services_, cards_.Category());
+        if (further)
+            FillTemplateCombo(services_, *further);
+        LoadTemplates(services_, cache_, ChosenCategory());
+        ShowPage(0); // the current page stays what it was: meant
+    });
 }
 
 void TemplatePicker::ChooseCategory()
 {
     if (services_.session.IsBusy())
         return;
-    services_.db.ConnectWithRetry();
-    LoadTemplates(services_, cache_, ChosenCategory());
-    ShowPage(cards_.Page());
-    services_.db.CloseDB();
+    WithDatabase(services_.db, [this] {
+        LoadTemplates(services_, cache_, ChosenCategory());
+        ShowPage(cards_.Page());
+    });
 }
 
 /// 0 when there is nothing to choose from: a page without categories is no error, it has no cards.

@@ -74,7 +74,7 @@ TEST_F(AccountExport, AnEmptyLedgerGoesOutAsItsTitles)
 
 TEST_F(AccountExport, NothingHappensWhileBusy)
 {
-    program.session.Busy = Boolean::True;
+    program.session.Busy = true;
     program.Click(u"BtnChargeFunc(2)"_q);
     program.Click(u"BtnChargeFunc(3)"_q);
     EXPECT_EQ(program.desktop.documents, QStringList());

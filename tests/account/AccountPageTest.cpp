@@ -21,9 +21,9 @@ protected:
     /// As at the load of the window, which is busy.
     void Load()
     {
-        session.Busy = Boolean::True;
+        session.Busy = true;
         page.Load();
-        session.Busy = Boolean::False;
+        session.Busy = false;
     }
 
     QString YearIn(int year)
@@ -112,7 +112,7 @@ TEST_F(ExportingPage, EachGridGoesOutUnderItsTitle)
 
 TEST_F(ExportingPage, NoButtonActsWhileBusy)
 {
-    session.Busy = Boolean::True;
+    session.Busy = true;
     for (int i = 0; i < 4; ++i)
         Button(exporting, i).Click();
     EXPECT_EQ(exported, QStringList());

@@ -90,7 +90,7 @@ protected:
     }
     void ExpectAtRest()
     {
-        EXPECT_EQ(program.session.Busy, Boolean::False);
+        EXPECT_FALSE(program.session.Busy);
         EXPECT_EQ(program.connections.OpenNow(), 0);
         EXPECT_EQ(program.desktop.pointers.last(), MousePointer::Default);
     }
@@ -207,7 +207,7 @@ TEST_F(ChargeDialog, BalanceAndLedgerAreReadAgainWhenTheDialogIsGone)
 
 TEST_F(ChargeDialog, IsBusyUnderTheHourglassWhileItSaves)
 {
-    QList<Boolean> busy;
+    QList<bool> busy;
     program.connections.BeforeStatement([&](const QString& sql) {
         if (!sql.startsWith(u"SELECT"_q)) {
             busy += program.session.Busy;
@@ -219,7 +219,7 @@ TEST_F(ChargeDialog, IsBusyUnderTheHourglassWhileItSaves)
         Fill();
         Save();
     });
-    EXPECT_EQ(busy, (QList<Boolean>{Boolean::True, Boolean::True}));
+    EXPECT_EQ(busy, (QList<bool>{true, true}));
 }
 
 TEST_F(ChargeDialog, ANegativeCountLowersTheBalance)
@@ -454,13 +454,13 @@ TEST_F(ChargeDialog, WhileBusyKeysAndButtonsAreDead)
 {
     Open([this] {
         Fill();
-        program.session.Busy = Boolean::True;
+        program.session.Busy = true;
         for (const Qt::Key key : {Qt::Key_F12, Qt::Key_Escape})
             PressKey(*dialog_, key);
         for (const QString& name : {u"BtnFunc(0)"_q, u"BtnFunc(1)"_q, u"BtnTopFunc(1)"_q})
             ClickOn(The<QWidget>(name));
         EXPECT_TRUE(IsOpen());
-        program.session.Busy = Boolean::False;
+        program.session.Busy = false;
     });
     ExpectNothingStored();
 }
@@ -612,9 +612,9 @@ TEST_F(ChargeDialog, ADayChosenWhileBusyLeavesTheFocusAlone)
     Open([this] {
         Date().setFocus();
         PressKey(Date(), Qt::Key_F4);
-        program.session.Busy = Boolean::True;
+        program.session.Busy = true;
         PressKey(*Date().findChild<QTableView*>(), Qt::Key_Return);
-        program.session.Busy = Boolean::False;
+        program.session.Busy = false;
         EXPECT_FALSE(BoxWidget(1).hasFocus());
     });
 }

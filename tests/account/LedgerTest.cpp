@@ -83,7 +83,7 @@ protected:
     /// The database and the session as an operation leaves them.
     void ExpectAtRest()
     {
-        EXPECT_EQ(program.session.Busy, Boolean::False);
+        EXPECT_FALSE(program.session.Busy);
         EXPECT_EQ(program.connections.OpenNow(), 0);
         EXPECT_EQ(program.desktop.pointers.last(), MousePointer::Default);
     }
@@ -139,13 +139,13 @@ TEST_F(Ledger, IsReadBeforeTheMonthsEachOverAConnectionOfItsOwn)
 
 TEST_F(Ledger, IsBusyUnderTheHourglassWhileItIsRead)
 {
-    QList<Boolean> busy;
+    QList<bool> busy;
     program.connections.BeforeStatement([&](const QString&) {
         busy += program.session.Busy;
         EXPECT_EQ(program.desktop.pointers.last(), MousePointer::Hourglass);
     });
     Enter();
-    EXPECT_EQ(busy, (QList<Boolean>{Boolean::True, Boolean::True}));
+    EXPECT_EQ(busy, (QList<bool>{true, true}));
 }
 
 TEST_F(Ledger, EachEntryReadsItAnew)
@@ -189,7 +189,7 @@ TEST_F(Ledger, AServerThatIsDownIsToldForEachAttempt)
         program.desktop.Expect(ServerDownBox());
     Enter();
     EXPECT_EQ(Grid().MaxRows(), 0);
-    EXPECT_EQ(program.session.Busy, Boolean::False);
+    EXPECT_FALSE(program.session.Busy);
 }
 
 TEST_F(Ledger, AConnectionThatComesBackTooLateBringsNoRows)
@@ -420,10 +420,10 @@ TEST_F(Ledger, NoButtonActsWhileBusy)
 {
     AddThree();
     Enter();
-    program.session.Busy = Boolean::True;
+    program.session.Busy = true;
     program.Click(u"BtnChargeFunc(0)"_q);
     Delete();
-    program.session.Busy = Boolean::False;
+    program.session.Busy = false;
     EXPECT_TRUE(program.desktop.boxes.isEmpty());
     EXPECT_EQ(Form::Find(u"dlgSMSCharge"_q), nullptr);
 }

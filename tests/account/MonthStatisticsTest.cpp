@@ -52,7 +52,7 @@ protected:
     }
     void ExpectAtRest()
     {
-        EXPECT_EQ(program.session.Busy, Boolean::False);
+        EXPECT_FALSE(program.session.Busy);
         EXPECT_EQ(program.connections.OpenNow(), 0);
         EXPECT_EQ(program.desktop.pointers.last(), MousePointer::Default);
     }
@@ -171,9 +171,9 @@ TEST_F(MonthStatistics, ChoosingWhileBusyChangesNoFigure)
     Log(u"2012-01-05 10-00"_q, u"1"_q, 3);
     Enter();
     const int opens = program.connections.Opens();
-    program.session.Busy = Boolean::True;
+    program.session.Busy = true;
     Choose(Qt::Key_Up);
-    program.session.Busy = Boolean::False;
+    program.session.Busy = false;
     EXPECT_EQ(Column(1).first(), u"3"_q);
     EXPECT_EQ(program.connections.Opens(), opens);
 }

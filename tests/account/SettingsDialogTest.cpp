@@ -76,7 +76,7 @@ protected:
     }
     void ExpectAtRest()
     {
-        EXPECT_EQ(program.session.Busy, Boolean::False);
+        EXPECT_FALSE(program.session.Busy);
         EXPECT_EQ(program.connections.OpenNow(), 0);
     }
 
@@ -273,7 +273,7 @@ TEST_F(SettingsDialog, ASaveNeitherMovesTheBalanceNorThePages)
 
 TEST_F(SettingsDialog, IsBusyUnderTheHourglassWhileItSaves)
 {
-    QList<Boolean> busy;
+    QList<bool> busy;
     program.desktop.Expect(SettingsSavedBox());
     Open([&] {
         program.connections.BeforeStatement([&](const QString&) {
@@ -283,7 +283,7 @@ TEST_F(SettingsDialog, IsBusyUnderTheHourglassWhileItSaves)
         });
         Save();
     });
-    EXPECT_EQ(busy, QList<Boolean>{Boolean::True});
+    EXPECT_EQ(busy, QList<bool>{true});
 }
 
 TEST_F(SettingsDialog, ARowThatIsMissingIsStillReportedAsSaved)
@@ -423,13 +423,13 @@ TEST_F(SettingsDialog, CancelEscAndTheClosingSignStoreNothing)
 TEST_F(SettingsDialog, WhileBusyKeysAndButtonsAreDead)
 {
     Open([this] {
-        program.session.Busy = Boolean::True;
+        program.session.Busy = true;
         for (const Qt::Key key : {Qt::Key_F12, Qt::Key_Escape})
             PressKey(*dialog_, key);
         for (const QString& name : {u"BtnFunc(0)"_q, u"BtnFunc(1)"_q, u"BtnTopFunc(1)"_q})
             ClickOn(The<QWidget>(name));
         EXPECT_TRUE(IsOpen());
-        program.session.Busy = Boolean::False;
+        program.session.Busy = false;
     });
     EXPECT_EQ(Statements(), QStringList{SettingsQuery});
 }

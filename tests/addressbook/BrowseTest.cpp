@@ -687,7 +687,7 @@ TEST_F(BrowseView, WhileBusyNothingHappens)
     InBook([this] {
         AddMembers({u"김하늘"_q});
         const qsizetype statements = program.connections.Statements().size();
-        program.session.Busy = Boolean::True;
+        program.session.Busy = true;
         for (const QString& button : {u"BtnAdd(0)"_q, u"BtnAdd(1)"_q, u"BtnFuncAdd(0)"_q, u"BtnFuncAdd(1)"_q,
                                       u"BtnFunc(0)"_q, u"BtnFunc(1)"_q, u"BtnTopFunc(1)"_q})
             Press(button);
@@ -698,7 +698,7 @@ TEST_F(BrowseView, WhileBusyNothingHappens)
         PressKey(Book(), Qt::Key_Escape);
         ChooseFilter(1);
         ShowGroups();
-        program.session.Busy = Boolean::False;
+        program.session.Busy = false;
         EXPECT_TRUE(BookIsOpen());
         EXPECT_EQ(program.connections.Statements().size(), statements);
         EXPECT_EQ(Members(), everyone);

@@ -398,7 +398,7 @@ TEST_F(GroupEditor, CancelEscAndTheTitleBarStoreNothing)
 TEST_F(GroupEditor, WhileBusyButtonsAndKeysAreDeadAndTheLimitHolds)
 {
     Add([this] {
-        program.session.Busy = Boolean::True;
+        program.session.Busy = true;
         Type(QString(u"가"_q).repeated(21));
         EXPECT_EQ(Name().Text().size(), 20);
         PressKey(Name().Widget(), Qt::Key_Return);
@@ -407,7 +407,7 @@ TEST_F(GroupEditor, WhileBusyButtonsAndKeysAreDeadAndTheLimitHolds)
         for (const QString& button : {u"BtnFunc(0)"_q, u"BtnFunc(1)"_q, u"BtnTopFunc(1)"_q})
             ClickOn(program.On<QWidget>(Dialog(), button));
         EXPECT_TRUE(IsOpen());
-        program.session.Busy = Boolean::False;
+        program.session.Busy = false;
     });
     EXPECT_EQ(Names().size(), 2);
 }

@@ -99,7 +99,7 @@ protected:
         QStringList sheets;
         int selectedSheet = -1;
         int sheetRows = 0;
-        Boolean busy = Boolean::True;
+        bool busy = true;
     };
 
     void ImportFile(const QByteArray& content)
@@ -120,7 +120,7 @@ protected:
         });
         InDialog([&](QWidget&) { Choose(content); });
         EXPECT_TRUE(closedByItself);
-        EXPECT_EQ(program.session.Busy, Boolean::False);
+        EXPECT_FALSE(program.session.Busy);
     }
     void ImportRows(const Rows& rows) { ImportFile(WorkbookOf(rows)); }
 
@@ -134,7 +134,7 @@ protected:
         });
         EXPECT_FALSE(closedByItself);
         EXPECT_TRUE(program.desktop.boxes.isEmpty());
-        EXPECT_EQ(program.session.Busy, Boolean::False);
+        EXPECT_FALSE(program.session.Busy);
         ASSERT_FALSE(program.desktop.pointers.isEmpty());
         EXPECT_EQ(program.desktop.pointers.last(), MousePointer::Default);
     }
@@ -266,7 +266,7 @@ TEST_F(Import, TheSheetsAreListedAndTheFirstIsSelected)
 TEST_F(Import, BusyIsClearAndThePointerNormalBeforeTheBoxAtTheEnd)
 {
     ImportRows({{u"가"_q, u"010-1111-1111"_q}});
-    EXPECT_EQ(shown.busy, Boolean::False);
+    EXPECT_FALSE(shown.busy);
     EXPECT_EQ(program.desktop.pointers,
               (QList<MousePointer>{MousePointer::Hourglass, MousePointer::Default}));
 }
@@ -537,15 +537,15 @@ TEST_F(Import, ALogThatCannotBeWrittenHoldsNothingUp)
 TEST_F(Import, WhileBusyTheDialogIsDead)
 {
     InDialog([this](QWidget& dialog) {
-        program.session.Busy = Boolean::True;
+        program.session.Busy = true;
         ClickOn(The<QWidget>(u"cmdSearch"_q));
         ClickOn(The<QWidget>(u"BtnFunc(1)"_q));
         ClickOn(The<QWidget>(u"BtnTopFunc(1)"_q));
         PressKey(dialog, Qt::Key_Escape);
         EXPECT_TRUE(dialog.isVisible());
         EXPECT_TRUE(program.desktop.filePicks.isEmpty());
-        EXPECT_EQ(program.session.Busy, Boolean::True);
-        program.session.Busy = Boolean::False;
+        EXPECT_TRUE(program.session.Busy);
+        program.session.Busy = false;
     });
 }
 

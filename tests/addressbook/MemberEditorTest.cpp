@@ -668,7 +668,7 @@ TEST_F(MemberEditor, WhileBusyButtonsAndKeysAreDeadAndTheFieldsAreNotHeldToTheir
 {
     Add([this] {
         Type(u"정노을"_q, u"010-0000-0005"_q);
-        program.session.Busy = Boolean::True;
+        program.session.Busy = true;
         Box(1).SetText(u"(010) 0000 0000 0005"_q);
         EXPECT_EQ(Box(1).Text(), u"(010) 0000 0000 0005"_q);
         PressKey(Box(1).Widget(), Qt::Key_Return);
@@ -677,7 +677,7 @@ TEST_F(MemberEditor, WhileBusyButtonsAndKeysAreDeadAndTheFieldsAreNotHeldToTheir
         for (const QString& button : {u"BtnFunc(0)"_q, u"BtnFunc(1)"_q, u"BtnTopFunc(1)"_q})
             ClickOn(program.On<QWidget>(Dialog(), button));
         EXPECT_TRUE(IsOpen());
-        program.session.Busy = Boolean::False;
+        program.session.Busy = false;
     });
     EXPECT_EQ(MembersInDatabase().size(), 4);
 }

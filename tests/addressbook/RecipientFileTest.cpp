@@ -31,7 +31,7 @@ protected:
     {
         return {Grid().GetText(1, row), Grid().GetText(2, row), Grid().GetText(3, row)};
     }
-    Boolean ReadAgain()
+    bool ReadAgain()
     {
         GridRecipientList list(Grid());
         return ReadRecipientFile(program.services.applicationPath, list, program.session, program.desktop);
@@ -52,13 +52,13 @@ TEST_F(RecipientFile, WithoutOneTheListStaysAsItIs)
     ASSERT_TRUE(program.Start());
     ExpectUntouched(20);
     Grid().SetMaxRows(7);
-    program.session.Busy = Boolean::True;
+    program.session.Busy = true;
     program.desktop.pointers.clear();
-    EXPECT_EQ(ReadAgain(), Boolean::False);
+    EXPECT_FALSE(ReadAgain());
     EXPECT_TRUE(program.desktop.pointers.isEmpty());
     EXPECT_EQ(Grid().MaxRows(), 7);
-    EXPECT_EQ(program.session.Busy, Boolean::True); // not even that is touched
-    program.session.Busy = Boolean::False;
+    EXPECT_TRUE(program.session.Busy); // not even that is touched
+    program.session.Busy = false;
 }
 
 TEST_F(RecipientFile, ItsRecipientsAreListedWhenTheWindowFirstComesUp)
@@ -87,13 +87,13 @@ TEST_F(RecipientFile, NumbersOfRowsAreNotFilledUpAndGoOnBeyondTwoDigits)
 TEST_F(RecipientFile, TheHourglassStandsWhileItIsReadAndBusyIsClearAfterwards)
 {
     Start(Record(u"김하늘"_q, "0101"));
-    EXPECT_EQ(program.session.Busy, Boolean::False);
+    EXPECT_FALSE(program.session.Busy);
     program.desktop.pointers.clear();
-    program.session.Busy = Boolean::True;
-    EXPECT_EQ(ReadAgain(), Boolean::True);
+    program.session.Busy = true;
+    EXPECT_TRUE(ReadAgain());
     EXPECT_EQ(program.desktop.pointers,
               (QList<MousePointer>{MousePointer::Hourglass, MousePointer::Default}));
-    EXPECT_EQ(program.session.Busy, Boolean::False);
+    EXPECT_FALSE(program.session.Busy);
 }
 
 TEST_F(RecipientFile, AnEmptyOneMakesTwentyRows)
@@ -101,7 +101,7 @@ TEST_F(RecipientFile, AnEmptyOneMakesTwentyRows)
     Start({});
     ExpectUntouched(20);
     Grid().SetMaxRows(50);
-    EXPECT_EQ(ReadAgain(), Boolean::True);
+    EXPECT_TRUE(ReadAgain());
     EXPECT_EQ(Grid().MaxRows(), 20);
 }
 
@@ -150,7 +150,7 @@ TEST_F(RecipientFile, RowsThatAreListedAlreadyTakePartInTheScanButRemovedOnesDoN
     ClickCell(Grid(), 4, 3);
     program.WriteFile(u"SMSData"_q, Record(u"첫째"_q, "0102") + Record(u"둘째"_q, "0103") +
                                         Record(u"셋째"_q, "0104") + Record(u"넷째"_q, "0101"));
-    EXPECT_EQ(ReadAgain(), Boolean::True);
+    EXPECT_TRUE(ReadAgain());
     // 0102 stands in row 2 when its record is read; by the time of 0101 its row has been written over.
     EXPECT_EQ(Row(1), (QStringList{u"1"_q, u"둘째"_q, u"0103"_q}));
     EXPECT_EQ(Row(2), (QStringList{u"2"_q, u"셋째"_q, u"0104"_q}));
@@ -182,7 +182,7 @@ TEST_F(RecipientFile, AFolderOfThatNameIsNone)
     QDir(program.services.applicationPath).mkdir(u"SMSData"_q);
     ASSERT_TRUE(program.Start());
     ExpectUntouched(20);
-    EXPECT_EQ(ReadAgain(), Boolean::False);
+    EXPECT_FALSE(ReadAgain());
 }
 
 TEST_F(RecipientFile, OneLargerThanAnyListIsLeftAloneInSilence)
@@ -192,8 +192,8 @@ TEST_F(RecipientFile, OneLargerThanAnyListIsLeftAloneInSilence)
     ASSERT_TRUE(file.resize(247LL * 500'001)); // without content, so it takes no room
     ASSERT_TRUE(program.Start());
     ExpectUntouched(20);
-    EXPECT_EQ(ReadAgain(), Boolean::False);
-    EXPECT_EQ(program.session.Busy, Boolean::False);
+    EXPECT_FALSE(ReadAgain());
+    EXPECT_FALSE(program.session.Busy);
     EXPECT_EQ(program.desktop.pointers.last(), MousePointer::Default);
     EXPECT_TRUE(program.desktop.boxes.isEmpty());
 }

@@ -43,9 +43,8 @@ protected:
     {
         db.ConnectWithRetry();
         sms.InitWithRetry();
-        ASSERT_EQ(sms.SubmitSMS(u"가"_q, u"010-0000-0001"_q, u"02-1234-5678"_q, u"내일 뵙겠습니다."_q,
-                                u"2012:05:31:10:00"_q, {}, {}, {}),
-                  Boolean::True);
+        ASSERT_TRUE(sms.SubmitSMS(u"가"_q, u"010-0000-0001"_q, u"02-1234-5678"_q, u"내일 뵙겠습니다."_q,
+                                  u"2012:05:31:10:00"_q, {}, {}, {}));
         sms.ReleaseSOAP();
         db.CloseDB();
         callsBefore = gateway.CallCount();

@@ -85,10 +85,10 @@ TEST_F(MessageEditor, ATextThatComesWithoutAKeyLeavesTheCountStaleUntilTheNextKe
 
 TEST_F(MessageEditor, TheCounterIsRightWhileBusy)
 {
-    program.session.Busy = Boolean::True;
+    program.session.Busy = true;
     program.Write(u"ab"_q);
     EXPECT_EQ(Count(), u"2 /"_q);
-    program.session.Busy = Boolean::False;
+    program.session.Busy = false;
 }
 
 TEST_F(MessageEditor, EightyBytesGoInAndNoMore)
@@ -339,7 +339,7 @@ TEST_F(MessageEditor, WhileBusyPopupsAndInsertionsAreDead)
 {
     OpenTemplatePage();
     program.Click(u"BtnFuncDocEdit(0)"_q);
-    program.session.Busy = Boolean::True;
+    program.session.Busy = true;
     ClickCell(Symbols(), 1, 1);
     EXPECT_EQ(Body().Text(), QString());
     program.Click(u"BtnDocEdit(0)"_q);
@@ -352,12 +352,12 @@ TEST_F(MessageEditor, WhileBusyPopupsAndInsertionsAreDead)
     PressKey(Symbols(), Qt::Key_Return);
     EXPECT_EQ(Body().Text(), QString());
     EXPECT_FALSE(program.Control(u"PlDocEdit(0)"_q).isVisible());
-    program.session.Busy = Boolean::False;
+    program.session.Busy = false;
     program.Click(u"BtnFuncDocEdit(1)"_q);
-    program.session.Busy = Boolean::True;
+    program.session.Busy = true;
     program.Click(u"BtnAutoChangeChr(0)"_q);
     EXPECT_EQ(Body().Text(), QString());
-    program.session.Busy = Boolean::False;
+    program.session.Busy = false;
 }
 
 TEST_F(MessageEditor, RewriteEmptiesTheEditorAndItsKeys)

@@ -199,10 +199,10 @@ TEST_F(SendPreflight, ADeadDatabaseIsReportedAndTheChecksGoOnWithWhatTheSessionH
 
 TEST_F(SendPreflight, WhileBusyTheClickDoesNothing)
 {
-    program.session.Busy = Boolean::True;
+    program.session.Busy = true;
     ClickSend();
     program.Click(u"BtnSend(1)"_q);
-    program.session.Busy = Boolean::False;
+    program.session.Busy = false;
     EXPECT_TRUE(program.desktop.boxes.isEmpty());
 }
 

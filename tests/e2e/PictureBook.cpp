@@ -339,9 +339,8 @@ void PictureBook::Reserve()
     db_.ConnectDB();
     sms_.InitSOAP();
     for (int i = 0; i < MobileRecipients; ++i)
-        EXPECT_EQ(sms_.SubmitSMS(Recipients[i][0], Recipients[i][1], session_.SMSTelNo,
-                                 u"내일 모임은 저녁 7시입니다."_q, u"2012:06:01:19:00"_q, {}, {}, {}),
-                  Boolean::True);
+        EXPECT_TRUE(sms_.SubmitSMS(Recipients[i][0], Recipients[i][1], session_.SMSTelNo,
+                                   u"내일 모임은 저녁 7시입니다."_q, u"2012:06:01:19:00"_q, {}, {}, {}));
     sms_.ReleaseSOAP();
     db_.CloseDB();
 }

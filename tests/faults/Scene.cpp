@@ -159,9 +159,8 @@ void Scene::Reserve(const QString& name, int hour)
 {
     program.db.ConnectDB();
     program.sms.InitSOAP();
-    EXPECT_EQ(program.sms.SubmitSMS(name, u"010-0000-0001"_q, u"02-1234-5678"_q, u"내일 뵙겠습니다."_q,
-                                    u"2012:05:31:%1:00"_q.arg(hour), {}, {}, {}),
-              Boolean::True);
+    EXPECT_TRUE(program.sms.SubmitSMS(name, u"010-0000-0001"_q, u"02-1234-5678"_q, u"내일 뵙겠습니다."_q,
+                                      u"2012:05:31:%1:00"_q.arg(hour), {}, {}, {}));
     program.sms.ReleaseSOAP();
     program.db.CloseDB();
 }

@@ -49,13 +49,13 @@ protected:
         sms->InitWithRetry();
     }
 
-    Boolean Submit(const QString& content = u"안녕하세요"_q, const QString& sendTime = {},
-                   const QString& name = u"홍길동"_q)
+    bool Submit(const QString& content = u"안녕하세요"_q, const QString& sendTime = {},
+                const QString& name = u"홍길동"_q)
     {
         return sms->SubmitSMS(name, u"010-0000-0001"_q, u"02-1234-5678"_q, content, sendTime, {}, {}, {});
     }
 
-    Boolean Withdraw(const QString& key, const QString& number, const QString& year = u"2012"_q)
+    bool Withdraw(const QString& key, const QString& number, const QString& year = u"2012"_q)
     {
         return sms->WithdrawSMS(key, number, year, {}, {}, {});
     }
@@ -104,7 +104,7 @@ TEST(GatewayDescriptionUrl, LiesBelowTheAddress)
 TEST_F(Sending, InitSOAPReadsTheDescriptionAndAnswersTrue)
 {
     ModSMS plain(session, db, desktop, clock, gateway.WsdlUrl());
-    EXPECT_EQ(plain.InitSOAP(), Boolean::True);
+    EXPECT_TRUE(plain.InitSOAP());
     EXPECT_EQ(gateway.RequestCount(), 1);
 }
 
@@ -114,7 +114,7 @@ TEST_F(Sending, AFailedInitSOAPShowsTheTwoFaultTextsInAPlainBox)
     ModSMS plain(session, db, desktop, clock, gateway.WsdlUrl());
     desktop.Expect({u"문자메시지 통신환경 연결실패!!!"_q,
                     u"문자메시지 서버가 요청을 처리하지 못하였습니다.\r\nHTTP 404"_q, MsgBoxPlain});
-    EXPECT_EQ(plain.InitSOAP(), Boolean::False);
+    EXPECT_FALSE(plain.InitSOAP());
 }
 
 TEST_F(Sending, InitIsTriedTwiceWithABoxEach)
@@ -136,7 +136,7 @@ TEST_F(Sending, ASecondInitThatSucceedsServesTheRun)
                     u"문자메시지 서버가 요청을 처리하지 못하였습니다.\r\nHTTP 404"_q, MsgBoxPlain},
                    AnswerOK, [this] { gateway.BehaveAgain(); });
     sms->InitWithRetry();
-    EXPECT_EQ(Submit(), Boolean::True);
+    EXPECT_TRUE(Submit());
 }
 
 TEST_F(Sending, ASuccessfulInitIsNotRepeated)
@@ -157,10 +157,10 @@ TEST_F(Sending, ReleaseSOAPClearsTheCurrentErrorAlsoWithoutAClient)
 TEST_F(Sending, ReleaseSOAPLetsTheConnectionGo)
 {
     Begin(gateway.WsdlUrl());
-    EXPECT_EQ(Submit(), Boolean::True);
+    EXPECT_TRUE(Submit());
     sms->ReleaseSOAP();
     desktop.Expect(SubmitFailure({}, {}));
-    EXPECT_EQ(Submit(), Boolean::False);
+    EXPECT_FALSE(Submit());
     EXPECT_EQ(gateway.CallCount(), 1);
 }
 
@@ -169,9 +169,8 @@ TEST_F(Sending, ReleaseSOAPLetsTheConnectionGo)
 TEST_F(Sending, ElevenArgumentsGoOutInOrder)
 {
     Begin(gateway.WsdlUrl());
-    EXPECT_EQ(sms->SubmitSMS(u"이름"_q, u"01000000001"_q, u" 02-1 "_q, u" 본문 "_q, u"2012:05:31:09:05"_q,
-                             u"갑"_q, u"을"_q, u"병"_q),
-              Boolean::True);
+    EXPECT_TRUE(sms->SubmitSMS(u"이름"_q, u"01000000001"_q, u" 02-1 "_q, u" 본문 "_q, u"2012:05:31:09:05"_q,
+                               u"갑"_q, u"을"_q, u"병"_q));
     EXPECT_EQ(gateway.Calls().first().Arguments,
               (QStringList{u"demo"_q, u"demo"_q, u"sms.example.kr"_q, u" 02-1 "_q, u"01000000001"_q,
                            u" 본문 "_q, QString(), u"2012:05:31:09:05"_q, u"갑"_q, u"을"_q, u"병"_q}));
@@ -180,7 +179,7 @@ TEST_F(Sending, ElevenArgumentsGoOutInOrder)
 TEST_F(Sending, AnImmediateSendIsLoggedWithThePresentMinute)
 {
     Begin(gateway.WsdlUrl());
-    EXPECT_EQ(Submit(), Boolean::True);
+    EXPECT_TRUE(Submit());
     EXPECT_EQ(gateway.Calls().first().Arguments[7], QString());
     EXPECT_EQ(LastRow(), (QStringList{u"1"_q, u"100001"_q, u"demo"_q, u"홍길동"_q, u"010-0000-0001"_q,
                                       u"02-1234-5678"_q, u"안녕하세요"_q, u"2012-05-30 14-07"_q, u"42"_q,
@@ -191,14 +190,14 @@ TEST_F(Sending, AnImmediateSendIsLoggedWithThePresentMinute)
 TEST_F(Sending, AReservationIsLoggedWithFiveJoinedParts)
 {
     Begin(gateway.WsdlUrl());
-    EXPECT_EQ(Submit(u"예약"_q, u"2012:06:01:09:05"_q), Boolean::True);
+    EXPECT_TRUE(Submit(u"예약"_q, u"2012:06:01:09:05"_q));
     EXPECT_EQ(LastRow()[7], u"2012-06-01-09-05"_q);
 }
 
 TEST_F(Sending, AReservationOfTheNextYearGoesToThatYearsTable)
 {
     Begin(gateway.WsdlUrl());
-    EXPECT_EQ(Submit(u"새해"_q, u"2013:01:01:00:05"_q), Boolean::True);
+    EXPECT_TRUE(Submit(u"새해"_q, u"2013:01:01:00:05"_q));
     EXPECT_EQ(database.Count(u"SMSLog_2012"_q), 0);
     EXPECT_EQ(LastRow(u"SMSLog_2013"_q)[7], u"2013-01-01-00-05"_q);
 }
@@ -206,7 +205,7 @@ TEST_F(Sending, AReservationOfTheNextYearGoesToThatYearsTable)
 TEST_F(Sending, ATextWithBlanksAroundIsSentAsItStandsAndLoggedTrimmed)
 {
     Begin(gateway.WsdlUrl());
-    EXPECT_EQ(Submit(u"  앞뒤  "_q), Boolean::True);
+    EXPECT_TRUE(Submit(u"  앞뒤  "_q));
     EXPECT_EQ(gateway.Messages().first().Content, u"  앞뒤  "_q);
     EXPECT_EQ(LastRow()[6], u"앞뒤"_q);
 }
@@ -214,7 +213,7 @@ TEST_F(Sending, ATextWithBlanksAroundIsSentAsItStandsAndLoggedTrimmed)
 TEST_F(Sending, NineItemsWithEmptyCodesAreASuccess)
 {
     BeginWithReply(u"return_value:true;a;b;unique_num:77;c;d;e;error_code:;error_msg:"_q);
-    EXPECT_EQ(Submit(), Boolean::True);
+    EXPECT_TRUE(Submit());
     EXPECT_EQ(LastRow()[0], u"1"_q);
     EXPECT_EQ(LastRow()[1], u"77"_q);
 }
@@ -222,7 +221,7 @@ TEST_F(Sending, NineItemsWithEmptyCodesAreASuccess)
 TEST_F(Sending, AFalseReturnValueWithoutAFailureIsLoggedAsFailedAndIsASuccess)
 {
     BeginWithReply(u"return_value:false;;;unique_num:77;;;;error_code:;error_msg:"_q);
-    EXPECT_EQ(Submit(), Boolean::True);
+    EXPECT_TRUE(Submit());
     EXPECT_EQ(LastRow()[0], u"2"_q);
 }
 
@@ -230,7 +229,7 @@ TEST_F(Sending, ATrueReturnValueWithAFailureTextIsLoggedAsSentAndIsAFailure)
 {
     BeginWithReply(u"return_value:true;;;unique_num:77;;;;error_code:;error_msg:잔액 부족"_q);
     desktop.Expect(SubmitFailure({}, u"잔액 부족"_q));
-    EXPECT_EQ(Submit(), Boolean::False);
+    EXPECT_FALSE(Submit());
     EXPECT_EQ(LastRow()[0], u"1"_q);
     EXPECT_EQ(LastRow()[12], u"잔액 부족"_q);
 }
@@ -238,7 +237,7 @@ TEST_F(Sending, ATrueReturnValueWithAFailureTextIsLoggedAsSentAndIsAFailure)
 TEST_F(Sending, AReplyWithoutUniqueNumLogsNull)
 {
     BeginWithReply(u"return_value:true;;;number:77;;;;error_code:;error_msg:"_q);
-    EXPECT_EQ(Submit(), Boolean::True);
+    EXPECT_TRUE(Submit());
     EXPECT_EQ(LastRow()[1], u"(null)"_q);
 }
 
@@ -247,7 +246,7 @@ TEST_F(Sending, ARefusalShowsItsTextsAndLeavesARow)
     gateway.Fail(FaultKind::Refuse);
     Begin(gateway.WsdlUrl());
     desktop.Expect(SubmitFailure(u"E99"_q, u"수신이 거부된 번호입니다."_q));
-    EXPECT_EQ(Submit(), Boolean::False);
+    EXPECT_FALSE(Submit());
     EXPECT_EQ(LastRow()[0], u"2"_q);
     EXPECT_EQ(LastRow()[11], u"E99"_q);
     EXPECT_EQ(LastRow()[12], u"수신이 거부된 번호입니다."_q);
@@ -258,17 +257,17 @@ TEST_F(Sending, AWrongAccountIsRefusedInTheGatewaysWords)
     session.SMSPWD = u"wrong"_q;
     Begin(gateway.WsdlUrl());
     desktop.Expect(SubmitFailure(u"E01"_q, u"아이디 또는 비밀번호가 올바르지 않습니다."_q));
-    EXPECT_EQ(Submit(), Boolean::False);
+    EXPECT_FALSE(Submit());
 }
 
 TEST_F(Sending, AFailureReleasesTheClientAndClosesTheDatabaseWithoutAWord)
 {
     gateway.Fail(FaultKind::Refuse);
     Begin(gateway.WsdlUrl());
-    session.Busy = Boolean::True;
+    session.Busy = true;
     desktop.Expect(SubmitFailure(u"E99"_q, u"수신이 거부된 번호입니다."_q));
     Submit();
-    EXPECT_EQ(session.Busy, Boolean::False);
+    EXPECT_FALSE(session.Busy);
     EXPECT_EQ(connections.OpenNow(), 0);
     EXPECT_EQ(connections.Opens(), 1); // no quiet reconnection
 }
@@ -277,12 +276,12 @@ TEST_F(Sending, EveryRowAfterAFailureFailsWithEmptyValuesAndNoRow)
 {
     gateway.Fail(FaultKind::Refuse, 2);
     Begin(gateway.WsdlUrl());
-    EXPECT_EQ(Submit(), Boolean::True);
+    EXPECT_TRUE(Submit());
     desktop.Expect(SubmitFailure(u"E99"_q, u"수신이 거부된 번호입니다."_q));
-    EXPECT_EQ(Submit(), Boolean::False);
+    EXPECT_FALSE(Submit());
     for (int i = 0; i < 3; ++i) {
         desktop.Expect(SubmitFailure({}, {}));
-        EXPECT_EQ(Submit(), Boolean::False);
+        EXPECT_FALSE(Submit());
     }
     EXPECT_EQ(gateway.CallCount(), 2);
     EXPECT_EQ(database.Count(u"SMSLog_2012"_q), 2);
@@ -299,7 +298,7 @@ TEST_P(SubmitOverABadWire, ShowsEmptyValuesAndLeavesNoRow)
     gateway.Fail(GetParam());
     Begin(gateway.WsdlUrl());
     desktop.Expect(SubmitFailure({}, {}));
-    EXPECT_EQ(Submit(), Boolean::False);
+    EXPECT_FALSE(Submit());
     EXPECT_EQ(gateway.CallCount(), 1);
     EXPECT_EQ(database.Count(u"SMSLog_2012"_q), 0);
     EXPECT_EQ(connections.OpenNow(), 0);
@@ -316,7 +315,7 @@ TEST_F(Sending, WithoutAClientNothingIsSentOrLogged)
     sms.emplace(session, db, desktop, clock, gateway.WsdlUrl());
     db.ConnectWithRetry();
     desktop.Expect(SubmitFailure({}, {}));
-    EXPECT_EQ(Submit(), Boolean::False);
+    EXPECT_FALSE(Submit());
     EXPECT_EQ(gateway.RequestCount(), 0);
     EXPECT_EQ(database.Count(u"SMSLog_2012"_q), 0);
 }
@@ -326,14 +325,14 @@ TEST_F(Sending, AfterAFailedInitEverySendFails)
     gateway.Fail(FaultKind::WsdlNoOperation);
     Begin(gateway.WsdlUrl());
     desktop.Expect(SubmitFailure({}, {}));
-    EXPECT_EQ(Submit(), Boolean::False);
+    EXPECT_FALSE(Submit());
 }
 
 TEST_F(Sending, AShortReplyShowsWhatWasReadAndLeavesNoRow)
 {
     BeginWithReply(u"return_value:false;;;unique_num:;;;;error_code:E7"_q);
     desktop.Expect(SubmitFailure(u"E7"_q, {}));
-    EXPECT_EQ(Submit(), Boolean::False);
+    EXPECT_FALSE(Submit());
     EXPECT_EQ(database.Count(u"SMSLog_2012"_q), 0);
 }
 
@@ -341,7 +340,7 @@ TEST_F(Sending, ABadTruthValueShowsNothingOfWhatFollowsIt)
 {
     BeginWithReply(u"return_value:maybe;;;unique_num:;;;;error_code:E7;error_msg:실패"_q);
     desktop.Expect(SubmitFailure({}, {}));
-    EXPECT_EQ(Submit(), Boolean::False);
+    EXPECT_FALSE(Submit());
     EXPECT_EQ(database.Count(u"SMSLog_2012"_q), 0);
 }
 
@@ -349,7 +348,7 @@ TEST_F(Sending, ALostLogRowIsReportedByTheDatabaseAloneAndTheMessageCounts)
 {
     Begin(gateway.WsdlUrl());
     desktop.AllowBoxes();
-    EXPECT_EQ(Submit(u"it's"_q), Boolean::True);
+    EXPECT_TRUE(Submit(u"it's"_q));
     ASSERT_EQ(desktop.boxes.size(), 1);
     EXPECT_EQ(desktop.boxes.first().title, u" - 오류!!!"_q);
     EXPECT_EQ(desktop.boxes.first().style, MsgBoxCritical);
@@ -362,12 +361,12 @@ TEST_F(Sending, AfterALostLogRowTheNextIsLostQuietlyAndTheOneAfterIsWritten)
 {
     Begin(gateway.WsdlUrl());
     desktop.AllowBoxes();
-    EXPECT_EQ(Submit(u"it's"_q), Boolean::True);
+    EXPECT_TRUE(Submit(u"it's"_q));
     EXPECT_EQ(connections.OpenNow(), 0);
-    EXPECT_EQ(Submit(u"둘째"_q), Boolean::True);
+    EXPECT_TRUE(Submit(u"둘째"_q));
     EXPECT_EQ(connections.OpenNow(), 1);
     EXPECT_EQ(database.Count(u"SMSLog_2012"_q), 0);
-    EXPECT_EQ(Submit(u"셋째"_q), Boolean::True);
+    EXPECT_TRUE(Submit(u"셋째"_q));
     EXPECT_EQ(database.Count(u"SMSLog_2012"_q), 1);
     EXPECT_EQ(LastRow()[6], u"셋째"_q);
     EXPECT_EQ(desktop.boxes.size(), 1);
@@ -378,7 +377,7 @@ TEST_F(SendingInSqlServerWords, AMissingTableLosesTheRowAndTheMessageCounts)
     database.Execute(u"DROP TABLE SMSLog_2013"_q);
     Begin(gateway.WsdlUrl());
     desktop.Expect({u" - 오류!!!"_q, u"☞ : Invalid object name 'SMSLog_2013'."_q, MsgBoxCritical});
-    EXPECT_EQ(Submit(u"새해"_q, u"2013:01:01:00:05"_q), Boolean::True);
+    EXPECT_TRUE(Submit(u"새해"_q, u"2013:01:01:00:05"_q));
 }
 
 TEST_F(Sending, ARefusalWhoseRowIsLostShowsBothBoxes)
@@ -388,7 +387,7 @@ TEST_F(Sending, ARefusalWhoseRowIsLostShowsBothBoxes)
     connections.FailStatement(1, -2147217900, u"no"_q);
     desktop.Expect({u" - 오류!!!"_q, u"☞ : no"_q, MsgBoxCritical});
     desktop.Expect(SubmitFailure(u"E99"_q, u"수신이 거부된 번호입니다."_q));
-    EXPECT_EQ(Submit(), Boolean::False);
+    EXPECT_FALSE(Submit());
     EXPECT_EQ(connections.OpenNow(), 0);
 }
 
@@ -396,7 +395,7 @@ TEST_F(Sending, ValuesOfTheReplyCannotChangeTheStatement)
 {
     BeginWithReply(u"return_value:true;;;unique_num:1','x','y' /*;;;;error_code:;error_msg:"_q);
     desktop.AllowBoxes();
-    EXPECT_EQ(Submit(), Boolean::True);
+    EXPECT_TRUE(Submit());
     EXPECT_EQ(desktop.boxes.size(), 1);
     EXPECT_EQ(database.Count(u"SMSLog_2012"_q), 0);
     EXPECT_EQ(connections.Statements().size(), 0);
@@ -406,7 +405,7 @@ TEST_F(Sending, ARunUsesOneGatewayConnectionAndOneDatabaseConnection)
 {
     Begin(gateway.WsdlUrl());
     for (int i = 0; i < 50; ++i)
-        ASSERT_EQ(Submit(), Boolean::True);
+        ASSERT_TRUE(Submit());
     EXPECT_EQ(gateway.ConnectionCount(), 1);
     EXPECT_EQ(connections.Opens(), 1);
     EXPECT_EQ(database.Count(u"SMSLog_2012"_q), 50);
@@ -428,7 +427,7 @@ TEST_F(Sending, AWithdrawalRemovesTheRow)
     Begin(gateway.WsdlUrl());
     Submit(u"하나"_q, u"2012:06:01:09:05"_q);
     Submit(u"둘"_q, u"2012:06:01:09:05"_q);
-    EXPECT_EQ(Withdraw(u"1"_q, u"100001"_q), Boolean::True);
+    EXPECT_TRUE(Withdraw(u"1"_q, u"100001"_q));
     EXPECT_TRUE(gateway.Messages().first().Withdrawn);
     EXPECT_EQ(database.Count(u"SMSLog_2012"_q), 1);
     EXPECT_EQ(LastRow()[6], u"둘"_q);
@@ -439,7 +438,7 @@ TEST_F(Sending, AWithdrawalTakesTheTableOfTheYearGiven)
     Begin(gateway.WsdlUrl());
     Submit(u"올해"_q, u"2012:12:31:09:05"_q);
     Submit(u"내년"_q, u"2013:01:01:09:05"_q);
-    EXPECT_EQ(Withdraw(u"1"_q, u"100002"_q, u" 2013-01-01 09:05"_q), Boolean::True);
+    EXPECT_TRUE(Withdraw(u"1"_q, u"100002"_q, u" 2013-01-01 09:05"_q));
     EXPECT_EQ(database.Count(u"SMSLog_2012"_q), 1);
     EXPECT_EQ(database.Count(u"SMSLog_2013"_q), 0);
 }
@@ -448,10 +447,10 @@ TEST_F(Sending, ARefusedWithdrawalSaysNothingAndKeepsRowClientAndDatabase)
 {
     Begin(gateway.WsdlUrl());
     Submit(u"바로"_q);
-    EXPECT_EQ(Withdraw(u"1"_q, u"100001"_q), Boolean::False);
+    EXPECT_FALSE(Withdraw(u"1"_q, u"100001"_q));
     EXPECT_EQ(database.Count(u"SMSLog_2012"_q), 1);
     EXPECT_EQ(connections.OpenNow(), 1);
-    EXPECT_EQ(Submit(u"아직 산다"_q), Boolean::True);
+    EXPECT_TRUE(Submit(u"아직 산다"_q));
     EXPECT_EQ(gateway.RequestCount(), 4);
 }
 
@@ -464,13 +463,13 @@ TEST_P(WithdrawalOverABadWire, SaysNothingKeepsTheRowAndReleasesAll)
     Begin(gateway.WsdlUrl());
     Submit(u"예약"_q, u"2012:06:01:09:05"_q);
     gateway.Fail(GetParam());
-    session.Busy = Boolean::True;
-    EXPECT_EQ(Withdraw(u"1"_q, u"100001"_q), Boolean::False);
+    session.Busy = true;
+    EXPECT_FALSE(Withdraw(u"1"_q, u"100001"_q));
     EXPECT_EQ(database.Count(u"SMSLog_2012"_q), 1);
     EXPECT_EQ(connections.OpenNow(), 0);
     EXPECT_EQ(connections.Opens(), 1);
-    EXPECT_EQ(session.Busy, Boolean::False);
-    EXPECT_EQ(Withdraw(u"1"_q, u"100001"_q), Boolean::False);
+    EXPECT_FALSE(session.Busy);
+    EXPECT_FALSE(Withdraw(u"1"_q, u"100001"_q));
     EXPECT_EQ(gateway.CallCount(), 2);
 }
 
@@ -483,7 +482,7 @@ TEST_F(Sending, AFalseReturnValueIsNoRefusalOfAWithdrawal)
 {
     BeginWithReply(u"return_value:false;;;;;;;error_code:;error_msg:"_q);
     database.Execute(u"INSERT INTO SMSLog_2012 (SMSStatus,SendTime) VALUES ('1','2012-06-01-09-05')"_q);
-    EXPECT_EQ(Withdraw(u"1"_q, u"5"_q), Boolean::True);
+    EXPECT_TRUE(Withdraw(u"1"_q, u"5"_q));
     EXPECT_EQ(database.Count(u"SMSLog_2012"_q), 0);
 }
 
@@ -492,7 +491,7 @@ TEST_F(SendingInSqlServerWords, ARowThatCannotBeRemovedCountsAsWithdrawn)
     Begin(gateway.WsdlUrl());
     Submit(u"예약"_q, u"2012:06:01:09:05"_q);
     desktop.Expect({u" - 오류!!!"_q, u"☞ : Invalid object name 'SMSLog_1999'."_q, MsgBoxCritical});
-    EXPECT_EQ(Withdraw(u"1"_q, u"100001"_q, u"1999"_q), Boolean::True);
+    EXPECT_TRUE(Withdraw(u"1"_q, u"100001"_q, u"1999"_q));
     EXPECT_EQ(connections.OpenNow(), 0);
     EXPECT_EQ(database.Count(u"SMSLog_2012"_q), 1);
 }
@@ -503,7 +502,7 @@ TEST_F(Sending, AKeyThatIsNoNumberRemovesNothing)
     Submit(u"예약"_q, u"2012:06:01:09:05"_q);
     Submit(u"다른 예약"_q, u"2012:06:01:09:05"_q);
     desktop.AllowBoxes();
-    EXPECT_EQ(Withdraw(u"1 OR 1=1"_q, u"100001"_q), Boolean::True);
+    EXPECT_TRUE(Withdraw(u"1 OR 1=1"_q, u"100001"_q));
     EXPECT_EQ(desktop.boxes.size(), 1);
     EXPECT_EQ(database.Count(u"SMSLog_2012"_q), 2);
 }

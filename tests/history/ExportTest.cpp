@@ -63,7 +63,7 @@ TEST_F(Export, WritesTheListUnderItsTitleAndTheDayAndOpensIt)
 TEST_F(Export, ClearsBusyAndThePointerAtItsEnd)
 {
     PutFile("the former one");
-    program.desktop.Expect(StandsBox(), AnswerYes, [this] { program.session.Busy = Boolean::True; });
+    program.desktop.Expect(StandsBox(), AnswerYes, [this] { program.session.Busy = true; });
     program.desktop.pointers.clear();
     Click();
     EXPECT_FALSE(program.session.IsBusy());
@@ -185,9 +185,9 @@ TEST_F(Export, AFolderUnderTheNameOfTheFileEndsItWithoutAWord)
 
 TEST_F(Export, DoesNothingWhileBusyOrWithoutRows)
 {
-    program.session.Busy = Boolean::True;
+    program.session.Busy = true;
     Click();
-    program.session.Busy = Boolean::False;
+    program.session.Busy = false;
     SetPeriod(u"2012-01-01"_q, u"2012-01-01"_q);
     Search();
     Click();

@@ -34,9 +34,9 @@ protected:
     /// Under Busy, like the load of the window.
     void Load()
     {
-        session.Busy = Boolean::True;
+        session.Busy = true;
         page.Load();
-        session.Busy = Boolean::False;
+        session.Busy = false;
     }
 
     FixedClock clock;
@@ -93,10 +93,10 @@ TEST_F(HistoryPageTest, ChoosingAFieldMovesTheFocusToTheTextUnlessBusy)
     auto& field = The<ComboBox>(u"CbSerch"_q);
     auto& text = The<TextBox>(u"txtSerch"_q);
     field.setFocus();
-    session.Busy = Boolean::True;
+    session.Busy = true;
     field.SetListIndex(1);
     EXPECT_FALSE(text.hasFocus());
-    session.Busy = Boolean::False;
+    session.Busy = false;
     field.SetListIndex(2);
     EXPECT_TRUE(text.hasFocus());
 }

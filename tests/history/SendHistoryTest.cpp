@@ -74,9 +74,9 @@ TEST_F(SendHistory, EachEntryListsAnew)
 TEST_F(SendHistory, AnEntryWhileBusyShowsThePageAndSearchesNothing)
 {
     const int opens = program.connections.Opens();
-    program.session.Busy = Boolean::True;
+    program.session.Busy = true;
     Enter();
-    program.session.Busy = Boolean::False;
+    program.session.Busy = false;
     EXPECT_TRUE(program.Control(u"PlToolBg(1)"_q).isVisible());
     EXPECT_TRUE(Words().hasFocus());
     EXPECT_EQ(program.connections.Opens(), opens);
@@ -525,7 +525,7 @@ TEST_F(SendHistory, WhileBusyNothingActs)
     EnterAndListAll();
     ClickMark(1);
     const int opens = program.connections.Opens();
-    program.session.Busy = Boolean::True;
+    program.session.Busy = true;
     Search();
     ChooseStatus(3);
     TypeText(Words(), u"김\n"_q);
@@ -538,7 +538,7 @@ TEST_F(SendHistory, WhileBusyNothingActs)
     List().setFocus();
     ChooseField(2);
     EXPECT_TRUE(List().hasFocus());
-    program.session.Busy = Boolean::False;
+    program.session.Busy = false;
     EXPECT_EQ(Marks(), u"tel"_q);
     EXPECT_EQ(program.connections.Opens(), opens);
     EXPECT_TRUE(program.desktop.boxes.isEmpty());

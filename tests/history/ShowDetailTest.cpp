@@ -361,9 +361,9 @@ TEST_F(ShowDetail, WhileBusyItIsNotFilled)
     const int key = Log({});
     dlgSMSShowDetail dialog(program.services, [] {});
     const int opens = program.connections.Opens();
-    program.session.Busy = Boolean::True;
+    program.session.Busy = true;
     dialog.Sp_SMSDeTail(key, u"2012"_q);
-    program.session.Busy = Boolean::False;
+    program.session.Busy = false;
     EXPECT_EQ(program.connections.Opens(), opens);
     ExpectNothingShown(dialog);
 }
@@ -415,12 +415,12 @@ TEST_F(ShowDetail, WhileBusyItsKeysAndButtonsAreDead)
 {
     ListReserved();
     Open([this](QWidget& dialog) {
-        program.session.Busy = Boolean::True;
+        program.session.Busy = true;
         PressKey(dialog, Qt::Key_F12);
         PressKey(dialog, Qt::Key_Escape);
         for (const QString& name : {u"BtnSendS(0)"_q, u"BtnSendS(1)"_q, u"BtnTopFunc(1)"_q})
             ClickOn(program.On<QWidget>(dialog, name));
-        program.session.Busy = Boolean::False;
+        program.session.Busy = false;
         EXPECT_TRUE(dialog.isVisible());
     });
     EXPECT_TRUE(Withdrawals().isEmpty());

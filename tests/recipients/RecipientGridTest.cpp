@@ -97,9 +97,9 @@ TEST_F(RecipientGrid, TheButtonsOpenTheirDialogsUnlessBusy)
             PressKey(form, Qt::Key_Escape);
         });
         program.Click(button);
-        program.session.Busy = Boolean::True;
+        program.session.Busy = true;
         program.Click(button);
-        program.session.Busy = Boolean::False;
+        program.session.Busy = false;
     }
     EXPECT_EQ(opened, 2);
 }
@@ -162,12 +162,12 @@ TEST_F(RecipientGrid, FromTheHundredthRowOnTheNumbersWrap)
 TEST_F(RecipientGrid, WhileBusyNothingIsRemovedAndNothingEmptied)
 {
     program.List({{u"가"_q, u"01011111111"_q}});
-    program.session.Busy = Boolean::True;
+    program.session.Busy = true;
     Remove(1);
     program.Click(u"BtnFuncMain(2)"_q);
     EXPECT_FALSE(Grid().RowHidden(1));
     EXPECT_EQ(Grid().GetText(2, 1), u"가"_q);
-    program.session.Busy = Boolean::False;
+    program.session.Busy = false;
 }
 
 TEST_F(RecipientGrid, AClickOnAnotherColumnRemovesNothing)
@@ -251,10 +251,10 @@ TEST_F(RecipientGrid, EscapeGivesACellThatIsEditedBackAndAsksNothing)
 TEST_F(RecipientGrid, EnterWalksWhileBusyToo)
 {
     ClickCell(Grid(), 2, 1);
-    program.session.Busy = Boolean::True;
+    program.session.Busy = true;
     PressKey(Grid(), Qt::Key_Return);
     EXPECT_EQ(Grid().ActiveCol(), 3);
-    program.session.Busy = Boolean::False;
+    program.session.Busy = false;
 }
 
 TEST_F(RecipientGrid, EnterInTheLastNumberStaysAndAddsNoRow)

@@ -138,18 +138,18 @@ TEST_F(MainWindow, TheLitSettingsButtonOpensThemAgainUnlessBusy)
     });
     program.Click(u"BtnToolbarEn(4)"_q);
     EXPECT_EQ(opened, 1);
-    program.session.Busy = Boolean::True;
+    program.session.Busy = true;
     program.Click(u"BtnToolbarEn(4)"_q);
-    program.session.Busy = Boolean::False;
+    program.session.Busy = false;
     EXPECT_EQ(Form::Find(u"dlgSMSSetup"_q), nullptr);
 }
 
 TEST_F(MainWindow, PagesSwitchWhileBusyToo)
 {
-    program.session.Busy = Boolean::True;
+    program.session.Busy = true;
     Toolbar(2);
     EXPECT_EQ(Pages(), u"--P-"_q);
-    program.session.Busy = Boolean::False;
+    program.session.Busy = false;
 }
 
 TEST_F(MainWindow, MaximiseSaysThatItIsNotSupportedAndChangesNothing)
@@ -162,13 +162,13 @@ TEST_F(MainWindow, MaximiseSaysThatItIsNotSupportedAndChangesNothing)
 
 TEST_F(MainWindow, AnyButtonOnTheBackgroundDragsTheWindowAlsoWhileBusy)
 {
-    program.session.Busy = Boolean::True;
+    program.session.Busy = true;
     for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
         const QPoint before = program.form->pos();
         Drag(program.Control(u"PictBg"_q), QPoint(400, 20), button);
         EXPECT_EQ(program.form->pos(), before + QPoint(30, 10)) << button;
     }
-    program.session.Busy = Boolean::False;
+    program.session.Busy = false;
 }
 
 TEST_F(MainWindow, PagesLabelsAndControlsDoNotDragTheWindow)
@@ -201,12 +201,12 @@ TEST_F(MainWindow, WebButtonsOpenTheAccountsPagesAsTheyStand)
 
 TEST_F(MainWindow, WhileBusyWindowAndWebButtonsAndEscAreDead)
 {
-    program.session.Busy = Boolean::True;
+    program.session.Busy = true;
     for (const QString& name :
          {u"BtnWindows(0)"_q, u"BtnWindows(1)"_q, u"BtnWindows(2)"_q, u"BtnWebPage(0)"_q, u"BtnWebPage(1)"_q})
         program.Click(name);
     PressKey(*program.form, Qt::Key_Escape);
-    program.session.Busy = Boolean::False;
+    program.session.Busy = false;
     EXPECT_TRUE(program.desktop.events.isEmpty());
     EXPECT_FALSE(program.form->isMinimized());
 }
@@ -229,7 +229,7 @@ TEST_F(MainWindow, YesEndsTheProgram)
 {
     bool quit = false;
     program.db.ConnectDB();
-    ASSERT_EQ(program.sms.InitSOAP(), Boolean::True);
+    ASSERT_TRUE(program.sms.InitSOAP());
     Form other(program.session, program.desktop, u"dlgOther"_q, Form::Kind::Dialog, program.form.get());
     other.show();
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, program.form.get(), [&] { quit = true; });
@@ -243,7 +243,7 @@ TEST_F(MainWindow, YesEndsTheProgram)
     EXPECT_EQ(program.connections.OpenNow(), 0);
     // Without a client each send fails at once, before any call.
     program.desktop.AllowBoxes();
-    EXPECT_EQ(program.sms.SubmitSMS({}, u"01011111111"_q, {}, u"x"_q, {}, {}, {}, {}), Boolean::False);
+    EXPECT_FALSE(program.sms.SubmitSMS({}, u"01011111111"_q, {}, u"x"_q, {}, {}, {}, {}));
     EXPECT_EQ(program.gateway.CallCount(), 0);
 }
 

@@ -55,7 +55,7 @@ protected:
 
 TEST_F(DBConnectTest, ConnectingKeepsTheAssembledText)
 {
-    EXPECT_EQ(db.ConnectDB(), Boolean::True);
+    EXPECT_TRUE(db.ConnectDB());
     EXPECT_EQ(
         session.ConnectionString,
         u"Provider=SQLOLEDB.1;Password=secret;Persist Security Info=True;User ID=sms;Initial Catalog="_q +
@@ -98,9 +98,8 @@ TEST_F(DBConnectTest, AConnectionThatIsReleasedWhileItIsMadeIsMadeAnew)
     const auto release = [this] { db.CloseDB(); };
     QMetaObject::invokeMethod(qApp, release, Qt::QueuedConnection);
     QThread::msleep(20); // events are due again after the pace of a screen
-    EXPECT_EQ(db.ConnectDB(), Boolean::False);
-    EXPECT_EQ(db.OpenRecordset(Balance),
-              Boolean::True); // on the one that the report of the unset object has made
+    EXPECT_FALSE(db.ConnectDB());
+    EXPECT_TRUE(db.OpenRecordset(Balance)); // on the one that the report of the unset object has made
     EXPECT_TRUE(desktop.boxes.isEmpty());
 }
 
@@ -115,14 +114,14 @@ TEST_F(DBConnectTest, AServerWhosePortIsClosedIsDown)
     session.DBServer = u"127.0.0.1"_q;
     session.DBPort = u"1"_q;
     desktop.Expect(ServerDown);
-    EXPECT_EQ(db.ConnectDB(), Boolean::False);
+    EXPECT_FALSE(db.ConnectDB());
 }
 
 TEST_F(DBConnectTest, AQueryGivesItsRecords)
 {
     database.SetAccount(12);
     db.ConnectDB();
-    EXPECT_EQ(db.OpenRecordset(Balance), Boolean::True);
+    EXPECT_TRUE(db.OpenRecordset(Balance));
     EXPECT_EQ(db.Records().RecordCount(), 1);
     EXPECT_EQ(db.Records().Field(u"SMSRemainCnt"), u"12"_q);
 }
@@ -180,16 +179,16 @@ TEST_F(DBConnectTest, ClosingLeavesTheCurrentError)
 TEST_F(DBConnectTest, AStatementIsDone)
 {
     db.ConnectDB();
-    EXPECT_EQ(db.ExecuteSQL(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1"), Boolean::True);
+    EXPECT_TRUE(db.ExecuteSQL(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1"));
     EXPECT_EQ(database.Value(Balance), u"1"_q);
 }
 
 TEST_F(DBConnectTest, AStatementWithoutAConnectionReconnectsQuietlyAndIsLost)
 {
-    EXPECT_EQ(db.ExecuteSQL(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1"), Boolean::False);
+    EXPECT_FALSE(db.ExecuteSQL(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1"));
     EXPECT_EQ(connections.OpenNow(), 1);
     EXPECT_EQ(database.Value(Balance), u"0"_q);
-    EXPECT_EQ(db.ExecuteSQL(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1"), Boolean::True);
+    EXPECT_TRUE(db.ExecuteSQL(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1"));
     EXPECT_EQ(database.Value(Balance), u"1"_q);
 }
 
@@ -197,21 +196,21 @@ TEST_F(DBConnectTest, AStatementBehindTheClosingReachesNoConnectionEither)
 {
     db.ConnectDB();
     db.CloseDB();
-    EXPECT_EQ(db.ExecuteSQL(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1"), Boolean::False);
+    EXPECT_FALSE(db.ExecuteSQL(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1"));
     EXPECT_EQ(connections.Statements(), QStringList());
     EXPECT_EQ(connections.OpenNow(), 1);
 }
 
 TEST_F(DBConnectTest, AQueryWithoutAConnectionReconnectsQuietlyAndIsLost)
 {
-    EXPECT_EQ(db.OpenRecordset(Balance), Boolean::False);
+    EXPECT_FALSE(db.OpenRecordset(Balance));
     EXPECT_EQ(connections.OpenNow(), 1);
-    EXPECT_EQ(db.OpenRecordset(Balance), Boolean::True);
+    EXPECT_TRUE(db.OpenRecordset(Balance));
 }
 
 TEST_F(DBConnectTest, AFaultyStatementWithoutAConnectionIsNotToldOf)
 {
-    EXPECT_EQ(db.ExecuteSQL(Statement(u"DELETE SMSLog_2012 WHERE SMSKey = ").Bare(u"x")), Boolean::False);
+    EXPECT_FALSE(db.ExecuteSQL(Statement(u"DELETE SMSLog_2012 WHERE SMSKey = ").Bare(u"x")));
     EXPECT_TRUE(desktop.boxes.isEmpty());
 }
 
@@ -219,7 +218,7 @@ TEST_F(DBConnectTest, AQuietReconnectionToADeadServerIsTold)
 {
     connections.RefuseOpens(-1);
     desktop.Expect(ServerDown);
-    EXPECT_EQ(db.ExecuteSQL(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1"), Boolean::False);
+    EXPECT_FALSE(db.ExecuteSQL(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1"));
     EXPECT_EQ(connections.Opens(), 1);
 }
 
@@ -227,9 +226,8 @@ TEST_F(DBConnectTest, AValueWithAnApostropheFailsAtTheServer)
 {
     db.ConnectDB();
     desktop.Expect(Told(u"Unclosed quotation mark after the character string ')'."_q));
-    EXPECT_EQ(db.ExecuteSQL(
-                  Statement(u"Insert into SMSGroupMst (GroupNm) values (").InQuotes(u"O'Brien").Own(u")")),
-              Boolean::False);
+    EXPECT_FALSE(db.ExecuteSQL(
+        Statement(u"Insert into SMSGroupMst (GroupNm) values (").InQuotes(u"O'Brien").Own(u")")));
     EXPECT_EQ(connections.Statements(),
               QStringList{u"Insert into SMSGroupMst (GroupNm) values ('O'Brien')"_q});
     EXPECT_EQ(connections.OpenNow(), 0);
@@ -243,9 +241,8 @@ TEST_F(DBConnectTest, AValueThatWouldChangeTheStatementIsNeverSent)
                                   u"O''Brien"_q, u"x') --"_q, u"x'), ('y"_q}) {
         db.ConnectDB();
         desktop.AllowBoxes();
-        EXPECT_EQ(db.ExecuteSQL(
-                      Statement(u"Insert into SMSGroupMst (GroupNm) values (").InQuotes(attack).Own(u")")),
-                  Boolean::False);
+        EXPECT_FALSE(db.ExecuteSQL(
+            Statement(u"Insert into SMSGroupMst (GroupNm) values (").InQuotes(attack).Own(u")")));
     }
     EXPECT_EQ(desktop.boxes.size(), 5);
     for (const Box& box : desktop.boxes)
@@ -259,9 +256,8 @@ TEST_F(DBConnectTest, AFaultyQueryIsNeverSent)
 {
     db.ConnectDB();
     desktop.Expect(Told(u"Incorrect syntax near 'OR'."_q));
-    EXPECT_EQ(db.OpenRecordset(
-                  Statement(u"SELECT GSubNm FROM SMSGroupSub WHERE GSubNm =").InQuotes(u"x' OR 'a'='a")),
-              Boolean::False);
+    EXPECT_FALSE(db.OpenRecordset(
+        Statement(u"SELECT GSubNm FROM SMSGroupSub WHERE GSubNm =").InQuotes(u"x' OR 'a'='a")));
     EXPECT_EQ(connections.Statements(), QStringList());
 }
 
@@ -270,10 +266,10 @@ TEST_F(DBConnectTest, AFaultyQueryIsNeverSent)
 TEST_F(DBConnectTest, AReportWithoutAnErrorClosesAllAndShowsNothing)
 {
     db.ConnectDB();
-    session.Busy = Boolean::True;
+    session.Busy = true;
     db.ReportDBError();
     EXPECT_EQ(connections.OpenNow(), 0);
-    EXPECT_EQ(session.Busy, Boolean::False);
+    EXPECT_FALSE(session.Busy);
     EXPECT_EQ(desktop.pointers, QList<MousePointer>{MousePointer::Default});
     EXPECT_TRUE(desktop.boxes.isEmpty());
 }
@@ -281,11 +277,11 @@ TEST_F(DBConnectTest, AReportWithoutAnErrorClosesAllAndShowsNothing)
 TEST_F(DBConnectTest, AReportOfAnUnsetObjectLeavesANewConnectionBehind)
 {
     SetCurrentError(91, u"개체 변수가 설정되지 않았습니다."_q);
-    session.Busy = Boolean::True;
+    session.Busy = true;
     db.ReportDBError();
     EXPECT_TRUE(desktop.boxes.isEmpty());
     EXPECT_EQ(connections.OpenNow(), 1);
-    EXPECT_EQ(session.Busy, Boolean::False);
+    EXPECT_FALSE(session.Busy);
 }
 
 TEST_F(DBConnectTest, AReportOfANoticeIsAnInformation)
@@ -322,11 +318,11 @@ TEST_F(DBConnectTest, AReportOfAnyOtherErrorGivesItsDescription)
 TEST_F(DBConnectTest, AReportLeavesTheBoxStandingOverClosedObjects)
 {
     db.ConnectDB();
-    session.Busy = Boolean::True;
+    session.Busy = true;
     SetCurrentError(5, u"x"_q);
     desktop.Expect(Told(u"x"_q), AnswerOK, [this] {
         EXPECT_EQ(connections.OpenNow(), 0);
-        EXPECT_EQ(session.Busy, Boolean::False);
+        EXPECT_FALSE(session.Busy);
     });
     db.ReportDBError();
 }
@@ -345,11 +341,11 @@ TEST_F(DBConnectTest, AFailureInTheMiddleClosesTheConnectionForTheNextStatement)
 {
     db.ConnectDB();
     connections.FailStatement(2, StatementFailure, u"broken"_q);
-    EXPECT_EQ(db.ExecuteSQL(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1"), Boolean::True);
+    EXPECT_TRUE(db.ExecuteSQL(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1"));
     desktop.Expect(Told(u"broken"_q));
-    EXPECT_EQ(db.ExecuteSQL(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 10"), Boolean::False);
-    EXPECT_EQ(db.ExecuteSQL(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 100"), Boolean::False);
-    EXPECT_EQ(db.ExecuteSQL(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1000"), Boolean::True);
+    EXPECT_FALSE(db.ExecuteSQL(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 10"));
+    EXPECT_FALSE(db.ExecuteSQL(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 100"));
+    EXPECT_TRUE(db.ExecuteSQL(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1000"));
     EXPECT_EQ(database.Value(Balance), u"1001"_q);
 }
 
@@ -358,9 +354,9 @@ TEST_F(DBConnectTest, ACutLinkIsToldAsADeadServer)
     db.ConnectDB();
     connections.Cut();
     desktop.Expect(ServerDown);
-    EXPECT_EQ(db.OpenRecordset(Balance), Boolean::False);
-    EXPECT_EQ(db.ConnectDB(), Boolean::True);
-    EXPECT_EQ(db.OpenRecordset(Balance), Boolean::True);
+    EXPECT_FALSE(db.OpenRecordset(Balance));
+    EXPECT_TRUE(db.ConnectDB());
+    EXPECT_TRUE(db.OpenRecordset(Balance));
 }
 
 } // namespace tsms::test

@@ -37,7 +37,7 @@ TEST_F(LoadSMSSetupTest, ReadsTheWholeRowTrimmed)
 {
     database.Execute(
         u"UPDATE SMSSetup SET SMSID=' demo ', SMSPWD=' p w ', SMSDNS='d ', SMSTelNo=' 02-1234-5678', SMSOrgNm=' 한빛 교회 ', SMSRemainCnt=1234, SMSWeb1=' http://a ', SMSWeb2='http://b '"_q);
-    EXPECT_EQ(LoadSMSSetup(session, db), Boolean::True);
+    EXPECT_TRUE(LoadSMSSetup(session, db));
     EXPECT_EQ(session.SMSRemainCnt, 1234);
     EXPECT_EQ(session.SMSID, u"demo"_q);
     EXPECT_EQ(session.SMSPWD, u"p w"_q);
@@ -72,7 +72,7 @@ TEST_F(LoadSMSSetupTest, ANullTextReadsAsEmpty)
     database.SetAccount(5);
     database.Execute(u"UPDATE SMSSetup SET SMSID=NULL"_q);
     session.SMSID = u"old"_q;
-    EXPECT_EQ(LoadSMSSetup(session, db), Boolean::True);
+    EXPECT_TRUE(LoadSMSSetup(session, db));
     EXPECT_EQ(session.SMSID, QString());
     EXPECT_EQ(session.SMSRemainCnt, 5);
 }
@@ -82,7 +82,7 @@ TEST_F(LoadSMSSetupTest, ANullBalanceShowsOneBoxAndReturnsZero)
     database.SetAccount(5);
     database.Execute(u"UPDATE SMSSetup SET SMSRemainCnt=NULL"_q);
     desktop.Expect({u" - 오류!!!"_q, u"☞ : 형식이 일치하지 않습니다."_q, MsgBoxCritical});
-    EXPECT_EQ(LoadSMSSetup(session, db), Boolean::False);
+    EXPECT_FALSE(LoadSMSSetup(session, db));
     EXPECT_EQ(connections.OpenNow(), 0);
 }
 
@@ -104,7 +104,7 @@ TEST_F(LoadSMSSetupTest, AMissingColumnShowsOneBoxAndReturnsZero)
     database.SetAccount(5);
     database.Execute(u"ALTER TABLE SMSSetup DROP COLUMN SMSWeb2"_q);
     desktop.AllowBoxes();
-    EXPECT_EQ(LoadSMSSetup(session, db), Boolean::False);
+    EXPECT_FALSE(LoadSMSSetup(session, db));
     EXPECT_EQ(desktop.boxes.size(), 1);
 }
 
@@ -114,7 +114,7 @@ TEST_F(LoadSMSSetupTest, WithoutARowTheSessionKeepsWhatItHeld)
     session.SMSRemainCnt = 9;
     session.SMSID = u"old"_q;
     session.BalanceListener = [] { ADD_FAILURE() << "the balance was shown"; };
-    EXPECT_EQ(LoadSMSSetup(session, db), Boolean::True);
+    EXPECT_TRUE(LoadSMSSetup(session, db));
     EXPECT_EQ(session.SMSRemainCnt, 9);
     EXPECT_EQ(session.SMSID, u"old"_q);
     EXPECT_EQ(connections.OpenNow(), 0);
@@ -126,7 +126,7 @@ TEST_F(LoadSMSSetupTest, ADeadServerIsToldOnceForEachAttemptAndStillReturnsTrue)
     desktop.Expect(NoServer); // the first attempt
     desktop.Expect(NoServer); // the second
     desktop.Expect(NoServer); // the query finds no object and the quiet new connection fails too
-    EXPECT_EQ(LoadSMSSetup(session, db), Boolean::True);
+    EXPECT_TRUE(LoadSMSSetup(session, db));
     EXPECT_EQ(connections.Opens(), 3);
     EXPECT_EQ(session.SMSRemainCnt, 0);
 }
@@ -136,7 +136,7 @@ TEST_F(LoadSMSSetupTest, ASecondAttemptThatSucceedsReadsTheRow)
     database.SetAccount(42);
     connections.RefuseOpens(1);
     desktop.Expect(NoServer);
-    EXPECT_EQ(LoadSMSSetup(session, db), Boolean::True);
+    EXPECT_TRUE(LoadSMSSetup(session, db));
     EXPECT_EQ(session.SMSRemainCnt, 42);
 }
 
@@ -144,7 +144,7 @@ TEST_F(LoadSMSSetupTest, AFailedQueryIsReportedAndReturnsTrue)
 {
     database.Execute(u"DROP TABLE SMSSetup"_q);
     desktop.Expect({u" - 오류!!!"_q, u"☞ : Invalid object name 'SMSSetup'."_q, MsgBoxCritical});
-    EXPECT_EQ(LoadSMSSetup(session, db), Boolean::True);
+    EXPECT_TRUE(LoadSMSSetup(session, db));
     EXPECT_EQ(connections.OpenNow(), 0);
 }
 

@@ -75,7 +75,7 @@ TEST_F(FillTemplateComboTest, ACodeThatIsNotThereChangesNothing)
 
 TEST_F(FillTemplateComboTest, BusyIsSetWhileTheListTellsItsChoiceAndClearBehindIt)
 {
-    session.Busy = Boolean::True; // of the caller
+    session.Busy = true; // of the caller
     Fill();
     EXPECT_EQ(busyAtClick, QList<bool>{true});
     EXPECT_FALSE(session.IsBusy());

@@ -125,7 +125,7 @@ TEST_F(TemplateCardsTest, APageButtonMakesItsPageTheCurrentOne)
 TEST_F(TemplateCardsTest, PageButtonsDoNothingWhileBusy)
 {
     Serve(compose);
-    session.Busy = Boolean::True;
+    session.Busy = true;
     ClickOn(compose, u"BtnPageCount(3)"_q);
     EXPECT_TRUE(shown.isEmpty());
     EXPECT_EQ(compose.Page(), 0);
@@ -144,7 +144,7 @@ TEST_F(TemplateCardsTest, OnlyTheBodyOfACardTakesTheClick)
 TEST_F(TemplateCardsTest, ACardTakesTheClickWhileBusyToo)
 {
     Serve(compose);
-    session.Busy = Boolean::True;
+    session.Busy = true;
     ClickOn(compose, u"LblTmpContent(1)"_q);
     EXPECT_EQ(taken, QList<int>{1});
 }

@@ -414,7 +414,7 @@ TEST_F(TemplateLibrary, BusyAndTheHourglassStandWhileASaveWorks)
 
 TEST_F(TemplateLibrary, AnUpdateOfTheKeyZeroChangesNothingWithoutAWord)
 {
-    EXPECT_EQ(SaveTemplate(program.services, Boolean::False, 1, u"x"_q, u"y"_q, 0), Boolean::False);
+    EXPECT_FALSE(SaveTemplate(program.services, false, 1, u"x"_q, u"y"_q, 0));
     EXPECT_FALSE(program.connections.Statements().last().startsWith(u"UPDATE"_q));
     ExpectAtRest();
 }
@@ -517,12 +517,12 @@ TEST_F(TemplateLibrary, AFailedDeleteIsReportedAndTheFieldsStay)
 TEST_F(TemplateLibrary, WhileBusyTheCommandsAreDead)
 {
     ClickOn(EditCard(1));
-    program.session.Busy = Boolean::True;
+    program.session.Busy = true;
     ClickNew();
     ClickSave();
     ClickDelete();
     program.Click(u"BtnFuncDocEdit(2)"_q);
-    program.session.Busy = Boolean::False;
+    program.session.Busy = false;
     EXPECT_EQ(Body().Tag, u"1"_q);
     EXPECT_TRUE(program.desktop.boxes.isEmpty());
 }

@@ -538,7 +538,7 @@ TEST_F(TemplatePicker, WhileBusyListsAndPageButtonsAreDeadAndCardsAreNot)
 {
     Start();
     const int opens = program.connections.Opens();
-    program.session.Busy = Boolean::True;
+    program.session.Busy = true;
     Choose(ComposeList(), 1);
     ComposePage(1);
     EXPECT_EQ(OnCompose(), ExpectedOn(0, 20));
@@ -546,15 +546,15 @@ TEST_F(TemplatePicker, WhileBusyListsAndPageButtonsAreDeadAndCardsAreNot)
     EXPECT_EQ(program.connections.Opens(), opens);
     ClickOn(ComposeCard(3));
     EXPECT_EQ(Message().Text(), u"내용 3"_q);
-    program.session.Busy = Boolean::False;
+    program.session.Busy = false;
     OpenTemplatePage();
-    program.session.Busy = Boolean::True;
+    program.session.Busy = true;
     Choose(FilterList(), 1);
     EditPage(1);
     EXPECT_EQ(OnEdit(), ExpectedOn(0, 20));
     ClickOn(EditCard(4));
     EXPECT_EQ(Body().Text(), u"내용 4"_q);
-    program.session.Busy = Boolean::False;
+    program.session.Busy = false;
 }
 
 TEST_F(TemplatePicker, BusyAndTheHourglassStandWhileTheTemplatesAreRead)

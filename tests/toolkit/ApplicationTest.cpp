@@ -83,7 +83,7 @@ TEST(Application, AnErrorThatLeftAnEventHandlerLeavesNoBusyBehind)
     Form form(session, desktop, u"frmTest"_q, Form::Kind::Main);
     Thrower thrower;
     thrower.raise = [&] {
-        form.SetBusy(Boolean::True);
+        form.SetBusy(true);
         throw RuntimeError(91, u"없음"_q);
     };
     QCoreApplication::postEvent(&thrower, new QEvent(QEvent::User));

@@ -191,7 +191,7 @@ TEST_F(DialogFormTest, EscUnloads)
 TEST_F(DialogFormTest, WhileBusyKeysAndButtonsAreDead)
 {
     Open();
-    session.Busy = Boolean::True;
+    session.Busy = true;
     Press(Qt::Key_F12);
     Press(Qt::Key_Escape);
     QTest::mouseClick(dialog->Button(0), Qt::LeftButton);
@@ -202,20 +202,20 @@ TEST_F(DialogFormTest, WhileBusyKeysAndButtonsAreDead)
     EXPECT_EQ(dialog->focusWidget(), dialog->field[0]);
     EXPECT_TRUE(dialog->pressed.isEmpty());
     EXPECT_TRUE(dialog->IsLoaded());
-    session.Busy = Boolean::False;
+    session.Busy = false;
 }
 
 TEST_F(DialogFormTest, TitleStripTitleAndSurfaceMoveTheWindowAlsoWhileBusy)
 {
     Open();
-    session.Busy = Boolean::True;
+    session.Busy = true;
     const QRect memo(dialog->memo->mapTo(dialog.get(), QPoint()), dialog->memo->size());
     for (const auto button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
         EXPECT_EQ(Drag(Find(u"Picture1"_q)->geometry().topLeft() + QPoint(2, 2), button), QPoint(15, 10));
         EXPECT_EQ(Drag(PlaceIn(dialog->TitleLabel()), button), QPoint(15, 10));
         EXPECT_EQ(Drag(memo.topLeft() - QPoint(3, 3), button), QPoint(15, 10));
     }
-    session.Busy = Boolean::False;
+    session.Busy = false;
 }
 
 TEST_F(DialogFormTest, NoteAndControlsDoNotMoveTheWindow)

@@ -1,9 +1,9 @@
 #include "toolkit/fields/ComboBox.h"
 
 #include "runtime/RuntimeError.h"
-#include "toolkit/fields/Guarded.h"
 #include "toolkit/fields/KeyFilter.h"
 #include "toolkit/fields/Naming.h"
+#include "toolkit/fields/RaiseEvent.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>

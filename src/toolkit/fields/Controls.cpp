@@ -1,8 +1,8 @@
 #include "toolkit/fields/Controls.h"
 
 #include "runtime/Text.h"
-#include "toolkit/fields/Guarded.h"
 #include "toolkit/fields/Naming.h"
+#include "toolkit/fields/RaiseEvent.h"
 #include "toolkit/fields/TextField.h"
 #include "toolkit/look/Pictures.h"
 #include "toolkit/look/Placing.h"

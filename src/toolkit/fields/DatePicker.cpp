@@ -1,9 +1,9 @@
 #include "toolkit/fields/DatePicker.h"
 
 #include "toolkit/fields/Controls.h"
-#include "toolkit/fields/Guarded.h"
 #include "toolkit/fields/KeyFilter.h"
 #include "toolkit/fields/Naming.h"
+#include "toolkit/fields/RaiseEvent.h"
 #include "toolkit/look/Pictures.h"
 #include "toolkit/look/Placing.h"
 #include "toolkit/look/Theme.h"

@@ -1,7 +1,7 @@
 #include "toolkit/fields/KeyFilter.h"
 
-#include "toolkit/fields/Guarded.h"
 #include "toolkit/fields/LimitRule.h"
+#include "toolkit/fields/RaiseEvent.h"
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>

@@ -1,9 +1,9 @@
 #include "toolkit/fields/TextField.h"
 
 #include "runtime/CodePage949.h"
-#include "toolkit/fields/Guarded.h"
 #include "toolkit/fields/KeyFilter.h"
 #include "toolkit/fields/LimitRule.h"
+#include "toolkit/fields/RaiseEvent.h"
 #include "toolkit/look/Theme.h"
 
 #include <QAction>

@@ -1,7 +1,8 @@
 #include "toolkit/grid/fpSpread.h"
 
-#include "toolkit/fields/Guarded.h"
+#include "toolkit/fields/Composition.h"
 #include "toolkit/fields/LimitRule.h"
+#include "toolkit/fields/RaiseEvent.h"
 #include "toolkit/grid/AccessibleGrid.h"
 #include "toolkit/grid/SpreadCommands.h"
 #include "toolkit/grid/SpreadDelegate.h"

@@ -1,7 +1,7 @@
 #include "toolkit/windows/Application.h"
 
-#include "toolkit/fields/Guarded.h"
 #include "toolkit/look/Pictures.h"
+#include "toolkit/windows/Guarded.h"
 
 #include <QAbstractButton>
 #include <QKeyEvent>

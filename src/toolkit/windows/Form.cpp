@@ -3,10 +3,10 @@
 #include "runtime/Desktop.h"
 #include "session/Session.h"
 #include "toolkit/fields/Controls.h"
-#include "toolkit/fields/Guarded.h"
 #include "toolkit/fields/Naming.h"
 #include "toolkit/look/Placing.h"
 #include "toolkit/look/Theme.h"
+#include "toolkit/windows/Guarded.h"
 
 #include <QAccessibleWidget>
 #include <QApplication>
@@ -20,6 +20,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <utility>
 
 namespace tsms {
 
@@ -55,15 +56,6 @@ void TellOfForms()
 }
 
 } // namespace
-
-void SetBusy(Boolean flag, Session& session, QWidget& form)
-{
-    session.Busy = flag;
-    if (session.IsBusy())
-        form.setCursor(Qt::WaitCursor);
-    else
-        form.unsetCursor();
-}
 
 Form::Form(Session& session, Desktop& desktop, const QString& name, Kind kind, QWidget* owner)
     : QWidget(nullptr, FlagsOf(kind)), session_(session), desktop_(desktop), kind_(kind), owner_(owner)
@@ -102,6 +94,20 @@ bool Form::IsLoaded() const
 bool Form::IsBusy() const
 {
     return session_.IsBusy();
+}
+
+void Form::SetBusy(bool busy)
+{
+    session_.Busy = busy;
+    if (busy)
+        setCursor(Qt::WaitCursor);
+    else
+        unsetCursor();
+}
+
+void Form::RunHandler(const std::function<void()>& handler)
+{
+    Guarded(desktop_, handler)();
 }
 
 void Form::ShowModal()
@@ -151,8 +157,8 @@ bool Form::KeyDown(int, Qt::KeyboardModifiers)
 
 bool Form::event(QEvent* event)
 {
-    if (event->type() == QEvent::WindowActivate)
-        Guarded(desktop_, [this] { Activate(); })();
+    if (event->type() == QEvent::WindowActivate && !std::exchange(activated_, true))
+        RunHandler([this] { OnFirstActivation(); });
     return QWidget::event(event);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "runtime/Boolean.h"
+#include "toolkit/fields/RaiseEvent.h"
 #include "toolkit/windows/Dimmed.h"
 
 #include <QList>
@@ -18,15 +18,12 @@ namespace tsms {
 class Desktop;
 struct Session;
 
-/// Stores the session's Busy and shows the hourglass over `form` while it is set.
-void SetBusy(Boolean flag, Session& session, QWidget& form);
-
 /// A frameless window drawn by the program, the base of the main window and of all dialogs. A press with any
 /// button on its own surface, or on a panel that says so, drags it, also while Busy is set; a click there
 /// does nothing. It is never larger than its screen, as far as its contents can be shown at all. While a
 /// dialog is on view, the window it stands over is dimmed. A form is loaded from its construction to its
 /// unloading (or its end, whichever is first).
-class Form : public QWidget
+class Form : public QWidget, public HandlerFrame
 {
     Q_OBJECT
 
@@ -54,10 +51,13 @@ public:
     /// Asks QueryUnload and, when it agrees, closes the form. True when the form is unloaded.
     bool Unload();
 
-    Session& SessionState() const { return session_; }
-    Desktop& Desk() const { return desktop_; }
     virtual bool IsBusy() const;
-    void SetBusy(Boolean flag) { tsms::SetBusy(flag, session_, *this); }
+
+    /// Stores the session's Busy and shows the hourglass over the form while it is set.
+    void SetBusy(bool busy);
+
+    /// An error that the handler lets out ends in a box.
+    void RunHandler(const std::function<void()>& handler) override;
 
 protected:
     /// Every closing goes through here, whatever began it. False keeps the form.
@@ -66,8 +66,8 @@ protected:
     /// Sees each key before the focused control does. True when the key is used up.
     virtual bool KeyDown(int key, Qt::KeyboardModifiers shift);
 
-    /// Each activation of the window.
-    virtual void Activate() {}
+    /// The first activation of the window.
+    virtual void OnFirstActivation() {}
 
     /// Takes its size, before it is first shown, on a screen with that much room.
     virtual void FitInto(QSize room);
@@ -99,6 +99,7 @@ private:
     QEventLoop* loop_ = nullptr;
     const void* previewed_ = nullptr;
     bool placed_ = false;
+    bool activated_ = false;
     Qt::MouseButton held_ = Qt::NoButton; // the button that drags the form
     QPoint grip_;
     bool moving_ = false;

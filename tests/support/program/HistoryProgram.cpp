@@ -75,9 +75,8 @@ int HistoryProgram::Reserve(const QString& name, const QString& until)
 {
     program.db.ConnectDB();
     program.sms.InitSOAP();
-    EXPECT_EQ(program.sms.SubmitSMS(name, u"010-0000-0001"_q, u"02-1234-5678"_q, u"내일 뵙겠습니다."_q, until,
-                                    {}, {}, {}),
-              Boolean::True);
+    EXPECT_TRUE(program.sms.SubmitSMS(name, u"010-0000-0001"_q, u"02-1234-5678"_q, u"내일 뵙겠습니다."_q,
+                                      until, {}, {}, {}));
     program.sms.ReleaseSOAP();
     program.db.CloseDB();
     return program.database.Value(u"SELECT MAX(SMSKey) FROM SMSLog_"_q + until.left(4)).toInt();
@@ -154,7 +153,7 @@ void HistoryProgram::ExpectOutcome(const Box& box)
 void HistoryProgram::ExpectNoGatewayClient()
 {
     const int calls = program.gateway.CallCount();
-    EXPECT_EQ(program.sms.WithdrawSMS(u"1"_q, u"100001"_q, u"2012"_q, {}, {}, {}), Boolean::False);
+    EXPECT_FALSE(program.sms.WithdrawSMS(u"1"_q, u"100001"_q, u"2012"_q, {}, {}, {}));
     EXPECT_EQ(program.gateway.CallCount(), calls);
 }
 

@@ -1,4 +1,4 @@
-#include "toolkit/fields/Guarded.h"
+#include "toolkit/windows/Guarded.h"
 
 #include "runtime/Desktop.h"
 #include "runtime/RuntimeError.h"
@@ -43,21 +43,8 @@ void BusyWatch::Restore(Desktop& desktop) const
     if (wasBusy_ || !IsAnyFormBusy())
         return;
     for (Form* form : Form::Loaded())
-        form->SetBusy(Boolean::False);
+        form->SetBusy(false);
     desktop.SetMousePointer(MousePointer::Default);
-}
-
-void RaiseEvent(const QWidget& control, const std::function<void()>& handler)
-{
-    if (!handler)
-        return;
-    const auto* form = qobject_cast<const Form*>(control.window());
-    if (!form) {
-        handler();
-        return;
-    }
-    // Copied, since a handler may put another in its own place.
-    Guarded(form->Desk(), std::function<void()>(handler))();
 }
 
 } // namespace tsms

@@ -2,10 +2,7 @@
 
 #include <concepts>
 #include <exception>
-#include <functional>
 #include <utility>
-
-class QWidget;
 
 namespace tsms {
 
@@ -59,9 +56,5 @@ template <class F> GuardedCall<F> Guarded(Desktop& desktop, F body)
 {
     return {desktop, std::move(body)};
 }
-
-/// Runs an event handler of a control. On a Form, an error that it lets out ends in that form's box;
-/// elsewhere it goes to the caller.
-void RaiseEvent(const QWidget& control, const std::function<void()>& handler);
 
 } // namespace tsms
