@@ -11,7 +11,6 @@
 #include "services/Services.h"
 #include "session/Session.h"
 #include "store/LoadSMSSetup.h"
-#include "toolkit/fields/Guarded.h"
 #include "toolkit/fields/LimitRule.h"
 #include "toolkit/fields/MemoBox.h"
 #include "toolkit/fields/Naming.h"

@@ -293,7 +293,7 @@ bool ConnectionDialog::MakeFile(const QString& file)
 {
     const YearRange years = YearsFor(services_.clock.Date().year());
     const bool demo = demo_ && demo_->Value();
-    SetBusy(Boolean::True);
+    SetBusy(true);
     QDir().mkpath(QFileInfo(file).absolutePath());
     QString fault;
     try {
@@ -306,7 +306,7 @@ bool ConnectionDialog::MakeFile(const QString& file)
                     ? QStringLiteral("이 위치에 파일을 쓸 수 없습니다: ") + file
                     : error.Description;
     }
-    SetBusy(Boolean::False);
+    SetBusy(false);
     if (fault.isEmpty())
         return true;
     services_.desktop.MsgBox(QStringLiteral("데이터베이스를 만들지 못했습니다.\r\n\r\n") + fault,

@@ -137,13 +137,13 @@ void PrepareDialog::Look()
     if (!ReadYearRange(Trim(fields_.Box(YearsField).Text()), years))
         return Tell(QStringLiteral("연도는 2010-2030 또는 2026처럼 적어 주십시오."), MsgBoxExclamation);
     QString fault;
-    SetBusy(Boolean::True);
+    SetBusy(true);
     try {
         script_ = PreparingScript(*Open(), years, Trim(fields_.Box(UserField).Text()));
     } catch (const RuntimeError& error) {
         fault = error.Description;
     }
-    SetBusy(Boolean::False);
+    SetBusy(false);
     if (!fault.isEmpty())
         return Tell(
             QStringLiteral("데이터베이스를 살펴보지 못했습니다. \"연결 시험\"에서 원인을 볼 수 있습니다.") +
@@ -159,13 +159,13 @@ void PrepareDialog::Run()
         return Tell(QStringLiteral("먼저 \"살펴보기\"를 눌러 실행할 스크립트를 보십시오."),
                     MsgBoxInformation);
     QString fault;
-    SetBusy(Boolean::True);
+    SetBusy(true);
     try {
         RunScript(*Open(), script_);
     } catch (const RuntimeError& error) {
         fault = error.Description;
     }
-    SetBusy(Boolean::False);
+    SetBusy(false);
     if (!fault.isEmpty())
         return Tell(QStringLiteral("데이터베이스가 거절하여 아무것도 만들지 않았습니다.\r\n\r\n서버의 말: ") +
                         fault,

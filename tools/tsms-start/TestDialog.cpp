@@ -95,12 +95,9 @@ void TestDialog::BuildWords()
     BodyLayout().addWidget(words_);
 }
 
-void TestDialog::Activate()
+void TestDialog::OnFirstActivation()
 {
-    if (!activated_) {
-        activated_ = true;
-        Run();
-    }
+    Run();
 }
 
 void TestDialog::OnButton(int index)
@@ -113,12 +110,12 @@ void TestDialog::OnButton(int index)
 
 void TestDialog::Run()
 {
-    SetBusy(Boolean::True);
+    SetBusy(true);
     test_.Run([this] {
         ShowSteps();
         DoEvents();
     });
-    SetBusy(Boolean::False);
+    SetBusy(false);
     ChooseFirstFault();
 }
 

@@ -22,7 +22,7 @@ public:
     bool HasRefusedPassword() const { return test_.HasRefusedPassword(); }
 
 protected:
-    void Activate() override;
+    void OnFirstActivation() override;
     void OnButton(int index) override;
 
 private:
@@ -36,7 +36,6 @@ private:
     ConnectionTest test_;
     fpSpread* list_ = nullptr;
     MemoBox* words_ = nullptr;
-    bool activated_ = false;
 };
 
 } // namespace tsms

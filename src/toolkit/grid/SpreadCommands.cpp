@@ -1,7 +1,7 @@
 #include "toolkit/grid/SpreadCommands.h"
 
-#include "toolkit/fields/Guarded.h"
 #include "toolkit/fields/LimitRule.h"
+#include "toolkit/fields/RaiseEvent.h"
 #include "toolkit/grid/fpSpread.h"
 #include "toolkit/grid/PastedRows.h"
 #include "toolkit/grid/SpreadSelection.h"
