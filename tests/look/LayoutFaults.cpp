@@ -274,8 +274,8 @@ void LayoutFaults::LookAtPlace(const QWidget& parent, const QWidget& child, cons
 {
     if (!parent.rect().contains(child.geometry()))
         faults += u"%1 sticks out of %2"_q.arg(NameOf(child), NameOf(parent));
-    if (dynamic_cast<const PopupPanel*>(&child))
-        return; // opens over the others
+    if (dynamic_cast<const PopupPanel*>(&child) || child.objectName() == u"PlVeil")
+        return; // opens over the others, or dims them
     for (const QWidget* other : siblings) {
         if (other == &child)
             return; // the rest of the pairs comes with the others

@@ -350,7 +350,7 @@ TEST_F(OdbcConnectionTest, WithoutADriverTheUserIsToldWhichWouldDo)
         OdbcConnection bare(drivers);
         Point(bare);
         const RuntimeError error = ErrorOf([&bare] { bare.Open(); });
-        EXPECT_EQ(error.Number, StatementFailure);
+        EXPECT_EQ(error.Number, NoDriver);
         EXPECT_EQ(error.Description, WantedOdbcDrivers());
     }
 }
