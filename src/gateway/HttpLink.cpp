@@ -6,9 +6,7 @@
 
 #include <QFile>
 
-#include <algorithm>
 #include <array>
-#include <cstring>
 #include <utility>
 
 namespace tsms {
@@ -19,13 +17,6 @@ const CurlLibrary& Curl()
 {
     return CurlLibrary::Get();
 }
-
-/// A body that is read once, from its beginning to its end.
-struct Outgoing
-{
-    const QByteArray* bytes = nullptr;
-    qsizetype sent = 0;
-};
 
 class HeaderList
 {
@@ -56,21 +47,11 @@ struct Incoming
     }
 };
 
-std::size_t SendBody(char* buffer, std::size_t size, std::size_t count, void* user)
+/// Asked before a request goes out over a connection. After a kept one died, the library would send the
+/// message again over a new one. The gateway may have taken it by then, so there is no second time.
+int RefuseSecondTime(void* isOut, char*, char*, int, int)
 {
-    auto& out = *static_cast<Outgoing*>(user);
-    const auto room = static_cast<qsizetype>(size) * static_cast<qsizetype>(count);
-    const qsizetype chunk = std::min(room, out.bytes->size() - out.sent);
-    std::memcpy(buffer, out.bytes->constData() + out.sent, static_cast<std::size_t>(chunk));
-    out.sent += chunk;
-    return static_cast<std::size_t>(chunk);
-}
-
-/// Asked when the library wants to send the body again over a new connection after a kept one died. The
-/// gateway may have taken the message by then, so there is no second time.
-int RefuseToRewind(void*, curl_off_t, int)
-{
-    return CURL_SEEKFUNC_FAIL;
+    return std::exchange(*static_cast<bool*>(isOut), true) ? CURL_PREREQFUNC_ABORT : CURL_PREREQFUNC_OK;
 }
 
 std::size_t ReceiveHead(char*, std::size_t size, std::size_t count, void* user)
@@ -149,12 +130,11 @@ HttpReply HttpLink::Post(const QString& url, const QList<QByteArray>& headers, c
 {
     PrepareConnection();
     CURL* curl = handle_->curl;
-    Outgoing out{&body, 0};
-    Curl().SetOption(curl, CURLOPT_POST, 1L);
+    bool isOut = false;
     Curl().SetOption(curl, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(body.size()));
-    Curl().SetOption(curl, CURLOPT_READFUNCTION, &SendBody);
-    Curl().SetOption(curl, CURLOPT_READDATA, &out);
-    Curl().SetOption(curl, CURLOPT_SEEKFUNCTION, &RefuseToRewind);
+    Curl().SetOption(curl, CURLOPT_POSTFIELDS, body.constData()); // head and body leave in one piece
+    Curl().SetOption(curl, CURLOPT_PREREQFUNCTION, &RefuseSecondTime);
+    Curl().SetOption(curl, CURLOPT_PREREQDATA, &isOut);
 
     HeaderList list;
     for (const QByteArray& header : headers)
@@ -213,7 +193,6 @@ HttpReply HttpLink::Perform(const QString& url)
     const CURLcode code = Curl().Perform(curl);
     Curl().SetOption(curl, CURLOPT_ERRORBUFFER, nullptr);
     if (code != CURLE_OK) {
-        // libcurl 8 before 8.16 remembers a refused rewind through every reset, and refuses all that follows.
         handle_ = std::make_unique<Handle>();
         throw FaultOf(code, words.data(), in.tooLong);
     }

@@ -1,7 +1,10 @@
 #include "gateway/SoapMessage.h"
 
+#include "gateway/PlainAnswer.h"
 #include "gateway/SoapFault.h"
 #include "gateway/XmlReading.h"
+
+#include <optional>
 
 namespace tsms {
 
@@ -147,13 +150,18 @@ QByteArray CallEnvelope::With(const QStringList& arguments) const
 {
     QByteArray envelope;
     envelope.reserve(4096);
-    for (qsizetype i = 0; i < ahead_.size(); ++i)
-        envelope += ahead_[i] + EscapeXml(arguments[i]);
-    return envelope + behind_;
+    for (qsizetype i = 0; i < ahead_.size(); ++i) {
+        envelope += ahead_[i];
+        envelope += EscapeXml(arguments[i]);
+    }
+    envelope += behind_;
+    return envelope;
 }
 
 QString ReadAnswer(const CallShape& shape, const QByteArray& envelope, const QByteArray& contentType)
 {
+    if (const std::optional<QString> result = ReadPlainAnswer(envelope))
+        return *result;
     XmlDocument document;
     if (!document.Parse(envelope, contentType))
         throw AnswerFault(QStringLiteral("XML 형식이 아닙니다."));

@@ -1,6 +1,7 @@
 // Takes any bytes for an answer of the gateway: a line with the content type, then the envelope. The text in
 // it is read as the gateway's reply.
 #include "fuzz/Target.h"
+#include "gateway/PlainAnswer.h"
 #include "gateway/ReplyGrammar.h"
 #include "gateway/SoapFault.h"
 #include "gateway/SoapMessage.h"
@@ -25,6 +26,13 @@ std::optional<QString> AnswerIn(const QByteArray& envelope, const QByteArray& co
     }
 }
 
+/// What is pulled from the bytes is what stands in the tree. A comment behind the root needs the tree.
+void RequireSameFromTheTree(const QByteArray& envelope, const QString& resultName)
+{
+    if (const std::optional<QString> plain = ReadPlainAnswer(envelope))
+        Require(AnswerIn(envelope + "<!---->", {}, resultName) == plain);
+}
+
 void ReadReplyText(const QString& text)
 {
     constexpr qsizetype itemsRead = 9;
@@ -41,9 +49,11 @@ void ReadReplyText(const QString& text)
 void ReadSoapReply(const QByteArray& bytes)
 {
     const qsizetype line = qMax<qsizetype>(bytes.indexOf('\n'), 0);
-    for (const QString& resultName : {QString(), QStringLiteral("SendSMSReturn")})
+    for (const QString& resultName : {QString(), QStringLiteral("SendSMSReturn")}) {
+        RequireSameFromTheTree(bytes.sliced(line), resultName);
         if (const auto text = AnswerIn(bytes.sliced(line), bytes.first(line), resultName))
             ReadReplyText(*text);
+    }
 }
 
 const Target soapReply("soap-reply", ReadSoapReply);

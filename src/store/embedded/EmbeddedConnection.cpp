@@ -11,6 +11,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace tsms {
@@ -30,9 +31,10 @@ QString FirstToken(const QString& text)
 }
 
 /// A plain literal is in the code page of the server's database, whatever becomes of it.
-QString InServersCharacters(QStringView text)
+QString InServersCharacters(const QString& text)
 {
-    return FromCodePage949(ToCodePage949(text));
+    const bool isPlain = std::all_of(text.begin(), text.end(), [](QChar c) { return c < u'\x80'; });
+    return isPlain ? text : FromCodePage949(ToCodePage949(text));
 }
 
 QString WithLiteralsInServersCharacters(const QString& sql)
