@@ -1,8 +1,8 @@
 #include "bench/ProgramDesk.h"
 #include "bench/recipients/Steps.h"
 
+#include "recipients/GridRecipientList.h"
 #include "runtime/Numbers.h"
-#include "services/RecipientColumn.h"
 #include "shell/frmSMSMain.h"
 #include "shell/Main.h"
 #include "toolkit/fields/Controls.h"
@@ -31,27 +31,29 @@ std::vector<double> DayOnPage(const QString& database)
     auto& list = *form->findChild<fpSpread*>(QStringLiteral("fpSpread"));
     auto& empty = *form->findChild<PushButton*>(QStringLiteral("BtnFuncMain(2)"));
     QApplication::clipboard()->setText(PastedText());
-    list.SetActiveCell(NameColumn, 1);
+    list.SetActiveCell(GridRecipientList::NameColumn, 1);
     Paint();
 
     std::vector<double> times;
     times.push_back(TimeOf([&] { Press(list, Qt::Key_V, Qt::ControlModifier); }));
-    Demand(list.GetText(PhoneColumn, LargestSize) == u"010-0003-2000",
+    Demand(list.GetText(GridRecipientList::PhoneColumn, LargestSize) == u"010-0003-2000",
            "bench_recipients: nothing was pasted");
     const int middle = LargestSize / 2;
     for (int removal = 0; removal < Removals; ++removal) {
-        list.SetActiveCell(RemoveColumn, middle + removal);
+        list.SetActiveCell(GridRecipientList::RemoveColumn, middle + removal);
         Paint();
         times.push_back(TimeOf([&] { Press(list, Qt::Key_Space, {}, QStringLiteral(" ")); }));
     }
-    Demand(list.GetText(NumberColumn, LargestSize) == TwoDigits(LargestSize - Removals),
+    Demand(list.GetText(GridRecipientList::RunningNumberColumn, LargestSize) ==
+               TwoDigits(LargestSize - Removals),
            "bench_recipients: the list was not numbered anew");
-    list.SetActiveCell(NameColumn, middle);
+    list.SetActiveCell(GridRecipientList::NameColumn, middle);
     for (int walk = 0; walk < Walks; ++walk)
         times.push_back(TimeOf([&] { Press(list, Qt::Key_Return, {}, QStringLiteral("\r")); }));
     Demand(list.ActiveRow() == middle + Removals + Walks / 2, "bench_recipients: Enter did not walk");
     times.push_back(TimeOf([&] { empty.Click(); }));
-    Demand(list.GetText(NameColumn, 1).isEmpty(), "bench_recipients: the list was not emptied");
+    Demand(list.GetText(GridRecipientList::NameColumn, 1).isEmpty(),
+           "bench_recipients: the list was not emptied");
     return times;
 }
 

@@ -20,12 +20,14 @@ void SetFirstMarks(fpSpread& list, QDate today)
 {
     const GridHelper helper;
     const int rows = list.MaxRows();
-    for (Counter16 row; row.Value() < rows;) {
-        ++row;
-        const QString status = helper.GetCellText(list, SendListStatus, row.Value());
-        const QString time = helper.GetCellText(list, SendListTime, row.Value());
-        list.SetCellPicture(SendListStatus, row.Value(), FirstMark(status, time, today));
-    }
+    list.InOneGo([&] {
+        for (Counter16 row; row.Value() < rows;) {
+            ++row;
+            const QString status = helper.GetCellText(list, SendListStatus, row.Value());
+            const QString time = helper.GetCellText(list, SendListTime, row.Value());
+            list.SetCellPicture(SendListStatus, row.Value(), FirstMark(status, time, today));
+        }
+    });
 }
 
 CheckPicture MarkOf(const fpSpread& list, int row)
@@ -49,8 +51,10 @@ void InvertMark(fpSpread& list, int row)
 
 void InvertMarks(fpSpread& list)
 {
-    for (int row = 1; row <= list.MaxRows(); ++row)
-        InvertMark(list, row);
+    list.InOneGo([&] {
+        for (int row = 1; row <= list.MaxRows(); ++row)
+            InvertMark(list, row);
+    });
 }
 
 std::int32_t CountTicked(const fpSpread& list)

@@ -5,8 +5,6 @@
 #include "toolkit/grid/fpSpread.h"
 #include "toolkit/look/Theme.h"
 
-#include <QScopeGuard>
-
 #include <algorithm>
 
 namespace tsms {
@@ -117,14 +115,17 @@ void GridRecipientList::WriteThirdValue(int row, const QString& value)
 
 void GridRecipientList::InOneGo(const std::function<void()>& changes)
 {
-    grid_.SetReDraw(false);
-    const auto draw = qScopeGuard([this] { grid_.SetReDraw(true); });
-    changes();
+    grid_.InOneGo(changes);
 }
 
 void GridRecipientList::RemoveActive()
 {
     grid_.SetRowHidden(grid_.ActiveRow(), true);
+    InOneGo([this] { NumberAnew(); });
+}
+
+void GridRecipientList::NumberAnew()
+{
     Counter16 row(0);
     Counter16 n(1);
     while (row.Value() < Rows()) {

@@ -56,6 +56,7 @@ private:
     bool IsFree(int row) const;
     int CountOnView(int first) const;
     void AddNumberedRows(int count);
+    void NumberAnew();
 
     fpSpread& grid_;
 };

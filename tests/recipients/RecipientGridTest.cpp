@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QHeaderView>
+#include <QSignalSpy>
 
 using namespace tsms;
 using namespace tsms::test;
@@ -141,6 +142,13 @@ TEST_F(RecipientGrid, ARemovedRowIsHiddenKeepsItsContentAndTheRestIsNumberedAnew
     EXPECT_EQ(numbers.first(), u"01"_q);
     EXPECT_EQ(numbers[2], u"03"_q);
     EXPECT_EQ(numbers.last(), u"19"_q);
+}
+
+TEST_F(RecipientGrid, ARemovalIsOneChangeOnView)
+{
+    const QSignalSpy changes(Grid().model(), &QAbstractItemModel::dataChanged);
+    Remove(3);
+    EXPECT_EQ(changes.size(), 1);
 }
 
 TEST_F(RecipientGrid, NumberingReachesRowsThatWereAddedWithoutANumber)

@@ -454,6 +454,49 @@ TEST_F(SpreadTest, AColumnOfNumbersGroupsItsDigitsOnTheScreenOnly)
     EXPECT_EQ(Index(5, 1).data(Qt::TextAlignmentRole).toInt() & Qt::AlignHorizontal_Mask, Qt::AlignRight);
 }
 
+TEST_F(SpreadTest, ATextThatACellHoldsAlreadyIsNoChange)
+{
+    grid.SetText(2, 1, u"one"_q);
+    grid.SetText(2, 2, QString());
+    const QSignalSpy changes(grid.model(), &QAbstractItemModel::dataChanged);
+    grid.SetText(2, 1, u"one"_q);
+    grid.SetText(2, 2, QString());
+    EXPECT_EQ(changes.size(), 0);
+    grid.SetText(2, 1, u"two"_q);
+    EXPECT_EQ(changes.size(), 1);
+}
+
+TEST_F(SpreadTest, AnEmptyTextOverridesABoundCellThatHadNoneOfItsOwn)
+{
+    grid.SetDataSource(std::make_shared<CountingSource>(3, 20));
+    grid.SetText(2, 2, u""_q);
+    EXPECT_EQ(grid.GetText(2, 2), QString());
+}
+
+TEST_F(SpreadTest, ChangesInOneGoAreAnnouncedWhenTheyAreDone)
+{
+    const QSignalSpy changes(grid.model(), &QAbstractItemModel::dataChanged);
+    grid.InOneGo([&] {
+        grid.SetText(2, 1, u"one"_q);
+        grid.SetText(2, 2, u"two"_q);
+        EXPECT_EQ(changes.size(), 0);
+    });
+    EXPECT_EQ(changes.size(), 1);
+}
+
+TEST_F(SpreadTest, ChangesInOneGoThatRaiseLeaveTheGridDrawing)
+{
+    EXPECT_THROW(grid.InOneGo([] { throw 1; }), int);
+    EXPECT_TRUE(grid.ReDraw());
+}
+
+TEST_F(SpreadTest, ChangesInOneGoLeaveAGridThatDoesNotDrawAsItIs)
+{
+    grid.SetReDraw(false);
+    grid.InOneGo([] {});
+    EXPECT_FALSE(grid.ReDraw());
+}
+
 TEST_F(SpreadTest, WithoutReDrawNoChangeIsAnnouncedUntilItIsOnAgain)
 {
     const QSignalSpy changes(grid.model(), &QAbstractItemModel::dataChanged);

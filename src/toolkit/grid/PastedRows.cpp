@@ -4,6 +4,7 @@
 #include "toolkit/fields/LimitRule.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tsms {
 
@@ -99,11 +100,12 @@ QList<QStringList> PastedRows(QStringView text)
     ValueReader reader(text);
     while (!reader.AtEnd()) {
         QStringList values;
+        values.reserve(rows.isEmpty() ? 1 : rows.last().size());
         do
             values += Trim(reader.Value());
         while (reader.NextValue());
         reader.NextRow();
-        rows += values;
+        rows.append(std::move(values));
     }
     while (!rows.isEmpty() && rows.last() == QStringList(QString()))
         rows.removeLast();

@@ -116,7 +116,10 @@ void SpreadModel::SetText(int col, int row, const QString& text)
 {
     if (!Has(col, row))
         return;
-    Reach(At(col).texts, row, QString()) = text.isNull() ? QStringLiteral("") : text;
+    QString& own = Reach(At(col).texts, row, QString());
+    if (!own.isNull() && own == text)
+        return;
+    own = text.isNull() ? QStringLiteral("") : text;
     Announce(col, row);
 }
 

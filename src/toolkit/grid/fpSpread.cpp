@@ -14,6 +14,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScopeGuard>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -119,6 +120,13 @@ void fpSpread::SetReDraw(bool on)
     setUpdatesEnabled(on);
 }
 
+void fpSpread::InOneGo(const std::function<void()>& changes)
+{
+    const auto drawAgain = qScopeGuard([this, before = reDraw_] { SetReDraw(before); });
+    SetReDraw(false);
+    changes();
+}
+
 QString fpSpread::GetText(int col, int row) const
 {
     return model_->Text(col, row);
@@ -132,7 +140,7 @@ void fpSpread::SetText(int col, int row, const QString& text)
 void fpSpread::EnterText(int col, int row, const QString& text)
 {
     const int limit = model_->MaxLength(col);
-    SetText(col, row, limit > 0 ? LimitText(text, CharactersMeasure, limit) : text);
+    SetText(col, row, limit > 0 ? text.left(CharactersMeasure.fitting(text, limit)) : text);
 }
 
 void fpSpread::SetDataSource(std::shared_ptr<const CellSource> source)

@@ -59,6 +59,10 @@ public:
     void SetReDraw(bool on);
     bool ReDraw() const { return reDraw_; }
 
+    /// Makes changes of many cells with it off. What is on view follows when they are done, also where they
+    /// raise.
+    void InOneGo(const std::function<void()>& changes);
+
     // Content.
     QString GetText(int col, int row) const;
     void SetText(int col, int row, const QString& text);
