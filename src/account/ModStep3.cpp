@@ -20,16 +20,6 @@ namespace tsms {
 
 namespace {
 
-enum class Format { Plain, Centred, Number };
-
-struct LedgerColumn
-{
-    QString title;
-    double width;
-    Format format;
-    QColor back;
-};
-
 struct FigureRow
 {
     QString title;
@@ -104,33 +94,22 @@ void ShowMonths(fpSpread& months, Recordset& records)
 
 void InitChargeGrid(fpSpread& grid)
 {
+    using enum GridColumn::Format;
     const GridHelper helper;
-    const LedgerColumn columns[] = {
-        {QString(), 7.5, Format::Centred, {}},
-        {QStringLiteral("충전일시"), 13, Format::Centred, QColor(228, 234, 244)},
-        {QStringLiteral("건수"), 9, Format::Number, QColor(255, 255, 214)},
-        {QStringLiteral("금액"), 10, Format::Number, QColor(253, 241, 227)},
-        {QStringLiteral("단가"), 6, Format::Centred, {}},
-        {QStringLiteral("메모사항"), 38.7, Format::Plain, {}},
-        {QStringLiteral("등록일시"), 18, Format::Plain, {}},
-    };
     helper.PrepareGrid(grid);
     grid.SetRowCursor(true);
     grid.SetRowHeight(0, 16);
     grid.SetRowHeight(fpSpread::All, 16);
-    int col = 0;
-    for (const LedgerColumn& column : columns) {
-        ++col;
-        grid.SetText(col, 0, column.title);
-        grid.SetColWidth(col, column.width);
-        if (column.format == Format::Centred)
-            helper.FormatColumn(grid, col, 2);
-        if (column.format == Format::Number)
-            helper.NumberColumn(grid, col);
-        if (column.back.isValid())
-            helper.SetRangeColors(grid, col, fpSpread::All, column.back, Qt::black);
-    }
-    grid.SetMaxCols(col);
+    const std::vector<GridColumn> columns{
+        {QString(), 7.5, Centred},
+        {QStringLiteral("충전일시"), 13, Centred, QColor(228, 234, 244)},
+        {QStringLiteral("건수"), 9, Number, QColor(255, 255, 214)},
+        {QStringLiteral("금액"), 10, Number, QColor(253, 241, 227)},
+        {QStringLiteral("단가"), 6, Centred},
+        {QStringLiteral("메모사항"), 38.7},
+        {QStringLiteral("등록일시"), 18},
+    };
+    helper.LayOut(grid, columns);
     grid.SetMaxRows(0);
     helper.HideColumn(grid, ChargeKey);
 }

@@ -13,16 +13,10 @@ namespace {
 
 constexpr QColor NameBack{250, 250, 250};
 
-enum class Cell { Text, Name, Tick, Button };
-
-struct Column
-{
-    QString title;
-    double width;
-    Cell cell;
-};
-
-void LayOut(fpSpread& grid, const std::vector<Column>& columns, CheckPicture tick, const QColor& buttonFace)
+/// The first column is out of sight, the second has the ticks, and from `firstButton` on stand buttons with
+/// the words of their titles.
+void LayOutBook(fpSpread& grid, const std::vector<GridColumn>& columns, CheckPicture tick, int firstButton,
+                const QColor& buttonFace)
 {
     const GridHelper helper;
     helper.PrepareGrid(grid);
@@ -30,62 +24,53 @@ void LayOut(fpSpread& grid, const std::vector<Column>& columns, CheckPicture tic
     grid.SetRowCursor(true);
     grid.SetRowHeight(0, 15);
     grid.SetRowHeight(fpSpread::All, 14);
-    int col = 0;
-    for (const Column& column : columns) {
-        ++col;
-        grid.SetText(col, 0, column.title);
-        grid.SetColWidth(col, column.width);
-        grid.SetColAlignment(col, Qt::AlignCenter);
-        if (column.cell == Cell::Name)
-            helper.SetRangeColors(grid, col, fpSpread::All, NameBack, QColor());
-        if (column.cell == Cell::Tick) {
-            grid.SetColType(col, fpSpread::CellType::Picture);
-            grid.SetCellPicture(col, fpSpread::All, tick);
-        }
-        if (column.cell == Cell::Button)
-            grid.SetColButton(col, column.title, buttonFace, theme::Text);
-    }
-    grid.SetMaxCols(col);
+    helper.LayOut(grid, columns);
     grid.SetMaxRows(0);
-    helper.FormatColumn(grid, 1, 2);
     helper.HideColumn(grid, 1);
+    grid.SetColType(2, fpSpread::CellType::Picture);
+    grid.SetCellPicture(2, fpSpread::All, tick);
+    for (int col = firstButton; col <= grid.MaxCols(); ++col)
+        grid.SetColButton(col, grid.GetText(col, 0), buttonFace, theme::Text);
 }
 
 } // namespace
 
 void InitChosenGrid(fpSpread& grid)
 {
-    LayOut(grid,
-           {{QStringLiteral("번호"), 3, Cell::Text},
-            {QStringLiteral("체크"), 4, Cell::Tick},
-            {QStringLiteral("성명"), 9, Cell::Name},
-            {QStringLiteral("전화번호"), 13, Cell::Text},
-            {QStringLiteral("삭제"), 4, Cell::Button}},
-           CheckTicked, theme::White);
+    using enum GridColumn::Format;
+    LayOutBook(grid,
+               {{QStringLiteral("번호"), 3, Centred},
+                {QStringLiteral("체크"), 4, Centred},
+                {QStringLiteral("성명"), 9, Centred, NameBack, QColor()},
+                {QStringLiteral("전화번호"), 13, Centred},
+                {QStringLiteral("삭제"), 4, Centred}},
+               CheckTicked, ChosenDelete, theme::White);
 }
 
 void InitMemberGrid(fpSpread& grid)
 {
-    LayOut(grid,
-           {{QStringLiteral("번호"), 3, Cell::Text},
-            {QStringLiteral("체크"), 3, Cell::Tick},
-            {QStringLiteral("그룹"), 6, Cell::Text},
-            {QStringLiteral("이름"), 6, Cell::Name},
-            {QStringLiteral("전화번호"), 11.7, Cell::Text},
-            {QStringLiteral("수정"), 4, Cell::Button},
-            {QStringLiteral("삭제"), 4, Cell::Button}},
-           CheckEmpty, theme::ButtonFace);
+    using enum GridColumn::Format;
+    LayOutBook(grid,
+               {{QStringLiteral("번호"), 3, Centred},
+                {QStringLiteral("체크"), 3, Centred},
+                {QStringLiteral("그룹"), 6, Centred},
+                {QStringLiteral("이름"), 6, Centred, NameBack, QColor()},
+                {QStringLiteral("전화번호"), 11.7, Centred},
+                {QStringLiteral("수정"), 4, Centred},
+                {QStringLiteral("삭제"), 4, Centred}},
+               CheckEmpty, MemberEdit, theme::ButtonFace);
 }
 
 void InitGroupGrid(fpSpread& grid)
 {
-    LayOut(grid,
-           {{QStringLiteral("번호"), 3, Cell::Text},
-            {QStringLiteral("체크"), 3, Cell::Tick},
-            {QStringLiteral("그룹"), 24, Cell::Text},
-            {QStringLiteral("수정"), 4, Cell::Button},
-            {QStringLiteral("삭제"), 4, Cell::Button}},
-           CheckEmpty, theme::ButtonFace);
+    using enum GridColumn::Format;
+    LayOutBook(grid,
+               {{QStringLiteral("번호"), 3, Centred},
+                {QStringLiteral("체크"), 3, Centred},
+                {QStringLiteral("그룹"), 24, Centred},
+                {QStringLiteral("수정"), 4, Centred},
+                {QStringLiteral("삭제"), 4, Centred}},
+               CheckEmpty, GroupEdit, theme::ButtonFace);
 }
 
 void TurnTick(fpSpread& grid, int tickColumn, int row)

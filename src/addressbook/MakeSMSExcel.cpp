@@ -52,19 +52,12 @@ void InitImportGrid(fpSpread& grid)
 {
     const GridHelper helper;
     helper.PrepareGrid(grid);
-    grid.SetMaxCols(SheetColumns);
     grid.SetMaxRows(0);
     grid.SetRowHeight(0, 15);
     grid.SetRowHeight(fpSpread::All, 14);
-    const std::pair<QString, double> columns[] = {{QStringLiteral("수신자명"), 15},
-                                                  {QStringLiteral("수신 휴대번호"), 15},
-                                                  {QStringLiteral("휴대번호 점검결과"), 34.5}};
-    int col = 0;
-    for (const auto& [title, width] : columns) {
-        ++col;
-        grid.SetText(col, 0, title);
-        grid.SetColWidth(col, width);
-    }
+    helper.LayOut(grid, {{QStringLiteral("수신자명"), 15},
+                         {QStringLiteral("수신 휴대번호"), 15},
+                         {QStringLiteral("휴대번호 점검결과"), 34.5}});
 }
 
 /// Room for all columns and some rows.

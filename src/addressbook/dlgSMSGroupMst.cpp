@@ -3,8 +3,7 @@
 #include "addressbook/GroupStatements.h"
 #include "runtime/Desktop.h"
 #include "runtime/Text.h"
-#include "services/ScreenBusy.h"
-#include "store/DBConnect.h"
+#include "services/Services.h"
 #include "toolkit/fields/Controls.h"
 #include "toolkit/fields/Naming.h"
 #include "toolkit/fields/TextBox.h"
@@ -35,10 +34,12 @@ DialogFrame GroupFrame()
 } // namespace
 
 dlgSMSGroupMst::dlgSMSGroupMst(Services& services, std::function<void()> reload, QWidget* owner)
-    : DialogForm(services.session, services.desktop, GroupFrame(), owner),
-      services_(services),
-      textHelper_(services.desktop),
-      reload_(std::move(reload))
+    : BookEditor(services, GroupFrame(),
+                 {{QStringLiteral("이미 등록된 그룹명칭입니다. 확인하여 주십시오.!"),
+                   QStringLiteral("기 등록된 그룹")},
+                  {QStringLiteral("정상적으로 그룹을 등록 하였습니다."), QStringLiteral("그룹등록")},
+                  {QStringLiteral("정상적으로 그룹을 수정 하였습니다."), QStringLiteral("그룹수정")}},
+                 std::move(reload), owner)
 {
     BuildName();
 }
@@ -76,63 +77,29 @@ void dlgSMSGroupMst::NameKeyPress(char16_t& key)
     key = 0;
 }
 
-void dlgSMSGroupMst::OnButton(int index)
+bool dlgSMSGroupMst::FieldsPass()
 {
-    if (index != 0)
-        Unload();
-    else
-        Save();
-}
-
-void dlgSMSGroupMst::Save()
-{
-    if (IsBlank(name_->Text())) {
-        services_.desktop.MsgBox(QStringLiteral("그룹명칭을 입력하여 주십시오."), MsgBoxCritical,
-                                 QStringLiteral("그룹등록"));
-        name_->SetFocus();
-        return;
-    }
-    SetScreenBusy(services_, true);
-    services_.db.ConnectWithRetry();
-    // A rename is not looked at: two groups may come to bear one name.
-    if (AddMode && IsTaken()) {
-        TellTaken();
-        return;
-    }
-    const bool saved = services_.db.ExecuteSQL(AddMode ? InsertGroup(name_->Text())
-                                                       : RenameGroup(name_->Tag, name_->Text()));
-    services_.db.CloseDB();
-    SetScreenBusy(services_, false);
-    if (!saved)
-        return;
-    TellSaved();
-    Unload();
-    reload_();
-}
-
-/// A query that fails does not hold the insert up.
-bool dlgSMSGroupMst::IsTaken()
-{
-    return services_.db.OpenRecordset(GroupsNamed(name_->Text())) && services_.db.Records().RecordCount() > 0;
-}
-
-void dlgSMSGroupMst::TellTaken()
-{
-    services_.desktop.MsgBox(QStringLiteral("이미 등록된 그룹명칭입니다. 확인하여 주십시오.!"),
-                             MsgBoxCritical, QStringLiteral("기 등록된 그룹"));
-    services_.db.CloseDB();
-    SetScreenBusy(services_, false);
+    if (!IsBlank(name_->Text()))
+        return true;
+    services_.desktop.MsgBox(QStringLiteral("그룹명칭을 입력하여 주십시오."), MsgBoxCritical,
+                             QStringLiteral("그룹등록"));
     name_->SetFocus();
+    return false;
 }
 
-void dlgSMSGroupMst::TellSaved()
+TextBox& dlgSMSGroupMst::EntryName() const
 {
-    if (AddMode)
-        services_.desktop.MsgBox(QStringLiteral("정상적으로 그룹을 등록 하였습니다."), MsgBoxInformation,
-                                 QStringLiteral("그룹등록"));
-    else
-        services_.desktop.MsgBox(QStringLiteral("정상적으로 그룹을 수정 하였습니다."), MsgBoxInformation,
-                                 QStringLiteral("그룹수정"));
+    return *name_;
+}
+
+Statement dlgSMSGroupMst::Namesakes() const
+{
+    return GroupsNamed(name_->Text());
+}
+
+Statement dlgSMSGroupMst::Storing() const
+{
+    return AddMode ? InsertGroup(name_->Text()) : RenameGroup(name_->Tag, name_->Text());
 }
 
 } // namespace tsms

@@ -1,45 +1,29 @@
 #pragma once
 
-#include "toolkit/fields/TextHelper.h"
-#include "toolkit/windows/DialogForm.h"
-
-#include <functional>
+#include "addressbook/BookEditor.h"
 
 namespace tsms {
 
-class TextBox;
-struct Services;
-
-/// The small dialog that adds a group or renames one. The opener sets AddMode and, for a rename, the titles
-/// and SetGroup.
-class dlgSMSGroupMst : public DialogForm
+/// The small dialog that adds a group or renames one.
+class dlgSMSGroupMst : public BookEditor
 {
     Q_OBJECT
 
 public:
-    /// `reload` shows the groups anew, once the dialog has stored one and is unloaded.
     dlgSMSGroupMst(Services& services, std::function<void()> reload, QWidget* owner = nullptr);
-
-    bool AddMode = false;
 
     /// The group to rename.
     void SetGroup(const QString& code, const QString& name);
-
-protected:
-    void OnButton(int index) override;
 
 private:
     void BuildName();
     void NameKeyPress(char16_t& key);
 
-    void Save();
-    bool IsTaken();
-    void TellTaken();
-    void TellSaved();
+    bool FieldsPass() override;
+    TextBox& EntryName() const override;
+    Statement Namesakes() const override;
+    Statement Storing() const override;
 
-    Services& services_;
-    TextHelper textHelper_;
-    std::function<void()> reload_;
     TextBox* name_ = nullptr; // txtGroupNm
 };
 

@@ -6,6 +6,8 @@
 #include "runtime/Desktop.h"
 #include "runtime/Text.h"
 #include "services/ScreenBusy.h"
+#include "services/Services.h"
+#include "store/DBConnect.h"
 #include "store/WithDatabase.h"
 #include "toolkit/fields/ComboBox.h"
 #include "toolkit/fields/Controls.h"
@@ -43,10 +45,12 @@ DialogFrame MemberFrame()
 } // namespace
 
 dlgSMSGroupSub::dlgSMSGroupSub(Services& services, std::function<void()> reload, QWidget* owner)
-    : DialogForm(services.session, services.desktop, MemberFrame(), owner),
-      services_(services),
-      textHelper_(services.desktop),
-      reload_(std::move(reload))
+    : BookEditor(
+          services, MemberFrame(),
+          {{QStringLiteral("이미 등록된 성명입니다. 확인하여 주십시오.!"), QStringLiteral("기 등록된 성명")},
+           {QStringLiteral("정상적으로 하위 발송대상을 등록 하였습니다."), QStringLiteral("발송대상")},
+           {QStringLiteral("정상적으로 하위 발송대상을 수정 하였습니다."), QStringLiteral("발송대상")}},
+          std::move(reload), owner)
 {
     BuildFields();
     LoadGroups();
@@ -140,36 +144,6 @@ void dlgSMSGroupSub::BoxKeyPress(int index, char16_t& key)
     key = 0;
 }
 
-void dlgSMSGroupSub::OnButton(int index)
-{
-    if (index != 0)
-        Unload();
-    else
-        Save();
-}
-
-void dlgSMSGroupSub::Save()
-{
-    if (!FieldsPass())
-        return;
-    SetScreenBusy(services_, true);
-    services_.db.ConnectWithRetry();
-    // A change is not looked at: two persons may come to bear one name.
-    if (AddMode && IsTaken()) {
-        TellTaken();
-        return;
-    }
-    const bool saved = services_.db.ExecuteSQL(AddMode ? InsertMember(Typed())
-                                                       : UpdateMember(boxes_[NameBox]->Tag, Typed()));
-    services_.db.CloseDB();
-    SetScreenBusy(services_, false);
-    if (!saved)
-        return;
-    TellSaved();
-    Unload();
-    reload_();
-}
-
 bool dlgSMSGroupSub::FieldsPass()
 {
     for (const int index : {NameBox, PhoneBox}) {
@@ -191,27 +165,19 @@ MemberFields dlgSMSGroupSub::Typed() const
     return {group_->SelectedData(), boxes_[NameBox]->Text(), boxes_[PhoneBox]->Text()};
 }
 
-/// A query that fails does not hold the insert up.
-bool dlgSMSGroupSub::IsTaken()
+TextBox& dlgSMSGroupSub::EntryName() const
 {
-    return services_.db.OpenRecordset(MembersNamed(boxes_[NameBox]->Text())) &&
-           services_.db.Records().RecordCount() > 0;
+    return *boxes_[NameBox];
 }
 
-void dlgSMSGroupSub::TellTaken()
+Statement dlgSMSGroupSub::Namesakes() const
 {
-    services_.desktop.MsgBox(QStringLiteral("이미 등록된 성명입니다. 확인하여 주십시오.!"), MsgBoxCritical,
-                             QStringLiteral("기 등록된 성명"));
-    services_.db.CloseDB();
-    SetScreenBusy(services_, false);
-    boxes_[NameBox]->SetFocus();
+    return MembersNamed(EntryName().Text());
 }
 
-void dlgSMSGroupSub::TellSaved()
+Statement dlgSMSGroupSub::Storing() const
 {
-    services_.desktop.MsgBox(AddMode ? QStringLiteral("정상적으로 하위 발송대상을 등록 하였습니다.")
-                                     : QStringLiteral("정상적으로 하위 발송대상을 수정 하였습니다."),
-                             MsgBoxInformation, QStringLiteral("발송대상"));
+    return AddMode ? InsertMember(Typed()) : UpdateMember(EntryName().Tag, Typed());
 }
 
 } // namespace tsms

@@ -1,39 +1,28 @@
 #pragma once
 
-#include "toolkit/fields/TextHelper.h"
-#include "toolkit/windows/DialogForm.h"
+#include "addressbook/BookEditor.h"
 
 #include <array>
-#include <functional>
 
 class QGridLayout;
 
 namespace tsms {
 
 class ComboBox;
-class Recordset;
-class TextBox;
+class Label;
 struct MemberFields;
-struct Services;
 
-/// The dialog that adds a person to the address book or changes one. Its construction reads the groups. The
-/// opener sets AddMode and, for a change, the titles and GetGroupSubData.
-class dlgSMSGroupSub : public DialogForm
+/// The dialog that adds a person to the address book or changes one. Its construction reads the groups.
+class dlgSMSGroupSub : public BookEditor
 {
     Q_OBJECT
 
 public:
-    /// `reload` shows the members anew, once the dialog has stored one and is unloaded.
     dlgSMSGroupSub(Services& services, std::function<void()> reload, QWidget* owner = nullptr);
-
-    bool AddMode = false;
 
     /// Loads one member into the fields. Opens and closes the database itself and reports its failures, also
     /// that there is no such member any more.
     void GetGroupSubData(const QString& code);
-
-protected:
-    void OnButton(int index) override;
 
 private:
     void BuildFields();
@@ -44,16 +33,12 @@ private:
     void BoxChange(int index);
     void BoxKeyPress(int index, char16_t& key);
 
-    void Save();
-    bool FieldsPass();
+    bool FieldsPass() override;
     MemberFields Typed() const;
-    bool IsTaken();
-    void TellTaken();
-    void TellSaved();
+    TextBox& EntryName() const override;
+    Statement Namesakes() const override;
+    Statement Storing() const override;
 
-    Services& services_;
-    TextHelper textHelper_;
-    std::function<void()> reload_;
     ComboBox* group_ = nullptr;        // CbGroup
     std::array<Label*, 2> captions_{}; // lblTitle
     std::array<TextBox*, 2> boxes_{};  // txtGroupSub

@@ -1,5 +1,6 @@
 #include "toolkit/fields/Controls.h"
 
+#include "runtime/CellSource.h"
 #include "runtime/RuntimeError.h"
 #include "toolkit/fields/ComboBox.h"
 #include "toolkit/fields/DatePicker.h"
@@ -505,14 +506,30 @@ TEST_F(ComboBoxTest, AnEntryCanStandBeforeTheOthers)
     EXPECT_EQ(NumberRaisedBy([&] { combo.InsertItem(9, u"x"_q); }), 5);
 }
 
-TEST_F(ComboBoxTest, RemovingTheSelectedEntryLeavesNothingSelected)
+/// The rows of a query of numbers and texts.
+class NumberedTexts final : public CellSource
 {
-    Fill();
-    combo.SetListIndex(1);
-    combo.RemoveItem(1);
-    EXPECT_EQ(combo.ListIndex(), -1);
-    EXPECT_EQ(combo.ListCount(), 2);
-    EXPECT_EQ(NumberRaisedBy([&] { combo.RemoveItem(2); }), 5);
+public:
+    int Rows() const override { return 3; }
+    int Cols() const override { return 2; }
+    QString Text(int col, int row) const override
+    {
+        const QStringList numbers{u"7"_q, u" 2 "_q, u"5"_q};
+        return col == 1 ? numbers[row - 1] : u"text %1"_q.arg(row);
+    }
+};
+
+TEST_F(ComboBoxTest, RowsAreAddedInTheirOrderWithTheAskedOneBeforeTheOthers)
+{
+    combo.AddItem(u"all"_q);
+    combo.AddRows(NumberedTexts());
+    EXPECT_EQ(combo.List(1), u"text 1"_q);
+    EXPECT_EQ(combo.ItemData(2), 2);
+    combo.Clear();
+    combo.AddRows(NumberedTexts(), u"2"_q);
+    EXPECT_EQ(combo.List(0), u"text 2"_q);
+    EXPECT_EQ(combo.List(1), u"text 1"_q);
+    EXPECT_EQ(combo.ListCount(), 3);
 }
 
 TEST_F(ComboBoxTest, ClearLeavesAnEmptyList)

@@ -1,6 +1,10 @@
 #include "toolkit/fields/ComboBox.h"
 
+#include "runtime/CellSource.h"
+#include "runtime/Numbers.h"
 #include "runtime/RuntimeError.h"
+#include "runtime/Text.h"
+#include "toolkit/fields/Guarded.h"
 #include "toolkit/fields/KeyFilter.h"
 #include "toolkit/fields/Naming.h"
 #include "toolkit/fields/RaiseEvent.h"
@@ -39,14 +43,13 @@ void ComboBox::InsertItem(int index, const QString& text, int number)
         setCurrentIndex(-1); // the control selects the first entry by itself; a new list has nothing selected
 }
 
-void ComboBox::RemoveItem(int index)
+void ComboBox::AddRows(const CellSource& rows, const QString& first)
 {
-    if (index < 0 || index >= ListCount())
-        throw RuntimeError(InvalidProcedureCall);
-    const bool wasSelected = index == ListIndex();
-    removeItem(index);
-    if (wasSelected)
-        setCurrentIndex(-1);
+    for (int row = 1; row <= rows.Rows(); ++row) {
+        const QString number = Trim(rows.Text(1, row));
+        const bool isFirst = !first.isEmpty() && number == first;
+        InsertItem(isFirst ? 0 : ListCount(), rows.Text(2, row), ToLong(number));
+    }
 }
 
 void ComboBox::Clear()
@@ -69,13 +72,6 @@ int ComboBox::ItemData(int index) const
     if (index < 0 || index >= ListCount())
         throw RuntimeError(InvalidPropertyArrayIndex);
     return itemData(index).toInt();
-}
-
-void ComboBox::SetItemData(int index, int number)
-{
-    if (index < 0 || index >= ListCount())
-        throw RuntimeError(InvalidPropertyArrayIndex);
-    setItemData(index, number);
 }
 
 QColor ComboBox::BackColor() const

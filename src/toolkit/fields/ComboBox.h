@@ -6,6 +6,8 @@
 
 namespace tsms {
 
+class CellSource;
+
 /// A list to choose from. Entries count from 0; each carries a text and a number. An entry that does not fit
 /// ends with a sign of it, and the tool tip tells it whole.
 class ComboBox : public QComboBox
@@ -18,8 +20,9 @@ public:
     void AddItem(const QString& text, int number = 0);
     /// Raises 5 when `index` is outside 0 to ListCount().
     void InsertItem(int index, const QString& text, int number = 0);
-    /// Raises 5 when there is no such entry.
-    void RemoveItem(int index);
+    /// Adds an entry for each row: its first column is the number, its second the text. The entry of the
+    /// number `first` (empty for none) goes before all others.
+    void AddRows(const CellSource& rows, const QString& first = QString());
     void Clear();
     int ListCount() const { return count(); }
 
@@ -37,7 +40,6 @@ public:
     /// The number of an entry. Raises 381 when there is no such entry, so also for ListIndex() with nothing
     /// selected.
     int ItemData(int index) const;
-    void SetItemData(int index, int number);
     /// ItemData of the selected entry.
     int SelectedData() const { return ItemData(ListIndex()); }
 

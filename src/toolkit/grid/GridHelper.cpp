@@ -19,6 +19,23 @@ void GridHelper::PrepareGrid(fpSpread& grid) const
     grid.SetBackgroundColor(theme::White);
 }
 
+void GridHelper::LayOut(fpSpread& grid, const std::vector<GridColumn>& columns) const
+{
+    int col = 0;
+    for (const GridColumn& column : columns) {
+        ++col;
+        grid.SetText(col, 0, column.title);
+        grid.SetColWidth(col, column.width);
+        if (column.format == GridColumn::Format::Centred)
+            FormatColumn(grid, col, 2);
+        if (column.format == GridColumn::Format::Number)
+            NumberColumn(grid, col);
+        if (column.back.isValid())
+            SetRangeColors(grid, col, fpSpread::All, column.back, column.text);
+    }
+    grid.SetMaxCols(col);
+}
+
 void GridHelper::FormatColumn(fpSpread& grid, int col, int format) const
 {
     grid.SetColAlignment(col, format == 2 ? Qt::AlignHCenter : format == 1 ? Qt::AlignRight : Qt::AlignLeft);

@@ -3,9 +3,23 @@
 #include <QColor>
 #include <QString>
 
+#include <vector>
+
 namespace tsms {
 
 class fpSpread;
+
+/// A column as the set-up of a grid tells it.
+struct GridColumn
+{
+    enum class Format { Plain, Centred, Number };
+
+    QString title;
+    double width;
+    Format format = Format::Plain;
+    QColor back = {}; ///< without one both colours are those of the grid
+    QColor text = Qt::black;
+};
 
 /// The helper object that serves grids.
 class GridHelper
@@ -17,6 +31,9 @@ public:
     /// The common preparation at the head of a grid's set-up: back to the defaults, then the house look with
     /// column titles and without row titles.
     void PrepareGrid(fpSpread& grid) const;
+
+    /// Makes these all the columns of a grid, from the first on: titles, widths, formats and colours.
+    void LayOut(fpSpread& grid, const std::vector<GridColumn>& columns) const;
 
     /// A display format: 0 left, 1 right, 2 centred.
     void FormatColumn(fpSpread& grid, int col, int format) const;
