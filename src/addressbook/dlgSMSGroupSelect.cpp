@@ -1,5 +1,6 @@
 #include "addressbook/dlgSMSGroupSelect.h"
 
+#include "addressbook/BookControls.h"
 #include "addressbook/BookGrids.h"
 #include "addressbook/BookStatements.h"
 #include "addressbook/BrowseList.h"
@@ -8,10 +9,10 @@
 #include "addressbook/dlgSMSGroupSub.h"
 #include "addressbook/HandOver.h"
 #include "runtime/Desktop.h"
-#include "runtime/Numbers.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "services/Services.h"
+#include "store/engine/RecordsetCells.h"
 #include "store/WithDatabase.h"
 #include "toolkit/fields/ComboBox.h"
 #include "toolkit/fields/Controls.h"
@@ -22,19 +23,12 @@
 #include "toolkit/look/Pictures.h"
 #include "toolkit/windows/Guarded.h"
 
-#include <QAbstractItemView>
-#include <QHBoxLayout>
-#include <QVBoxLayout>
-
 namespace tsms {
 
 namespace {
 
-constexpr int BrowseWidth = 460;
-constexpr int ChosenWidth = 360;
-constexpr int RowsOnView = 20;  // of each list
-constexpr int LeastRows = 6;    // of each list, on a small screen
-constexpr int NamesWidth = 280; // room for the longest group name in the opened filter
+constexpr int RowsOnView = 20; // of each list
+constexpr int LeastRows = 6;   // of each list, on a small screen
 
 DialogFrame SelectFrame()
 {
@@ -57,108 +51,31 @@ dlgSMSGroupSelect::dlgSMSGroupSelect(Services& services, RecipientList& recipien
       services_(services),
       recipients_(recipients)
 {
-    auto* body = new QHBoxLayout;
-    body->setSpacing(12);
-    BuildBrowse(*body);
-    BuildTransfer(*body);
-    BuildChosen(*body);
-    BodyLayout().addLayout(body);
+    const BookControls controls = BuildBookControls(Body(), BodyLayout());
+    view_ = controls.view;
+    filter_ = controls.filter;
+    browse_ = controls.browse;
+    chosen_ = controls.chosen;
+    book_ = std::make_unique<BrowseList>(*browse_);
+    Connect(controls);
     Load();
 }
 
 dlgSMSGroupSelect::~dlgSMSGroupSelect() = default;
 
-void dlgSMSGroupSelect::BuildBrowse(QHBoxLayout& body)
+void dlgSMSGroupSelect::Connect(const BookControls& controls)
 {
-    auto* layout = new QVBoxLayout;
-    layout->setSpacing(6);
-    layout->addLayout(BuildView());
-    browse_ = Named(new fpSpread(&Body()), QStringLiteral("fpSpreadMst"));
-    DescribeBy(*browse_, QStringLiteral("주소록"));
-    browse_->SetFillWidth(true);
-    browse_->setFixedWidth(BrowseWidth);
-    book_ = std::make_unique<BrowseList>(*browse_);
+    filter_->OnClick = [this] { CbGroupClick(); };
+    for (std::size_t i = 0; i < view_.size(); ++i) {
+        const int index = static_cast<int>(i);
+        view_[i]->OnClick = [this, index] { OptTypeClick(index); };
+        controls.add[i]->OnClick = [this, index] { BtnAddClick(index); };
+        controls.transfer[i]->OnClick = [this, index] { BtnFuncAddClick(index); };
+    }
     connect(browse_, &fpSpread::Click, this,
             Guarded(services_.desktop, [this](int column, int) { BrowseClick(column); }));
-    layout->addWidget(browse_);
-    body.addLayout(layout);
-}
-
-QHBoxLayout* dlgSMSGroupSelect::BuildView()
-{
-    const std::array<QString, 2> views{QStringLiteral("개인"), QStringLiteral("그룹")};
-    auto* row = new QHBoxLayout;
-    row->setSpacing(4);
-    for (std::size_t i = 0; i < views.size(); ++i) {
-        const int index = static_cast<int>(i);
-        view_[i] = new RadioButton(&Body(), IndexedName(u"OptType", index), views[i]);
-        view_[i]->SetValue(index == 0);
-        view_[i]->OnClick = [this, index] { OptTypeClick(index); };
-        row->addWidget(view_[i]);
-    }
-    BuildFilter();
-    row->addWidget(filter_, 1);
-    row->addSpacing(4);
-    BuildAddButtons(*row);
-    return row;
-}
-
-void dlgSMSGroupSelect::BuildFilter()
-{
-    filter_ = new ComboBox(&Body(), QStringLiteral("CbGroup"));
-    DescribeBy(*filter_, QStringLiteral("그룹"));
-    filter_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon); // whatever the names
-    filter_->view()->setMinimumWidth(NamesWidth);
-    filter_->OnClick = [this] { CbGroupClick(); };
-    QSizePolicy place = filter_->sizePolicy();
-    place.setRetainSizeWhenHidden(true); // nothing moves when it goes
-    filter_->setSizePolicy(place);
-}
-
-void dlgSMSGroupSelect::BuildAddButtons(QHBoxLayout& row)
-{
-    const std::array<QString, 2> pictures{QStringLiteral("book-member"), QStringLiteral("book-group")};
-    const std::array<QString, 2> words{QStringLiteral("구성원 등록"), QStringLiteral("그룹 등록")};
-    for (std::size_t i = 0; i < words.size(); ++i) {
-        const int index = static_cast<int>(i);
-        auto* button = new PictureButton(&Body(), IndexedName(u"BtnAdd", index), pictures[i], words[i],
-                                         PictureButton::Look::Framed);
-        button->OnClick = [this, index] { BtnAddClick(index); };
-        row.addWidget(button);
-    }
-}
-
-void dlgSMSGroupSelect::BuildTransfer(QHBoxLayout& body)
-{
-    const std::array<QString, 2> captions{QStringLiteral("추가"), QStringLiteral("제거")};
-    auto* layout = new QVBoxLayout;
-    layout->setSpacing(8);
-    layout->addStretch(1);
-    for (std::size_t i = 0; i < captions.size(); ++i) {
-        const int index = static_cast<int>(i);
-        auto* button = new PushButton(&Body(), IndexedName(u"BtnFuncAdd", index), captions[i]);
-        button->OnClick = [this, index] { BtnFuncAddClick(index); };
-        layout->addWidget(button);
-    }
-    layout->addStretch(1);
-    body.addLayout(layout);
-}
-
-void dlgSMSGroupSelect::BuildChosen(QHBoxLayout& body)
-{
-    auto* heading = new Label(&Body(), QStringLiteral("lblChosen"), QStringLiteral("문자메시지 발송대상"));
-    heading->SetBold(true);
-    chosen_ = Named(new fpSpread(&Body()), QStringLiteral("fpSpread"));
-    DescribeBy(*chosen_, heading->Caption());
-    chosen_->SetFillWidth(true);
-    chosen_->setFixedWidth(ChosenWidth);
     connect(chosen_, &fpSpread::Click, this,
             Guarded(services_.desktop, [this](int column, int) { ChosenClick(column); }));
-    auto* layout = new QVBoxLayout;
-    layout->setSpacing(6);
-    layout->addWidget(heading, 1);
-    layout->addWidget(chosen_);
-    body.addLayout(layout);
 }
 
 void dlgSMSGroupSelect::Load()
@@ -215,10 +132,8 @@ void dlgSMSGroupSelect::FillGroupCombo()
         SetBusy(true);
         filter_->Clear();
         filter_->AddItem(QStringLiteral("전체"), 0);
-        services_.db.Select(GroupList(), [this](Recordset& groups) {
-            for (; !groups.Eof(); groups.MoveNext())
-                filter_->AddItem(groups.Field(u"GroupNm"), ToLong(groups.Field(u"GroupCd")));
-        });
+        if (services_.db.OpenRecordset(GroupList()))
+            filter_->AddRows(RecordsetCells(services_.db.ShareRecords()));
         // A failure has cleared it by now, and the choice below is none of a person's.
         SetBusy(true);
         filter_->AddItem(OtherGroup(), 0);

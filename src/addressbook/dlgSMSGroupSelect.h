@@ -6,18 +6,16 @@
 #include <functional>
 #include <memory>
 
-class QHBoxLayout;
-
 namespace tsms {
 
 class BrowseList;
 class ChosenList;
 class ComboBox;
 class fpSpread;
-class PictureButton;
 class RadioButton;
 class RecipientList;
 class Statement;
+struct BookControls;
 struct Services;
 
 /// The address book: the browse list, which shows members or groups, and the chosen list, which collects
@@ -44,12 +42,7 @@ protected:
     void GiveHeight(int pixels) override;
 
 private:
-    void BuildBrowse(QHBoxLayout& body);
-    QHBoxLayout* BuildView();
-    void BuildFilter();
-    void BuildAddButtons(QHBoxLayout& row);
-    void BuildTransfer(QHBoxLayout& body);
-    void BuildChosen(QHBoxLayout& body);
+    void Connect(const BookControls& controls);
     void Load();
 
     bool ShowsMembers() const;

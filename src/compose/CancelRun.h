@@ -18,8 +18,8 @@ class CancelRun
 public:
     CancelRun(DBConnect& db, ModSMS& sms, const SentRows& rows, RunDisplay& display);
 
-    /// Runs to the last row; so many are ticked. Failures of the database and of the connection to the
-    /// gateway have shown their boxes when it returns; refusals are told by the counts alone.
+    /// Runs to the last row; `total` of the rows are ticked. Failures of the database and of the connection
+    /// to the gateway have shown their boxes when it returns; refusals are told by the counts alone.
     void RunCancel(std::int32_t total);
 
     std::int32_t CountOK = 0;   ///< messages withdrawn in this run
