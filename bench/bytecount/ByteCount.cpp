@@ -5,7 +5,6 @@
 #include "runtime/CodePage949.h"
 #include "toolkit/fields/LimitRule.h"
 #include "toolkit/fields/MemoBox.h"
-#include "toolkit/fields/TextHelper.h"
 
 #include <QKeyEvent>
 #include <QVBoxLayout>
@@ -31,7 +30,7 @@ struct Typing
 struct KeyCost
 {
     double whole;    ///< from its press until all that follows is done, the painting too
-    double handlers; ///< of that, in the handlers that count and limit
+    double handlers; ///< of that, in what counts and limits
 };
 
 /// Adds the time of its own life to a sum.
@@ -119,18 +118,22 @@ public:
     }
 };
 
-/// The message field as it stands on its page, its two handlers under the stopwatch.
+/// The message field as it stands on its page, its counting and its limit under the stopwatch.
 class LimitedField : public FieldWindow
 {
 public:
-    LimitedField() : helper_(desktop_)
+    LimitedField()
     {
         auto* memo = new MemoBox(&window_, QStringLiteral("TxtPerSendMsg"));
         auto* counter = new MessageCounter(*memo, {BytesMeasure, Limit}, QStringLiteral("LblPerSendMsg"),
                                            QStringLiteral("LblPerSendCnt"), &window_);
-        memo->OnChange = [this, memo] {
+        memo->SetByteLimit(Limit);
+        // The field has just held the change to its limit: once more, to be measured.
+        memo->OnChange = [this, memo, before = QString()]() mutable {
             const Stopwatch watch(inHandlers);
-            helper_.LimitBytes(*memo, Limit);
+            FieldLimits limits;
+            limits.bytes = Limit;
+            before = Admit(before, {memo->Text(), memo->SelStart()}, limits, false).text;
         };
         memo->OnKeyUp = [this, counter](int key, int shift) {
             const Stopwatch watch(inHandlers);
@@ -139,10 +142,6 @@ public:
         field = memo;
         Show(counter);
     }
-
-private:
-    test::ScriptedDesktop desktop_;
-    TextHelper helper_;
 };
 
 QList<Typing> Typings()

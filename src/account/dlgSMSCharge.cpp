@@ -67,7 +67,11 @@ void dlgSMSCharge::BuildFields()
     fields_.AddMemo(Remark, QStringLiteral("메모사항 :"), RemarkLimit).SetImeMode(ImeMode::Hangul);
     for (int index = Count; index <= Remark; ++index) {
         TextField& box = fields_.Box(index);
-        box.OnChange = [this, index] { BoxChange(index); };
+        box.SetByteLimit(index == Remark ? RemarkLimit : NumberLimit);
+        if (index != Remark) {
+            box.SetFilter(GroupThousands);
+            box.SetSeparator(u',');
+        }
         box.OnKeyPress = [this, index](char16_t& key) { BoxKeyPress(index, key); };
     }
 }
@@ -125,17 +129,6 @@ bool dlgSMSCharge::Write()
                    services_.db.ExecuteSQL(BalancePlus(PlainText(Count)));
         });
     });
-}
-
-void dlgSMSCharge::BoxChange(int index)
-{
-    TextField& box = fields_.Box(index);
-    if (index == Remark) {
-        textHelper_.LimitBytes(box, RemarkLimit);
-        return;
-    }
-    textHelper_.LimitBytes(box, NumberLimit);
-    textHelper_.FormatThousands(box);
 }
 
 void dlgSMSCharge::BoxKeyPress(int index, char16_t& key)

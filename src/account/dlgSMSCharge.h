@@ -34,7 +34,6 @@ private:
     void Save();
     bool CountIsNumber();
     bool Write();
-    void BoxChange(int index);
     void BoxKeyPress(int index, char16_t& key);
 
     Services& services_;

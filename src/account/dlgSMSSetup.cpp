@@ -65,7 +65,9 @@ void dlgSMSSetup::BuildFields()
 {
     const auto add = [this](int index, const QString& caption) -> TextBox& {
         TextBox& box = fields_.AddBox(index, caption, LimitOf(index));
-        box.OnChange = [this, index] { BoxChange(index); };
+        box.SetByteLimit(LimitOf(index));
+        if (index == TelNo)
+            box.SetFilter(KeepPhoneCharacters);
         box.OnKeyPress = [this, index](char16_t& key) { BoxKeyPress(index, key); };
         return box;
     };
@@ -152,14 +154,6 @@ bool dlgSMSSetup::Write()
         return WithDatabase(services_.db,
                             [this] { return services_.db.ExecuteSQL(SettingsUpdate(Typed())); });
     });
-}
-
-void dlgSMSSetup::BoxChange(int index)
-{
-    TextField& box = fields_.Box(index);
-    if (index == TelNo)
-        textHelper_.GuardPhoneField(box);
-    textHelper_.LimitBytes(box, LimitOf(index));
 }
 
 void dlgSMSSetup::BoxKeyPress(int index, char16_t& key)

@@ -36,7 +36,6 @@ private:
 
     void Save();
     bool Write();
-    void BoxChange(int index);
     void BoxKeyPress(int index, char16_t& key);
 
     Services& services_;

@@ -50,7 +50,7 @@ void dlgSMSGroupMst::BuildName()
     name_ = new TextBox(backing, QStringLiteral("txtGroupNm"));
     name_->SetBackColor(theme::White);
     name_->SetImeMode(ImeMode::Hangul);
-    name_->OnChange = [this] { textHelper_.LimitBytes(*name_, GroupNameLimit); };
+    name_->SetByteLimit(GroupNameLimit);
     name_->OnKeyPress = [this](char16_t& key) { NameKeyPress(key); };
     backing->Hold(*name_);
     backing->setMinimumWidth(GroupBoxWidth);

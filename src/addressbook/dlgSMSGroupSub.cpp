@@ -85,7 +85,10 @@ void dlgSMSGroupSub::BuildBox(int index, const QString& caption, QGridLayout& ro
     boxes_[slot] = new TextBox(backing, IndexedName(u"txtGroupSub", index));
     captions_[slot]->Describes(*boxes_[slot]);
     boxes_[slot]->SetBackColor(theme::White);
-    boxes_[slot]->OnChange = [this, index] { BoxChange(index); };
+    boxes_[slot]->SetByteLimit(index == NameBox ? MemberNameLimit : PhoneLimit);
+    if (index == PhoneBox)
+        boxes_[slot]->SetFilter(KeepPhoneCharacters);
+    boxes_[slot]->SetHeldWhile([this] { return !IsBusy(); });
     boxes_[slot]->OnKeyPress = [this, index](char16_t& key) { BoxKeyPress(index, key); };
     backing->Hold(*boxes_[slot]);
     rows.addWidget(captions_[slot], index + 1, 0);
@@ -115,18 +118,6 @@ void dlgSMSGroupSub::ShowMember(const Recordset& member)
     FillMemberGroupCombo(services_.db, *group_, groupCode);
     if (groupCode.isEmpty())
         group_->SetListIndex(group_->ListCount() - 1);
-}
-
-void dlgSMSGroupSub::BoxChange(int index)
-{
-    if (IsBusy())
-        return;
-    if (index == NameBox) {
-        textHelper_.LimitBytes(*boxes_[NameBox], MemberNameLimit);
-        return;
-    }
-    textHelper_.GuardPhoneField(*boxes_[PhoneBox]);
-    textHelper_.LimitBytes(*boxes_[PhoneBox], PhoneLimit);
 }
 
 void dlgSMSGroupSub::BoxKeyPress(int index, char16_t& key)

@@ -30,7 +30,6 @@ private:
     void LoadGroups();
     void ShowMember(const Recordset& member);
 
-    void BoxChange(int index);
     void BoxKeyPress(int index, char16_t& key);
 
     bool FieldsPass() override;

@@ -77,7 +77,7 @@ void ComposePage::BuildMessage(QVBoxLayout& phone, QWidget& parent)
     message_->SetBorder(false);
     message_->SetBackColor(theme::Phone);
     message_->SetImeMode(ImeMode::Hangul);
-    message_->OnChange = [this] { textHelper_.LimitBytes(*message_, MessageLimit); };
+    message_->SetByteLimit(MessageLimit);
     message_->setMinimumHeight(110);
     phone.addWidget(heading);
     phone.addWidget(new MessageScreen(*message_, QStringLiteral("PlPerSendMsg"), &parent), 1);
@@ -119,7 +119,8 @@ void ComposePage::BuildSender(QVBoxLayout& phone, QWidget& parent)
 {
     senderNumber_ = new TextBox(&parent, QStringLiteral("txtSendNo"));
     senderNumber_->OnGotFocus = [this] { textHelper_.SelectField(*senderNumber_); };
-    senderNumber_->OnChange = [this] { SendNoChange(); };
+    senderNumber_->SetFilter(KeepPhoneCharacters);
+    senderNumber_->SetByteLimit(SenderNumberLimit);
     senderNumber_->OnKeyPress = [this](char16_t& key) { SendNoKeyPress(key); };
     auto* number = new QHBoxLayout;
     number->setSpacing(8);
@@ -233,12 +234,6 @@ void ComposePage::Refuse(Refusal refusal)
         grid_->setFocus(Qt::OtherFocusReason);
     else if (refusal == Refusal::NoSenderNumber || refusal == Refusal::ShortSenderNumber)
         senderNumber_->SetFocus();
-}
-
-void ComposePage::SendNoChange()
-{
-    textHelper_.GuardPhoneField(*senderNumber_);
-    textHelper_.LimitBytes(*senderNumber_, SenderNumberLimit);
 }
 
 void ComposePage::SendNoKeyPress(char16_t& key)

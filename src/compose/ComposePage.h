@@ -61,7 +61,6 @@ private:
     void BtnSendClick(int index);
     void Send();
     void Refuse(Refusal refusal);
-    void SendNoChange();
     void SendNoKeyPress(char16_t& key);
     void RecipientClick(int column);
     bool RecipientPaste(const QString& text);

@@ -18,8 +18,6 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QTextCursor>
-#include <QTextEdit>
 #include <QVBoxLayout>
 
 namespace tsms {
@@ -34,20 +32,6 @@ const QPoint PopupCorner(FromTwips(3360), FromTwips(7020));
 
 enum Popup : int { Symbols, Placeholders };
 constexpr int Rewrite = 2;
-
-/// Gives what no message holds a ground of its own: a template may be longer.
-void MarkBeyondLimit(MemoBox& body)
-{
-    const QString text = body.Text();
-    const QStringView message = QStringView(text).first(BytesMeasure.fitting(text, MessageLimit));
-    const auto breaks = static_cast<int>(message.count(u'\n')); // a break is one character of the control
-    QTextEdit::ExtraSelection beyond;
-    beyond.format.setBackground(BeyondLimit);
-    beyond.cursor = QTextCursor(body.document());
-    beyond.cursor.setPosition(static_cast<int>(message.size()) - breaks);
-    beyond.cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
-    body.setExtraSelections({beyond});
-}
 
 } // namespace
 
@@ -70,7 +54,7 @@ void InitSymbolGrid(fpSpread& grid)
 }
 
 TemplateEditor::TemplateEditor(Services& services, QWidget& popupParent, QWidget* parent)
-    : QWidget(parent), services_(services), textHelper_(services.desktop)
+    : QWidget(parent), services_(services)
 {
     BuildFields();
     BuildSymbolPopup(popupParent);
@@ -86,7 +70,7 @@ void TemplateEditor::BuildFields()
     subject_->setFrame(false);
     subject_->SetMaxLength(SubjectCharacters);
     subject_->SetImeMode(ImeMode::Hangul);
-    subject_->OnChange = [this] { textHelper_.LimitBytes(*subject_, SubjectLimit); };
+    subject_->SetByteLimit(SubjectLimit);
     subject_->OnKeyPress = [](char16_t& key) {
         if (key == u'\r')
             key = 0;
@@ -99,7 +83,11 @@ void TemplateEditor::BuildFields()
     body_->SetMaxLength(BodyCharacters);
     body_->SetImeMode(ImeMode::Hangul);
     auto* screen = new MessageScreen(*body_, QStringLiteral("PlEditBox"), this);
-    body_->OnChange = [this] { MarkBeyondLimit(*body_); };
+    // What no message holds is marked: a template may be longer.
+    body_->OnChange = [this] {
+        const qsizetype message = BytesMeasure.fitting(body_->Text(), MessageLimit);
+        body_->MarkFrom(static_cast<int>(message), BeyondLimit);
+    };
     counter_ = new MessageCounter(*body_, {CharactersMeasure, BodyCharacters},
                                   QStringLiteral("LblEditLength"), QStringLiteral("Label13"), this);
 
@@ -116,8 +104,7 @@ void TemplateEditor::BuildFields()
     auto* place = new QHBoxLayout(back);
     place->setContentsMargins(3, 3, 3, 3);
     place->addWidget(subject_);
-    subject_->OnGotFocus = [back] { back->update(); };
-    subject_->OnLostFocus = [back] { back->update(); };
+    back->Follow(*subject_);
 
     auto* title = new QHBoxLayout;
     title->setSpacing(8);

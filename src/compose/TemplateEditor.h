@@ -1,7 +1,6 @@
 #pragma once
 
 #include "toolkit/fields/Controls.h"
-#include "toolkit/fields/TextHelper.h"
 
 namespace tsms {
 
@@ -46,7 +45,6 @@ private:
     void SymbolKeyPress(int& key);
 
     Services& services_;
-    TextHelper textHelper_;
     MemoBox* body_ = nullptr;
     TextBox* subject_ = nullptr;
     MessageCounter* counter_ = nullptr;

@@ -38,10 +38,7 @@ constexpr int SearchLimit = 50; // bytes
 } // namespace
 
 HistoryPage::HistoryPage(Services& services, Window window, QWidget* parent)
-    : Panel(parent, IndexedName(u"PlToolBg", 1)),
-      services_(services),
-      window_(std::move(window)),
-      textHelper_(services.desktop)
+    : Panel(parent, IndexedName(u"PlToolBg", 1)), services_(services), window_(std::move(window))
 {
     SetBackColor(theme::Page);
     auto* page = new QVBoxLayout(this);
@@ -83,7 +80,7 @@ QWidget* HistoryPage::BuildSearch()
     };
     search_ = new TextBox(panel, QStringLiteral("txtSerch"));
     DescribeBy(*search_, QStringLiteral("검색어"));
-    search_->OnChange = [this] { textHelper_.LimitBytes(*search_, SearchLimit); };
+    search_->SetByteLimit(SearchLimit);
     search_->OnKeyPress = [this](char16_t& key) {
         if (key != u'\r')
             return;

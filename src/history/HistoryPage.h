@@ -1,7 +1,6 @@
 #pragma once
 
 #include "toolkit/fields/Controls.h"
-#include "toolkit/fields/TextHelper.h"
 
 #include <array>
 #include <cstdint>
@@ -66,7 +65,6 @@ private:
 
     Services& services_;
     Window window_;
-    TextHelper textHelper_;
     std::array<DatePicker*, 2> dates_{};   // DTPSendDt
     ComboBox* field_ = nullptr;            // CbSerch
     TextBox* search_ = nullptr;            // txtSerch

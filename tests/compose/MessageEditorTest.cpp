@@ -190,7 +190,7 @@ TEST_F(MessageEditor, WhatOfABodyNoMessageHoldsIsMarked)
 TEST_F(MessageEditor, BothMessageFieldsShowThatTheyHaveTheFocus)
 {
     const auto ring = [this](const QString& name) {
-        return static_cast<MessageScreen&>(program.Control(name)).HasRing();
+        return static_cast<MessageScreen&>(program.Control(name)).HasKeyboard();
     };
     Message().SetFocus();
     EXPECT_TRUE(ring(u"PlPerSendMsg"_q));

@@ -26,8 +26,14 @@ class TextHelperTest : public testing::Test
 protected:
     void LimitBoth(int limit)
     {
-        line.OnChange = [this, limit] { helper.LimitBytes(line, limit); };
-        memo.OnChange = [this, limit] { helper.LimitBytes(memo, limit); };
+        line.SetByteLimit(limit);
+        memo.SetByteLimit(limit);
+    }
+
+    void ShowThousands()
+    {
+        line.SetFilter(GroupThousands);
+        line.SetSeparator(u',');
     }
 
     ScriptedDesktop desktop;
@@ -171,12 +177,8 @@ TEST_F(TextHelperTest, AKeyWithoutRoomNeverReachesTheTextAndASelectionMakesRoom)
     LimitBoth(4);
     for (TextField* field : {static_cast<TextField*>(&line), static_cast<TextField*>(&memo)}) {
         field->SetText(u"가나"_q);
-        const auto told = field->OnChange;
         int changes = 0;
-        field->OnChange = [&] {
-            ++changes;
-            told();
-        };
+        field->OnChange = [&] { ++changes; };
         field->SetSelStart(1);
         QTest::keyClick(&field->Widget(), Qt::Key_A);
         EXPECT_EQ(field->Text(), u"가나"_q);
@@ -191,7 +193,7 @@ TEST_F(TextHelperTest, AKeyWithoutRoomNeverReachesTheTextAndASelectionMakesRoom)
         EXPECT_EQ(field->Text(), u"bc나"_q);
         QTest::keyClick(&field->Widget(), Qt::Key_Backspace);
         EXPECT_EQ(field->Text(), u"b나"_q);
-        field->OnChange = told;
+        field->OnChange = {};
     }
 }
 
@@ -218,7 +220,7 @@ TEST_F(TextHelperTest, NoSequenceOfChangesLeavesMoreThanTheLimit)
 
 TEST_F(TextHelperTest, APhoneFieldKeepsDigitsHyphensDotsAndSlashes)
 {
-    line.OnChange = [this] { helper.GuardPhoneField(line); };
+    line.SetFilter(KeepPhoneCharacters);
     PasteText(line, u"(010) 1234-56.7/8 전화"_q);
     EXPECT_EQ(line.Text(), u"0101234-56.7/8"_q);
 }
@@ -226,7 +228,7 @@ TEST_F(TextHelperTest, APhoneFieldKeepsDigitsHyphensDotsAndSlashes)
 TEST_F(TextHelperTest, APhoneFieldKeepsTheCaretBehindWhatWentIn)
 {
     line.SetText(u"010-5678"_q);
-    line.OnChange = [this] { helper.GuardPhoneField(line); };
+    line.SetFilter(KeepPhoneCharacters);
     line.SetSelStart(4);
     PasteText(line, u"a12b34c"_q);
     EXPECT_EQ(line.Text(), u"010-12345678"_q);
@@ -235,10 +237,8 @@ TEST_F(TextHelperTest, APhoneFieldKeepsTheCaretBehindWhatWentIn)
 
 TEST_F(TextHelperTest, AGuardedAndLimitedPhoneFieldCutsWhatWasPutIn)
 {
-    line.OnChange = [this] {
-        helper.GuardPhoneField(line);
-        helper.LimitBytes(line, 13);
-    };
+    line.SetFilter(KeepPhoneCharacters);
+    line.SetByteLimit(13);
     line.SetText(u"010-5678"_q);
     line.SetSelStart(4);
     PasteText(line, u"x1y2z3 456789"_q);
@@ -248,10 +248,8 @@ TEST_F(TextHelperTest, AGuardedAndLimitedPhoneFieldCutsWhatWasPutIn)
 
 TEST_F(TextHelperTest, APhoneFieldIsGuardedWhenTheProgramSetsItToo)
 {
-    line.OnChange = [this] {
-        helper.GuardPhoneField(line);
-        helper.LimitBytes(line, 13);
-    };
+    line.SetFilter(KeepPhoneCharacters);
+    line.SetByteLimit(13);
     line.SetText(u"tel 02-1234-5678-999999"_q);
     EXPECT_EQ(line.Text(), u"02-1234-5678-"_q);
 }
@@ -272,7 +270,7 @@ class ThousandsTable : public TextHelperTest, public testing::WithParamInterface
 TEST_P(ThousandsTable, TheCaretKeepsItsDistanceFromTheEnd)
 {
     line.SetText(GetParam().before);
-    line.OnChange = [this] { helper.FormatThousands(line); };
+    ShowThousands();
     line.SetSelStart(GetParam().caret);
     CommitText(line, GetParam().typed);
     EXPECT_EQ(line.Text(), GetParam().text);
@@ -290,18 +288,52 @@ INSTANTIATE_TEST_SUITE_P(Rows, ThousandsTable,
 
 TEST_F(TextHelperTest, ANumberThatGrowsPastTheLimitByItsSeparatorsIsHeldToIt)
 {
-    line.OnChange = [this] {
-        helper.LimitBytes(line, 10);
-        helper.FormatThousands(line);
-    };
+    line.SetByteLimit(10);
+    ShowThousands();
     PasteText(line, u"1234567890"_q);
     EXPECT_LE(line.Text().size(), 10);
     EXPECT_EQ(line.Text(), u"1,234,567"_q);
 }
 
+TEST_F(TextHelperTest, ADigitWhoseSeparatorFindsNoRoomIsRefused)
+{
+    line.SetMaxLength(4);
+    ShowThousands();
+    line.SetText(u"234"_q);
+    CommitText(line, u"1"_q);
+    EXPECT_EQ(line.Text(), u"234"_q);
+    EXPECT_EQ(line.SelStart(), 0);
+    line.SetText(u"12345"_q);
+    EXPECT_EQ(line.Text(), u"123"_q);
+}
+
+TEST_F(TextHelperTest, WhileItIsNotHeldAFieldLetsEveryTextStand)
+{
+    bool held = true;
+    line.SetFilter(KeepPhoneCharacters);
+    line.SetByteLimit(5);
+    line.SetHeldWhile([&held] { return held; });
+    line.SetText(u"(010) 123"_q);
+    EXPECT_EQ(line.Text(), u"01012"_q);
+    held = false;
+    line.SetText(u"(010) 123"_q);
+    EXPECT_EQ(line.Text(), u"(010) 123"_q);
+}
+
+TEST_F(TextHelperTest, AChangeIsToldOnceWithTheTextThatStays)
+{
+    LimitBoth(3);
+    QStringList told;
+    line.OnChange = [&] { told += line.Text(); };
+    CommitText(line, u"abcde"_q);
+    CommitText(line, u"f"_q);
+    line.SetText(u"12345"_q);
+    EXPECT_EQ(told, (QStringList{u"abc"_q, u"123"_q}));
+}
+
 TEST_F(TextHelperTest, RemovingADigitRegroups)
 {
-    line.OnChange = [this] { helper.FormatThousands(line); };
+    ShowThousands();
     line.SetText(u"1234"_q);
     line.SetSelStart(5);
     QTest::keyClick(&line, Qt::Key_Backspace);
@@ -311,7 +343,7 @@ TEST_F(TextHelperTest, RemovingADigitRegroups)
 
 TEST_F(TextHelperTest, ASeparatorIsPassedOverByTheKeysThatRemove)
 {
-    line.OnChange = [this] { helper.FormatThousands(line); };
+    ShowThousands();
     line.SetText(u"1234567"_q);
     line.SetSelStart(6);
     QTest::keyClick(&line, Qt::Key_Backspace);
@@ -324,10 +356,8 @@ TEST_F(TextHelperTest, ASeparatorIsPassedOverByTheKeysThatRemove)
 
 TEST_F(TextHelperTest, AGroupedNumberIsTakenBackStepByStep)
 {
-    line.OnChange = [this] {
-        helper.LimitBytes(line, 10);
-        helper.FormatThousands(line);
-    };
+    line.SetByteLimit(10);
+    ShowThousands();
     QTest::keyClicks(&line, QStringLiteral("12345"));
     QTest::keyClick(&line, Qt::Key_Backspace);
     QTest::keyClick(&line, Qt::Key_Backspace);

@@ -308,7 +308,32 @@ void Panel::mouseReleaseEvent(QMouseEvent* event)
         RaiseEvent(*this, OnClick);
 }
 
-FieldPanel::FieldPanel(QWidget* parent, const QString& name) : Panel(parent, name)
+void FocusPanel::Follow(QWidget& field)
+{
+    field_ = &field;
+    field.installEventFilter(this);
+}
+
+bool FocusPanel::HasKeyboard() const
+{
+    return field_ && window()->focusWidget() == field_ && window()->isActiveWindow();
+}
+
+bool FocusPanel::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate)
+        update();
+    return Panel::event(event);
+}
+
+bool FocusPanel::eventFilter(QObject*, QEvent* event)
+{
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+        update();
+    return false;
+}
+
+FieldPanel::FieldPanel(QWidget* parent, const QString& name) : FocusPanel(parent, name)
 {
     SetBackColor(theme::White);
 }
@@ -326,13 +351,7 @@ void FieldPanel::Hold(TextField& field)
         memo->document()->setDocumentMargin(2); // as much as a line has
     }
     field.SetFocusBacking(*this);
-}
-
-bool FieldPanel::event(QEvent* event)
-{
-    if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate)
-        update(); // the border tells whether the keyboard is here
-    return Panel::event(event);
+    Follow(field.Widget());
 }
 
 void FieldPanel::paintEvent(QPaintEvent*)
@@ -341,8 +360,7 @@ void FieldPanel::paintEvent(QPaintEvent*)
     field.initFrom(this);
     field.lineWidth = 1;
     field.palette.setColor(QPalette::Base, BackColor());
-    field.state.setFlag(QStyle::State_HasFocus,
-                        isAncestorOf(window()->focusWidget()) && window()->isActiveWindow());
+    field.state.setFlag(QStyle::State_HasFocus, HasKeyboard());
     QStylePainter(this).drawPrimitive(QStyle::PE_PanelLineEdit, field);
 }
 

@@ -159,19 +159,35 @@ private:
     bool dragsWindow_ = false;
 };
 
+/// A panel that shows whether the keyboard is in the field that stands on it.
+class FocusPanel : public Panel
+{
+public:
+    using Panel::Panel;
+
+    void Follow(QWidget& field);
+    bool HasKeyboard() const;
+
+protected:
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* field, QEvent* event) override;
+
+private:
+    const QWidget* field_ = nullptr;
+};
+
 /// The backing of a text box, PLtxtBack(i): draws the box's border and follows its colour.
-class FieldPanel : public Panel
+class FieldPanel : public FocusPanel
 {
     Q_OBJECT
 
 public:
     FieldPanel(QWidget* parent, const QString& name);
 
-    /// Puts a field without a border of its own on the panel; the panel follows its colour.
+    /// Puts a field on the panel, without a border of its own.
     void Hold(TextField& field);
 
 protected:
-    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 };
 

@@ -1,8 +1,10 @@
 #include "toolkit/fields/LimitRule.h"
 
 #include "runtime/CodePage949.h"
+#include "runtime/Numbers.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace tsms {
 
@@ -43,6 +45,28 @@ qsizetype FittingCharacters(QStringView text, int room)
     return SplitsPair(text, length) ? length - 1 : length;
 }
 
+bool IsPhoneCharacter(QChar c)
+{
+    return (c >= u'0' && c <= u'9') || c == u'-' || c == u'.' || c == u'/';
+}
+
+QString PhoneCharacters(QStringView text)
+{
+    QString kept;
+    std::copy_if(text.begin(), text.end(), std::back_inserter(kept), IsPhoneCharacter);
+    return kept;
+}
+
+CaretText FirstLinePutIn(const QString& before, const CaretText& now)
+{
+    const QStringView text = now.text;
+    const Insertion put = FindInsertion(before, text, now.caret);
+    const qsizetype end = put.start + FirstLineLength(text.sliced(put.start, put.length));
+    if (end == put.start + put.length)
+        return now;
+    return {text.first(end).toString().append(text.sliced(put.start + put.length)), end};
+}
+
 } // namespace
 
 const Measure BytesMeasure{MessageBytes, FittingLength};
@@ -78,6 +102,41 @@ CaretText LimitChange(QStringView before, QStringView after, qsizetype caret, co
     // What stood there before may have been too long already: then the end goes too.
     const QString text = LimitText(whole, measure, limit);
     return {text, std::min(put.start + kept, text.size())};
+}
+
+CaretText KeepPhoneCharacters(const CaretText& text)
+{
+    return {PhoneCharacters(text.text), PhoneCharacters(QStringView(text.text).first(text.caret)).size()};
+}
+
+CaretText GroupThousands(const CaretText& text)
+{
+    const QString grouped = GroupDigits(text.text);
+    const qsizetype fromEnd = text.text.size() - text.caret;
+    return {grouped, std::max<qsizetype>(0, grouped.size() - fromEnd)};
+}
+
+CaretText Admit(const QString& before, const CaretText& now, const FieldLimits& limits, bool byProgram)
+{
+    const auto hold = [&](const CaretText& text, const Measure& measure, int most) {
+        if (most == 0 || measure.length(text.text) <= most)
+            return text;
+        if (!byProgram)
+            return LimitChange(before, text.text, text.caret, measure, most);
+        const QString kept = LimitText(text.text, measure, most);
+        return CaretText{kept, std::min(text.caret, kept.size())};
+    };
+    const auto holdBoth = [&](const CaretText& text) {
+        return hold(hold(text, CharactersMeasure, limits.characters), BytesMeasure, limits.bytes);
+    };
+    const CaretText put = limits.oneLine && !byProgram ? FirstLinePutIn(before, now) : now;
+    if (!limits.filter)
+        return holdBoth(put);
+    const CaretText filtered = limits.filter(hold(put, CharactersMeasure, limits.characters));
+    const CaretText kept = limits.filter(holdBoth(filtered));
+    if (holdBoth(kept) == kept)
+        return kept;
+    return {before, std::min(FindInsertion(before, now.text, now.caret).start, before.size())};
 }
 
 qsizetype FirstLineLength(QStringView text)

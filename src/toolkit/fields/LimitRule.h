@@ -44,6 +44,29 @@ extern const Measure CharactersMeasure;
 CaretText LimitChange(QStringView before, QStringView after, qsizetype caret, const Measure& measure,
                       int limit);
 
+/// What a field makes of the text that is put in.
+using TextFilter = CaretText (*)(const CaretText& text);
+
+/// Leaves digits, "-", "." and "/", and the caret behind what it was behind.
+CaretText KeepPhoneCharacters(const CaretText& text);
+
+/// Groups the digits of a plain number in threes; the caret keeps its distance from the end.
+CaretText GroupThousands(const CaretText& text);
+
+/// What a field holds its text to; a limit of 0 is none.
+struct FieldLimits
+{
+    int characters = 0;
+    int bytes = 0;
+    TextFilter filter = nullptr;
+    bool oneLine = false; ///< what a person puts in ends at its first line break
+};
+
+/// The text that stays of a change, with its caret. Of what a person put in, the longest beginning stays that
+/// fits; a text that the program set is cut at its end. What a filter makes longer than a limit, whatever is
+/// cut of it, is refused: `before` stays.
+CaretText Admit(const QString& before, const CaretText& now, const FieldLimits& limits, bool byProgram);
+
 /// How long a text is up to its first line break of any kind.
 qsizetype FirstLineLength(QStringView text);
 

@@ -35,6 +35,16 @@ void MemoBox::SetBorder(bool border)
     setFrameShape(border ? QFrame::StyledPanel : QFrame::NoFrame);
 }
 
+void MemoBox::MarkFrom(int position, const QColor& ground)
+{
+    QTextEdit::ExtraSelection mark;
+    mark.format.setBackground(ground);
+    mark.cursor = QTextCursor(document());
+    mark.cursor.setPosition(ToDocument(position));
+    mark.cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
+    setExtraSelections({mark});
+}
+
 QString MemoBox::Text() const
 {
     // The raw text, since the plain one turns no-break blanks into blanks.

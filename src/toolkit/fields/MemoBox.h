@@ -18,6 +18,9 @@ public:
     /// Without its border, as on a coloured panel.
     void SetBorder(bool border);
 
+    /// Gives the text from there on a ground of its own.
+    void MarkFrom(int position, const QColor& ground);
+
     QString Text() const override;
     int SelStart() const override;
     void SetSelStart(int position) override;
@@ -29,7 +32,6 @@ protected:
     void Load(const QString& text) override;
     void Replace(const QString& text, int caret) override;
     int Caret() const override;
-    bool OneLine() const override { return false; }
 
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

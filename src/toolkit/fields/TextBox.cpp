@@ -19,6 +19,7 @@ TextBox::TextBox(QWidget* parent) : QLineEdit(parent)
 {
     // Its own limit works on what was put in; the control's would cut without telling where.
     QLineEdit::setMaxLength(MostGiven);
+    KeepToOneLine();
     connect(this, &QLineEdit::textChanged, this, [this] { TellChange(); });
 }
 

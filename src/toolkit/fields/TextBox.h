@@ -26,7 +26,6 @@ protected:
     void Load(const QString& text) override;
     void Replace(const QString& text, int caret) override;
     int Caret() const override { return cursorPosition(); }
-    bool OneLine() const override { return true; }
 
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

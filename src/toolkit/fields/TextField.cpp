@@ -14,15 +14,11 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QScopedValueRollback>
-
-#include <algorithm>
+#include <QSignalBlocker>
 
 namespace tsms {
 
 namespace {
-
-/// Two rules of one field that undo each other's work come to rest after so many rounds.
-constexpr int MostRounds = 8;
 
 QPalette WithBase(QPalette palette, const QColor& color)
 {
@@ -84,18 +80,6 @@ void TextField::SetImeMode(ImeMode mode)
     Widget().setInputMethodHints(hints);
 }
 
-void TextField::Correct(const QString& text, int caret)
-{
-    if (text == Text())
-        return;
-    {
-        const QScopedValueRollback<bool> quiet(correcting_, true);
-        Replace(text, caret);
-    }
-    if (rounds_ < MostRounds)
-        TellChange();
-}
-
 void TextField::SetText(const QString& text)
 {
     ChangeByProgram(Author::Program, text);
@@ -112,7 +96,7 @@ void TextField::PutText(const QString& text)
 /// it is an echo of what the field has put in by itself, and Composition withholds it.
 void TextField::FinishComposing()
 {
-    if (change_ || composed_.isEmpty())
+    if (composed_.isEmpty())
         return;
     QInputMethodEvent commit;
     commit.setCommitString(composed_);
@@ -134,13 +118,8 @@ void TextField::SeeComposed(const QInputMethodEvent& event)
 void TextField::ChangeByProgram(Author author, const QString& text)
 {
     FinishComposing();
-    {
-        // The controls tell of some changes in several steps; this one is told once, when it is done.
-        const QScopedValueRollback<bool> quiet(correcting_, true);
-        Load(text);
-    }
+    Quietly([&] { Load(text); });
     const QScopedValueRollback<Author> by(author_, author);
-    const QScopedValueRollback<Change*> ownChange(change_, nullptr);
     TellChange();
 }
 
@@ -205,10 +184,7 @@ void TextField::Recall(const std::optional<HeldText>& held)
     if (!held)
         return;
     const Insertion put = FindInsertion(Text(), held->text, 0);
-    {
-        const QScopedValueRollback<bool> quiet(correcting_, true);
-        Replace(held->text, static_cast<int>(put.start + put.length));
-    }
+    Quietly([&] { Replace(held->text, static_cast<int>(put.start + put.length)); });
     Tag = held->tag;
     const QScopedValueRollback<Author> by(author_, Author::History);
     TellChange();
@@ -216,25 +192,36 @@ void TextField::Recall(const std::optional<HeldText>& held)
 
 void TextField::TellChange()
 {
-    if (correcting_)
+    const QString put = Text();
+    if (put == settled_)
         return;
-    if (change_) {
-        const QScopedValueRollback<int> round(rounds_, rounds_ + 1);
-        TellRules();
-        return;
-    }
-    const QString now = Text();
-    if (now == settled_)
-        return;
+    const QString before = settled_;
     const int caret = Caret();
-    Change change{settled_, author_ == Author::Program || author_ == Author::Choice};
-    {
-        const QScopedValueRollback<Change*> present(change_, &change);
-        const QScopedValueRollback<int> round(rounds_, 0);
-        TellRules();
+    const bool byProgram = author_ == Author::Program || author_ == Author::Choice;
+    const CaretText kept = Admit(before, {put, caret}, PresentLimits(), byProgram);
+    if (kept.text != put)
+        Quietly([&] { Replace(kept.text, static_cast<int>(kept.caret)); });
+    settled_ = kept.text;
+    Remember(before, put, caret);
+    if (settled_ != before)
+        RaiseEvent(Widget(), OnChange);
+}
+
+FieldLimits TextField::PresentLimits() const
+{
+    FieldLimits limits = limits_;
+    if (held_ && !held_()) {
+        limits.bytes = 0;
+        limits.filter = nullptr;
     }
-    settled_ = Text();
-    Remember(change.before, now, caret);
+    return limits;
+}
+
+/// The controls tell of some changes in several steps; what is done so is told once, when it is done.
+void TextField::Quietly(const std::function<void()>& change)
+{
+    const QSignalBlocker quiet(Widget());
+    change();
 }
 
 void TextField::Remember(const QString& before, const QString& put, int caret)
@@ -247,35 +234,6 @@ void TextField::Remember(const QString& before, const QString& put, int caret)
     history_.Rest(Caret());
 }
 
-void TextField::TellRules()
-{
-    ApplyOwnLimits();
-    if (OnChange)
-        RaiseEvent(Widget(), OnChange);
-}
-
-void TextField::ApplyOwnLimits()
-{
-    const QString text = Text();
-    CaretText kept{text, Caret()};
-    if (OneLine() && !change_->byProgram) {
-        const Insertion put = FindInsertion(change_->before, text, kept.caret);
-        const qsizetype line = FirstLineLength(QStringView(text).sliced(put.start, put.length));
-        if (line < put.length)
-            kept = {text.first(put.start + line) + text.sliced(put.start + put.length), put.start + line};
-    }
-    if (maxLength_ > 0 && kept.text.size() > maxLength_) {
-        if (change_->byProgram)
-            kept.text = LimitText(kept.text, CharactersMeasure, maxLength_);
-        else
-            kept = LimitChange(change_->before, kept.text, kept.caret, CharactersMeasure, maxLength_);
-    }
-    if (kept.text == text)
-        return;
-    const QScopedValueRollback<bool> quiet(correcting_, true);
-    Replace(kept.text, static_cast<int>(kept.caret));
-}
-
 void TextField::TellKeyUp(int key, int shift)
 {
     if (OnKeyUp)
@@ -284,8 +242,6 @@ void TextField::TellKeyUp(int key, int shift)
 
 void TextField::TellFocus(bool gained, Qt::FocusReason reason)
 {
-    if (backing_)
-        backing_->update();
     if (!gained && (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason)) {
         AwaitReturn();
         return;
@@ -320,9 +276,9 @@ QString TextField::WithRoom(const QString& key) const
 {
     constexpr char16_t firstPrintable = u' ';
     const bool putsIn = key.size() == 1 && key[0].unicode() >= firstPrintable;
-    if (!putsIn || byteLimit_ == 0 || SelLength() > 0)
+    if (!putsIn || limits_.bytes == 0 || SelLength() > 0)
         return key;
-    return MessageBytes(settled_) + MessageBytes(key) > byteLimit_ ? QString() : key;
+    return MessageBytes(settled_) + MessageBytes(key) > limits_.bytes ? QString() : key;
 }
 
 QString TextField::PassKeys(QStringView keys)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "toolkit/fields/EditHistory.h"
+#include "toolkit/fields/LimitRule.h"
 
 #include <QColor>
 #include <QString>
@@ -8,6 +9,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <utility>
 
 class QInputMethodEvent;
 class QKeyEvent;
@@ -44,10 +46,20 @@ public:
     void SelectAll();
     QString SelText() const;
 
-    /// Longest text in characters, 0 for none; a line break counts 2. Cuts what was put in, like the byte
-    /// limit.
-    void SetMaxLength(int characters) { maxLength_ = characters; }
-    int MaxLength() const { return maxLength_; }
+    /// Longest text in characters, 0 for none; a line break counts 2. The limits and the filter act on each
+    /// change, as Admit() tells, before it is told.
+    void SetMaxLength(int characters) { limits_.characters = characters; }
+    int MaxLength() const { return limits_.characters; }
+
+    /// Longest text in bytes of code page 949, 0 for none; blanks count, a line break counts 1. A key whose
+    /// character finds no room is refused before it acts: to put it in and take it out again would cost the
+    /// control a second layout of the text.
+    void SetByteLimit(int bytes) { limits_.bytes = bytes; }
+
+    void SetFilter(TextFilter filter) { limits_.filter = filter; }
+
+    /// While this is false, the filter and the byte limit let a change stand as it is.
+    void SetHeldWhile(std::function<bool()> held) { held_ = std::move(held); }
 
     QColor BackColor() const;
     void SetBackColor(const QColor& color);
@@ -77,22 +89,6 @@ public:
     std::function<void()> OnGotFocus;
     std::function<void()> OnLostFocus;
 
-    /// While OnChange runs: the text before the change, and whether the program made it.
-    struct Change
-    {
-        QString before;
-        bool byProgram = false;
-    };
-    const Change* PresentChange() const { return change_; }
-
-    /// Replaces the text as part of the change that is being told. What differs is told in its turn, as part
-    /// of the same change. A change and its correction are undone in one step.
-    void Correct(const QString& text, int caret);
-
-    /// The byte limit that the field is held to. A key whose character finds no room is then refused before
-    /// it acts; to put it in and take it out again would cost the control a second layout of the text.
-    void SetByteLimit(int limit) { byteLimit_ = limit; }
-
     /// A character that the field puts in by itself. The single-line box takes Backspace behind it, and
     /// Delete before it, for its neighbour.
     void SetSeparator(QChar separator) { separator_ = separator; }
@@ -102,8 +98,8 @@ protected:
     virtual void Replace(const QString& text, int caret) = 0;
     /// The caret, which may be at either end of a selection.
     virtual int Caret() const = 0;
-    /// Whether a pasted text ends at its first line break.
-    virtual bool OneLine() const = 0;
+    /// What a person puts in ends at its first line break.
+    void KeepToOneLine() { limits_.oneLine = true; }
 
     void TellChange();
     /// Runs what a key press or a commit does to the text, which joins the step of those before it.
@@ -133,8 +129,8 @@ private:
     void Remember(const QString& before, const QString& put, int caret);
     void Recall(const std::optional<HeldText>& held);
     void AwaitReturn();
-    void TellRules();
-    void ApplyOwnLimits();
+    FieldLimits PresentLimits() const;
+    void Quietly(const std::function<void()>& change);
 
     QString settled_;
     QString composed_; // by an input method, and not yet handed over
@@ -146,17 +142,14 @@ private:
     } pending_;
     qint64 moment_ = 0; // at which the change that comes next was typed
     EditHistory history_;
-    Change* change_ = nullptr;
     QWidget* backing_ = nullptr;
     QMetaObject::Connection awaited_; // while the focus is out of the window
-    int maxLength_ = 0;
-    int byteLimit_ = 0;
-    int rounds_ = 0;
+    FieldLimits limits_;
+    std::function<bool()> held_;
     QChar separator_;
     Author author_ = Author::Person;
     bool overSelection_ = false; // the keys that make the change
-    bool correcting_ = false;
-    bool focused_ = false; // as it was told
+    bool focused_ = false;       // as it was told
 };
 
 } // namespace tsms
