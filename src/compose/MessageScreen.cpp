@@ -1,9 +1,7 @@
 #include "compose/MessageScreen.h"
 
 #include "toolkit/fields/TextField.h"
-#include "toolkit/look/Theme.h"
 
-#include <QPainter>
 #include <QVBoxLayout>
 
 namespace tsms {
@@ -11,7 +9,6 @@ namespace tsms {
 namespace {
 
 constexpr int RimWidth = 4; // room for the ring
-constexpr double RimCorner = 4;
 
 } // namespace
 
@@ -25,13 +22,11 @@ MessageScreen::MessageScreen(TextField& field, const QString& name, QWidget* par
     Follow(field.Widget());
 }
 
-void MessageScreen::paintEvent(QPaintEvent* event)
+theme::SurfaceOption MessageScreen::Surface() const
 {
-    FocusPanel::paintEvent(event);
-    if (!HasKeyboard())
-        return;
-    QPainter painter(this);
-    theme::DrawFocusRing(painter, rect(), RimCorner);
+    theme::SurfaceOption surface = FocusPanel::Surface();
+    surface.ring = HasKeyboard();
+    return surface;
 }
 
 } // namespace tsms

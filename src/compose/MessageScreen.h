@@ -13,7 +13,7 @@ public:
     MessageScreen(TextField& field, const QString& name, QWidget* parent);
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    theme::SurfaceOption Surface() const override;
 };
 
 } // namespace tsms

@@ -4,14 +4,12 @@
 #include "toolkit/fields/Naming.h"
 #include "toolkit/fields/RaiseEvent.h"
 #include "toolkit/fields/TextField.h"
-#include "toolkit/look/Pictures.h"
 #include "toolkit/look/Placing.h"
 #include "toolkit/look/Theme.h"
 
 #include <QAccessible>
 #include <QLineEdit>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QPlainTextEdit>
 #include <QStyleOptionButton>
 #include <QStylePainter>
@@ -23,19 +21,10 @@ namespace tsms {
 
 namespace {
 
-constexpr int PictureSize = 18;
-constexpr int SmallPictureSize = 14;
-constexpr int PictureGap = 7;
-
 /// Shown as it stands: an ampersand is no mark of a shortcut.
 QString Shown(const QString& caption)
 {
     return QString(caption).replace(u'&', QStringLiteral("&&"));
-}
-
-QRectF HalfPixelInside(const QRect& rect)
-{
-    return QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5);
 }
 
 } // namespace
@@ -75,107 +64,29 @@ PictureButton::PictureButton(QWidget* parent, const QString& name, const QString
                              const QString& words, Look look)
     : QAbstractButton(parent), picture_(picture), words_(words), look_(look)
 {
-    setFocusPolicy(HasRoomForWords() ? Qt::StrongFocus : Qt::NoFocus);
+    setFocusPolicy(theme::HasRoomForWords(look) ? Qt::StrongFocus : Qt::NoFocus);
     setAttribute(Qt::WA_Hover);
     SetName(*this, name);
     setAccessibleName(words);
-    if (!HasRoomForWords())
+    if (!theme::HasRoomForWords(look))
         setToolTip(words);
     connect(this, &QAbstractButton::clicked, this, [this] { RaiseEvent(*this, OnClick); });
 }
 
-/// On title strips there is room for a small picture alone.
-bool PictureButton::HasRoomForWords() const
-{
-    return look_ == Look::Idle || look_ == Look::Selected || look_ == Look::Framed;
-}
-
-int PictureButton::WordsWidth(const QFontMetrics& metrics) const
-{
-    const bool shown = HasRoomForWords() && !words_.isEmpty();
-    return shown ? PictureGap + metrics.horizontalAdvance(words_) : 0;
-}
-
 QSize PictureButton::sizeHint() const
 {
-    if (look_ == Look::Window || look_ == Look::Closing)
-        return {34, 28};
-    if (look_ == Look::Sign)
-        return {26, 28};
-    const QFontMetrics metrics = fontMetrics();
-    const int words = WordsWidth(metrics);
-    const int height =
-        look_ == Look::Framed ? theme::ControlHeight(metrics) : std::max(PictureSize, metrics.height()) + 14;
-    return {PictureSize + words + 24, height};
-}
-
-/// The face at rest, or what the mouse makes of the other one.
-QColor PictureButton::Touched(const QColor& rest, const QColor& touched) const
-{
-    if (isEnabled() && isDown())
-        return theme::Pressed(touched);
-    return isEnabled() && underMouse() ? theme::Hovered(touched) : rest;
-}
-
-QColor PictureButton::Face() const
-{
-    switch (look_) {
-    case Look::Sign:
-        return Qt::transparent;
-    case Look::Selected:
-        return theme::Page;
-    case Look::Closing:
-        if (isEnabled() && (isDown() || underMouse()))
-            return isDown() ? theme::Pressed(theme::Warning) : theme::Warning;
-        return Qt::transparent;
-    case Look::Framed: // the style draws it
-    case Look::Idle:
-    case Look::Window:
-        break;
-    }
-    return Touched(Qt::transparent, theme::Strip);
+    return theme::PictureButtonSize(look_, words_, fontMetrics());
 }
 
 void PictureButton::paintEvent(QPaintEvent*)
 {
-    const bool warns = look_ == Look::Closing && isEnabled() && (isDown() || underMouse());
-    const QColor ink = !isEnabled()              ? theme::Disabled
-                       : warns                   ? theme::White
-                       : look_ == Look::Selected ? theme::Accent
-                                                 : theme::StripText;
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    if (look_ == Look::Framed) {
-        PaintPushButtonFace(painter);
-    } else {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(Face());
-        painter.drawRoundedRect(rect(), theme::ControlRadius, theme::ControlRadius);
-    }
-
-    QFont font = this->font();
-    font.setBold(look_ == Look::Selected);
-    const QFontMetrics metrics(font);
-    const int size = HasRoomForWords() || look_ == Look::Sign ? PictureSize : SmallPictureSize;
-    const int words = WordsWidth(metrics);
-    const int left = (width() - size - words) / 2;
-    DrawPicture(painter, QRectF(left, (height() - size) / 2.0, size, size), picture_, ink);
-    painter.setFont(font);
-    painter.setPen(ink);
-    painter.drawText(QRect(left + size + PictureGap, 0, words, height()),
-                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, words_);
-    if (look_ == Look::Selected)
-        painter.fillRect(QRect(10, height() - 3, width() - 20, 2), theme::Accent);
-    if (hasFocus() && theme::IsByKeyboard())
-        theme::DrawFocusRing(painter, rect(), theme::ControlRadius);
-}
-
-void PictureButton::PaintPushButtonFace(QPainter& painter) const
-{
-    QStyleOptionButton option;
+    theme::PictureButtonOption option;
     option.initFrom(this);
     option.state.setFlag(QStyle::State_Sunken, isDown());
-    style()->drawControl(QStyle::CE_PushButtonBevel, &option, &painter, this);
+    option.look = look_;
+    option.picture = picture_;
+    option.text = words_;
+    QStylePainter(this).drawControl(theme::PictureButtonElement, option);
 }
 
 bool PictureButton::event(QEvent* event)
@@ -268,7 +179,7 @@ void Label::mouseReleaseEvent(QMouseEvent* event)
 Panel::Panel(QWidget* parent, const QString& name, Border border) : QFrame(parent), border_(border)
 {
     SetName(*this, name);
-    if (border == Border::Line)
+    if (border != Border::None)
         setContentsMargins(1, 1, 1, 1);
 }
 
@@ -285,15 +196,19 @@ void Panel::SetBackColor(const QColor& color)
     filled_ = true;
 }
 
+theme::SurfaceOption Panel::Surface() const
+{
+    theme::SurfaceOption surface;
+    surface.initFrom(this);
+    if (filled_)
+        surface.face = BackColor();
+    surface.border = border_;
+    return surface;
+}
+
 void Panel::paintEvent(QPaintEvent*)
 {
-    QPainter painter(this);
-    if (filled_)
-        painter.fillRect(rect(), BackColor());
-    if (border_ == Border::Line) {
-        painter.setPen(QPen(theme::Line, 1));
-        painter.drawRect(HalfPixelInside(rect()));
-    }
+    QStylePainter(this).drawPrimitive(theme::SurfaceElement, Surface());
 }
 
 void Panel::mousePressEvent(QMouseEvent* event)
@@ -364,10 +279,9 @@ void FieldPanel::paintEvent(QPaintEvent*)
     QStylePainter(this).drawPrimitive(QStyle::PE_PanelLineEdit, field);
 }
 
-PopupPanel::PopupPanel(QWidget* parent, const QString& name) : Panel(parent, name)
+PopupPanel::PopupPanel(QWidget* parent, const QString& name) : Panel(parent, name, Border::Edge)
 {
     SetBackColor(theme::Page);
-    setContentsMargins(1, 1, 1, 1);
     hide();
 }
 
@@ -395,14 +309,6 @@ bool PopupPanel::focusNextPrevChild(bool next)
     while (to != from && !isStop(*to));
     to->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
     return true;
-}
-
-void PopupPanel::paintEvent(QPaintEvent* event)
-{
-    Panel::paintEvent(event);
-    QPainter painter(this);
-    painter.setPen(QPen(theme::Frame, 1));
-    painter.drawRect(HalfPixelInside(rect()));
 }
 
 ProgressBar::ProgressBar(QWidget* parent, const QString& name) : QProgressBar(parent)
@@ -453,23 +359,10 @@ QSize ProgressBar::sizeHint() const
     return {200, 14};
 }
 
-void ProgressBar::paintEvent(QPaintEvent*)
+void ProgressBar::paintEvent(QPaintEvent* event)
 {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF trough = HalfPixelInside(rect());
     painted_ = FilledPixels();
-    painter.setPen(QPen(theme::Line, 1));
-    painter.setBrush(theme::Ground);
-    painter.drawRoundedRect(trough, theme::ControlRadius, theme::ControlRadius);
-    const double share = static_cast<double>(value()) / maximum();
-    if (value() <= 0)
-        return;
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(theme::Accent);
-    QRectF bar = trough.adjusted(1, 1, -1, -1);
-    bar.setWidth(bar.width() * share);
-    painter.drawRoundedRect(bar, std::min(theme::ControlRadius, bar.width() / 2), theme::ControlRadius - 1);
+    QProgressBar::paintEvent(event);
 }
 
 RadioButton::RadioButton(QWidget* parent, const QString& name, const QString& caption)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "runtime/ScreenPace.h"
+#include "toolkit/look/Elements.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>
@@ -55,14 +56,7 @@ class PictureButton : public QAbstractButton
     Q_OBJECT
 
 public:
-    enum class Look {
-        Idle,     ///< toolbar: rests on the bar
-        Selected, ///< toolbar: the page on view
-        Framed,   ///< on a page, with the frame of a push button
-        Window,   ///< small, on a title strip
-        Closing,  ///< as Window; warns when the mouse is over it
-        Sign,     ///< a picture at the head of a strip, which shows no sign of the mouse
-    };
+    using Look = theme::PictureLook;
 
     /// `picture` is the name of a resource below ":/toolkit/", without ".svg". On a title strip the words
     /// have no room: they stand in the tool tip.
@@ -83,12 +77,6 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    bool HasRoomForWords() const;
-    int WordsWidth(const QFontMetrics& metrics) const;
-    QColor Touched(const QColor& rest, const QColor& touched) const;
-    QColor Face() const;
-    void PaintPushButtonFace(QPainter& painter) const;
-
     QString picture_;
     QString words_;
     Look look_;
@@ -134,7 +122,7 @@ class Panel : public QFrame
     Q_OBJECT
 
 public:
-    enum class Border { None, Line };
+    using Border = PanelBorder;
 
     Panel(QWidget* parent, const QString& name, Border border = Border::None);
 
@@ -149,6 +137,7 @@ public:
     QString Tag;
 
 protected:
+    virtual theme::SurfaceOption Surface() const;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -205,7 +194,6 @@ public:
 
 protected:
     bool focusNextPrevChild(bool next) override;
-    void paintEvent(QPaintEvent* event) override;
 };
 
 /// A bar that fills up to its maximum. A value beyond stands full.

@@ -1,5 +1,6 @@
 #include "toolkit/look/Theme.h"
 
+#include "toolkit/look/Elements.h"
 #include "toolkit/look/Pictures.h"
 
 #include <QApplication>
@@ -20,6 +21,10 @@ namespace {
 constexpr int ArrowWidth = 22; // of the part of a list that opens it
 constexpr int MarkSize = 16;
 constexpr int FocusedBorder = 2; // how wide a field's border is at most
+
+constexpr int PictureSize = 18; // of a button
+constexpr int SmallPictureSize = 14;
+constexpr int PictureGap = 7; // between it and the words
 
 /// Room of a mark and its words for the ring of the focus.
 constexpr QMargins RingRoom(4, 3, 4, 3);
@@ -77,6 +82,97 @@ void DrawField(QPainter& painter, const QStyleOption& field, const QColor& face)
         DrawBox(painter, field.rect, face, Accent, FocusedBorder);
     else
         DrawBox(painter, field.rect, face, Frame);
+}
+
+QRectF HalfPixelInside(const QRect& rect)
+{
+    return QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5);
+}
+
+int PictureWordsWidth(PictureLook look, const QString& words, const QFontMetrics& metrics)
+{
+    const bool shown = HasRoomForWords(look) && !words.isEmpty();
+    return shown ? PictureGap + metrics.horizontalAdvance(words) : 0;
+}
+
+bool IsUnderMouse(const PictureButtonOption& button)
+{
+    return Is(button, QStyle::State_Enabled) &&
+           (Is(button, QStyle::State_Sunken) || Is(button, QStyle::State_MouseOver));
+}
+
+/// At rest it shows what it lies on.
+QColor FaceOf(const PictureButtonOption& button)
+{
+    if (button.look == PictureLook::Selected)
+        return Page;
+    if (button.look == PictureLook::Sign || !IsUnderMouse(button))
+        return Qt::transparent;
+    const bool pressed = Is(button, QStyle::State_Sunken);
+    if (button.look == PictureLook::Closing)
+        return pressed ? Pressed(Warning) : Warning;
+    return Touched(Strip, button, pressed);
+}
+
+QColor InkOf(const PictureButtonOption& button)
+{
+    if (!Is(button, QStyle::State_Enabled))
+        return Disabled;
+    if (button.look == PictureLook::Closing && IsUnderMouse(button))
+        return White;
+    return button.look == PictureLook::Selected ? Accent : StripText;
+}
+
+void DrawSurface(QPainter& painter, const SurfaceOption& surface)
+{
+    if (surface.face != Qt::transparent)
+        painter.fillRect(surface.rect, surface.face);
+    if (surface.border != PanelBorder::None) {
+        painter.setPen(QPen(surface.border == PanelBorder::Line ? Line : Frame, 1));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(HalfPixelInside(surface.rect));
+    }
+    if (surface.ring)
+        DrawFocusRing(painter, surface.rect, ControlRadius);
+}
+
+void DrawPhone(QPainter& painter, const PhoneOption& phone)
+{
+    constexpr double Corner = 11;
+    const QColor body = phone.touched ? Accent : phone.on ? PhoneBody : Line;
+    const QColor parts = phone.on || phone.touched ? body.lighter(150) : Page;
+    const QRectF place(phone.rect);
+    const double middle = place.width() / 2;
+    const double ear = phone.screen.top();
+    const double foot = place.height() - phone.screen.bottom() - 1;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(body);
+    painter.drawRoundedRect(place, Corner, Corner);
+    painter.setBrush(parts);
+    painter.drawRoundedRect(QRectF(middle - 14, ear / 2 - 1.5, 28, 3), 1.5, 1.5);
+    painter.drawEllipse(QPointF(middle, place.height() - foot / 2), 2.5, 2.5);
+    painter.fillRect(phone.screen, PhoneScreen(phone.on, phone.touched));
+    if (phone.ring && byKeyboard)
+        DrawFocusRing(painter, place, Corner);
+}
+
+void DrawProgress(QPainter& painter, const QStyleOptionProgressBar& bar)
+{
+    const QRectF trough = HalfPixelInside(bar.rect);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(Line, 1));
+    painter.setBrush(Ground);
+    painter.drawRoundedRect(trough, ControlRadius, ControlRadius);
+    if (bar.progress > 0) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(Accent);
+        QRectF filled = trough.adjusted(1, 1, -1, -1);
+        filled.setWidth(filled.width() * bar.progress / bar.maximum);
+        painter.drawRoundedRect(filled, std::min(ControlRadius, filled.width() / 2), ControlRadius - 1);
+    }
+    painter.restore();
 }
 
 bool IsRingDue(const QStyleOption& option)
@@ -246,6 +342,10 @@ public:
     {
         if (element == PE_PanelLineEdit && HasFrame(option))
             DrawField(*painter, *option, option->palette.color(QPalette::Base));
+        else if (element == SurfaceElement)
+            DrawSurface(*painter, static_cast<const SurfaceOption&>(*option));
+        else if (element == PhoneElement)
+            DrawPhone(*painter, static_cast<const PhoneOption&>(*option));
         else if (element == PE_IndicatorCheckBox)
             DrawSign(*painter, *option, QStringLiteral("check-empty"), QStringLiteral("check-ticked"));
         else if (element == PE_IndicatorRadioButton)
@@ -258,7 +358,12 @@ public:
                      const QWidget* widget) const override
     {
         const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
-        if (button && element == CE_PushButton)
+        if (element == PictureButtonElement)
+            DrawPictureButton(static_cast<const PictureButtonOption&>(*option), *painter);
+        else if (const auto* bar = qstyleoption_cast<const QStyleOptionProgressBar*>(option);
+                 bar && element == CE_ProgressBar)
+            DrawProgress(*painter, *bar);
+        else if (button && element == CE_PushButton)
             DrawButton(*button, *painter, widget);
         else if (button && element == CE_PushButtonBevel)
             DrawButtonFace(*painter, *button);
@@ -328,6 +433,36 @@ private:
             DrawFocusRing(painter, button.rect, ControlRadius);
     }
 
+    static void DrawPictureButton(const PictureButtonOption& button, QPainter& painter)
+    {
+        const QRect& place = button.rect;
+        painter.setRenderHint(QPainter::Antialiasing);
+        if (button.look == PictureLook::Framed) {
+            DrawButtonFace(painter, button);
+        } else {
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(FaceOf(button));
+            painter.drawRoundedRect(place, ControlRadius, ControlRadius);
+        }
+        QFont font = painter.font();
+        font.setBold(button.look == PictureLook::Selected);
+        const QColor ink = InkOf(button);
+        const bool isLarge = HasRoomForWords(button.look) || button.look == PictureLook::Sign;
+        const int size = isLarge ? PictureSize : SmallPictureSize;
+        const int words = PictureWordsWidth(button.look, button.text, QFontMetrics(font, painter.device()));
+        const int left = (place.width() - size - words) / 2;
+        DrawPicture(painter, QRectF(left, (place.height() - size) / 2.0, size, size), button.picture, ink);
+        painter.setFont(font);
+        painter.setPen(ink);
+        if (words > 0)
+            painter.drawText(QRect(left + size + PictureGap, 0, words, place.height()),
+                             Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, button.text);
+        if (button.look == PictureLook::Selected)
+            painter.fillRect(QRect(10, place.height() - 3, place.width() - 20, 2), Accent);
+        if (IsRingDue(button))
+            DrawFocusRing(painter, place, ControlRadius);
+    }
+
     void DrawMark(ControlElement element, const QStyleOptionButton& mark, QPainter& painter,
                   const QWidget* widget) const
     {
@@ -391,6 +526,28 @@ private:
 int ControlHeight(const QFontMetrics& metrics)
 {
     return metrics.height() + 14;
+}
+
+bool HasRoomForWords(PictureLook look)
+{
+    return look == PictureLook::Idle || look == PictureLook::Selected || look == PictureLook::Framed;
+}
+
+QSize PictureButtonSize(PictureLook look, const QString& words, const QFontMetrics& metrics)
+{
+    if (look == PictureLook::Window || look == PictureLook::Closing)
+        return {34, 28};
+    if (look == PictureLook::Sign)
+        return {26, 28};
+    const int height =
+        look == PictureLook::Framed ? ControlHeight(metrics) : std::max(PictureSize, metrics.height()) + 14;
+    return {PictureSize + PictureWordsWidth(look, words, metrics) + 24, height};
+}
+
+QColor PhoneScreen(bool on, bool touched)
+{
+    const QColor screen = on ? Phone : Ground;
+    return touched ? Hovered(screen) : screen;
 }
 
 QFont Font()

@@ -4,6 +4,7 @@
 #include "session/Session.h"
 #include "toolkit/fields/Controls.h"
 #include "toolkit/fields/Naming.h"
+#include "toolkit/look/Elements.h"
 #include "toolkit/look/Placing.h"
 #include "toolkit/look/Theme.h"
 #include "toolkit/windows/Guarded.h"
@@ -15,8 +16,8 @@
 #include <QKeyEvent>
 #include <QLayout>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QScreen>
+#include <QStylePainter>
 #include <QWindow>
 
 #include <algorithm>
@@ -238,10 +239,11 @@ void Form::FitInto(QSize)
 
 void Form::paintEvent(QPaintEvent*)
 {
-    QPainter painter(this);
-    painter.fillRect(rect(), theme::Page);
-    painter.setPen(QPen(theme::Frame, 1));
-    painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+    theme::SurfaceOption page;
+    page.initFrom(this);
+    page.face = theme::Page;
+    page.border = PanelBorder::Edge;
+    QStylePainter(this).drawPrimitive(theme::SurfaceElement, page);
 }
 
 void Form::mousePressEvent(QMouseEvent* event)
