@@ -13,7 +13,7 @@ namespace {
 
 const QByteArray Declaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
 
-QByteArray Enveloped(const QByteArray& body)
+QByteArray PlainlyEnveloped(const QByteArray& body)
 {
     return Declaration + "<s:Envelope xmlns:s=\"http://schemas.xmlsoap.org/soap/envelope/\"><s:Body>" + body +
            "</s:Body></s:Envelope>\n";
@@ -42,12 +42,12 @@ TEST(PlainAnswer, TheAnswersOfAServiceAreReadFromTheirBytes)
 
 TEST(PlainAnswer, AnEmptyResultIsAnEmptyText)
 {
-    EXPECT_EQ(ReadPlainAnswer(Enveloped("<a><b></b></a>")), QString());
+    EXPECT_EQ(ReadPlainAnswer(PlainlyEnveloped("<a><b></b></a>")), QString());
 }
 
 TEST(PlainAnswer, WhatNeedsTheTreeIsLeftToIt)
 {
-    const QByteArray good = Enveloped("<a><b>x</b></a>");
+    const QByteArray good = PlainlyEnveloped("<a><b>x</b></a>");
     ASSERT_TRUE(ReadPlainAnswer(good));
     for (const char* body : {"<a><b>x &amp; y</b></a>",
                              "<a><b>x\r\n</b></a>",
@@ -69,7 +69,7 @@ TEST(PlainAnswer, WhatNeedsTheTreeIsLeftToIt)
                              "<a b='c'><b>x</b></a>",
                              "<a b=\"<\"><b>x</b></a>",
                              "<a ><b>x</b></a>"})
-        EXPECT_FALSE(ReadPlainAnswer(Enveloped(body))) << body;
+        EXPECT_FALSE(ReadPlainAnswer(PlainlyEnveloped(body))) << body;
     for (const QByteArray& envelope :
          {good.sliced(Declaration.size()), QByteArray(good).replace("UTF-8", "EUC-KR"),
           QByteArray(good).replace("schemas", "schemes"), QByteArray(good).replace("s:Body", "t:Body"),

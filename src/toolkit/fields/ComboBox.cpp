@@ -4,7 +4,6 @@
 #include "runtime/Numbers.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
-#include "toolkit/fields/Guarded.h"
 #include "toolkit/fields/KeyFilter.h"
 #include "toolkit/fields/Naming.h"
 #include "toolkit/fields/RaiseEvent.h"
