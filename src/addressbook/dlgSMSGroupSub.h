@@ -10,6 +10,7 @@ namespace tsms {
 
 class ComboBox;
 class Label;
+class Recordset;
 struct MemberFields;
 
 /// The dialog that adds a person to the address book or changes one. Its construction reads the groups.
