@@ -84,35 +84,35 @@ Cost AddInDialog(Book& book)
     dialog.show();
     dialog.activateWindow();
     auto* browse = dialog.findChild<fpSpread*>(QStringLiteral("fpSpreadMst"));
-    while (browse->MaxRows() == 0)
+    while (browse->Cells().MaxRows() == 0)
         QApplication::processEvents();
     dialog.findChild<RadioButton*>(QStringLiteral("OptType(1)"))->SetValue(true);
     auto* add = dialog.findChild<PushButton*>(QStringLiteral("BtnFuncAdd(0)"));
-    browse->SetCellPicture(GroupTick, 1, CheckTicked);
+    browse->Cells().SetCellPicture(GroupTick, 1, CheckTicked);
     add->Click();
     QApplication::processEvents();
-    browse->SetCellPicture(GroupTick, 1, CheckEmpty);
-    browse->SetCellPicture(GroupTick, 2, CheckTicked);
+    browse->Cells().SetCellPicture(GroupTick, 1, CheckEmpty);
+    browse->Cells().SetCellPicture(GroupTick, 2, CheckTicked);
     const Cost cost = CostOf([add] { add->Click(); });
-    Demand(dialog.findChild<fpSpread*>(QStringLiteral("fpSpread"))->MaxRows() == 2 * book.Members(),
+    Demand(dialog.findChild<fpSpread*>(QStringLiteral("fpSpread"))->Cells().MaxRows() == 2 * book.Members(),
            "bench_addressbook: the dialog did not add the whole group");
     return cost;
 }
 
 void WriteRow(fpSpread& grid, int row, const Recordset& person)
 {
-    grid.SetText(ChosenCode, row, Trim(person.Field(u"GSubCd")));
-    grid.SetCellPicture(ChosenTick, row, CheckTicked);
-    grid.SetText(ChosenName, row, Trim(person.Field(u"GSubNm")));
-    grid.SetText(ChosenPhone, row, Trim(person.Field(u"GSPhone")));
+    grid.Cells().SetText(ChosenCode, row, Trim(person.Field(u"GSubCd")));
+    grid.Cells().SetCellPicture(ChosenTick, row, CheckTicked);
+    grid.Cells().SetText(ChosenName, row, Trim(person.Field(u"GSubNm")));
+    grid.Cells().SetText(ChosenPhone, row, Trim(person.Field(u"GSPhone")));
 }
 
 /// The rows of a query in a grid, with nothing looked at and no dialog about.
 void Insert(fpSpread& grid, Recordset& people)
 {
     grid.SetReDraw(false);
-    int row = grid.MaxRows();
-    grid.SetMaxRows(row + people.RecordCount());
+    int row = grid.Cells().MaxRows();
+    grid.Cells().SetMaxRows(row + people.RecordCount());
     for (; !people.Eof(); people.MoveNext())
         WriteRow(grid, ++row, people);
     grid.SetReDraw(true);
@@ -126,13 +126,13 @@ void ScanAndInsert(fpSpread& grid, Recordset& people)
     grid.SetReDraw(false);
     for (; !people.Eof(); people.MoveNext()) {
         const QString number = ComparedNumber(people.Field(u"GSPhone"));
-        for (int row = 1; row <= grid.MaxRows(); ++row)
+        for (int row = 1; row <= grid.Cells().MaxRows(); ++row)
             if (!grid.RowHidden(row) && ComparedNumber(helper.GetCellText(grid, ChosenPhone, row)) == number)
                 duplicate = true;
         if (duplicate)
             continue;
-        grid.SetMaxRows(grid.MaxRows() + 1);
-        WriteRow(grid, grid.MaxRows(), people);
+        grid.Cells().SetMaxRows(grid.Cells().MaxRows() + 1);
+        WriteRow(grid, grid.Cells().MaxRows(), people);
     }
     grid.SetReDraw(true);
 }
@@ -149,7 +149,8 @@ Cost AddInGrid(Book& book, void (*add)(fpSpread& grid, Recordset& people))
         add(grid, book.Read(2));
         book.Close();
     });
-    Demand(grid.MaxRows() == 2 * book.Members(), "bench_addressbook: a baseline did not add the whole group");
+    Demand(grid.Cells().MaxRows() == 2 * book.Members(),
+           "bench_addressbook: a baseline did not add the whole group");
     return cost;
 }
 

@@ -22,14 +22,14 @@ void DemandMarks(const fpSpread& list)
 {
     int open = 0;
     int locked = 0;
-    for (int row = 1; row <= list.MaxRows(); ++row) {
-        open += list.CellPicture(MarkColumn, row) == CheckEmpty ? 1 : 0;
-        locked += list.CellPicture(MarkColumn, row) == CheckLocked ? 1 : 0;
+    for (int row = 1; row <= list.Cells().MaxRows(); ++row) {
+        open += list.Cells().CellPicture(MarkColumn, row) == CheckEmpty ? 1 : 0;
+        locked += list.Cells().CellPicture(MarkColumn, row) == CheckLocked ? 1 : 0;
     }
-    if (open > 0 && locked > 0 && open + locked == list.MaxRows())
+    if (open > 0 && locked > 0 && open + locked == list.Cells().MaxRows())
         return;
     std::fprintf(stderr, "bench_history: %d open and %d locked marks in %d rows\n", open, locked,
-                 list.MaxRows());
+                 list.Cells().MaxRows());
     std::exit(1);
 }
 
@@ -50,8 +50,8 @@ Search SearchOnPage(const QString& database, int searchesBefore)
     const fpSpread& list = window.List();
     DemandMarks(list);
     TextSum sum;
-    for (int row = 1; row <= list.MaxRows(); ++row)
-        for (int col = 1; col <= list.MaxCols(); ++col)
+    for (int row = 1; row <= list.Cells().MaxRows(); ++row)
+        for (int col = 1; col <= list.Cells().MaxCols(); ++col)
             sum.Add(GridHelper().GetCellText(list, col, row).toUtf8());
     return {{static_cast<double>(to - from), most},
             static_cast<double>(most - held) * 1024,

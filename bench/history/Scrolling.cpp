@@ -39,7 +39,8 @@ private:
 class BareTable
 {
 public:
-    BareTable(const QWidget& window, const fpSpread& list) : texts_(list.MaxRows(), list.MaxCols())
+    BareTable(const QWidget& window, const fpSpread& list)
+        : texts_(list.Cells().MaxRows(), list.Cells().MaxCols())
     {
         table.setModel(&texts_);
         table.setFont(list.font());
@@ -49,7 +50,7 @@ public:
         table.verticalHeader()->setDefaultSectionSize(list.rowHeight(0));
         table.horizontalHeader()->setFixedHeight(list.horizontalHeader()->height());
         table.setHorizontalScrollMode(list.horizontalScrollMode());
-        for (int column = 0; column < list.MaxCols(); ++column) {
+        for (int column = 0; column < list.Cells().MaxCols(); ++column) {
             table.setColumnWidth(column, list.columnWidth(column));
             table.setColumnHidden(column, list.isColumnHidden(column));
         }

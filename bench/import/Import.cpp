@@ -86,7 +86,8 @@ Cost Import(const QString& folder, int rows)
         cost.nanoseconds = static_cast<double>(Nanoseconds() - from);
     });
     dialog.ShowModal();
-    Demand(grid.MaxRows() == rows && grid.GetText(GridRecipientList::PhoneColumn, rows) == PhoneOf(rows),
+    Demand(grid.Cells().MaxRows() == rows &&
+               grid.Cells().Text(GridRecipientList::PhoneColumn, rows) == PhoneOf(rows),
            "bench_import: not all rows were imported");
     cost.peakMemory = PeakMemory();
     return cost;
@@ -102,7 +103,7 @@ Cost Read(const QString& folder, int records)
     const std::int64_t from = Nanoseconds();
     const bool read = ReadRecipientFile(folder, list, desk.session, desk.desktop);
     const auto took = static_cast<double>(Nanoseconds() - from);
-    Demand(read && grid.GetText(GridRecipientList::PhoneColumn, records) == PhoneOf(records),
+    Demand(read && grid.Cells().Text(GridRecipientList::PhoneColumn, records) == PhoneOf(records),
            "bench_import: not all records were read");
     return {took, PeakMemory()};
 }

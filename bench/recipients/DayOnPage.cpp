@@ -36,7 +36,7 @@ std::vector<double> DayOnPage(const QString& database)
 
     std::vector<double> times;
     times.push_back(TimeOf([&] { Press(list, Qt::Key_V, Qt::ControlModifier); }));
-    Demand(list.GetText(GridRecipientList::PhoneColumn, LargestSize) == u"010-0003-2000",
+    Demand(list.Cells().Text(GridRecipientList::PhoneColumn, LargestSize) == u"010-0003-2000",
            "bench_recipients: nothing was pasted");
     const int middle = LargestSize / 2;
     for (int removal = 0; removal < Removals; ++removal) {
@@ -44,7 +44,7 @@ std::vector<double> DayOnPage(const QString& database)
         Paint();
         times.push_back(TimeOf([&] { Press(list, Qt::Key_Space, {}, QStringLiteral(" ")); }));
     }
-    Demand(list.GetText(GridRecipientList::RunningNumberColumn, LargestSize) ==
+    Demand(list.Cells().Text(GridRecipientList::RunningNumberColumn, LargestSize) ==
                TwoDigits(LargestSize - Removals),
            "bench_recipients: the list was not numbered anew");
     list.SetActiveCell(GridRecipientList::NameColumn, middle);
@@ -52,7 +52,7 @@ std::vector<double> DayOnPage(const QString& database)
         times.push_back(TimeOf([&] { Press(list, Qt::Key_Return, {}, QStringLiteral("\r")); }));
     Demand(list.ActiveRow() == middle + Removals + Walks / 2, "bench_recipients: Enter did not walk");
     times.push_back(TimeOf([&] { empty.Click(); }));
-    Demand(list.GetText(GridRecipientList::NameColumn, 1).isEmpty(),
+    Demand(list.Cells().Text(GridRecipientList::NameColumn, 1).isEmpty(),
            "bench_recipients: the list was not emptied");
     return times;
 }

@@ -14,8 +14,8 @@ QString FiguresOf(const fpSpread& grid)
 {
     QStringList months;
     for (int month = 1; month <= Months; ++month)
-        months += QStringList{grid.GetText(month, MonthSent), grid.GetText(month, MonthDone),
-                              grid.GetText(month, MonthFailed)}
+        months += QStringList{grid.Cells().Text(month, MonthSent), grid.Cells().Text(month, MonthDone),
+                              grid.Cells().Text(month, MonthFailed)}
                       .join(u'/');
     return months.join(u',');
 }

@@ -63,17 +63,17 @@ void ShowMonth(fpSpread& months, const Recordset& month)
     const int col = MonthColumn(month.Field(u"ppMonth"));
     const QString total = month.Field(u"ToTalCnt");
     const QString done = month.Field(u"SMS0");
-    months.SetText(col, MonthSent, total);
-    months.SetText(col, MonthDone, done);
-    months.SetText(col, MonthFailed, month.Field(u"SMS1"));
-    months.SetText(col, MonthRate, RateText(ToLong(total), ToLong(done)));
+    months.Cells().SetText(col, MonthSent, total);
+    months.Cells().SetText(col, MonthDone, done);
+    months.Cells().SetText(col, MonthFailed, month.Field(u"SMS1"));
+    months.Cells().SetText(col, MonthRate, RateText(ToLong(total), ToLong(done)));
 }
 
 QString TotalSent(const fpSpread& months)
 {
     qint64 total = 0;
     for (int month = 1; month <= Months; ++month)
-        total += months.GetText(month, MonthSent).toLongLong();
+        total += months.Cells().Text(month, MonthSent).toLongLong();
     return QString::number(total);
 }
 
@@ -85,9 +85,9 @@ void ShowMonths(fpSpread& months, Recordset& records)
     }
     // The same sum in each row, that of the first: it is meant not to follow the row.
     const QString total = TotalSent(months);
-    months.SetColType(MonthTotalColumn, fpSpread::CellType::Number);
+    months.Cells().SetType(MonthTotalColumn, SpreadModel::CellType::Number);
     for (int row = MonthSent; row <= MonthRate; ++row)
-        months.SetText(MonthTotalColumn, row, total);
+        months.Cells().SetText(MonthTotalColumn, row, total);
 }
 
 } // namespace
@@ -99,7 +99,7 @@ void InitChargeGrid(fpSpread& grid)
     helper.PrepareGrid(grid);
     grid.SetRowCursor(true);
     grid.SetRowHeight(0, 16);
-    grid.SetRowHeight(fpSpread::All, 16);
+    grid.SetRowHeight(SpreadModel::All, 16);
     const std::vector<GridColumn> columns{
         {QString(), 7.5, Centred},
         {QStringLiteral("충전일시"), 13, Centred, QColor(228, 234, 244)},
@@ -110,7 +110,7 @@ void InitChargeGrid(fpSpread& grid)
         {QStringLiteral("등록일시"), 18},
     };
     helper.LayOut(grid, columns);
-    grid.SetMaxRows(0);
+    grid.Cells().SetMaxRows(0);
     helper.HideColumn(grid, ChargeKey);
 }
 
@@ -126,39 +126,39 @@ void InitMonthGrid(fpSpread& grid)
     };
     helper.PrepareGrid(grid);
     grid.SetHeadersVisible(true, true);
-    grid.SetMaxRows(MonthRate);
-    grid.SetMaxCols(MonthTotalColumn);
+    grid.Cells().SetMaxRows(MonthRate);
+    grid.Cells().SetMaxCols(MonthTotalColumn);
     grid.SetRowHeight(0, 17);
-    grid.SetRowHeight(fpSpread::All, 20);
+    grid.SetRowHeight(SpreadModel::All, 20);
     grid.SetColWidth(0, 8);
     for (int month = 1; month <= Months; ++month) {
-        grid.SetText(month, 0, QString::number(month) + QStringLiteral("월"));
+        grid.Cells().SetText(month, 0, QString::number(month) + QStringLiteral("월"));
         grid.SetColWidth(month, 7);
         helper.NumberColumn(grid, month);
     }
-    grid.SetText(MonthTotalColumn, 0, QStringLiteral("전체합계"));
+    grid.Cells().SetText(MonthTotalColumn, 0, QStringLiteral("전체합계"));
     grid.SetColWidth(MonthTotalColumn, 8);
     helper.FormatColumn(grid, MonthTotalColumn, 1);
 
     int row = 0;
     for (const FigureRow& figures : rows) {
         ++row;
-        grid.SetText(0, row, figures.title);
-        helper.SetRangeColors(grid, fpSpread::All, row, figures.back, figures.text);
+        grid.Cells().SetText(0, row, figures.title);
+        helper.SetRangeColors(grid, SpreadModel::All, row, figures.back, figures.text);
     }
 }
 
 void QueryCharges(Services& services, fpSpread& ledger)
 {
     ReadIntoGrid(services, ChargeQuery(), [&](const Recordset& charges) {
-        ledger.SetMaxRows(charges.RecordCount());
+        ledger.Cells().SetMaxRows(charges.RecordCount());
         ledger.SetDataSource(std::make_shared<ChargeRows>(services.db.ShareRecords()));
     });
 }
 
 void DeleteCharge(Services& services, fpSpread& ledger, int testedRow)
 {
-    if (ledger.MaxRows() == 0)
+    if (ledger.Cells().MaxRows() == 0)
         return;
     if (CellText(ledger, ChargeKey, testedRow).isEmpty()) {
         services.desktop.MsgBox(QStringLiteral("충전내역 삭제 : 삭제하실 대상을 선택하여 주십시오."),

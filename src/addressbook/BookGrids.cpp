@@ -20,17 +20,17 @@ void LayOutBook(fpSpread& grid, const std::vector<GridColumn>& columns, CheckPic
 {
     const GridHelper helper;
     helper.PrepareGrid(grid);
-    grid.SetPictures(PlainCheckPictures());
+    grid.Cells().SetPictures(PlainCheckPictures());
     grid.SetRowCursor(true);
     grid.SetRowHeight(0, 15);
-    grid.SetRowHeight(fpSpread::All, 14);
+    grid.SetRowHeight(SpreadModel::All, 14);
     helper.LayOut(grid, columns);
-    grid.SetMaxRows(0);
+    grid.Cells().SetMaxRows(0);
     helper.HideColumn(grid, 1);
-    grid.SetColType(2, fpSpread::CellType::Picture);
-    grid.SetCellPicture(2, fpSpread::All, tick);
-    for (int col = firstButton; col <= grid.MaxCols(); ++col)
-        grid.SetColButton(col, grid.GetText(col, 0), buttonFace, theme::Text);
+    grid.Cells().SetType(2, SpreadModel::CellType::Picture);
+    grid.Cells().SetCellPicture(2, SpreadModel::All, tick);
+    for (int col = firstButton; col <= grid.Cells().MaxCols(); ++col)
+        grid.Cells().SetButton(col, grid.Cells().Text(col, 0), buttonFace, theme::Text);
 }
 
 } // namespace
@@ -75,8 +75,8 @@ void InitGroupGrid(fpSpread& grid)
 
 void TurnTick(fpSpread& grid, int tickColumn, int row)
 {
-    const bool empty = grid.CellPicture(tickColumn, row) == CheckEmpty;
-    grid.SetCellPicture(tickColumn, row, empty ? CheckTicked : CheckEmpty);
+    const bool empty = grid.Cells().CellPicture(tickColumn, row) == CheckEmpty;
+    grid.Cells().SetCellPicture(tickColumn, row, empty ? CheckTicked : CheckEmpty);
 }
 
 } // namespace tsms

@@ -48,7 +48,7 @@ private:
 void BrowseList::ShowMembers(const std::shared_ptr<const Recordset>& records)
 {
     const std::vector<int> columns{MemberCode, MemberGroup, MemberName, MemberPhone};
-    grid_.SetMaxRows(records->RecordCount());
+    grid_.Cells().SetMaxRows(records->RecordCount());
     grid_.SetDataSource(std::make_shared<PlacedCells>(records, columns));
 }
 
@@ -56,17 +56,17 @@ void BrowseList::ShowGroups(const std::shared_ptr<const Recordset>& records)
 {
     const std::vector<int> columns{GroupCode, GroupName};
     const int last = records->RecordCount() + 1;
-    grid_.SetMaxRows(last);
+    grid_.Cells().SetMaxRows(last);
     grid_.SetDataSource(std::make_shared<PlacedCells>(records, columns));
-    grid_.SetText(GroupCode, last, QString());
-    grid_.SetText(GroupName, last, OtherGroup());
+    grid_.Cells().SetText(GroupCode, last, QString());
+    grid_.Cells().SetText(GroupName, last, OtherGroup());
 }
 
 QList<BookPerson> BrowseList::TickedMembers() const
 {
     QList<BookPerson> ticked;
-    for (int row = 1; row <= grid_.MaxRows(); ++row)
-        if (grid_.CellPicture(MemberTick, row) == CheckTicked)
+    for (int row = 1; row <= grid_.Cells().MaxRows(); ++row)
+        if (grid_.Cells().CellPicture(MemberTick, row) == CheckTicked)
             ticked += {TextOf(MemberCode, row), TextOf(MemberName, row), TextOf(MemberPhone, row)};
     return ticked;
 }
@@ -74,8 +74,8 @@ QList<BookPerson> BrowseList::TickedMembers() const
 QStringList BrowseList::TickedGroups() const
 {
     QStringList codes;
-    for (int row = 1; row <= grid_.MaxRows(); ++row)
-        if (grid_.CellPicture(GroupTick, row) == CheckTicked)
+    for (int row = 1; row <= grid_.Cells().MaxRows(); ++row)
+        if (grid_.Cells().CellPicture(GroupTick, row) == CheckTicked)
             codes += Trim(TextOf(GroupCode, row));
     return codes;
 }

@@ -27,15 +27,15 @@ void ChosenList::Append(const QList<BookPerson>& people)
 {
     if (people.isEmpty())
         return;
-    int row = grid_.MaxRows();
+    int row = grid_.Cells().MaxRows();
     grid_.SetReDraw(false);
-    grid_.SetMaxRows(row + static_cast<int>(people.size()));
+    grid_.Cells().SetMaxRows(row + static_cast<int>(people.size()));
     for (const BookPerson& person : people) {
         ++row;
-        grid_.SetText(ChosenCode, row, Trim(person.code));
-        grid_.SetCellPicture(ChosenTick, row, CheckTicked);
-        grid_.SetText(ChosenName, row, Trim(person.name));
-        grid_.SetText(ChosenPhone, row, Trim(person.phone));
+        grid_.Cells().SetText(ChosenCode, row, Trim(person.code));
+        grid_.Cells().SetCellPicture(ChosenTick, row, CheckTicked);
+        grid_.Cells().SetText(ChosenName, row, Trim(person.name));
+        grid_.Cells().SetText(ChosenPhone, row, Trim(person.phone));
     }
     grid_.SetReDraw(true);
 }

@@ -25,8 +25,8 @@ int FirstFreeRow(const RecipientList& recipients)
 int CountChosen(const fpSpread& chosen)
 {
     int ticked = 0;
-    for (int row = 1; row <= chosen.MaxRows(); ++row)
-        if (chosen.CellPicture(ChosenTick, row) == CheckTicked)
+    for (int row = 1; row <= chosen.Cells().MaxRows(); ++row)
+        if (chosen.Cells().CellPicture(ChosenTick, row) == CheckTicked)
             ++ticked;
     return ticked;
 }
@@ -37,7 +37,7 @@ void HandOver(const fpSpread& chosen, RecipientList& recipients)
     const int start = FirstFreeRow(recipients);
     recipients.InOneGo([&] {
         recipients.Resize(recipients.Rows() + CountChosen(chosen));
-        for (int j = 0; j < chosen.MaxRows(); ++j)
+        for (int j = 0; j < chosen.Cells().MaxRows(); ++j)
             if (!chosen.RowHidden(j + 1))
                 recipients.Write(start + j, Trim(helper.GetCellText(chosen, ChosenName, j + 1)),
                                  Trim(helper.GetCellText(chosen, ChosenPhone, j + 1)));

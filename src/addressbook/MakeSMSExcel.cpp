@@ -52,9 +52,9 @@ void InitImportGrid(fpSpread& grid)
 {
     const GridHelper helper;
     helper.PrepareGrid(grid);
-    grid.SetMaxRows(0);
+    grid.Cells().SetMaxRows(0);
     grid.SetRowHeight(0, 15);
-    grid.SetRowHeight(fpSpread::All, 14);
+    grid.SetRowHeight(SpreadModel::All, 14);
     helper.LayOut(grid, {{QStringLiteral("수신자명"), 15},
                          {QStringLiteral("수신 휴대번호"), 15},
                          {QStringLiteral("휴대번호 점검결과"), 34.5}});
@@ -64,7 +64,7 @@ void InitImportGrid(fpSpread& grid)
 void FixSize(fpSpread& grid)
 {
     int width = 2 * grid.frameWidth() + grid.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    for (int col = 0; col < grid.MaxCols(); ++col)
+    for (int col = 0; col < grid.Cells().MaxCols(); ++col)
         width += grid.columnWidth(col);
     grid.setFixedWidth(width);
     ShowRows(grid, SheetRowsOnView);
@@ -266,7 +266,7 @@ void MakeSMSExcel::ReadSheet(const SheetOperations& operations)
     const std::shared_ptr<const CellSource> cells = operations.ImportSheet(sheets_->Text());
     if (!cells)
         return;
-    sheet_->SetMaxRows(cells->Rows());
+    sheet_->Cells().SetMaxRows(cells->Rows());
     sheet_->SetDataSource(cells);
 }
 
@@ -274,20 +274,20 @@ void MakeSMSExcel::ReadSheet(const SheetOperations& operations)
 std::int32_t MakeSMSExcel::FindEnd()
 {
     std::int32_t total = 0;
-    for (int i = 1; i <= sheet_->MaxRows(); ++i) {
+    for (int i = 1; i <= sheet_->Cells().MaxRows(); ++i) {
         if (IsBlank(SheetText(SheetName, i))) {
             total = i - 1;
-            sheet_->SetMaxRows(total);
+            sheet_->Cells().SetMaxRows(total);
             break;
         }
-        total = sheet_->MaxRows();
+        total = sheet_->Cells().MaxRows();
     }
     return total;
 }
 
 void MakeSMSExcel::TakeRows(std::int32_t total)
 {
-    sheet_->SetMaxRows(total);
+    sheet_->Cells().SetMaxRows(total);
     recipients_.InOneGo([&] { // nobody sees the list before the end
         recipients_.Reset();
         recipients_.Resize(0);
@@ -295,7 +295,7 @@ void MakeSMSExcel::TakeRows(std::int32_t total)
         bar_->SetMax(total);
         const Counts counts = JudgeRows(total);
         recipients_.Resize(counts.good.Value());
-        sheet_->SetMaxRows(counts.good.Value());
+        sheet_->Cells().SetMaxRows(counts.good.Value());
     });
 }
 
@@ -306,7 +306,7 @@ MakeSMSExcel::Counts MakeSMSExcel::JudgeRows(std::int32_t total)
     int row = 0;
     const auto showLast = qScopeGuard([&] { ShowProgress(total, row, counts); });
     ScreenPace pace;
-    while (row < sheet_->MaxRows()) {
+    while (row < sheet_->Cells().MaxRows()) {
         TakeRow(row + 1, counts);
         ++row;
         if (pace.IsDue())

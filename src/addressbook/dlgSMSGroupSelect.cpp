@@ -233,9 +233,9 @@ void dlgSMSGroupSelect::BrowseMemberClick(int column)
 {
     if (column >= MemberTick && column <= MemberPhone)
         TurnTick(*browse_, MemberTick, browse_->ActiveRow());
-    else if (column == MemberEdit && browse_->MaxRows() > 0)
+    else if (column == MemberEdit && browse_->Cells().MaxRows() > 0)
         EditMember();
-    else if (column == MemberDelete && browse_->MaxRows() > 0)
+    else if (column == MemberDelete && browse_->Cells().MaxRows() > 0)
         DeleteMember();
 }
 
@@ -243,9 +243,9 @@ void dlgSMSGroupSelect::BrowseGroupClick(int column)
 {
     if (column == GroupTick || column == GroupName)
         TurnTick(*browse_, GroupTick, browse_->ActiveRow());
-    else if (column == GroupEdit && browse_->MaxRows() > 0)
+    else if (column == GroupEdit && browse_->Cells().MaxRows() > 0)
         EditGroup();
-    else if (column == GroupDelete && browse_->MaxRows() > 0)
+    else if (column == GroupDelete && browse_->Cells().MaxRows() > 0)
         DeleteGroup();
 }
 
@@ -255,7 +255,7 @@ void dlgSMSGroupSelect::ChosenClick(int column)
         return;
     if (column != ChosenDelete)
         TurnTick(*chosen_, ChosenTick, chosen_->ActiveRow());
-    else if (chosen_->MaxRows() > 0)
+    else if (chosen_->Cells().MaxRows() > 0)
         list_->HideActiveRow();
 }
 
@@ -300,7 +300,7 @@ void dlgSMSGroupSelect::EditGroup()
 {
     const QString title = QStringLiteral("그룹 수정");
     // "기타" is told by its place here, and by its empty code where a group is deleted.
-    if (browse_->ActiveRow() == browse_->MaxRows()) {
+    if (browse_->ActiveRow() == browse_->Cells().MaxRows()) {
         services_.desktop.MsgBox(QStringLiteral("수정확인 : 기타그룹은 수정을 하실수가 없습니다."),
                                  MsgBoxCritical, title);
         return;

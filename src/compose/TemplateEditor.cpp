@@ -41,16 +41,16 @@ void InitSymbolGrid(fpSpread& grid)
     grid.SetHeadersVisible(false, false);
     grid.SetSpaceClicks(false);
     grid.SetGridColor(theme::Line);
-    grid.SetRowHeight(fpSpread::All, 13);
+    grid.SetRowHeight(SpreadModel::All, 13);
     for (int column = 1; column <= SymbolColumns; ++column) {
         grid.SetColWidth(column, 3.0);
-        grid.SetColAlignment(column, Qt::AlignCenter);
+        grid.Cells().SetAlignment(column, Qt::AlignCenter);
     }
-    grid.SetMaxCols(SymbolColumns);
-    grid.SetMaxRows(SymbolRows);
+    grid.Cells().SetMaxCols(SymbolColumns);
+    grid.Cells().SetMaxRows(SymbolRows);
     for (int column = 1; column <= SymbolColumns; ++column)
         for (int row = 1; row <= SymbolRows; ++row)
-            grid.SetText(column, row, SymbolAt(column, row));
+            grid.Cells().SetText(column, row, SymbolAt(column, row));
 }
 
 TemplateEditor::TemplateEditor(Services& services, QWidget& popupParent, QWidget* parent)

@@ -9,7 +9,7 @@ namespace tsms {
 
 int GridSentRows::MaxRows() const
 {
-    return grid_.MaxRows();
+    return grid_.Cells().MaxRows();
 }
 
 bool GridSentRows::RowTicked(int row) const

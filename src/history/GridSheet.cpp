@@ -19,8 +19,8 @@ SheetColumn ColumnOf(const fpSpread& grid, int col)
     SheetColumn column;
     column.width = grid.ColWidthInDigits(col);
     column.hidden = grid.ColHidden(col);
-    column.number = grid.ColNumber(col) || grid.ColType(col) == fpSpread::CellType::Number;
-    column.alignment = AlignmentOf(grid.ColAlignment(col));
+    column.number = grid.Cells().IsNumber(col) || grid.Cells().Type(col) == SpreadModel::CellType::Number;
+    column.alignment = AlignmentOf(grid.Cells().Alignment(col));
     return column;
 }
 
@@ -28,8 +28,8 @@ QString CellText(const fpSpread& grid, int col, int sheetRow)
 {
     const int row = sheetRow - 1;
     if (row == 0)
-        return Trim(grid.GetText(col, 0));
-    return grid.CellPicture(col, row) >= 0 ? QString() : grid.GetText(col, row);
+        return Trim(grid.Cells().Text(col, 0));
+    return grid.Cells().CellPicture(col, row) >= 0 ? QString() : grid.Cells().Text(col, row);
 }
 
 } // namespace
@@ -37,9 +37,9 @@ QString CellText(const fpSpread& grid, int col, int sheetRow)
 Sheet SheetOf(const fpSpread& grid)
 {
     Sheet sheet;
-    for (int col = 1; col <= grid.MaxCols(); ++col)
+    for (int col = 1; col <= grid.Cells().MaxCols(); ++col)
         sheet.columns.push_back(ColumnOf(grid, col));
-    sheet.rows = grid.MaxRows() + sheet.titleRows;
+    sheet.rows = grid.Cells().MaxRows() + sheet.titleRows;
     sheet.text = [&grid, text = QString()](int col, int row) mutable -> QStringView {
         text = CellText(grid, col, row);
         return text;

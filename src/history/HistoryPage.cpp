@@ -48,7 +48,7 @@ HistoryPage::HistoryPage(Services& services, Window window, QWidget* parent)
     BuildListHead(*page);
     list_ = Named(new fpSpread(this), QStringLiteral("fpSpreadSendList"));
     DescribeBy(*list_, QStringLiteral("문자메시지 발송내역"));
-    list_->SetPictures(CheckPictures());
+    list_->Cells().SetPictures(CheckPictures());
     InitSendListGrid(*list_);
     connect(list_, &fpSpread::Click, this,
             Guarded(services_.desktop, [this](int column, int) { SendListClick(column); }));
@@ -210,7 +210,7 @@ void HistoryPage::RunQuery(const QString& period)
 void HistoryPage::FillList(const QString& period)
 {
     services_.db.Select(SendListStatement(Asked(period)), [this](const Recordset& records) {
-        list_->SetMaxRows(records.RecordCount());
+        list_->Cells().SetMaxRows(records.RecordCount());
         list_->SetDataSource(std::make_shared<RecordsetCells>(services_.db.ShareRecords()));
         ShowCount(records.RecordCount());
         SetFirstMarks(*list_, services_.clock.Date());
@@ -251,7 +251,7 @@ void HistoryPage::ShowCount(int records)
 
 void HistoryPage::SendListClick(int column)
 {
-    if (services_.session.IsBusy() || list_->MaxRows() == 0 || column != SendListStatus)
+    if (services_.session.IsBusy() || list_->Cells().MaxRows() == 0 || column != SendListStatus)
         return;
     const int row = list_->ActiveRow();
     if (MarkOf(*list_, row) == CheckLocked)
@@ -271,7 +271,7 @@ void HistoryPage::ChkAllClick()
 
 void HistoryPage::BtnSendListFunClick(int index)
 {
-    if (services_.session.IsBusy() || list_->MaxRows() == 0)
+    if (services_.session.IsBusy() || list_->Cells().MaxRows() == 0)
         return;
     switch (index) {
     case 0:

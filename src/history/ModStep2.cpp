@@ -15,7 +15,7 @@ void InitSendListGrid(fpSpread& grid)
     helper.PrepareGrid(grid);
     grid.SetRowCursor(true);
     grid.SetRowHeight(0, 16);
-    grid.SetRowHeight(fpSpread::All, 16);
+    grid.SetRowHeight(SpreadModel::All, 16);
     const std::vector<GridColumn> columns{
         {QString(), 7.5, Centred},
         {QStringLiteral("선택"), 7, Centred},
@@ -29,7 +29,7 @@ void InitSendListGrid(fpSpread& grid)
         {QStringLiteral("실패사유"), 50},
     };
     helper.LayOut(grid, columns);
-    grid.SetMaxRows(0);
+    grid.Cells().SetMaxRows(0);
     helper.HideColumn(grid, SendListKey);
 }
 

@@ -19,30 +19,30 @@ CheckPicture FirstMark(const QString& status, const QString& sendTime, QDate tod
 void SetFirstMarks(fpSpread& list, QDate today)
 {
     const GridHelper helper;
-    const int rows = list.MaxRows();
+    const int rows = list.Cells().MaxRows();
     list.InOneGo([&] {
         for (Counter16 row; row.Value() < rows;) {
             ++row;
             const QString status = helper.GetCellText(list, SendListStatus, row.Value());
             const QString time = helper.GetCellText(list, SendListTime, row.Value());
-            list.SetCellPicture(SendListStatus, row.Value(), FirstMark(status, time, today));
+            list.Cells().SetCellPicture(SendListStatus, row.Value(), FirstMark(status, time, today));
         }
     });
 }
 
 CheckPicture MarkOf(const fpSpread& list, int row)
 {
-    return static_cast<CheckPicture>(list.CellPicture(SendListStatus, row));
+    return static_cast<CheckPicture>(list.Cells().CellPicture(SendListStatus, row));
 }
 
 void InvertMark(fpSpread& list, int row)
 {
     switch (MarkOf(list, row)) {
     case CheckEmpty:
-        list.SetCellPicture(SendListStatus, row, CheckTicked);
+        list.Cells().SetCellPicture(SendListStatus, row, CheckTicked);
         break;
     case CheckTicked:
-        list.SetCellPicture(SendListStatus, row, CheckEmpty);
+        list.Cells().SetCellPicture(SendListStatus, row, CheckEmpty);
         break;
     default:
         break;
@@ -52,7 +52,7 @@ void InvertMark(fpSpread& list, int row)
 void InvertMarks(fpSpread& list)
 {
     list.InOneGo([&] {
-        for (int row = 1; row <= list.MaxRows(); ++row)
+        for (int row = 1; row <= list.Cells().MaxRows(); ++row)
             InvertMark(list, row);
     });
 }
@@ -60,7 +60,7 @@ void InvertMarks(fpSpread& list)
 std::int32_t CountTicked(const fpSpread& list)
 {
     std::int32_t ticked = 0;
-    for (int row = 1; row <= list.MaxRows(); ++row)
+    for (int row = 1; row <= list.Cells().MaxRows(); ++row)
         if (MarkOf(list, row) == CheckTicked)
             ++ticked;
     return ticked;

@@ -21,50 +21,50 @@ void SetWidths(fpSpread& grid)
 {
     constexpr double widths[] = {2.0, 5.0, 10.5, 1.5};
     for (int column = List::RunningNumberColumn; column <= List::RemoveColumn; ++column) {
-        grid.SetText(column, 0, QString());
+        grid.Cells().SetText(column, 0, QString());
         grid.SetColWidth(column, widths[column - 1]);
     }
 }
 
 void SetCellTypes(fpSpread& grid)
 {
-    grid.SetColType(List::RunningNumberColumn, fpSpread::CellType::StaticText);
-    grid.SetColAlignment(List::RunningNumberColumn, Qt::AlignCenter);
-    grid.SetColType(List::NameColumn, fpSpread::CellType::Edit);
-    grid.SetColMaxLength(List::NameColumn, NameCharacters);
-    grid.SetColAlignment(List::NameColumn, Qt::AlignCenter);
-    grid.SetColType(List::PhoneColumn, fpSpread::CellType::Edit);
-    grid.SetColMaxLength(List::PhoneColumn, PhoneCharacters);
-    grid.SetColAlignment(List::PhoneColumn, Qt::AlignCenter);
-    grid.SetColButton(List::RemoveColumn, QStringLiteral("x"), theme::Strip, theme::White);
-    grid.SetColType(List::ThirdValueColumn, fpSpread::CellType::StaticText);
+    grid.Cells().SetType(List::RunningNumberColumn, SpreadModel::CellType::StaticText);
+    grid.Cells().SetAlignment(List::RunningNumberColumn, Qt::AlignCenter);
+    grid.Cells().SetType(List::NameColumn, SpreadModel::CellType::Edit);
+    grid.Cells().SetMaxLength(List::NameColumn, NameCharacters);
+    grid.Cells().SetAlignment(List::NameColumn, Qt::AlignCenter);
+    grid.Cells().SetType(List::PhoneColumn, SpreadModel::CellType::Edit);
+    grid.Cells().SetMaxLength(List::PhoneColumn, PhoneCharacters);
+    grid.Cells().SetAlignment(List::PhoneColumn, Qt::AlignCenter);
+    grid.Cells().SetButton(List::RemoveColumn, QStringLiteral("x"), theme::Strip, theme::White);
+    grid.Cells().SetType(List::ThirdValueColumn, SpreadModel::CellType::StaticText);
     grid.SetColHidden(List::ThirdValueColumn, true);
 }
 
 /// The columns have no titles.
 void TellOfColumns(fpSpread& grid)
 {
-    grid.SetColWords(List::RunningNumberColumn, QStringLiteral("번호"));
-    grid.SetColWords(List::NameColumn, QStringLiteral("받는사람"));
-    grid.SetColWords(List::PhoneColumn, QStringLiteral("수신번호"));
-    grid.SetColWords(List::RemoveColumn, QStringLiteral("삭제"));
+    grid.Cells().SetWords(List::RunningNumberColumn, QStringLiteral("번호"));
+    grid.Cells().SetWords(List::NameColumn, QStringLiteral("받는사람"));
+    grid.Cells().SetWords(List::PhoneColumn, QStringLiteral("수신번호"));
+    grid.Cells().SetWords(List::RemoveColumn, QStringLiteral("삭제"));
 }
 
 } // namespace
 
 int GridRecipientList::Rows() const
 {
-    return grid_.MaxRows();
+    return grid_.Cells().MaxRows();
 }
 
 QString GridRecipientList::Name(int row) const
 {
-    return grid_.GetText(NameColumn, row);
+    return grid_.Cells().Text(NameColumn, row);
 }
 
 QString GridRecipientList::Phone(int row) const
 {
-    return grid_.GetText(PhoneColumn, row);
+    return grid_.Cells().Text(PhoneColumn, row);
 }
 
 bool GridRecipientList::IsRemoved(int row) const
@@ -78,39 +78,39 @@ void GridRecipientList::Reset()
     grid_.setFont(theme::Font());
     grid_.SetBackgroundColor(theme::White);
     grid_.SetRowHeight(0, 15);
-    grid_.SetRowHeight(fpSpread::All, 13.5);
+    grid_.SetRowHeight(SpreadModel::All, 13.5);
     grid_.SetGridColor(theme::Line);
     grid_.SetHeadersVisible(false, false);
-    grid_.SetMaxCols(ThirdValueColumn);
+    grid_.Cells().SetMaxCols(ThirdValueColumn);
     SetWidths(grid_);
     SetCellTypes(grid_);
     TellOfColumns(grid_);
-    grid_.SetMaxRows(FirstRows);
-    grid_.SetRangeColors(RunningNumberColumn, fpSpread::All, theme::Strip, theme::White);
-    grid_.SetRangeColors(NameColumn, fpSpread::All, theme::Ground, QColor(Qt::black));
+    grid_.Cells().SetMaxRows(FirstRows);
+    grid_.Cells().SetColors(RunningNumberColumn, SpreadModel::All, theme::Strip, theme::White);
+    grid_.Cells().SetColors(NameColumn, SpreadModel::All, theme::Ground, QColor(Qt::black));
     for (int i = 1; i <= FirstRows; ++i)
         WriteRunningNumber(i, TwoDigits(i));
 }
 
 void GridRecipientList::Resize(int rows)
 {
-    grid_.SetMaxRows(rows);
+    grid_.Cells().SetMaxRows(rows);
 }
 
 void GridRecipientList::Write(int row, const QString& name, const QString& phone)
 {
-    grid_.SetText(NameColumn, row, name);
-    grid_.SetText(PhoneColumn, row, phone);
+    grid_.Cells().SetText(NameColumn, row, name);
+    grid_.Cells().SetText(PhoneColumn, row, phone);
 }
 
 void GridRecipientList::WriteRunningNumber(int row, const QString& number)
 {
-    grid_.SetText(RunningNumberColumn, row, number);
+    grid_.Cells().SetText(RunningNumberColumn, row, number);
 }
 
 void GridRecipientList::WriteThirdValue(int row, const QString& value)
 {
-    grid_.SetText(ThirdValueColumn, row, value);
+    grid_.Cells().SetText(ThirdValueColumn, row, value);
 }
 
 void GridRecipientList::InOneGo(const std::function<void()>& changes)
@@ -148,7 +148,7 @@ void GridRecipientList::Paste(const QList<QStringList>& rows)
             while (IsRemoved(row))
                 ++row;
             for (int i = 0; i < values.size() && firstColumn + i <= PhoneColumn; ++i)
-                grid_.EnterText(firstColumn + i, row, values[i]);
+                grid_.Cells().EnterText(firstColumn + i, row, values[i]);
             ++row;
         }
     });

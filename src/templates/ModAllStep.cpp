@@ -42,7 +42,7 @@ void LoadTemplates(Services& services, fpSpread& cache, std::int32_t category)
     ReportingErrors(services.db, [&] {
         WhileScreenBusy(services, [&] {
             services.db.Select(TemplateQuery(category), [&](const Recordset& templates) {
-                cache.SetMaxRows(templates.RecordCount());
+                cache.Cells().SetMaxRows(templates.RecordCount());
                 cache.SetDataSource(std::make_shared<RecordsetCells>(services.db.ShareRecords()));
             });
         });
@@ -56,7 +56,7 @@ void ShowTemplateCards(Services& services, const fpSpread& cache, TemplateCards&
             for (int card = 1; card <= CardsOfPage; ++card)
                 cards.Show(card, QString(), QString());
             int card = 0;
-            for (const int row : CardRows(page, cache.MaxRows()))
+            for (const int row : CardRows(page, cache.Cells().MaxRows()))
                 ShowTemplate(cache, row, cards, ++card);
         });
     });

@@ -31,11 +31,11 @@ TEST_P(ChargeColumns, AreLaidOut)
     const Column& column = GetParam();
     fpSpread grid;
     InitChargeGrid(grid);
-    grid.SetMaxRows(1);
+    grid.Cells().SetMaxRows(1);
     const QModelIndex cell = grid.model()->index(0, column.col - 1);
-    EXPECT_EQ(grid.GetText(column.col, 0), QString::fromUtf16(column.title));
+    EXPECT_EQ(grid.Cells().Text(column.col, 0), QString::fromUtf16(column.title));
     EXPECT_EQ(grid.ColWidth(column.col), column.width);
-    EXPECT_EQ(grid.ColNumber(column.col), column.number);
+    EXPECT_EQ(grid.Cells().IsNumber(column.col), column.number);
     EXPECT_EQ(cell.data(Qt::TextAlignmentRole).toInt() == int{Qt::AlignCenter}, column.centred);
     EXPECT_EQ(cell.data(Qt::BackgroundRole).value<QColor>(), column.back);
     EXPECT_EQ(grid.ColHidden(column.col), column.col == ChargeKey);
@@ -54,27 +54,27 @@ TEST(ChargeGrid, HasSevenColumnsAndNoRows)
 {
     fpSpread grid;
     InitChargeGrid(grid);
-    EXPECT_EQ(grid.MaxCols(), 7);
-    EXPECT_EQ(grid.MaxRows(), 0);
+    EXPECT_EQ(grid.Cells().MaxCols(), 7);
+    EXPECT_EQ(grid.Cells().MaxRows(), 0);
 }
 
 TEST(MonthGrid, HasTwelveMonthsAndATotal)
 {
     fpSpread grid;
     InitMonthGrid(grid);
-    EXPECT_EQ(grid.MaxRows(), 4);
-    ASSERT_EQ(grid.MaxCols(), 13);
-    EXPECT_EQ(grid.GetText(1, 0), u"1월"_q);
-    EXPECT_EQ(grid.GetText(9, 0), u"9월"_q);
-    EXPECT_EQ(grid.GetText(12, 0), u"12월"_q);
-    EXPECT_EQ(grid.GetText(13, 0), u"전체합계"_q);
+    EXPECT_EQ(grid.Cells().MaxRows(), 4);
+    ASSERT_EQ(grid.Cells().MaxCols(), 13);
+    EXPECT_EQ(grid.Cells().Text(1, 0), u"1월"_q);
+    EXPECT_EQ(grid.Cells().Text(9, 0), u"9월"_q);
+    EXPECT_EQ(grid.Cells().Text(12, 0), u"12월"_q);
+    EXPECT_EQ(grid.Cells().Text(13, 0), u"전체합계"_q);
     EXPECT_EQ(grid.ColWidth(0), 8);
     EXPECT_EQ(grid.ColWidth(1), 7);
     EXPECT_EQ(grid.ColWidth(12), 7);
     EXPECT_EQ(grid.ColWidth(13), 8);
-    EXPECT_TRUE(grid.ColNumber(1));
-    EXPECT_TRUE(grid.ColNumber(12));
-    EXPECT_FALSE(grid.ColNumber(13));
+    EXPECT_TRUE(grid.Cells().IsNumber(1));
+    EXPECT_TRUE(grid.Cells().IsNumber(12));
+    EXPECT_FALSE(grid.Cells().IsNumber(13));
     EXPECT_TRUE(grid.model()->index(0, 12).data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
 }
 
@@ -106,7 +106,7 @@ TEST_P(MonthRows, HaveATitleAndColours)
 {
     fpSpread grid;
     InitMonthGrid(grid);
-    EXPECT_EQ(grid.GetText(0, GetParam().row), QString::fromUtf16(GetParam().title));
+    EXPECT_EQ(grid.Cells().Text(0, GetParam().row), QString::fromUtf16(GetParam().title));
     for (const int col : {1, 13}) {
         const QModelIndex cell = grid.model()->index(GetParam().row - 1, col - 1);
         EXPECT_EQ(cell.data(Qt::ForegroundRole).value<QColor>(), GetParam().text);
@@ -124,11 +124,11 @@ TEST(MonthGrid, LosesItsFiguresWhenItIsLaidOutAnew)
 {
     fpSpread grid;
     InitMonthGrid(grid);
-    grid.SetText(3, MonthSent, u"12"_q);
-    grid.SetText(MonthTotalColumn, MonthSent, u"12"_q);
+    grid.Cells().SetText(3, MonthSent, u"12"_q);
+    grid.Cells().SetText(MonthTotalColumn, MonthSent, u"12"_q);
     InitMonthGrid(grid);
-    EXPECT_EQ(grid.GetText(3, MonthSent), QString());
-    EXPECT_EQ(grid.GetText(MonthTotalColumn, MonthSent), QString());
+    EXPECT_EQ(grid.Cells().Text(3, MonthSent), QString());
+    EXPECT_EQ(grid.Cells().Text(MonthTotalColumn, MonthSent), QString());
 }
 
 } // namespace

@@ -159,7 +159,7 @@ TEST_F(ChargeDialog, AnEntryGoesIntoTheLedgerAndItsCountOntoTheBalance)
     EXPECT_EQ(program.Balance(), 1100);
     EXPECT_EQ(program.Caption(u"lblSMSCnt"_q), u"1,100건 남았습니다."_q);
     EXPECT_EQ(program.session.SMSRemainCnt, 1100);
-    EXPECT_EQ(program.The<fpSpread>(u"fpSpreadCharge"_q).MaxRows(), 1);
+    EXPECT_EQ(program.The<fpSpread>(u"fpSpreadCharge"_q).Cells().MaxRows(), 1);
     ExpectAtRest();
 }
 
@@ -173,7 +173,7 @@ TEST_F(ChargeDialog, AnEntryIsRegisteredByTheClockOfTheDatabase)
         const QString stored = program.database.Value(u"SELECT RegDt FROM SMSCharge"_q);
         EXPECT_GE(stored, before);
         EXPECT_LE(stored, program.database.Value(u"SELECT getdate()"_q));
-        EXPECT_EQ(program.The<fpSpread>(u"fpSpreadCharge"_q).GetText(ChargeRegistered, 1), stored);
+        EXPECT_EQ(program.The<fpSpread>(u"fpSpreadCharge"_q).Cells().Text(ChargeRegistered, 1), stored);
     });
 }
 
@@ -377,7 +377,7 @@ TEST_F(ChargeDialog, AFailedUpdateLeavesTheRowWithoutItsCredit)
     EXPECT_EQ(program.database.Count(u"SMSCharge"_q), 1);
     EXPECT_EQ(program.Balance(), 100);
     EXPECT_EQ(program.Caption(u"lblSMSCnt"_q), u"100건 남았습니다."_q);
-    EXPECT_EQ(program.The<fpSpread>(u"fpSpreadCharge"_q).MaxRows(), 0);
+    EXPECT_EQ(program.The<fpSpread>(u"fpSpreadCharge"_q).Cells().MaxRows(), 0);
 }
 
 TEST_F(ChargeDialog, ABalanceThatCannotBeReadAgainStandsAsItWas)
@@ -391,7 +391,7 @@ TEST_F(ChargeDialog, ABalanceThatCannotBeReadAgainStandsAsItWas)
     });
     EXPECT_EQ(program.Caption(u"lblSMSCnt"_q), u"100건 남았습니다."_q);
     EXPECT_EQ(program.Balance(), 1100);
-    EXPECT_EQ(program.The<fpSpread>(u"fpSpreadCharge"_q).MaxRows(), 1);
+    EXPECT_EQ(program.The<fpSpread>(u"fpSpreadCharge"_q).Cells().MaxRows(), 1);
     ExpectAtRest();
 }
 
@@ -405,7 +405,7 @@ TEST_F(ChargeDialog, AListThatCannotBeReadAgainStandsAsItWas)
         Save();
     });
     EXPECT_EQ(program.Caption(u"lblSMSCnt"_q), u"1,100건 남았습니다."_q);
-    EXPECT_EQ(program.The<fpSpread>(u"fpSpreadCharge"_q).MaxRows(), 0);
+    EXPECT_EQ(program.The<fpSpread>(u"fpSpreadCharge"_q).Cells().MaxRows(), 0);
     ExpectAtRest();
 }
 

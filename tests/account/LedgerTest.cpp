@@ -58,15 +58,15 @@ protected:
     QStringList Row(int row)
     {
         QStringList cells;
-        for (int col = 1; col <= Grid().MaxCols(); ++col)
-            cells += Grid().GetText(col, row);
+        for (int col = 1; col <= Grid().Cells().MaxCols(); ++col)
+            cells += Grid().Cells().Text(col, row);
         return cells;
     }
     QStringList Keys()
     {
         QStringList keys;
-        for (int row = 1; row <= Grid().MaxRows(); ++row)
-            keys += Grid().GetText(ChargeKey, row);
+        for (int row = 1; row <= Grid().Cells().MaxRows(); ++row)
+            keys += Grid().Cells().Text(ChargeKey, row);
         return keys;
     }
     QStringList StoredKeys()
@@ -151,11 +151,11 @@ TEST_F(Ledger, IsBusyUnderTheHourglassWhileItIsRead)
 TEST_F(Ledger, EachEntryReadsItAnew)
 {
     Enter();
-    EXPECT_EQ(Grid().MaxRows(), 0);
+    EXPECT_EQ(Grid().Cells().MaxRows(), 0);
     AddThree();
     program.Click(u"BtnToolbarDis(0)"_q);
     Enter();
-    EXPECT_EQ(Grid().MaxRows(), 3);
+    EXPECT_EQ(Grid().Cells().MaxRows(), 3);
 }
 
 TEST_F(Ledger, AFailedQueryLeavesItEmptyAndTheMonthsAreReadAllTheSame)
@@ -166,9 +166,9 @@ TEST_F(Ledger, AFailedQueryLeavesItEmptyAndTheMonthsAreReadAllTheSame)
     program.connections.FailStatement(1, StatementFailure, u"Query refused."_q);
     program.desktop.Expect(ErrorBox(u"Query refused."_q));
     Enter();
-    EXPECT_EQ(Grid().MaxRows(), 0);
-    EXPECT_EQ(Grid().GetText(ChargeDate, 0), u"충전일시"_q);
-    EXPECT_EQ(program.The<fpSpread>(u"fpSpreadMonth"_q).GetText(MonthTotalColumn, MonthSent), u"0"_q);
+    EXPECT_EQ(Grid().Cells().MaxRows(), 0);
+    EXPECT_EQ(Grid().Cells().Text(ChargeDate, 0), u"충전일시"_q);
+    EXPECT_EQ(program.The<fpSpread>(u"fpSpreadMonth"_q).Cells().Text(MonthTotalColumn, MonthSent), u"0"_q);
     ExpectAtRest();
 }
 
@@ -177,7 +177,7 @@ TEST_F(LedgerInSqlServerWords, AMissingTableIsToldInTheServersWords)
     program.database.Execute(u"DROP TABLE SMSCharge"_q);
     program.desktop.Expect(ErrorBox(u"Invalid object name 'SMSCharge'."_q));
     Enter();
-    EXPECT_EQ(Grid().MaxRows(), 0);
+    EXPECT_EQ(Grid().Cells().MaxRows(), 0);
     ExpectAtRest();
 }
 
@@ -188,7 +188,7 @@ TEST_F(Ledger, AServerThatIsDownIsToldForEachAttempt)
     for (int attempt = 0; attempt < 6; ++attempt)
         program.desktop.Expect(ServerDownBox());
     Enter();
-    EXPECT_EQ(Grid().MaxRows(), 0);
+    EXPECT_EQ(Grid().Cells().MaxRows(), 0);
     EXPECT_FALSE(program.session.Busy);
 }
 
@@ -199,8 +199,8 @@ TEST_F(Ledger, AConnectionThatComesBackTooLateBringsNoRows)
     program.desktop.Expect(ServerDownBox());
     program.desktop.Expect(ServerDownBox());
     Enter();
-    EXPECT_EQ(Grid().MaxRows(), 0);
-    EXPECT_EQ(program.The<fpSpread>(u"fpSpreadMonth"_q).GetText(MonthTotalColumn, MonthSent), u"0"_q);
+    EXPECT_EQ(Grid().Cells().MaxRows(), 0);
+    EXPECT_EQ(program.The<fpSpread>(u"fpSpreadMonth"_q).Cells().Text(MonthTotalColumn, MonthSent), u"0"_q);
     ExpectAtRest();
 }
 
@@ -210,7 +210,7 @@ TEST_F(Ledger, ASecondAttemptIsEnough)
     program.connections.RefuseOpens(1);
     program.desktop.Expect(ServerDownBox());
     Enter();
-    EXPECT_EQ(Grid().MaxRows(), 3);
+    EXPECT_EQ(Grid().Cells().MaxRows(), 3);
 }
 
 TEST_F(Ledger, DeletingFromAnEmptyOneDoesNothing)
@@ -331,7 +331,7 @@ TEST_F(Ledger, AFailedUpdateMeansNoDelete)
     Delete();
     EXPECT_EQ(program.Balance(), 100);
     EXPECT_EQ(StoredKeys().size(), 3);
-    EXPECT_EQ(Grid().MaxRows(), 3);
+    EXPECT_EQ(Grid().Cells().MaxRows(), 3);
     ExpectAtRest();
 }
 
@@ -345,7 +345,7 @@ TEST_F(Ledger, AFailedDeleteLeavesTheBalanceLoweredAndTheRowThere)
     Delete();
     EXPECT_EQ(program.Balance(), -400);
     EXPECT_EQ(StoredKeys().size(), 3);
-    EXPECT_EQ(Grid().MaxRows(), 3);
+    EXPECT_EQ(Grid().Cells().MaxRows(), 3);
     EXPECT_EQ(program.Caption(u"lblSMSCnt"_q), u"100건 남았습니다."_q);
     ExpectAtRest();
 }
@@ -375,7 +375,7 @@ TEST_F(Ledger, AListThatCannotBeReadAgainStandsAsItWasAndTheDeleteIsDone)
     program.connections.FailStatement(4, StatementFailure, u"Select refused."_q);
     Delete();
     EXPECT_EQ(StoredKeys().size(), 2);
-    EXPECT_EQ(Grid().MaxRows(), 3);
+    EXPECT_EQ(Grid().Cells().MaxRows(), 3);
     EXPECT_EQ(program.Caption(u"lblSMSCnt"_q), u"-400건 남았습니다."_q);
     ExpectAtRest();
 }

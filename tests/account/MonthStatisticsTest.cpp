@@ -40,7 +40,7 @@ protected:
     {
         QStringList cells;
         for (int row = MonthSent; row <= MonthRate; ++row)
-            cells += Grid().GetText(col, row);
+            cells += Grid().Cells().Text(col, row);
         return cells;
     }
     int FilledColumns()
@@ -194,8 +194,8 @@ TEST_F(MonthStatisticsInSqlServerWords, AYearWithoutALogLeavesTheTitlesAndNoFigu
     program.desktop.Expect(ErrorBox(u"Invalid object name 'SMSLog_2011'."_q));
     Choose(Qt::Key_Up);
     EXPECT_EQ(FilledColumns(), 0);
-    EXPECT_EQ(Grid().GetText(1, 0), u"1월"_q);
-    EXPECT_EQ(Grid().GetText(0, MonthRate), u"수신율"_q);
+    EXPECT_EQ(Grid().Cells().Text(1, 0), u"1월"_q);
+    EXPECT_EQ(Grid().Cells().Text(0, MonthRate), u"수신율"_q);
     ExpectAtRest();
 }
 
@@ -226,9 +226,9 @@ TEST_F(MonthStatistics, LargeCountsAreGroupedOnTheScreenAndPlainInTheirCells)
     program.database.Insert(u"SMSLog_2012 (SMSStatus,SendTime)"_q,
                             QStringList(1234, u"'1', '2012-03-01 10-00'"_q));
     Enter();
-    EXPECT_EQ(Grid().GetText(3, MonthSent), u"1234"_q);
-    EXPECT_TRUE(Grid().ColNumber(3));
-    EXPECT_EQ(Grid().GetText(MonthTotalColumn, MonthSent), u"1234"_q);
+    EXPECT_EQ(Grid().Cells().Text(3, MonthSent), u"1234"_q);
+    EXPECT_TRUE(Grid().Cells().IsNumber(3));
+    EXPECT_EQ(Grid().Cells().Text(MonthTotalColumn, MonthSent), u"1234"_q);
 }
 
 } // namespace

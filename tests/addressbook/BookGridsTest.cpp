@@ -13,32 +13,32 @@ struct Column
 {
     QString title;
     double width;
-    fpSpread::CellType type;
+    SpreadModel::CellType type;
 };
 
-constexpr auto Text = fpSpread::CellType::StaticText;
-constexpr auto Picture = fpSpread::CellType::Picture;
-constexpr auto Button = fpSpread::CellType::Button;
+constexpr auto Text = SpreadModel::CellType::StaticText;
+constexpr auto Picture = SpreadModel::CellType::Picture;
+constexpr auto Button = SpreadModel::CellType::Button;
 
 class BookGrids : public AddressBookTest
 {
 protected:
     static void ExpectLayout(fpSpread& grid, const QList<Column>& columns, int defaultTick)
     {
-        ASSERT_EQ(grid.MaxCols(), columns.size());
+        ASSERT_EQ(grid.Cells().MaxCols(), columns.size());
         for (int col = 1; col <= columns.size(); ++col) {
             const Column& column = columns[col - 1];
-            EXPECT_EQ(grid.GetText(col, 0), column.title);
+            EXPECT_EQ(grid.Cells().Text(col, 0), column.title);
             EXPECT_EQ(grid.ColWidth(col), column.width);
-            EXPECT_EQ(grid.ColType(col), column.type) << col;
+            EXPECT_EQ(grid.Cells().Type(col), column.type) << col;
             EXPECT_EQ(grid.ColHidden(col), col == 1);
             if (column.type == Button) {
-                EXPECT_EQ(grid.GetText(col, 1), column.title);
+                EXPECT_EQ(grid.Cells().Text(col, 1), column.title);
             }
             const int alignment = grid.model()->index(0, col - 1).data(Qt::TextAlignmentRole).toInt();
             EXPECT_EQ(alignment, int(Qt::AlignCenter)) << col;
         }
-        EXPECT_EQ(grid.CellPicture(2, 1), defaultTick);
+        EXPECT_EQ(grid.Cells().CellPicture(2, 1), defaultTick);
         EXPECT_EQ(grid.horizontalHeader()->height(), 20); // 15 points
         EXPECT_EQ(grid.rowHeight(0), 19);                 // 14 points
         EXPECT_TRUE(grid.horizontalHeader()->isVisible());

@@ -35,8 +35,8 @@ protected:
     QList<int> Ticked()
     {
         QList<int> rows;
-        for (int row = 1; row <= Browse().MaxRows(); ++row)
-            if (Browse().CellPicture(2, row) == 1)
+        for (int row = 1; row <= Browse().Cells().MaxRows(); ++row)
+            if (Browse().Cells().CellPicture(2, row) == 1)
                 rows += row;
         return rows;
     }
@@ -58,7 +58,7 @@ TEST_F(BrowseView, TheAddressBookOpensWithAllMembersNoneOfThemTicked)
         EXPECT_TRUE(program.On<RadioButton>(Book(), u"OptType(0)"_q).Value());
         EXPECT_EQ(Members(), everyone);
         EXPECT_EQ(Ticked(), QList<int>());
-        EXPECT_EQ(Chosen().MaxRows(), 0);
+        EXPECT_EQ(Chosen().Cells().MaxRows(), 0);
         EXPECT_FALSE(program.session.IsBusy());
         EXPECT_EQ(program.connections.OpenNow(), 0);
     });
@@ -76,7 +76,7 @@ TEST_F(BrowseView, TheKeysOfTheMembersAreThereAndNotOnView)
 TEST_F(BrowseView, WithoutMembersTheListIsEmpty)
 {
     program.database.Execute(u"DELETE FROM SMSGroupSub"_q);
-    InBook([this] { EXPECT_EQ(Browse().MaxRows(), 0); });
+    InBook([this] { EXPECT_EQ(Browse().Cells().MaxRows(), 0); });
 }
 
 TEST_F(BrowseView, EscTheCancelButtonAndTheTitleBarCloseIt)
@@ -95,7 +95,7 @@ TEST_F(BrowseView, F12AndTheProgramsSignDoNothing)
         Press(u"BtnTopFunc(0)"_q);
         EXPECT_TRUE(BookIsOpen());
     });
-    EXPECT_EQ(program.Recipients().GetText(3, 1), QString());
+    EXPECT_EQ(program.Recipients().Cells().Text(3, 1), QString());
 }
 
 TEST_F(BrowseView, ASecondActivationReadsNothing)
@@ -134,7 +134,7 @@ TEST_F(BrowseView, AServerThatIsDownIsTriedOnceAndLeavesFilterAndListEmpty)
     InBook([this, opens] {
         EXPECT_EQ(program.connections.Opens(), opens + 1);
         EXPECT_EQ(Filter().ListCount(), 0);
-        EXPECT_EQ(Browse().MaxRows(), 0);
+        EXPECT_EQ(Browse().Cells().MaxRows(), 0);
         EXPECT_FALSE(program.session.IsBusy());
     });
 }
@@ -146,7 +146,7 @@ TEST_F(BrowseView, WhenTheGroupsCannotBeReadAtTheStartTheListStaysEmptyToo)
     program.desktop.Expect(RefusedBox(u"dead"_q));
     InBook([this] {
         EXPECT_EQ(FilterNames(), QStringList({u"전체"_q, u"기타"_q}));
-        EXPECT_EQ(Browse().MaxRows(), 0);
+        EXPECT_EQ(Browse().Cells().MaxRows(), 0);
     });
     EXPECT_EQ(program.connections.OpenNow(), 0);
 }
@@ -157,8 +157,8 @@ TEST_F(BrowseView, WhenTheGroupsCannotBeReadAChangeOfViewShowsAnEmptyListOfItsOw
         program.connections.FailStatement(1, StatementFailure, u"dead"_q);
         program.desktop.Expect(RefusedBox(u"dead"_q));
         ShowGroups();
-        EXPECT_EQ(Browse().MaxCols(), 5);
-        EXPECT_EQ(Browse().MaxRows(), 0);
+        EXPECT_EQ(Browse().Cells().MaxCols(), 5);
+        EXPECT_EQ(Browse().Cells().MaxRows(), 0);
         EXPECT_FALSE(Filter().isVisible());
         EXPECT_FALSE(program.session.IsBusy());
         ShowMembers();
@@ -172,7 +172,7 @@ TEST_F(BrowseView, WhenTheMembersCannotBeReadAtTheStartTheFilterIsThere)
     program.desktop.Expect(RefusedBox(u"Invalid object name 'SMSGroupSub'."_q));
     InBook([this] {
         EXPECT_EQ(Filter().ListCount(), 4);
-        EXPECT_EQ(Browse().MaxRows(), 0);
+        EXPECT_EQ(Browse().Cells().MaxRows(), 0);
         EXPECT_FALSE(program.session.IsBusy());
     });
 }
@@ -229,8 +229,8 @@ TEST_F(BrowseView, TheGroupViewShowsTheGroupsAndTheOthersLast)
         EXPECT_EQ(groups.takeLast(), u"기타"_q);
         groups.sort();
         EXPECT_EQ(groups, QStringList({u"성가대"_q, u"청년부"_q}));
-        EXPECT_EQ(Browse().GetText(GroupCode, GroupRow(u"청년부"_q)), u"1"_q);
-        EXPECT_EQ(Browse().GetText(GroupCode, 3), QString());
+        EXPECT_EQ(Browse().Cells().Text(GroupCode, GroupRow(u"청년부"_q)), u"1"_q);
+        EXPECT_EQ(Browse().Cells().Text(GroupCode, 3), QString());
     });
 }
 
@@ -283,7 +283,7 @@ TEST_F(BrowseView, AFilterWhoseMembersCannotBeReadShowsNone)
         program.connections.FailStatement(1, CommandTimedOut, u"Timeout expired"_q);
         program.desktop.Expect(RefusedBox(u"Timeout expired"_q));
         ChooseFilter(1);
-        EXPECT_EQ(Browse().MaxRows(), 0); // cleared before
+        EXPECT_EQ(Browse().Cells().MaxRows(), 0); // cleared before
         EXPECT_FALSE(program.session.IsBusy());
     });
 }
@@ -304,9 +304,9 @@ TEST_F(BrowseView, ThirtyThousandMembersAreAllThere)
 {
     Fill(3, 10000);
     InBook([this] {
-        ASSERT_EQ(Browse().MaxRows(), 30000);
-        EXPECT_EQ(Browse().GetText(MemberPhone, 30000), u"010-00030000"_q);
-        EXPECT_EQ(Browse().GetText(MemberGroup, 30000), u"그룹3"_q);
+        ASSERT_EQ(Browse().Cells().MaxRows(), 30000);
+        EXPECT_EQ(Browse().Cells().Text(MemberPhone, 30000), u"010-00030000"_q);
+        EXPECT_EQ(Browse().Cells().Text(MemberGroup, 30000), u"그룹3"_q);
     });
 }
 
@@ -391,7 +391,7 @@ TEST_F(BrowseView, TicksStayOnTheirRowsAndNotOnTheirMembers)
         program.desktop.Expect(DeletedBox());
         ClickCell(Browse(), MemberDelete, 1);
         EXPECT_EQ(Ticked(), QList<int>({2}));
-        EXPECT_EQ(Browse().GetText(MemberName, 2), u"박나무"_q);
+        EXPECT_EQ(Browse().Cells().Text(MemberName, 2), u"박나무"_q);
     });
 }
 
@@ -440,7 +440,7 @@ TEST_F(BrowseView, AGroupNameComesToItsDialogTrimmed)
 TEST_F(BrowseView, AMemberWithoutACodeIsNeitherEditedNorDeleted)
 {
     InBook([this] {
-        Browse().SetText(MemberCode, 1, u"  "_q);
+        Browse().Cells().SetText(MemberCode, 1, u"  "_q);
         program.desktop.Expect(
             {u"구성원 수정"_q, u"수정확인 : 수정할 대상을 선택하여 주십시오."_q, MsgBoxExclamation});
         ClickCell(Browse(), MemberEdit, 1);
@@ -470,11 +470,11 @@ TEST_F(BrowseView, TheOthersAreToldByTheirPlaceForAnEditAndByTheirEmptyCodeForAD
 {
     InBook([this] {
         ShowGroups();
-        Browse().SetText(GroupCode, 3, u"1"_q);
+        Browse().Cells().SetText(GroupCode, 3, u"1"_q);
         program.desktop.Expect(
             {u"그룹 수정"_q, u"수정확인 : 기타그룹은 수정을 하실수가 없습니다."_q, MsgBoxCritical});
         ClickCell(Browse(), GroupEdit, 3);
-        Browse().SetText(GroupCode, 1, QString());
+        Browse().Cells().SetText(GroupCode, 1, QString());
         program.desktop.Expect(
             {u"그룹 삭제"_q, u"삭제확인 : 기타그룹은 삭제를 하실수가 없습니다."_q, MsgBoxCritical});
         ClickCell(Browse(), GroupDelete, 1);
@@ -637,7 +637,7 @@ TEST_F(BrowseView, TheButtonsOfAnEmptyListDoNothing)
         for (int column = 1; column <= 7; ++column)
             Q_EMIT Browse().Click(column, 1);
         Q_EMIT Chosen().Click(ChosenDelete, 1);
-        EXPECT_EQ(Chosen().MaxRows(), 0);
+        EXPECT_EQ(Chosen().Cells().MaxRows(), 0);
     });
 }
 
@@ -704,7 +704,7 @@ TEST_F(BrowseView, WhileBusyNothingHappens)
         EXPECT_EQ(Members(), everyone);
         EXPECT_EQ(Ticked(), QList<int>({1}));
         EXPECT_EQ(People().size(), 1);
-        EXPECT_EQ(Chosen().CellPicture(ChosenTick, 1), 1);
+        EXPECT_EQ(Chosen().Cells().CellPicture(ChosenTick, 1), 1);
     });
 }
 

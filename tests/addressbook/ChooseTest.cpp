@@ -22,8 +22,8 @@ class Choose : public AddressBookTest
 protected:
     void Remove(int row) { ClickCell(Chosen(), ChosenDelete, row); }
     void Include() { Press(u"BtnFunc(0)"_q); }
-    QString Recipient(int row) { return program.Recipients().GetText(2, row); }
-    QString Number(int row) { return program.Recipients().GetText(3, row); }
+    QString Recipient(int row) { return program.Recipients().Cells().Text(2, row); }
+    QString Number(int row) { return program.Recipients().Cells().Text(3, row); }
 
     const QStringList haneul{u"김하늘"_q, u"010-0000-0001"_q};
     const QStringList bada{u"이바다"_q, u"01000000002"_q};
@@ -39,7 +39,7 @@ TEST_F(Choose, TickedMembersAreAddedTickedWithTheirKeys)
         AddMembers({u"김하늘"_q, u"박나무"_q});
         EXPECT_EQ(People(), QList<QStringList>({haneul, namu}));
         EXPECT_EQ(RowsOf(Chosen(), {ChosenCode}), QList<QStringList>({{u"1"_q}, {u"3"_q}}));
-        EXPECT_EQ(Chosen().CellPicture(ChosenTick, 2), 1);
+        EXPECT_EQ(Chosen().Cells().CellPicture(ChosenTick, 2), 1);
         EXPECT_FALSE(program.session.IsBusy());
     });
 }
@@ -48,7 +48,7 @@ TEST_F(Choose, NothingTickedAddsNothing)
 {
     InBook([this] {
         Press(u"BtnFuncAdd(0)"_q);
-        EXPECT_EQ(Chosen().MaxRows(), 0);
+        EXPECT_EQ(Chosen().Cells().MaxRows(), 0);
     });
 }
 
@@ -56,7 +56,7 @@ TEST_F(Choose, TheTicksOfTheBrowseListStayBehindAnAdd)
 {
     InBook([this] {
         AddMembers({u"김하늘"_q});
-        EXPECT_EQ(Browse().CellPicture(MemberTick, 1), 1);
+        EXPECT_EQ(Browse().Cells().CellPicture(MemberTick, 1), 1);
     });
 }
 
@@ -141,7 +141,7 @@ TEST_F(Choose, AnEmptyGroupAddsNobody)
     InBook([this] {
         ShowGroups();
         AddGroups({u"성가대"_q});
-        EXPECT_EQ(Chosen().MaxRows(), 0);
+        EXPECT_EQ(Chosen().Cells().MaxRows(), 0);
     });
 }
 
@@ -188,7 +188,7 @@ TEST_F(Choose, AGroupThatCannotBeReadEndsTheAddAndKeepsWhatWasAdded)
         ShowGroups();
         program.connections.FailStatement(2, StatementFailure, u"locked"_q);
         program.desktop.Expect(RefusedBox(u"locked"_q));
-        const QString first = Browse().GetText(GroupName, 1);
+        const QString first = Browse().Cells().Text(GroupName, 1);
         AddGroups({u"청년부"_q, u"성가대"_q, u"기타"_q});
         EXPECT_EQ(People(),
                   first == u"청년부"_q ? QList<QStringList>({haneul, bada}) : QList<QStringList>({namu}));
@@ -207,7 +207,7 @@ TEST_F(Choose, AnAddInTheGroupViewConnectsAlsoWithoutATick)
         Press(u"BtnFuncAdd(0)"_q);
         EXPECT_EQ(program.connections.Opens(), opens + 1);
         EXPECT_EQ(program.connections.OpenNow(), 0);
-        EXPECT_EQ(Chosen().MaxRows(), 0);
+        EXPECT_EQ(Chosen().Cells().MaxRows(), 0);
     });
 }
 
@@ -230,7 +230,7 @@ TEST_F(Choose, AServerThatIsDownIsTriedTwiceForAGroup)
         program.desktop.Expect(ServerDownBox());
         program.desktop.Expect(ServerDownBox());
         AddGroups({u"성가대"_q}); // its statement is lost while the connection comes back
-        EXPECT_EQ(Chosen().MaxRows(), 0);
+        EXPECT_EQ(Chosen().Cells().MaxRows(), 0);
         EXPECT_FALSE(program.session.IsBusy());
         Press(u"BtnFuncAdd(0)"_q);
         EXPECT_EQ(People(), QList<QStringList>({namu}));
@@ -255,15 +255,15 @@ TEST_F(Choose, ThousandsOfAGroupAreAddedAndNoneTwice)
     InBook([this] {
         ShowGroups();
         AddGroups({u"그룹1"_q, u"그룹2"_q});
-        EXPECT_EQ(Chosen().MaxRows(), 6000);
-        EXPECT_EQ(Chosen().GetText(ChosenPhone, 6000), u"010-00006000"_q);
+        EXPECT_EQ(Chosen().Cells().MaxRows(), 6000);
+        EXPECT_EQ(Chosen().Cells().Text(ChosenPhone, 6000), u"010-00006000"_q);
         Press(u"BtnFuncAdd(0)"_q);
-        EXPECT_EQ(Chosen().MaxRows(), 6000);
+        EXPECT_EQ(Chosen().Cells().MaxRows(), 6000);
         ShowMembers();
         for (const int row : {1, 6000})
             ClickCell(Browse(), MemberTick, row);
         Press(u"BtnFuncAdd(0)"_q);
-        EXPECT_EQ(Chosen().MaxRows(), 6000);
+        EXPECT_EQ(Chosen().Cells().MaxRows(), 6000);
     });
 }
 
@@ -275,9 +275,9 @@ TEST_F(Choose, AClickOnAChosenRowTurnsItsTick)
         AddMembers({u"김하늘"_q});
         for (const int column : {ChosenTick, ChosenName, ChosenPhone}) {
             ClickCell(Chosen(), column, 1);
-            EXPECT_EQ(Chosen().CellPicture(ChosenTick, 1), 0);
+            EXPECT_EQ(Chosen().Cells().CellPicture(ChosenTick, 1), 0);
             ClickCell(Chosen(), column, 1);
-            EXPECT_EQ(Chosen().CellPicture(ChosenTick, 1), 1);
+            EXPECT_EQ(Chosen().Cells().CellPicture(ChosenTick, 1), 1);
         }
     });
 }
@@ -288,9 +288,9 @@ TEST_F(Choose, ARemovedRowIsHiddenAndStaysInTheList)
         AddMembers({u"김하늘"_q, u"이바다"_q});
         Remove(1);
         EXPECT_TRUE(Chosen().RowHidden(1));
-        EXPECT_EQ(Chosen().MaxRows(), 2);
-        EXPECT_EQ(Chosen().GetText(ChosenName, 1), u"김하늘"_q);
-        EXPECT_EQ(Chosen().CellPicture(ChosenTick, 1), 1);
+        EXPECT_EQ(Chosen().Cells().MaxRows(), 2);
+        EXPECT_EQ(Chosen().Cells().Text(ChosenName, 1), u"김하늘"_q);
+        EXPECT_EQ(Chosen().Cells().CellPicture(ChosenTick, 1), 1);
         EXPECT_EQ(People(), QList<QStringList>({bada}));
     });
 }
@@ -311,13 +311,13 @@ TEST_F(Choose, ARemovedNumberCanBeAddedAgain)
         AddMembers({u"김하늘"_q});
         Remove(1);
         Press(u"BtnFuncAdd(0)"_q);
-        EXPECT_EQ(Chosen().MaxRows(), 2);
+        EXPECT_EQ(Chosen().Cells().MaxRows(), 2);
         EXPECT_EQ(People(), QList<QStringList>({haneul}));
         Press(u"BtnFuncAdd(0)"_q);
-        EXPECT_EQ(Chosen().MaxRows(), 2);
+        EXPECT_EQ(Chosen().Cells().MaxRows(), 2);
         Remove(2);
         Press(u"BtnFuncAdd(0)"_q);
-        EXPECT_EQ(Chosen().MaxRows(), 3);
+        EXPECT_EQ(Chosen().Cells().MaxRows(), 3);
     });
 }
 
@@ -367,10 +367,10 @@ TEST_F(Choose, NoKeepsTheListAndYesEmptiesItWithItsNumbers)
         Remove(1);
         program.desktop.Expect(EmptyQuestion(), AnswerNo);
         Press(u"BtnFuncAdd(1)"_q);
-        EXPECT_EQ(Chosen().MaxRows(), 2);
+        EXPECT_EQ(Chosen().Cells().MaxRows(), 2);
         program.desktop.Expect(EmptyQuestion(), AnswerYes);
         Press(u"BtnFuncAdd(1)"_q);
-        EXPECT_EQ(Chosen().MaxRows(), 0);
+        EXPECT_EQ(Chosen().Cells().MaxRows(), 0);
         Press(u"BtnFuncAdd(0)"_q);
         EXPECT_EQ(People(), QList<QStringList>({haneul, bada}));
         EXPECT_FALSE(Chosen().RowHidden(1));
@@ -392,9 +392,9 @@ TEST_F(Choose, TheChosenGoIntoTheFirstFreeRowsAndTheDialogCloses)
     EXPECT_EQ(Number(2), u"010-0000-0001"_q);
     EXPECT_EQ(Recipient(3), u"이바다"_q);
     EXPECT_EQ(Number(3), u"01000000002"_q);
-    EXPECT_EQ(program.Recipients().MaxRows(), 22);
-    EXPECT_EQ(program.Recipients().GetText(1, 3), u"03"_q);
-    EXPECT_EQ(program.Recipients().GetText(1, 21), QString());
+    EXPECT_EQ(program.Recipients().Cells().MaxRows(), 22);
+    EXPECT_EQ(program.Recipients().Cells().Text(1, 3), u"03"_q);
+    EXPECT_EQ(program.Recipients().Cells().Text(1, 21), QString());
     EXPECT_TRUE(program.Recipients().ReDraw());
     EXPECT_FALSE(program.session.IsBusy());
 }
@@ -406,7 +406,7 @@ TEST_F(Choose, AnEmptyChosenListIsRefusedAndTheDialogStays)
         Include();
         EXPECT_TRUE(BookIsOpen());
     });
-    EXPECT_EQ(program.Recipients().MaxRows(), 20);
+    EXPECT_EQ(program.Recipients().Cells().MaxRows(), 20);
 }
 
 TEST_F(Choose, AListWithoutATickIsRefused)
@@ -427,7 +427,7 @@ TEST_F(Choose, AHiddenTickedRowLetsTheListGrowAndLeavesABlankRow)
         Remove(2);
         Include();
     });
-    EXPECT_EQ(program.Recipients().MaxRows(), 23);
+    EXPECT_EQ(program.Recipients().Cells().MaxRows(), 23);
     EXPECT_EQ(Recipient(1), u"김하늘"_q);
     EXPECT_EQ(Recipient(2), QString());
     EXPECT_EQ(Number(2), QString());
@@ -442,7 +442,7 @@ TEST_F(Choose, AHiddenTickedRowAloneIsHandedOverAsNobody)
         Include();
         EXPECT_FALSE(BookIsOpen());
     });
-    EXPECT_EQ(program.Recipients().MaxRows(), 21);
+    EXPECT_EQ(program.Recipients().Cells().MaxRows(), 21);
     EXPECT_EQ(Number(1), QString());
 }
 
@@ -453,7 +453,7 @@ TEST_F(Choose, AnUntickedRowLowersTheRiseAndIsWritten)
         ClickCell(Chosen(), ChosenTick, 2);
         Include();
     });
-    EXPECT_EQ(program.Recipients().MaxRows(), 21);
+    EXPECT_EQ(program.Recipients().Cells().MaxRows(), 21);
     EXPECT_EQ(Recipient(2), u"이바다"_q);
 }
 
@@ -461,7 +461,7 @@ TEST_F(Choose, WithoutAFreeRowTheFirstOneLandsInTheHeading)
 {
     fpSpread& recipients = program.Recipients();
     for (int row = 1; row <= 20; ++row)
-        recipients.SetText(3, row, u"010-%1"_q.arg(row));
+        recipients.Cells().SetText(3, row, u"010-%1"_q.arg(row));
     InBook([this] {
         AddMembers({u"김하늘"_q, u"이바다"_q});
         Include();
@@ -471,7 +471,7 @@ TEST_F(Choose, WithoutAFreeRowTheFirstOneLandsInTheHeading)
     EXPECT_EQ(Recipient(1), u"이바다"_q);
     EXPECT_EQ(Number(1), u"01000000002"_q);
     EXPECT_EQ(Number(2), u"010-2"_q);
-    EXPECT_EQ(recipients.MaxRows(), 22);
+    EXPECT_EQ(recipients.Cells().MaxRows(), 22);
 }
 
 TEST_F(Choose, ARemovedRecipientRowWithoutANumberTakesTheFirstAndHidesIt)
@@ -513,8 +513,8 @@ TEST_F(Choose, WithoutIncludingTheChosenAreForgotten)
 {
     InBook([this] { AddMembers({u"김하늘"_q}); });
     EXPECT_EQ(Number(1), QString());
-    EXPECT_EQ(program.Recipients().MaxRows(), 20);
-    InBook([this] { EXPECT_EQ(Chosen().MaxRows(), 0); });
+    EXPECT_EQ(program.Recipients().Cells().MaxRows(), 20);
+    InBook([this] { EXPECT_EQ(Chosen().Cells().MaxRows(), 0); });
 }
 
 } // namespace

@@ -22,13 +22,13 @@ struct ChosenRow
 void FillChosen(fpSpread& grid, const QList<ChosenRow>& rows)
 {
     InitChosenGrid(grid);
-    grid.SetMaxRows(static_cast<int>(rows.size()));
+    grid.Cells().SetMaxRows(static_cast<int>(rows.size()));
     int row = 0;
     for (const ChosenRow& each : rows) {
         ++row;
-        grid.SetText(ChosenName, row, each.name);
-        grid.SetText(ChosenPhone, row, u"010-"_q + each.name);
-        grid.SetCellPicture(ChosenTick, row, each.state.contains(u't') ? 1 : 0);
+        grid.Cells().SetText(ChosenName, row, each.name);
+        grid.Cells().SetText(ChosenPhone, row, u"010-"_q + each.name);
+        grid.Cells().SetCellPicture(ChosenTick, row, each.state.contains(u't') ? 1 : 0);
         grid.SetRowHidden(row, each.state.contains(u'h'));
     }
 }
@@ -37,11 +37,11 @@ void FillChosen(fpSpread& grid, const QList<ChosenRow>& rows)
 void FillRecipients(fpSpread& grid, const QStringList& phones)
 {
     grid.Reset();
-    grid.SetMaxCols(5);
-    grid.SetMaxRows(static_cast<int>(phones.size()));
+    grid.Cells().SetMaxCols(5);
+    grid.Cells().SetMaxRows(static_cast<int>(phones.size()));
     for (int row = 1; row <= phones.size(); ++row) {
-        grid.SetText(1, row, u"#%1"_q.arg(row));
-        grid.SetText(3, row, phones[row - 1]);
+        grid.Cells().SetText(1, row, u"#%1"_q.arg(row));
+        grid.Cells().SetText(3, row, phones[row - 1]);
     }
 }
 
@@ -54,8 +54,8 @@ void HandOverTo(const fpSpread& chosen, fpSpread& grid)
 QStringList Names(const fpSpread& grid)
 {
     QStringList names;
-    for (int row = 0; row <= grid.MaxRows(); ++row)
-        names += grid.GetText(2, row);
+    for (int row = 0; row <= grid.Cells().MaxRows(); ++row)
+        names += grid.Cells().Text(2, row);
     return names;
 }
 
@@ -120,14 +120,14 @@ TEST(HandOver, NameAndNumberAreWrittenTrimmedAndNothingElse)
     fpSpread chosen;
     fpSpread recipients;
     FillChosen(chosen, {{u"  a "_q, u"t"_q}});
-    chosen.SetText(ChosenPhone, 1, u" 010-1 "_q);
+    chosen.Cells().SetText(ChosenPhone, 1, u" 010-1 "_q);
     FillRecipients(recipients, {u""_q});
-    recipients.SetText(5, 1, u"x"_q);
+    recipients.Cells().SetText(5, 1, u"x"_q);
     HandOverTo(chosen, recipients);
     const QStringList row{u"#1"_q, u"a"_q, u"010-1"_q, u""_q, u"x"_q};
     for (int column = 1; column <= 5; ++column)
-        EXPECT_EQ(recipients.GetText(column, 1), row[column - 1]);
-    EXPECT_EQ(recipients.GetText(1, 2), QString());
+        EXPECT_EQ(recipients.Cells().Text(column, 1), row[column - 1]);
+    EXPECT_EQ(recipients.Cells().Text(1, 2), QString());
 }
 
 TEST(HandOver, AHiddenRowWithoutANumberIsFree)
@@ -138,7 +138,7 @@ TEST(HandOver, AHiddenRowWithoutANumberIsFree)
     FillRecipients(recipients, {u"1"_q, u""_q, u""_q});
     recipients.SetRowHidden(2, true);
     HandOverTo(chosen, recipients);
-    EXPECT_EQ(recipients.GetText(2, 2), u"a"_q);
+    EXPECT_EQ(recipients.Cells().Text(2, 2), u"a"_q);
     EXPECT_TRUE(recipients.RowHidden(2));
 }
 
@@ -149,7 +149,7 @@ TEST(HandOver, NumbersThatAreThereAlreadyAreNotLookedFor)
     FillChosen(chosen, {{u"a"_q, u"t"_q}});
     FillRecipients(recipients, {u"010-a"_q, u""_q});
     HandOverTo(chosen, recipients);
-    EXPECT_EQ(recipients.GetText(3, 2), u"010-a"_q);
+    EXPECT_EQ(recipients.Cells().Text(3, 2), u"010-a"_q);
 }
 
 TEST(HandOver, TheGridsDrawAgainBehindIt)

@@ -62,7 +62,7 @@ protected:
     {
         QStringList texts;
         for (const int col : {1, 2, 3, 5})
-            texts += List().GetText(col, row);
+            texts += List().Cells().Text(col, row);
         return texts;
     }
 
@@ -112,7 +112,7 @@ protected:
                      The<ProgressBar>(u"PB"_q).Value(),
                      {},
                      The<ComboBox>(u"CbExcelSheet"_q).ListIndex(),
-                     The<fpSpread>(u"TEMPfpSpread"_q).MaxRows(),
+                     The<fpSpread>(u"TEMPfpSpread"_q).Cells().MaxRows(),
                      program.session.Busy};
             auto& sheets = The<ComboBox>(u"CbExcelSheet"_q);
             for (int i = 0; i < sheets.ListCount(); ++i)
@@ -141,7 +141,7 @@ protected:
     void ExpectListKept()
     {
         EXPECT_EQ(Row(1), (QStringList{u"01"_q, u"먼저"_q, u"010-9999"_q, {}}));
-        EXPECT_EQ(List().MaxRows(), 20);
+        EXPECT_EQ(List().Cells().MaxRows(), 20);
     }
     void FillList() { program.List({{u"먼저"_q, u"010-9999"_q}}); }
 
@@ -192,11 +192,11 @@ TEST_F(Import, TheBarStandsFullAndTheSheetHasItsThreeColumnsAtFirst)
         EXPECT_EQ(The<ProgressBar>(u"PB"_q).Max(), 100);
         EXPECT_EQ(The<ProgressBar>(u"PB"_q).Value(), 100);
         auto& sheet = The<fpSpread>(u"TEMPfpSpread"_q);
-        ASSERT_EQ(sheet.MaxCols(), 3);
+        ASSERT_EQ(sheet.Cells().MaxCols(), 3);
         const std::pair<QString, double> columns[] = {
             {u"수신자명"_q, 15}, {u"수신 휴대번호"_q, 15}, {u"휴대번호 점검결과"_q, 34.5}};
         for (int col = 1; col <= 3; ++col) {
-            EXPECT_EQ(sheet.GetText(col, 0), columns[col - 1].first);
+            EXPECT_EQ(sheet.Cells().Text(col, 0), columns[col - 1].first);
             EXPECT_EQ(sheet.ColWidth(col), columns[col - 1].second);
         }
         EXPECT_EQ(sheet.horizontalHeader()->height(), 20);           // 15 points
@@ -230,7 +230,7 @@ TEST_F(Import, TheRowsOfTheFirstSheetReplaceTheList)
 {
     FillList();
     ImportRows({{u"  김하늘 "_q, u" 010-1111-1111 "_q, u" 셋째 값 "_q}, {u"이바다"_q, u"01122222222"_q}});
-    EXPECT_EQ(List().MaxRows(), 2);
+    EXPECT_EQ(List().Cells().MaxRows(), 2);
     EXPECT_EQ(Row(1), (QStringList{u"01"_q, u"김하늘"_q, u"010-1111-1111"_q, u"셋째 값"_q}));
     EXPECT_EQ(Row(2), (QStringList{u"02"_q, u"이바다"_q, u"01122222222"_q, {}}));
     EXPECT_TRUE(List().ReDraw());
@@ -244,7 +244,7 @@ TEST_F(Import, RowsWithoutAGoodNumberAreCountedAndLeaveNoGap)
                 {u"라"_q, u"010-12345"_q},
                 {u"마"_q, u"019.123.45."_q},
                 {u"바"_q, u"0101234567890123456789"_q}});
-    ASSERT_EQ(List().MaxRows(), 3);
+    ASSERT_EQ(List().Cells().MaxRows(), 3);
     EXPECT_EQ(Row(1), (QStringList{u"01"_q, u"나"_q, u"010-1111-1111"_q, {}}));
     EXPECT_EQ(Row(2), (QStringList{u"02"_q, u"마"_q, u"019.123.45."_q, {}}));
     EXPECT_EQ(Row(3), (QStringList{u"03"_q, u"바"_q, u"0101234567890123456789"_q, {}}));
@@ -319,7 +319,7 @@ TEST_F(Import, WhatIsDeadDuringTheRunLooksSoAndIsAliveAgainBehindIt)
 TEST_F(Import, TheFirstEmptyNameEndsTheData)
 {
     ImportRows({{u"가"_q, u"010-1111-1111"_q}, {u"   "_q, u"010-2222-2222"_q}, {u"다"_q, u"x"_q}});
-    EXPECT_EQ(List().MaxRows(), 1);
+    EXPECT_EQ(List().Cells().MaxRows(), 1);
     EXPECT_EQ(shown.good, u"1건"_q);
     EXPECT_EQ(shown.lost, u"0건"_q);
     EXPECT_EQ(shown.barMaximum, 1);
@@ -345,14 +345,14 @@ TEST_F(Import, AListOfLostRowsAloneEndsEmpty)
 {
     FillList();
     ImportRows(LostRows(3));
-    EXPECT_EQ(List().MaxRows(), 0);
+    EXPECT_EQ(List().Cells().MaxRows(), 0);
     EXPECT_EQ(shown.lost, u"3건"_q);
 }
 
 TEST_F(Import, TheSameNumberIsTakenAsOftenAsItStandsThere)
 {
     ImportRows({{u"가"_q, u"010-1111-1111"_q}, {u"나"_q, u"01011111111"_q}, {u"가"_q, u"010-1111-1111"_q}});
-    EXPECT_EQ(List().MaxRows(), 3);
+    EXPECT_EQ(List().Cells().MaxRows(), 3);
 }
 
 TEST_F(Import, FromTheHundredthRowOnTheNumbersRepeat)
@@ -381,7 +381,7 @@ TEST_F(Import, NumberCellsComeAsTheyAreSeen)
     book.AddSheet(u"둘"_q);
     book.AddSheet(u"셋"_q);
     ImportFile(book.File());
-    ASSERT_EQ(List().MaxRows(), 3);
+    ASSERT_EQ(List().Cells().MaxRows(), 3);
     EXPECT_EQ(Row(1)[2], u"010-1111-1111"_q);
     EXPECT_EQ(Row(2)[2], u"01022222222"_q);
     EXPECT_EQ(Row(3), (QStringList{u"03"_q, u"12"_q, u"010-4444-4444"_q, {}}));
@@ -399,7 +399,7 @@ TEST_F(Import, AHiddenFirstSheetIsTheFirstSheet)
     book.AddSheet(u"셋"_q);
     ImportFile(book.File());
     EXPECT_EQ(Row(1)[1], u"김하늘"_q);
-    EXPECT_EQ(List().MaxRows(), 1);
+    EXPECT_EQ(List().Cells().MaxRows(), 1);
 }
 
 TEST_F(Import, AWorkbookOfOneOrTwoSheetsIsNotTakenAndNothingSaysSo)
@@ -448,7 +448,7 @@ TEST_F(Import, AfterAFileThatWasNotTakenAnotherOneMayBeChosen)
         Choose(WorkbookOf({{u"가"_q, u"010-1111-1111"_q}}));
     });
     EXPECT_TRUE(closedByItself);
-    EXPECT_EQ(List().MaxRows(), 1);
+    EXPECT_EQ(List().Cells().MaxRows(), 1);
 }
 
 TEST_F(Import, AfterARunThatAFaultEndedAnotherFileMayBeChosen)
@@ -459,14 +459,14 @@ TEST_F(Import, AfterARunThatAFaultEndedAnotherFileMayBeChosen)
         Choose(WorkbookOf({{u"가"_q, u"010-1111-1111"_q}, {u"나"_q, u"02"_q}}));
     });
     EXPECT_TRUE(closedByItself);
-    EXPECT_EQ(List().MaxRows(), 1);
+    EXPECT_EQ(List().Cells().MaxRows(), 1);
     EXPECT_EQ(Row(1), (QStringList{u"01"_q, u"가"_q, u"010-1111-1111"_q, {}}));
 }
 
 TEST_F(Import, AsManyGoodRowsAsTheCountHoldsAreTaken)
 {
     ImportRows(GoodRows(MostCounted));
-    EXPECT_EQ(List().MaxRows(), MostCounted);
+    EXPECT_EQ(List().Cells().MaxRows(), MostCounted);
     EXPECT_EQ(Row(MostCounted)[2], Phone(MostCounted));
     EXPECT_EQ(shown.good, u"32767건"_q);
 }
@@ -480,7 +480,7 @@ TEST_F(Import, OneGoodRowMoreEndsTheRunInSilenceWithTheListAsFarAsItGot)
         EXPECT_EQ(The<ProgressBar>(u"PB"_q).Value(), MostCounted);
         EXPECT_TRUE(List().ReDraw());
     });
-    EXPECT_EQ(List().MaxRows(), MostCounted + 1);
+    EXPECT_EQ(List().Cells().MaxRows(), MostCounted + 1);
     EXPECT_EQ(Row(MostCounted)[2], Phone(MostCounted));
     EXPECT_EQ(Row(MostCounted + 1), (QStringList{{}, {}, {}, {}}));
 }
@@ -491,7 +491,7 @@ TEST_F(Import, OneLostRowMoreDoesSoToo)
     Rows rows = LostRows(MostCounted + 1);
     rows.insert(rows.begin(), {u"가"_q, u"010-1111-1111"_q});
     ExpectSilence(WorkbookOf(rows));
-    EXPECT_EQ(List().MaxRows(), MostCounted + 2);
+    EXPECT_EQ(List().Cells().MaxRows(), MostCounted + 2);
     EXPECT_EQ(Row(1)[2], u"010-1111-1111"_q);
     EXPECT_EQ(Row(2)[2], QString());
 }
@@ -502,7 +502,7 @@ TEST_F(Import, MoreRowsThanEitherCountHoldsAreTakenWhenBothShareThem)
     const Rows lost = LostRows(MostCounted);
     rows.insert(rows.end(), lost.begin(), lost.end());
     ImportRows(rows);
-    EXPECT_EQ(List().MaxRows(), MostCounted);
+    EXPECT_EQ(List().Cells().MaxRows(), MostCounted);
     EXPECT_EQ(shown.lost, u"32767건"_q);
     EXPECT_EQ(shown.progress, u"■ 엑셀데이터에 있는 휴대번호를 검증합니다....      총 : 65534, 현 : 65534"_q);
 }
@@ -531,7 +531,7 @@ TEST_F(Import, ALogThatCannotBeWrittenHoldsNothingUp)
     QDir(program.services.applicationPath).mkdir(u"../tsmslog.txt"_q);
     QDir(program.services.applicationPath).mkdir(u"log.txt"_q);
     ImportRows({{u"가"_q, u"010-1111-1111"_q}});
-    EXPECT_EQ(List().MaxRows(), 1);
+    EXPECT_EQ(List().Cells().MaxRows(), 1);
 }
 
 TEST_F(Import, WhileBusyTheDialogIsDead)

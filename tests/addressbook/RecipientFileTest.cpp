@@ -29,7 +29,7 @@ protected:
     fpSpread& Grid() { return program.Recipients(); }
     QStringList Row(int row)
     {
-        return {Grid().GetText(1, row), Grid().GetText(2, row), Grid().GetText(3, row)};
+        return {Grid().Cells().Text(1, row), Grid().Cells().Text(2, row), Grid().Cells().Text(3, row)};
     }
     bool ReadAgain()
     {
@@ -39,7 +39,7 @@ protected:
     /// The list as it is when no file has been read, but for its size.
     void ExpectUntouched(int rows)
     {
-        EXPECT_EQ(Grid().MaxRows(), rows);
+        EXPECT_EQ(Grid().Cells().MaxRows(), rows);
         EXPECT_EQ(Row(1), (QStringList{u"01"_q, {}, {}}));
         EXPECT_EQ(Row(20), (QStringList{u"20"_q, {}, {}}));
     }
@@ -51,12 +51,12 @@ TEST_F(RecipientFile, WithoutOneTheListStaysAsItIs)
 {
     ASSERT_TRUE(program.Start());
     ExpectUntouched(20);
-    Grid().SetMaxRows(7);
+    Grid().Cells().SetMaxRows(7);
     program.session.Busy = true;
     program.desktop.pointers.clear();
     EXPECT_FALSE(ReadAgain());
     EXPECT_TRUE(program.desktop.pointers.isEmpty());
-    EXPECT_EQ(Grid().MaxRows(), 7);
+    EXPECT_EQ(Grid().Cells().MaxRows(), 7);
     EXPECT_TRUE(program.session.Busy); // not even that is touched
     program.session.Busy = false;
 }
@@ -67,7 +67,7 @@ TEST_F(RecipientFile, ItsRecipientsAreListedWhenTheWindowFirstComesUp)
     EXPECT_EQ(Row(1), (QStringList{u"1"_q, u"김하늘"_q, u"010-1111-1111"_q}));
     EXPECT_EQ(Row(2), (QStringList{u"2"_q, u"이바다"_q, u"01122222222"_q}));
     EXPECT_EQ(Row(3), (QStringList{u"03"_q, {}, {}}));
-    EXPECT_EQ(Grid().MaxRows(), 22);
+    EXPECT_EQ(Grid().Cells().MaxRows(), 22);
     EXPECT_EQ(Row(22), (QStringList{{}, {}, {}}));
     EXPECT_TRUE(program.desktop.boxes.isEmpty());
     EXPECT_TRUE(Grid().ReDraw());
@@ -79,9 +79,9 @@ TEST_F(RecipientFile, NumbersOfRowsAreNotFilledUpAndGoOnBeyondTwoDigits)
     for (int i = 1; i <= 120; ++i)
         content += Record(u"이름"_q, "010" + QByteArray::number(i));
     Start(content);
-    EXPECT_EQ(Grid().GetText(1, 9), u"9"_q);
-    EXPECT_EQ(Grid().GetText(1, 120), u"120"_q);
-    EXPECT_EQ(Grid().MaxRows(), 140);
+    EXPECT_EQ(Grid().Cells().Text(1, 9), u"9"_q);
+    EXPECT_EQ(Grid().Cells().Text(1, 120), u"120"_q);
+    EXPECT_EQ(Grid().Cells().MaxRows(), 140);
 }
 
 TEST_F(RecipientFile, TheHourglassStandsWhileItIsReadAndBusyIsClearAfterwards)
@@ -100,9 +100,9 @@ TEST_F(RecipientFile, AnEmptyOneMakesTwentyRows)
 {
     Start({});
     ExpectUntouched(20);
-    Grid().SetMaxRows(50);
+    Grid().Cells().SetMaxRows(50);
     EXPECT_TRUE(ReadAgain());
-    EXPECT_EQ(Grid().MaxRows(), 20);
+    EXPECT_EQ(Grid().Cells().MaxRows(), 20);
 }
 
 TEST_F(RecipientFile, ARemainderIsIgnored)
@@ -119,7 +119,7 @@ TEST_F(RecipientFile, WhatIsNoMobileNumberLeavesNoGap)
     EXPECT_EQ(Row(1), (QStringList{u"1"_q, u"가"_q, u"016-1"_q}));
     EXPECT_EQ(Row(2), (QStringList{u"2"_q, u"나"_q, u"019-2"_q}));
     EXPECT_EQ(Row(3)[2], QString());
-    EXPECT_EQ(Grid().MaxRows(), 25);
+    EXPECT_EQ(Grid().Cells().MaxRows(), 25);
 }
 
 TEST_F(RecipientFile, AShortNumberPasses)
@@ -204,7 +204,7 @@ TEST_F(RecipientFile, BytesOfAnyKindAreSurvived)
     for (int i = 0; i < 50 * 247; ++i)
         content += static_cast<char>(i * 37 + i / 256);
     Start(content);
-    EXPECT_EQ(Grid().MaxRows(), 70);
+    EXPECT_EQ(Grid().Cells().MaxRows(), 70);
 }
 
 TEST_F(RecipientFile, ItsRecipientsGetTheMessage)

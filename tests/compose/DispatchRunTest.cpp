@@ -37,7 +37,7 @@ protected:
     void SendTo(const QList<QStringList>& recipients, std::function<void(QWidget&)> act = {})
     {
         program.Write(u"안녕"_q);
-        program.Recipients().SetMaxRows(static_cast<int>(recipients.size()));
+        program.Recipients().Cells().SetMaxRows(static_cast<int>(recipients.size()));
         program.List(recipients);
         Send(std::move(act));
     }
@@ -128,8 +128,8 @@ TEST_F(Dispatch, TheSenderIsPutInFirstAndTheRecipientSecond)
 {
     program.database.Execute(u"UPDATE SMSSetup SET SMSOrgNm = '[받는사람]회'"_q);
     program.Write(u"[보내는사람]"_q);
-    program.Recipients().SetText(2, 1, u"[보내는사람]"_q);
-    program.Recipients().SetText(3, 1, u"01011111111"_q);
+    program.Recipients().Cells().SetText(2, 1, u"[보내는사람]"_q);
+    program.Recipients().Cells().SetText(3, 1, u"01011111111"_q);
     program.desktop.Expect(SentBox());
     Send();
     EXPECT_EQ(program.gateway.Messages().first().Content, u"[보내는사람]회"_q);
@@ -580,7 +580,7 @@ TEST_F(Dispatch, AFailedInsertLosesItsRowAndTheNextAndTheRestIsLogged)
     program.Write(u"안녕"_q);
     QList<QStringList> recipients = Good(4);
     recipients[1][0] = u"O'Neil"_q;
-    program.Recipients().SetMaxRows(4);
+    program.Recipients().Cells().SetMaxRows(4);
     program.List(recipients);
     program.desktop.AllowBoxes();
     Send();
@@ -621,7 +621,7 @@ TEST_F(DispatchInSqlServerWords, WithoutALogTableTheRowBehindReconnectsAndTheRun
 TEST_F(Dispatch, ADatabaseThatDiesBeforeTheRunStillLetsTheMessagesOut)
 {
     program.Write(u"안녕"_q);
-    program.Recipients().SetMaxRows(1);
+    program.Recipients().Cells().SetMaxRows(1);
     program.List(Good(1));
     program.desktop.AllowBoxes();
     program.Send([this](QWidget&) { program.connections.RefuseOpens(-1); });
@@ -734,8 +734,8 @@ TEST_F(Dispatch, APressBeforeTheFirstRowSendsNothingEither)
 TEST_F(Dispatch, TenThousandRowsOfWhichOneIsFilledAreWalkedToTheEnd)
 {
     program.Write(u"안녕"_q);
-    program.Recipients().SetMaxRows(10000);
-    program.Recipients().SetText(3, 10000, u"01012345678"_q);
+    program.Recipients().Cells().SetMaxRows(10000);
+    program.Recipients().Cells().SetText(3, 10000, u"01012345678"_q);
     program.desktop.Expect(SentBox());
     Send();
     EXPECT_EQ(program.gateway.CallCount(), 1);

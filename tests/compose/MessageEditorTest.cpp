@@ -297,10 +297,10 @@ TEST_F(MessageEditor, ALineBreakBeforeTheCaretCountsTwoPlaces)
 TEST_F(MessageEditor, TheGridShowsTheSameSymbolInTwoCells)
 {
     OpenTemplatePage();
-    EXPECT_EQ(Symbols().GetText(2, 1), u"☎"_q);
-    EXPECT_EQ(Symbols().GetText(1, 2), u"☎"_q);
-    EXPECT_EQ(Symbols().MaxCols(), 8);
-    EXPECT_EQ(Symbols().MaxRows(), 6);
+    EXPECT_EQ(Symbols().Cells().Text(2, 1), u"☎"_q);
+    EXPECT_EQ(Symbols().Cells().Text(1, 2), u"☎"_q);
+    EXPECT_EQ(Symbols().Cells().MaxCols(), 8);
+    EXPECT_EQ(Symbols().Cells().MaxRows(), 6);
 }
 
 TEST_F(MessageEditor, EnterInTheGridInsertsTheActiveSymbolAndClosesThePopup)
@@ -406,9 +406,9 @@ TEST_F(MessageEditor, IntoAFullBodyNothingIsInsertedAndNothingLost)
 
 TEST_F(MessageEditor, EnteringThePageBuildsTheSymbolGridAnew)
 {
-    Symbols().SetText(1, 1, u"x"_q);
+    Symbols().Cells().SetText(1, 1, u"x"_q);
     OpenTemplatePage();
-    EXPECT_EQ(Symbols().GetText(1, 1), u"☆"_q);
+    EXPECT_EQ(Symbols().Cells().Text(1, 1), u"☆"_q);
 }
 
 TEST_F(MessageEditor, FieldsAndGridLookAsTheyShould)

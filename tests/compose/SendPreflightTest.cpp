@@ -160,7 +160,7 @@ TEST_F(SendPreflight, TheDialogOpensWithTheTotalAndItsStatusLine)
         EXPECT_EQ(DialogCaption(dialog, u"lblStatus"_q), u"총 발송건수 : 2건 / 현 발송 건수 : 0건"_q);
     });
     EXPECT_EQ(program.The<MemoBox>(u"TxtPerSendMsg"_q).Text(), u"안녕하세요"_q);
-    EXPECT_EQ(program.Recipients().GetText(2, 1), u"홍길동"_q);
+    EXPECT_EQ(program.Recipients().Cells().Text(2, 1), u"홍길동"_q);
 }
 
 TEST_F(SendPreflight, ARemovedRowPassesTheFirstCountAndLeavesATotalOfZero)

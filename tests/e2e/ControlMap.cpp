@@ -54,7 +54,7 @@ void PrintDialog(QWidget& dialog)
 void PrintCells(QWidget& window, fpSpread& grid)
 {
     for (int row = 1; row <= 5; ++row)
-        for (int column = 1; column <= grid.MaxCols(); ++column) {
+        for (int column = 1; column <= grid.Cells().MaxCols(); ++column) {
             const QRect cell = grid.visualRect(grid.model()->index(row - 1, column - 1));
             Print(window, QStringLiteral("%1[%2,%3]").arg(grid.objectName()).arg(column).arg(row),
                   grid.viewport()->mapTo(&window, cell.center()));
@@ -66,7 +66,7 @@ void PrintAddressBook(Services& services, RecipientList& recipients)
     dlgSMSGroupSelect book(services, recipients);
     PrintDialog(book);
     for (auto* grid : book.findChildren<fpSpread*>()) {
-        grid->SetMaxRows(5);
+        grid->Cells().SetMaxRows(5);
         PrintCells(book, *grid);
     }
     dlgSMSGroupMst group(services, {});

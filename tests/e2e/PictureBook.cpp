@@ -321,7 +321,7 @@ void PictureBook::History()
     Take(*form_, u"history-marks"_q);
     desk_.Await(u"box-history-locked"_q);
     int locked = 1;
-    while (SentList().CellPicture(2, locked) != CheckLocked)
+    while (SentList().Cells().CellPicture(2, locked) != CheckLocked)
         ++locked;
     ClickHistoryCell(2, locked);
 
@@ -368,7 +368,7 @@ void PictureBook::Cancellation()
     desk_.Await(u"box-cancel-nothing-ticked"_q);
     Click(u"BtnSendListFun(1)"_q);
     int deletions = 0;
-    Withdraw(SentList().MaxRows(), u"box-cancel-question"_q, [&](QWidget& dialog) {
+    Withdraw(SentList().Cells().MaxRows(), u"box-cancel-question"_q, [&](QWidget& dialog) {
         Take(dialog, u"cancellation"_q);
         connections_.BeforeStatement([&](const QString& sql) {
             if (sql.startsWith(u"DELETE"_q) && ++deletions == MobileRecipients)
@@ -444,7 +444,7 @@ void PictureBook::ChargeWork()
     desk_.Await(u"box-deleted"_q);
     Click(u"BtnChargeFunc(1)"_q);
     desk_.ExpectNoneLeft();
-    Grid().SetActiveCell(2, Grid().MaxRows());
+    Grid().SetActiveCell(2, Grid().Cells().MaxRows());
     desk_.Await(u"box-nothing-selected"_q);
     Click(u"BtnChargeFunc(1)"_q);
     desk_.ExpectNoneLeft();
@@ -504,7 +504,7 @@ void PictureBook::GroupView(QWidget& book)
 {
     ClickOn(On<QWidget>(book, u"OptType(1)"_q));
     auto& browse = On<fpSpread>(book, u"fpSpreadMst"_q);
-    for (const int row : {1, 2, browse.MaxRows()})
+    for (const int row : {1, 2, browse.Cells().MaxRows()})
         ClickCell(browse, 2, row);
     ClickOn(On<QWidget>(book, u"BtnFuncAdd(0)"_q));
     ClickCell(On<fpSpread>(book, u"fpSpread"_q), 5, 4);
@@ -512,7 +512,7 @@ void PictureBook::GroupView(QWidget& book)
     for (const auto& [box, column] :
          {std::pair(u"box-edit-other-group"_q, 4), std::pair(u"box-delete-other-group"_q, 5)}) {
         desk_.Await(box);
-        ClickCell(browse, column, browse.MaxRows());
+        ClickCell(browse, column, browse.Cells().MaxRows());
         desk_.ExpectNoneLeft();
     }
     const auto edit = [&] { ClickCell(browse, 4, 1); };

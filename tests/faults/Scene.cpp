@@ -143,8 +143,8 @@ void Scene::Write(QWidget& form, const QString& field, const QString& text)
 QStringList Scene::Column(const fpSpread& grid, int column)
 {
     QStringList texts;
-    for (int row = 1; row <= grid.MaxRows(); ++row)
-        texts += grid.GetText(column, row);
+    for (int row = 1; row <= grid.Cells().MaxRows(); ++row)
+        texts += grid.Cells().Text(column, row);
     return texts;
 }
 

@@ -53,7 +53,7 @@ protected:
     }
     void WithdrawMany()
     {
-        for (int row = 1; row <= List().MaxRows(); ++row)
+        for (int row = 1; row <= List().Cells().MaxRows(); ++row)
             ClickMark(row);
         WhenShown(u"MakeSMSTransport"_q, [](QWidget& dialog) { PressKey(dialog, Qt::Key_F12); });
         program.Click(u"BtnSendListFun(1)"_q);

@@ -23,7 +23,7 @@ protected:
         EXPECT_EQ(Withdrawals().size(), asked);
         EXPECT_EQ(program.gateway.Messages().first().Withdrawn, isWithdrawn);
         EXPECT_EQ(program.LogRows(), isLogged ? 1 : 0);
-        EXPECT_EQ(List().MaxRows(), isLogged ? 1 : 0); // searched again
+        EXPECT_EQ(List().Cells().MaxRows(), isLogged ? 1 : 0); // searched again
         EXPECT_EQ(program.Balance(), balance);
         EXPECT_FALSE(program.session.IsBusy());
         EXPECT_EQ(program.connections.OpenNow(), 0);

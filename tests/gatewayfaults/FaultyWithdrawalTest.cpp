@@ -24,14 +24,14 @@ protected:
         for (int i = 1; i <= count; ++i)
             Reserve(QString::number(i), u"2012:05:31:%1:00"_q.arg(24 - i));
         EnterAndListAll();
-        ASSERT_EQ(List().MaxRows(), count);
+        ASSERT_EQ(List().Cells().MaxRows(), count);
     }
     /// Ticks every row and withdraws them all.
     void WithdrawAll(const Box& outcome)
     {
-        for (int row = 1; row <= List().MaxRows(); ++row)
+        for (int row = 1; row <= List().Cells().MaxRows(); ++row)
             ClickMark(row);
-        program.desktop.Expect(CancelQuestion(List().MaxRows()), AnswerYes);
+        program.desktop.Expect(CancelQuestion(List().Cells().MaxRows()), AnswerYes);
         program.desktop.Expect(outcome);
         WhenShown(u"MakeSMSTransport"_q, [](QWidget& dialog) { PressKey(dialog, Qt::Key_F12); });
         program.Click(u"BtnSendListFun(1)"_q);
@@ -89,7 +89,7 @@ TEST_P(FaultyWithdrawal, ShowsNothingButItsOutcomeRemovesWhatWasAnsweredAndTheNe
     EXPECT_EQ(Asked(), From(1, calls));
     EXPECT_EQ(Withdrawn(), From(1, done));
     EXPECT_EQ(Logged(), From(answered + 1, run.rows));
-    EXPECT_EQ(List().MaxRows(), run.rows - answered); // searched again
+    EXPECT_EQ(List().Cells().MaxRows(), run.rows - answered); // searched again
     // A run that broke off is not credited.
     EXPECT_EQ(program.Balance(), fault.succeeds ? 100 + run.rows : 100);
     ExpectAtRest();

@@ -216,7 +216,7 @@ TEST_F(HistorySearch, FindsWhatHoldsMarksOfTheLanguage)
             const TableContents before = Tables();
             SearchHistory(field, text, Way::Pasted);
             EXPECT_EQ(held, text);
-            EXPECT_EQ(program.The<fpSpread>(u"fpSpreadSendList"_q).MaxRows(), 1);
+            EXPECT_EQ(program.The<fpSpread>(u"fpSpreadSendList"_q).Cells().MaxRows(), 1);
             EXPECT_EQ(seen.size(), 1);
             EXPECT_EQ(ChangedSince(before), QStringList());
         }

@@ -105,7 +105,7 @@ void GuardBench::PutCell(int column, const QString& text, Way way)
         ClickCell(grid, column, 1);
         PasteText(grid, text);
     } else {
-        grid.SetText(column, 1, text);
+        grid.Cells().SetText(column, 1, text);
     }
 }
 
@@ -263,7 +263,7 @@ void GuardBench::SendToName(const QString& name, Way way)
 {
     ClearPage();
     PutCell(GridRecipientList::NameColumn, name, way);
-    held = program.Recipients().GetText(GridRecipientList::NameColumn, 1);
+    held = program.Recipients().Cells().Text(GridRecipientList::NameColumn, 1);
     SendPage();
 }
 
@@ -271,7 +271,7 @@ void GuardBench::SendToNumber(const QString& number, Way way)
 {
     ClearPage();
     PutCell(GridRecipientList::PhoneColumn, number, way);
-    held = program.Recipients().GetText(GridRecipientList::PhoneColumn, 1);
+    held = program.Recipients().Cells().Text(GridRecipientList::PhoneColumn, 1);
     SendPage();
 }
 

@@ -310,7 +310,7 @@ TEST_F(Cancellation, AnEmptyNumberIsTriedWithAnEmptyText)
 TEST_F(Cancellation, TheKeyIsTrimmed)
 {
     ListReserved(1);
-    List().SetText(1, 1, u"  1 "_q);
+    List().Cells().SetText(1, 1, u"  1 "_q);
     const int statements = StatementCount();
     Cancel(1);
     EXPECT_EQ(program.connections.Statements()[statements], u"DELETE SMSLog_2012 WHERE SMSKey = 1"_q);
@@ -322,7 +322,7 @@ TEST_F(Cancellation, TheStatusIsNotLookedAt)
     program.database.Execute(u"UPDATE SMSLog_2012 SET SMSStatus = '2'"_q);
     EnterAndListAll();
     ASSERT_EQ(Marks(), u"l"_q);
-    List().SetCellPicture(2, 1, CheckTicked);
+    List().Cells().SetCellPicture(2, 1, CheckTicked);
     Cancel(1);
     EXPECT_TRUE(Keys().isEmpty());
     EXPECT_EQ(program.Balance(), 101);
@@ -333,7 +333,7 @@ TEST_F(Cancellation, TheYearOfTheShownTimeNamesTheTable)
     ListReserved(1);
     Log({.time = u"2013-05-31-23-00"_q});
     ASSERT_EQ(Keys(2013), QStringList{u"1"_q});
-    List().SetText(7, 1, u"  2013-05-31 23:00"_q);
+    List().Cells().SetText(7, 1, u"  2013-05-31 23:00"_q);
     Cancel(1);
     EXPECT_TRUE(Keys(2013).isEmpty());
     EXPECT_EQ(Keys(2012), QStringList{u"1"_q});
@@ -591,7 +591,7 @@ TEST_P(CancellationWithoutATableInSqlServerWords, CreditsOnlyBehindARowThatHasRe
     EXPECT_EQ(shown[1], QString::number(GetParam().rows));
     EXPECT_EQ(shown[2], u""_q);
     EXPECT_EQ(program.Balance(), 100 + GetParam().credit);
-    EXPECT_EQ(List().MaxRows(), 0);
+    EXPECT_EQ(List().Cells().MaxRows(), 0);
     EXPECT_FALSE(program.session.IsBusy());
 }
 
@@ -619,7 +619,7 @@ TEST_F(Cancellation, ADatabaseThatDiesBeforeTheRunStillLetsTheMessagesBeWithdraw
     EXPECT_EQ(Keys(), QStringList{u"1"_q});
     EXPECT_EQ(program.Balance(), 100);
     EXPECT_FALSE(program.session.IsBusy());
-    EXPECT_EQ(List().MaxRows(), 0);
+    EXPECT_EQ(List().Cells().MaxRows(), 0);
 }
 
 } // namespace

@@ -98,7 +98,7 @@ TEST_F(Export, LeavesTheListAsItWas)
     Click();
     EXPECT_EQ(Marks(), marks);
     EXPECT_EQ(Names(), names);
-    EXPECT_EQ(List().GetText(1, 0), QString());
+    EXPECT_EQ(List().Cells().Text(1, 0), QString());
 }
 
 TEST_F(Export, ACancelledPickerEndsItAtOnce)
@@ -142,7 +142,7 @@ TEST_F(Export, AFileThatCannotBeRemovedEndsItWithoutAWord)
 TEST_F(Export, AListThatIsTooLongForAFileLeavesTheFormerOne)
 {
     PutFile("the former one");
-    program.The<fpSpread>(u"fpSpreadSendList"_q).SetMaxRows(65'536);
+    program.The<fpSpread>(u"fpSpreadSendList"_q).Cells().SetMaxRows(65'536);
     program.desktop.Expect(StandsBox(), AnswerYes);
     Click();
     EXPECT_EQ(Content(), "the former one");

@@ -15,11 +15,11 @@ class GridSheet : public ::testing::Test
 protected:
     GridSheet()
     {
-        grid.SetMaxCols(3);
-        grid.SetMaxRows(2);
-        grid.SetText(1, 0, u" 이름 "_q);
-        grid.SetText(1, 1, u"김하늘"_q);
-        grid.SetText(2, 2, u" 12"_q);
+        grid.Cells().SetMaxCols(3);
+        grid.Cells().SetMaxRows(2);
+        grid.Cells().SetText(1, 0, u" 이름 "_q);
+        grid.Cells().SetText(1, 1, u"김하늘"_q);
+        grid.Cells().SetText(2, 2, u" 12"_q);
     }
     QString Text(int col, int row) const { return SheetOf(grid).text(col, row).toString(); }
 
@@ -43,7 +43,7 @@ TEST_F(GridSheet, BearsTheNameOfTheFirstSheet)
 
 TEST_F(GridSheet, LeavesRowTitlesOut)
 {
-    grid.SetText(0, 1, u"발송건수"_q);
+    grid.Cells().SetText(0, 1, u"발송건수"_q);
     EXPECT_EQ(SheetOf(grid).columns.size(), 3U);
     EXPECT_EQ(Text(1, 2), u"김하늘"_q);
 }
@@ -81,8 +81,8 @@ TEST_F(GridSheet, KeepsAlignments)
 TEST_F(GridSheet, HasNumbersInColumnsOfNumbersInGroupsOrAsTheyStand)
 {
     GridHelper().NumberColumn(grid, 2);
-    grid.SetColType(3, fpSpread::CellType::Number);
-    grid.SetText(3, 1, u"12"_q);
+    grid.Cells().SetType(3, SpreadModel::CellType::Number);
+    grid.Cells().SetText(3, 1, u"12"_q);
     const Sheet sheet = SheetOf(grid);
     EXPECT_FALSE(sheet.columns[0].number);
     EXPECT_TRUE(sheet.columns[1].number);
@@ -92,9 +92,9 @@ TEST_F(GridSheet, HasNumbersInColumnsOfNumbersInGroupsOrAsTheyStand)
 
 TEST_F(GridSheet, HasNothingWhereThereIsAPicture)
 {
-    grid.SetText(2, 1, u"1"_q);
+    grid.Cells().SetText(2, 1, u"1"_q);
     EXPECT_EQ(Text(2, 2), u"1"_q);
-    grid.SetCellPicture(2, 1, 0);
+    grid.Cells().SetCellPicture(2, 1, 0);
     EXPECT_EQ(Text(2, 2), QString());
 }
 

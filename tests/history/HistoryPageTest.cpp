@@ -111,12 +111,12 @@ TEST_F(HistoryPageTest, TheSearchTextIsHeldToFiftyBytes)
 TEST_F(HistoryPageTest, TheListKnowsItsThreeMarksInTheirOrder)
 {
     auto& list = The<fpSpread>(u"fpSpreadSendList"_q);
-    list.SetMaxRows(1);
+    list.Cells().SetMaxRows(1);
     const std::pair<CheckPicture, QString> marks[] = {
         {CheckEmpty, u"check-empty"_q}, {CheckTicked, u"check-ticked"_q}, {CheckLocked, u"check-locked"_q}};
     const QSize size(16, 16);
     for (const auto& [mark, name] : marks) {
-        list.SetCellPicture(2, 1, mark);
+        list.Cells().SetCellPicture(2, 1, mark);
         const auto shown = list.model()->index(0, 1).data(Qt::DecorationRole).value<QIcon>();
         EXPECT_EQ(shown.pixmap(size).toImage(), PictureIcon(name).pixmap(size).toImage())
             << name.toStdString();

@@ -64,11 +64,11 @@ TEST_F(SendHistory, AnEntryToThePageListsWhatWasSentToday)
 TEST_F(SendHistory, EachEntryListsAnew)
 {
     Enter();
-    EXPECT_EQ(List().MaxRows(), 0);
+    EXPECT_EQ(List().Cells().MaxRows(), 0);
     Log({});
     program.Click(u"BtnToolbarDis(0)"_q);
     Enter();
-    EXPECT_EQ(List().MaxRows(), 1);
+    EXPECT_EQ(List().Cells().MaxRows(), 1);
 }
 
 TEST_F(SendHistory, AnEntryWhileBusyShowsThePageAndSearchesNothing)
@@ -118,7 +118,7 @@ TEST_F(SendHistory, AMessageFillsItsRow)
                          .errorCode = u"E99"_q,
                          .errorText = u"수신이 거부된 번호입니다."_q});
     Enter();
-    ASSERT_EQ(List().MaxRows(), 1);
+    ASSERT_EQ(List().Cells().MaxRows(), 1);
     const QStringList expected{QString::number(key),
                                u"2"_q,
                                u"100017"_q,
@@ -130,7 +130,7 @@ TEST_F(SendHistory, AMessageFillsItsRow)
                                u"E99"_q,
                                u"수신이 거부된 번호입니다."_q};
     for (int col = 1; col <= 10; ++col)
-        EXPECT_EQ(List().GetText(col, 1), expected[col - 1]) << col;
+        EXPECT_EQ(List().Cells().Text(col, 1), expected[col - 1]) << col;
     EXPECT_TRUE(List().ColHidden(1));
 }
 
@@ -138,9 +138,9 @@ TEST_F(SendHistory, WhatIsNullShowsAsNothing)
 {
     Log({.name = {}, .number = {}});
     Enter();
-    ASSERT_EQ(List().MaxRows(), 1);
+    ASSERT_EQ(List().Cells().MaxRows(), 1);
     for (int col : {3, 5, 9, 10})
-        EXPECT_EQ(List().GetText(col, 1), QString()) << col;
+        EXPECT_EQ(List().Cells().Text(col, 1), QString()) << col;
 }
 
 TEST_F(SendHistory, BothFormsOfTheTimeReadAlike)
@@ -190,7 +190,7 @@ TEST_F(SendHistory, ADayThatIsBeingTypedCounts)
     first.SelectPart(DatePart::Day);
     TypeText(first, u"3"_q);
     Search();
-    EXPECT_EQ(List().MaxRows(), 1);
+    EXPECT_EQ(List().Cells().MaxRows(), 1);
 }
 
 TEST_F(SendHistory, TheFirstAndTheLastDayAreInAndTheDaysAroundThemAreOut)
@@ -234,7 +234,7 @@ TEST_F(SendHistory, ADayBehindTheLastFindsNothingAndComplainsOfNothing)
 {
     Log({});
     EnterAndList(u"2012-05-31"_q, u"2012-05-30"_q);
-    EXPECT_EQ(List().MaxRows(), 0);
+    EXPECT_EQ(List().Cells().MaxRows(), 0);
     EXPECT_EQ(CountText(), FoundNothing);
 }
 
@@ -393,7 +393,7 @@ TEST_F(SendHistory, TheCountIsGroupedInThousands)
 {
     LogMany(1234);
     Enter();
-    EXPECT_EQ(List().MaxRows(), 1234);
+    EXPECT_EQ(List().Cells().MaxRows(), 1234);
     EXPECT_EQ(CountText(), u"(총 : 1,234건이 검색되었습니다.)"_q);
 }
 
@@ -443,7 +443,7 @@ TEST_F(SendHistory, TheFirstMarksFollowStatusAndDay)
     Log({.time = u"2012-05-29 10-00"_q});
     EnterAndListAll();
     EXPECT_EQ(Marks(), u"elelll"_q);
-    EXPECT_EQ(List().GetText(4, 5), u"예약중"_q); // locked all the same
+    EXPECT_EQ(List().Cells().Text(4, 5), u"예약중"_q); // locked all the same
 }
 
 TEST_F(SendHistory, AClickTicksAnEmptyMarkAndTheNextUnticksIt)
@@ -508,7 +508,7 @@ TEST_F(SendHistory, TheBoxOfAllTicksTurnsEachTickRoundWhateverItShows)
 TEST_F(SendHistory, WithoutRowsTheButtonsAndTheMarksDoNothing)
 {
     Enter();
-    ASSERT_EQ(List().MaxRows(), 0);
+    ASSERT_EQ(List().Cells().MaxRows(), 0);
     for (int button = 0; button < 3; ++button)
         program.Click(u"BtnSendListFun(%1)"_q.arg(button));
     List().setFocus();
@@ -560,8 +560,8 @@ protected:
     }
     void ExpectFormerStateAroundAnEmptyList()
     {
-        EXPECT_EQ(List().MaxRows(), 0);
-        EXPECT_EQ(List().MaxCols(), 10);
+        EXPECT_EQ(List().Cells().MaxRows(), 0);
+        EXPECT_EQ(List().Cells().MaxCols(), 10);
         EXPECT_EQ(CountText(), u"(총 : 3건이 검색되었습니다.)"_q);
         EXPECT_TRUE(ChkAllEnabled());
         EXPECT_TRUE(ChkAllTicked());
@@ -677,7 +677,7 @@ TEST_F(SendHistoryInSqlServerWords, ADayThatTheServerCannotReadFailsTheFilterOfT
     program.desktop.Expect(
         DatabaseBox(u"Conversion failed when converting date and/or time from character string."_q));
     ChooseStatus(1);
-    EXPECT_EQ(List().MaxRows(), 0);
+    EXPECT_EQ(List().Cells().MaxRows(), 0);
 }
 
 TEST_F(SendHistory, AsManyRowsAsTheCounterHoldsAreListed)
@@ -685,7 +685,7 @@ TEST_F(SendHistory, AsManyRowsAsTheCounterHoldsAreListed)
     LogMany(32767);
     Enter();
     EXPECT_EQ(CountText(), u"(총 : 32,767건이 검색되었습니다.)"_q);
-    EXPECT_EQ(List().CellPicture(2, 32767), 2);
+    EXPECT_EQ(List().Cells().CellPicture(2, 32767), 2);
 }
 
 TEST_F(SendHistory, OneRowMoreOverflowsAndThePageWorksOn)
@@ -693,10 +693,10 @@ TEST_F(SendHistory, OneRowMoreOverflowsAndThePageWorksOn)
     LogMany(32768);
     program.desktop.Expect(DatabaseBox(u"오버플로"_q));
     Enter();
-    EXPECT_EQ(List().MaxRows(), 32768);
+    EXPECT_EQ(List().Cells().MaxRows(), 32768);
     EXPECT_EQ(CountText(), u"(총 : 32,768건이 검색되었습니다.)"_q);
-    EXPECT_EQ(List().CellPicture(2, 32767), 2);
-    EXPECT_EQ(List().CellPicture(2, 32768), -1);
+    EXPECT_EQ(List().Cells().CellPicture(2, 32767), 2);
+    EXPECT_EQ(List().Cells().CellPicture(2, 32768), -1);
     EXPECT_FALSE(program.session.IsBusy());
     EXPECT_EQ(Pointer(), MousePointer::Default);
     EXPECT_EQ(program.connections.OpenNow(), 0);

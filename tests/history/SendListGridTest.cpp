@@ -25,7 +25,7 @@ protected:
     SendListColumns()
     {
         InitSendListGrid(grid);
-        grid.SetMaxRows(2);
+        grid.Cells().SetMaxRows(2);
     }
     QVariant Role(int role) const { return grid.model()->index(1, GetParam().col - 1).data(role); }
 
@@ -35,14 +35,14 @@ protected:
 TEST_P(SendListColumns, AreLaidOut)
 {
     const Column& column = GetParam();
-    EXPECT_EQ(grid.GetText(column.col, 0), QString::fromUtf16(column.title));
+    EXPECT_EQ(grid.Cells().Text(column.col, 0), QString::fromUtf16(column.title));
     EXPECT_EQ(grid.ColWidth(column.col), column.width);
     const int alignment = Role(Qt::TextAlignmentRole).toInt() & Qt::AlignHorizontal_Mask;
     EXPECT_EQ(alignment == Qt::AlignHCenter, column.centred);
     EXPECT_EQ(Role(Qt::BackgroundRole).value<QColor>(), column.back);
     EXPECT_EQ(Role(Qt::ForegroundRole).value<QColor>(), column.back.isValid() ? QColor(Qt::black) : QColor());
     EXPECT_EQ(grid.ColHidden(column.col), column.col == SendListKey);
-    EXPECT_EQ(grid.ColType(column.col), fpSpread::CellType::StaticText);
+    EXPECT_EQ(grid.Cells().Type(column.col), SpreadModel::CellType::StaticText);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -58,8 +58,8 @@ TEST(SendListGrid, HasTenColumnsAndNoRows)
 {
     fpSpread grid;
     InitSendListGrid(grid);
-    EXPECT_EQ(grid.MaxCols(), 10);
-    EXPECT_EQ(grid.MaxRows(), 0);
+    EXPECT_EQ(grid.Cells().MaxCols(), 10);
+    EXPECT_EQ(grid.Cells().MaxRows(), 0);
     EXPECT_EQ(grid.horizontalHeader()->height(), 21);
     EXPECT_EQ(grid.verticalHeader()->defaultSectionSize(), 21);
 }
@@ -68,11 +68,11 @@ TEST(SendListGrid, LosesItsTicksWhenItIsLaidOutAnew)
 {
     fpSpread grid;
     InitSendListGrid(grid);
-    grid.SetMaxRows(1);
-    grid.SetCellPicture(SendListStatus, 1, 1);
+    grid.Cells().SetMaxRows(1);
+    grid.Cells().SetCellPicture(SendListStatus, 1, 1);
     InitSendListGrid(grid);
-    grid.SetMaxRows(1);
-    EXPECT_EQ(grid.CellPicture(SendListStatus, 1), -1);
+    grid.Cells().SetMaxRows(1);
+    EXPECT_EQ(grid.Cells().CellPicture(SendListStatus, 1), -1);
 }
 
 } // namespace

@@ -77,7 +77,7 @@ protected:
 
     void Fill(int rows)
     {
-        list.SetMaxRows(rows);
+        list.Cells().SetMaxRows(rows);
         list.SetDataSource(std::make_shared<ManyReserved>(rows));
     }
     /// Three rows: an empty, a ticked and a locked mark.
@@ -85,7 +85,7 @@ protected:
     {
         Fill(3);
         for (int row = 1; row <= 3; ++row)
-            list.SetCellPicture(SendListStatus, row, row - 1);
+            list.Cells().SetCellPicture(SendListStatus, row, row - 1);
     }
     QList<CheckPicture> Marks() { return {MarkOf(list, 1), MarkOf(list, 2), MarkOf(list, 3)}; }
 
@@ -95,8 +95,8 @@ protected:
 TEST_F(MarkedList, EachRowGetsItsMark)
 {
     Fill(3);
-    list.SetText(SendListTime, 2, u"2012-05-30 10:00"_q);
-    list.SetText(SendListStatus, 3, u"2"_q);
+    list.Cells().SetText(SendListTime, 2, u"2012-05-30 10:00"_q);
+    list.Cells().SetText(SendListStatus, 3, u"2"_q);
     SetFirstMarks(list, MarkDay);
     EXPECT_EQ(Marks(), QList<CheckPicture>({CheckEmpty, CheckLocked, CheckLocked}));
 }
@@ -110,11 +110,11 @@ TEST_F(MarkedList, WithoutRowsThereIsNothingToMark)
 TEST_F(MarkedList, ARowWithoutADayLeavesTheRowsBeforeItMarked)
 {
     Fill(3);
-    list.SetText(SendListTime, 2, u"no day"_q);
+    list.Cells().SetText(SendListTime, 2, u"no day"_q);
     EXPECT_THROW(SetFirstMarks(list, MarkDay), RuntimeError);
-    EXPECT_EQ(list.CellPicture(SendListStatus, 1), CheckEmpty);
-    EXPECT_EQ(list.CellPicture(SendListStatus, 2), -1);
-    EXPECT_EQ(list.CellPicture(SendListStatus, 3), -1);
+    EXPECT_EQ(list.Cells().CellPicture(SendListStatus, 1), CheckEmpty);
+    EXPECT_EQ(list.Cells().CellPicture(SendListStatus, 2), -1);
+    EXPECT_EQ(list.Cells().CellPicture(SendListStatus, 3), -1);
 }
 
 TEST_F(MarkedList, AsManyRowsAsTheCounterHoldsAreMarked)
@@ -133,8 +133,8 @@ TEST_F(MarkedList, OneRowMoreEndsInAnOverflowBehindTheMarksOfTheOthers)
     } catch (const RuntimeError& error) {
         EXPECT_EQ(error.Number, Overflow);
     }
-    EXPECT_EQ(list.CellPicture(SendListStatus, 32767), CheckEmpty);
-    EXPECT_EQ(list.CellPicture(SendListStatus, 32768), -1);
+    EXPECT_EQ(list.Cells().CellPicture(SendListStatus, 32767), CheckEmpty);
+    EXPECT_EQ(list.Cells().CellPicture(SendListStatus, 32768), -1);
 }
 
 TEST_F(MarkedList, AnInvertedMarkIsTickedOrEmptyAndALockedOneStays)
@@ -158,7 +158,7 @@ TEST_F(MarkedList, ARowWithoutAMarkIsNotInverted)
 {
     Fill(1);
     InvertMarks(list);
-    EXPECT_EQ(list.CellPicture(SendListStatus, 1), -1);
+    EXPECT_EQ(list.Cells().CellPicture(SendListStatus, 1), -1);
 }
 
 TEST_F(MarkedList, OnlyTickedRowsCount)
@@ -167,7 +167,7 @@ TEST_F(MarkedList, OnlyTickedRowsCount)
     EXPECT_EQ(CountTicked(list), 1);
     InvertMark(list, 1);
     EXPECT_EQ(CountTicked(list), 2);
-    list.SetCellPicture(SendListStatus, 3, CheckTicked);
+    list.Cells().SetCellPicture(SendListStatus, 3, CheckTicked);
     EXPECT_EQ(CountTicked(list), 3);
 }
 

@@ -248,7 +248,7 @@ TEST_F(ShowDetail, TheYearOfTheShownTimeNamesTheTable)
     Log({.name = u"올해"_q});
     Log({.time = u"2013-05-30 10-00"_q, .name = u"내년"_q});
     EnterAndListAll();
-    List().SetText(7, 1, u"2013-05-30 10:00"_q);
+    List().Cells().SetText(7, 1, u"2013-05-30 10:00"_q);
     Open([this](QWidget& dialog) { EXPECT_EQ(Value(dialog, 1), u"내년"_q); });
 }
 
@@ -462,7 +462,7 @@ TEST_F(ShowDetail, ACancelledMessageIsWithdrawnDeletedAndCredited)
               QStringList({u"DELETE SMSLog_2012 WHERE SMSKey = 1"_q,
                            u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1"_q}));
     EXPECT_TRUE(Keys().isEmpty());
-    EXPECT_EQ(List().MaxRows(), 0);
+    EXPECT_EQ(List().Cells().MaxRows(), 0);
     EXPECT_EQ(program.Balance(), 101);
     EXPECT_EQ(program.connections.OpenNow(), 0);
 }
@@ -509,7 +509,7 @@ TEST_F(ShowDetail, TheOutcomeIsToldWhenTheDialogHasGoneAndTheListIsSearchedBehin
         EXPECT_EQ(Names(), QStringList{u"가"_q});
     });
     Open([this](QWidget& dialog) { ClickCancel(dialog); });
-    EXPECT_EQ(List().MaxRows(), 0);
+    EXPECT_EQ(List().Cells().MaxRows(), 0);
     EXPECT_EQ(CountText(), u"(검색된 전송내역이 없습니다.)"_q);
 }
 
@@ -640,7 +640,7 @@ TEST_F(ShowDetail, ACreditThatFailsIsLostWithTheRowAndToldAsAFailure)
         ClickCancel(dialog);
     });
     EXPECT_TRUE(Keys().isEmpty());
-    EXPECT_EQ(List().MaxRows(), 0);
+    EXPECT_EQ(List().Cells().MaxRows(), 0);
     EXPECT_EQ(program.Balance(), 100);
 }
 

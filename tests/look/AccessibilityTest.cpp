@@ -129,7 +129,7 @@ TEST_F(Accessibility, AMarkCellSaysWhetherItIsTicked)
         return Told(u"fpSpreadSendList"_q).tableInterface()->cellAt(row - 1, 0)->text(QAccessible::Name);
     };
     auto& list = program.The<fpSpread>(u"fpSpreadSendList"_q);
-    const int open = list.CellPicture(2, 1) == CheckLocked ? 2 : 1;
+    const int open = list.Cells().CellPicture(2, 1) == CheckLocked ? 2 : 1;
     EXPECT_EQ(said(open), u"선택 안 됨"_q);
     EXPECT_EQ(said(3 - open), u"선택할 수 없음"_q);
     ClickCell(list, 2, open);
@@ -139,8 +139,8 @@ TEST_F(Accessibility, AMarkCellSaysWhetherItIsTicked)
 TEST_F(Accessibility, ARemovedRecipientIsNotMetInTheList)
 {
     auto& list = program.The<fpSpread>(u"fpSpread"_q);
-    list.SetText(3, 1, u"010-0000-0001"_q);
-    list.SetText(3, 2, u"010-0000-0002"_q);
+    list.Cells().SetText(3, 1, u"010-0000-0001"_q);
+    list.Cells().SetText(3, 2, u"010-0000-0002"_q);
     QAccessibleTableInterface& table = *Told(list).tableInterface();
     EXPECT_EQ(table.rowCount(), 20);
     ClickCell(list, 4, 1);

@@ -28,9 +28,9 @@ protected:
         box.setGeometry(120, 50, 100, 24);
         list.setGeometry(240, 50, 120, 30);
         grid.setGeometry(10, 100, 300, 150);
-        grid.SetMaxCols(1);
-        grid.SetMaxRows(1);
-        grid.SetText(1, 0, u"수신번호"_q);
+        grid.Cells().SetMaxCols(1);
+        grid.Cells().SetMaxRows(1);
+        grid.Cells().SetText(1, 0, u"수신번호"_q);
         grid.SetColWidth(1, 12);
         list.AddItem(u"받는사람"_q);
         list.SetListIndex(0);
@@ -85,14 +85,14 @@ TEST_F(Faults, AreAListTooNarrowForItsEntry)
 
 TEST_F(Faults, AreTheTitleOfAColumnThatIsTooNarrow)
 {
-    grid.SetMaxCols(2); // the last one has the room that is left
+    grid.Cells().SetMaxCols(2); // the last one has the room that is left
     grid.SetColWidth(1, 3);
     EXPECT_TRUE(Layout().contains(u"title 수신번호 needs"_q)) << Layout().toStdString();
 }
 
 TEST_F(Faults, AreRowsTooLowForTheirWords)
 {
-    grid.SetRowHeight(fpSpread::All, 6);
+    grid.SetRowHeight(SpreadModel::All, 6);
     EXPECT_TRUE(Layout().contains(u"column 1 needs"_q)) << Layout().toStdString();
 }
 
@@ -120,7 +120,7 @@ TEST_F(Faults, AreAControlThatIsToldOfInNoWords)
 
 TEST_F(Faults, AreAColumnWithoutATitle)
 {
-    grid.SetText(1, 0, QString());
+    grid.Cells().SetText(1, 0, QString());
     EXPECT_TRUE(Speech().contains(u"column 1 of "_q)) << Speech().toStdString();
 }
 

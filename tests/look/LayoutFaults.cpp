@@ -178,8 +178,8 @@ public:
     {
         LookAtTitles(*grid.horizontalHeader());
         LookAtTitles(*grid.verticalHeader());
-        for (int col = 1; col <= grid.MaxCols(); ++col)
-            if (grid.MaxRows() > 0 && !grid.ColHidden(col))
+        for (int col = 1; col <= grid.Cells().MaxCols(); ++col)
+            if (grid.Cells().MaxRows() > 0 && !grid.ColHidden(col))
                 LookAtCell(col);
     }
 
@@ -215,8 +215,8 @@ private:
     void LookAtCell(int col)
     {
         const QFontMetrics metrics = grid_.fontMetrics();
-        const bool isButton = grid_.ColType(col) == fpSpread::CellType::Button;
-        const int words = isButton ? metrics.horizontalAdvance(grid_.GetText(col, 1)) : 1;
+        const bool isButton = grid_.Cells().Type(col) == SpreadModel::CellType::Button;
+        const int words = isButton ? metrics.horizontalAdvance(grid_.Cells().Text(col, 1)) : 1;
         const QSize given(grid_.columnWidth(col - 1), grid_.verticalHeader()->defaultSectionSize());
         Judge(u"column %1"_q.arg(col), {QSize(words, LetterHeight(metrics)), given - QSize(2, 1)});
     }

@@ -145,7 +145,7 @@ void SpeechFaults::LookAtTitles(QAccessibleInterface& told)
     if (!grid || HasMeaninglessColumns(*grid))
         return;
     int place = 0;
-    for (int col = 1; col <= grid->MaxCols(); ++col)
+    for (int col = 1; col <= grid->Cells().MaxCols(); ++col)
         if (!grid->ColHidden(col) && told.tableInterface()->columnDescription(place++).isEmpty())
             faults += u"column %1 of %2 has no title"_q.arg(col).arg(grid->objectName());
     if (told.tableInterface()->columnCount() != place)

@@ -21,9 +21,9 @@ protected:
     QStringList VisibleNumbers()
     {
         QStringList numbers;
-        for (int row = 1; row <= Grid().MaxRows(); ++row)
+        for (int row = 1; row <= Grid().Cells().MaxRows(); ++row)
             if (!Grid().RowHidden(row))
-                numbers += Grid().GetText(1, row);
+                numbers += Grid().Cells().Text(1, row);
         return numbers;
     }
 
@@ -32,7 +32,7 @@ protected:
     {
         QStringList texts;
         for (int row = first; row <= last; ++row)
-            texts += Grid().GetText(column, row);
+            texts += Grid().Cells().Text(column, row);
         return texts;
     }
 
@@ -41,16 +41,16 @@ protected:
 
 TEST_F(RecipientGrid, StartsWithTwentyNumberedEmptyRows)
 {
-    EXPECT_EQ(Grid().MaxRows(), 20);
-    EXPECT_EQ(Grid().MaxCols(), 5);
+    EXPECT_EQ(Grid().Cells().MaxRows(), 20);
+    EXPECT_EQ(Grid().Cells().MaxCols(), 5);
     for (int row = 1; row <= 20; ++row) {
-        EXPECT_EQ(Grid().GetText(1, row), u"%1"_q.arg(row, 2, 10, QChar(u'0')));
+        EXPECT_EQ(Grid().Cells().Text(1, row), u"%1"_q.arg(row, 2, 10, QChar(u'0')));
         for (int column : {2, 3, 5})
-            EXPECT_EQ(Grid().GetText(column, row), QString());
+            EXPECT_EQ(Grid().Cells().Text(column, row), QString());
     }
     EXPECT_TRUE(Grid().ColHidden(5));
     for (int column = 1; column <= 5; ++column)
-        EXPECT_EQ(Grid().GetText(column, 0), QString());
+        EXPECT_EQ(Grid().Cells().Text(column, 0), QString());
 }
 
 TEST_F(RecipientGrid, IsLaidOutAsItShould)
@@ -58,12 +58,12 @@ TEST_F(RecipientGrid, IsLaidOutAsItShould)
     const double widths[] = {2.0, 5.0, 10.5, 1.5};
     for (int column = 1; column <= 4; ++column)
         EXPECT_EQ(Grid().ColWidth(column), widths[column - 1]);
-    EXPECT_EQ(Grid().ColType(1), fpSpread::CellType::StaticText);
-    EXPECT_EQ(Grid().ColType(2), fpSpread::CellType::Edit);
-    EXPECT_EQ(Grid().ColType(3), fpSpread::CellType::Edit);
-    EXPECT_EQ(Grid().ColType(4), fpSpread::CellType::Button);
-    EXPECT_EQ(Grid().ColType(5), fpSpread::CellType::StaticText);
-    EXPECT_EQ(Grid().GetText(4, 7), u"x"_q);
+    EXPECT_EQ(Grid().Cells().Type(1), SpreadModel::CellType::StaticText);
+    EXPECT_EQ(Grid().Cells().Type(2), SpreadModel::CellType::Edit);
+    EXPECT_EQ(Grid().Cells().Type(3), SpreadModel::CellType::Edit);
+    EXPECT_EQ(Grid().Cells().Type(4), SpreadModel::CellType::Button);
+    EXPECT_EQ(Grid().Cells().Type(5), SpreadModel::CellType::StaticText);
+    EXPECT_EQ(Grid().Cells().Text(4, 7), u"x"_q);
     EXPECT_FALSE(Grid().horizontalHeader()->isVisibleTo(&Grid()));
     EXPECT_FALSE(Grid().verticalHeader()->isVisibleTo(&Grid()));
     EXPECT_EQ(Grid().rowHeight(0), 18); // 13.5 points
@@ -135,8 +135,8 @@ TEST_F(RecipientGrid, ARemovedRowIsHiddenKeepsItsContentAndTheRestIsNumberedAnew
     program.List({{u"가"_q, u"01011111111"_q}, {u"나"_q, u"01022222222"_q}, {u"다"_q, u"01033333333"_q}});
     Remove(3);
     EXPECT_TRUE(Grid().RowHidden(3));
-    EXPECT_EQ(Grid().GetText(2, 3), u"다"_q);
-    EXPECT_EQ(Grid().GetText(3, 3), u"01033333333"_q);
+    EXPECT_EQ(Grid().Cells().Text(2, 3), u"다"_q);
+    EXPECT_EQ(Grid().Cells().Text(3, 3), u"01033333333"_q);
     const QStringList numbers = VisibleNumbers();
     ASSERT_EQ(numbers.size(), 19);
     EXPECT_EQ(numbers.first(), u"01"_q);
@@ -153,18 +153,18 @@ TEST_F(RecipientGrid, ARemovalIsOneChangeOnView)
 
 TEST_F(RecipientGrid, NumberingReachesRowsThatWereAddedWithoutANumber)
 {
-    Grid().SetMaxRows(21);
-    EXPECT_EQ(Grid().GetText(1, 21), QString());
+    Grid().Cells().SetMaxRows(21);
+    EXPECT_EQ(Grid().Cells().Text(1, 21), QString());
     Remove(1);
-    EXPECT_EQ(Grid().GetText(1, 21), u"20"_q);
+    EXPECT_EQ(Grid().Cells().Text(1, 21), u"20"_q);
 }
 
 TEST_F(RecipientGrid, FromTheHundredthRowOnTheNumbersWrap)
 {
-    Grid().SetMaxRows(105);
+    Grid().Cells().SetMaxRows(105);
     Remove(1);
-    EXPECT_EQ(Grid().GetText(1, 101), u"00"_q);
-    EXPECT_EQ(Grid().GetText(1, 102), u"01"_q);
+    EXPECT_EQ(Grid().Cells().Text(1, 101), u"00"_q);
+    EXPECT_EQ(Grid().Cells().Text(1, 102), u"01"_q);
 }
 
 TEST_F(RecipientGrid, WhileBusyNothingIsRemovedAndNothingEmptied)
@@ -174,7 +174,7 @@ TEST_F(RecipientGrid, WhileBusyNothingIsRemovedAndNothingEmptied)
     Remove(1);
     program.Click(u"BtnFuncMain(2)"_q);
     EXPECT_FALSE(Grid().RowHidden(1));
-    EXPECT_EQ(Grid().GetText(2, 1), u"가"_q);
+    EXPECT_EQ(Grid().Cells().Text(2, 1), u"가"_q);
     program.session.Busy = false;
 }
 
@@ -202,8 +202,8 @@ TEST_F(RecipientGrid, EnterWhileACellIsTypedIntoKeepsTheTextAndWalks)
 {
     ClickCell(Grid(), 2, 1);
     TypeText(Grid(), u"홍길동\n01012345678\n"_q);
-    EXPECT_EQ(Grid().GetText(2, 1), u"홍길동"_q);
-    EXPECT_EQ(Grid().GetText(3, 1), u"01012345678"_q);
+    EXPECT_EQ(Grid().Cells().Text(2, 1), u"홍길동"_q);
+    EXPECT_EQ(Grid().Cells().Text(3, 1), u"01012345678"_q);
     EXPECT_EQ(Grid().ActiveCol(), 2);
     EXPECT_EQ(Grid().ActiveRow(), 2);
 }
@@ -215,8 +215,8 @@ TEST_F(RecipientGrid, TabWalksAsEnterDoesWhileACellIsEdited)
         TypeText(Grid(), text);
         PressKey(Grid(), Qt::Key_Tab);
     }
-    EXPECT_EQ(Grid().GetText(2, 1), u"홍길동"_q);
-    EXPECT_EQ(Grid().GetText(3, 1), u"01012345678"_q);
+    EXPECT_EQ(Grid().Cells().Text(2, 1), u"홍길동"_q);
+    EXPECT_EQ(Grid().Cells().Text(3, 1), u"01012345678"_q);
     EXPECT_EQ(Grid().ActiveCol(), 2);
     EXPECT_EQ(Grid().ActiveRow(), 2);
     EXPECT_TRUE(Grid().hasFocus());
@@ -237,7 +237,7 @@ TEST_F(RecipientGrid, TheKeyboardComesToTheFirstEmptyRowOnView)
 
 TEST_F(RecipientGrid, TheKeyboardComesToANameAlsoInAFullList)
 {
-    Grid().SetMaxRows(1);
+    Grid().Cells().SetMaxRows(1);
     program.List({{u"가"_q, u"010-1"_q}});
     program.Control(u"txtSendNo"_q).setFocus();
     Grid().setFocus(Qt::TabFocusReason);
@@ -252,7 +252,7 @@ TEST_F(RecipientGrid, EscapeGivesACellThatIsEditedBackAndAsksNothing)
     TypeText(Grid(), u"나"_q);
     PressKey(*program.form, Qt::Key_Escape);
     EXPECT_FALSE(Grid().IsEditing());
-    EXPECT_EQ(Grid().GetText(2, 1), u"가"_q);
+    EXPECT_EQ(Grid().Cells().Text(2, 1), u"가"_q);
     EXPECT_TRUE(program.desktop.boxes.isEmpty());
 }
 
@@ -271,7 +271,7 @@ TEST_F(RecipientGrid, EnterInTheLastNumberStaysAndAddsNoRow)
     PressKey(Grid(), Qt::Key_Return);
     EXPECT_EQ(Grid().ActiveCol(), 3);
     EXPECT_EQ(Grid().ActiveRow(), 20);
-    EXPECT_EQ(Grid().MaxRows(), 20);
+    EXPECT_EQ(Grid().Cells().MaxRows(), 20);
 }
 
 TEST_F(RecipientGrid, EmptyingAfterRemovalsBringsAllTwentyRowsBackWithoutAQuestion)
@@ -281,23 +281,23 @@ TEST_F(RecipientGrid, EmptyingAfterRemovalsBringsAllTwentyRowsBackWithoutAQuesti
     Remove(2);
     program.Click(u"BtnFuncMain(2)"_q);
     EXPECT_EQ(VisibleNumbers().size(), 20);
-    EXPECT_EQ(Grid().GetText(2, 1), QString());
-    EXPECT_EQ(Grid().GetText(3, 1), QString());
+    EXPECT_EQ(Grid().Cells().Text(2, 1), QString());
+    EXPECT_EQ(Grid().Cells().Text(3, 1), QString());
     EXPECT_TRUE(program.desktop.boxes.isEmpty());
 }
 
 TEST_F(RecipientGrid, ANameStopsAtSixCharactersAndANumberAtThirteen)
 {
     TypeIntoCell(Grid(), 2, 1, u"가나다라마바사"_q);
-    EXPECT_EQ(Grid().GetText(2, 1), u"가나다라마바"_q);
+    EXPECT_EQ(Grid().Cells().Text(2, 1), u"가나다라마바"_q);
     TypeIntoCell(Grid(), 3, 1, u"01234567890123"_q);
-    EXPECT_EQ(Grid().GetText(3, 1), u"0123456789012"_q);
+    EXPECT_EQ(Grid().Cells().Text(3, 1), u"0123456789012"_q);
 }
 
 TEST_F(RecipientGrid, AProgramMayWriteLongerTexts)
 {
-    Grid().SetText(2, 1, u"가나다라마바사"_q);
-    EXPECT_EQ(Grid().GetText(2, 1).size(), 7);
+    Grid().Cells().SetText(2, 1, u"가나다라마바사"_q);
+    EXPECT_EQ(Grid().Cells().Text(2, 1).size(), 7);
 }
 
 TEST_F(RecipientGrid, AHundredThousandPastedCharactersAreCut)
@@ -305,7 +305,7 @@ TEST_F(RecipientGrid, AHundredThousandPastedCharactersAreCut)
     ClickCell(Grid(), 3, 1);
     PasteText(Grid(), QString(u"1"_q).repeated(100000));
     Grid().CommitEdit();
-    EXPECT_EQ(Grid().GetText(3, 1), QString(u"1"_q).repeated(13));
+    EXPECT_EQ(Grid().Cells().Text(3, 1), QString(u"1"_q).repeated(13));
 }
 
 TEST_F(RecipientGrid, RowsOfASpreadsheetFillTheRowsFromTheActiveCellOn)
@@ -314,9 +314,9 @@ TEST_F(RecipientGrid, RowsOfASpreadsheetFillTheRowsFromTheActiveCellOn)
     PasteText(Grid(), u"김하늘\t010-0000-0001\t서울\r\n 이바다 \t 010-0000-0002 \t부산\r\n"_q);
     EXPECT_EQ(Texts(2, 3, 7), QStringList({u""_q, u"김하늘"_q, u"이바다"_q, u""_q, u""_q}));
     EXPECT_EQ(Texts(3, 4, 6), QStringList({u"010-0000-0001"_q, u"010-0000-0002"_q, u""_q}));
-    EXPECT_EQ(Grid().GetText(4, 4), u"x"_q);
-    EXPECT_EQ(Grid().GetText(5, 4), QString());
-    EXPECT_EQ(Grid().MaxRows(), 20);
+    EXPECT_EQ(Grid().Cells().Text(4, 4), u"x"_q);
+    EXPECT_EQ(Grid().Cells().Text(5, 4), QString());
+    EXPECT_EQ(Grid().Cells().MaxRows(), 20);
     EXPECT_EQ(Grid().ActiveRow(), 4);
 }
 
@@ -327,7 +327,7 @@ TEST_F(RecipientGrid, AnEmptyListTakesThemWithoutAClickIntoIt)
     ASSERT_EQ(Grid().ActiveCol(), 1);
     PasteText(Grid(), u"김하늘\t010-0000-0001\n이바다\t010-0000-0002\n"_q);
     EXPECT_EQ(Texts(2, 1, 3), QStringList({u"김하늘"_q, u"이바다"_q, u""_q}));
-    EXPECT_EQ(Grid().GetText(1, 1), u"01"_q);
+    EXPECT_EQ(Grid().Cells().Text(1, 1), u"01"_q);
 }
 
 TEST_F(RecipientGrid, AColumnOfNumbersGoesIntoTheNumberColumn)
@@ -336,7 +336,7 @@ TEST_F(RecipientGrid, AColumnOfNumbersGoesIntoTheNumberColumn)
     PasteText(Grid(), u"010-1\n\n010-3\tx"_q);
     EXPECT_EQ(Texts(3, 1, 4), QStringList({u"010-1"_q, u""_q, u"010-3"_q, u""_q}));
     EXPECT_EQ(Texts(2, 1, 3), QStringList({u""_q, u""_q, u""_q}));
-    EXPECT_EQ(Grid().GetText(4, 3), u"x"_q);
+    EXPECT_EQ(Grid().Cells().Text(4, 3), u"x"_q);
 }
 
 TEST_F(RecipientGrid, AColumnOfNamesLeavesTheNumbersAsTheyAre)
@@ -366,7 +366,7 @@ TEST_F(RecipientGrid, PastedOnARemovedActiveRowTheyBeginInTheNextOne)
     Remove(2);
     PasteText(Grid(), u"김하늘\t010-8\n이바다\t010-9\n"_q);
     for (int row : {1, 2})
-        EXPECT_EQ(Grid().GetText(2, row), QString()) << row;
+        EXPECT_EQ(Grid().Cells().Text(2, row), QString()) << row;
     EXPECT_EQ(VisibleNumbers().size(), 18);
 }
 
@@ -375,10 +375,10 @@ TEST_F(RecipientGrid, TheListGrowsForWhatIsPastedAndIsNumberedOn)
     Remove(3);
     ClickCell(Grid(), 2, 19);
     PasteText(Grid(), u"가\t1\n나\t2\n다\t3\n라\t4\n"_q);
-    EXPECT_EQ(Grid().MaxRows(), 22);
+    EXPECT_EQ(Grid().Cells().MaxRows(), 22);
     EXPECT_EQ(Texts(2, 19, 22), QStringList({u"가"_q, u"나"_q, u"다"_q, u"라"_q}));
     EXPECT_EQ(VisibleNumbers().mid(18), QStringList({u"19"_q, u"20"_q, u"21"_q}));
-    EXPECT_EQ(Grid().GetText(4, 22), u"x"_q);
+    EXPECT_EQ(Grid().Cells().Text(4, 22), u"x"_q);
 }
 
 TEST_F(RecipientGrid, PastedValuesAreCutAtTheLimitsOfTheirColumns)
@@ -395,7 +395,7 @@ TEST_F(RecipientGrid, NothingIsPastedOnARemoveButton)
     Grid().setFocus();
     PasteText(Grid(), u"가\t1\n나\t2"_q);
     EXPECT_EQ(Texts(2, 1, 2), QStringList({u""_q, u""_q}));
-    EXPECT_EQ(Grid().GetText(4, 1), u"x"_q);
+    EXPECT_EQ(Grid().Cells().Text(4, 1), u"x"_q);
 }
 
 TEST_F(RecipientGrid, RowsSurviveAChangeOfPage)
@@ -403,19 +403,19 @@ TEST_F(RecipientGrid, RowsSurviveAChangeOfPage)
     program.List({{u"가"_q, u"01011111111"_q}});
     program.Click(u"BtnToolbarDis(1)"_q);
     program.Click(u"BtnToolbarDis(0)"_q);
-    EXPECT_EQ(Grid().GetText(3, 1), u"01011111111"_q);
+    EXPECT_EQ(Grid().Cells().Text(3, 1), u"01011111111"_q);
 }
 
 TEST_F(RecipientGrid, TenThousandRowsAreRenumberedByARemoval)
 {
-    Grid().SetMaxRows(10000);
+    Grid().Cells().SetMaxRows(10000);
     Remove(1);
-    EXPECT_EQ(Grid().GetText(1, 10000), u"99"_q);
+    EXPECT_EQ(Grid().Cells().Text(1, 10000), u"99"_q);
 }
 
 TEST_F(RecipientGrid, BeyondSixteenBitsTheNumberingEndsInAnErrorThatTheProgramSurvives)
 {
-    Grid().SetMaxRows(32768);
+    Grid().Cells().SetMaxRows(32768);
     program.desktop.AllowBoxes();
     Remove(1);
     ASSERT_EQ(program.desktop.boxes.size(), 1);

@@ -79,7 +79,7 @@ TEST_F(WorkingDay, MessagesAreSentLoggedPaidForAndFoundAgain)
               (QList<QStringList>{{u"김하늘"_q, u"010-0000-0001"_q, u"안녕하세요 김하늘님"_q, u"1"_q},
                                   {u"이바다"_q, u"01000000002"_q, u"안녕하세요 이바다님"_q, u"1"_q}}));
     List({2012, 5, 30}, {2012, 5, 30});
-    EXPECT_EQ(Listed().MaxRows(), 2);
+    EXPECT_EQ(Listed().Cells().MaxRows(), 2);
 }
 
 TEST_F(WorkingDay, AReservationIsWithdrawnAndItsPriceComesBack)
@@ -88,7 +88,7 @@ TEST_F(WorkingDay, AReservationIsWithdrawnAndItsPriceComesBack)
     SendTo({{u"김하늘"_q, u"010-0000-0001"_q}}, [this](QWidget& dialog) { ChooseTomorrow(dialog); });
     EXPECT_EQ(program.Balance(), StartBalance - 1);
     List({2012, 5, 31}, {2012, 5, 31});
-    ASSERT_EQ(Listed().MaxRows(), 1);
+    ASSERT_EQ(Listed().Cells().MaxRows(), 1);
     ClickCell(Listed(), 2, 1);
     Told({u"예약취소"_q, u"예약취소확인 : 총1건에 대한 문자메시지를 예약취소 하시겠습니까.?"_q,
           MsgBoxQuestion},
@@ -127,7 +127,7 @@ TEST_F(WorkingDay, AGroupWithAMemberIsMadeAndSentTo)
         program.database.Rows(u"SELECT GroupNm, GSubNm, GSPhone FROM SMSGroupSub AS S, SMSGroupMst AS M "
                               "WHERE S.GroupCd = M.GroupCd"_q),
         (QList<QStringList>{{u"청년부"_q, u"김하늘"_q, u"010-0000-0001"_q}}));
-    EXPECT_EQ(program.Recipients().GetText(3, 1), u"010-0000-0001"_q);
+    EXPECT_EQ(program.Recipients().Cells().Text(3, 1), u"010-0000-0001"_q);
     program.Write(u"안녕하세요"_q);
     Told(SentBox());
     program.Send();

@@ -250,10 +250,10 @@ TEST_F(MainWindow, YesEndsTheProgram)
 TEST_F(MainWindow, EachEntryToTheAccountPageLaysItsGridsOutAnew)
 {
     auto& months = program.The<fpSpread>(u"fpSpreadMonth"_q);
-    months.SetMaxRows(9);
+    months.Cells().SetMaxRows(9);
     Toolbar(2);
-    EXPECT_EQ(months.MaxRows(), 4);
-    EXPECT_EQ(program.The<fpSpread>(u"fpSpreadCharge"_q).MaxCols(), 7);
+    EXPECT_EQ(months.Cells().MaxRows(), 4);
+    EXPECT_EQ(program.The<fpSpread>(u"fpSpreadCharge"_q).Cells().MaxCols(), 7);
 }
 
 TEST_F(MainWindow, AClosingFromOutsideAsksTheSameQuestion)

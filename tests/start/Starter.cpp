@@ -45,8 +45,8 @@ void Starter::Open()
 QList<QStringList> Starter::Rows()
 {
     QList<QStringList> rows;
-    for (int row = 1; row <= List().MaxRows(); ++row)
-        rows += {List().GetText(1, row), List().GetText(2, row)};
+    for (int row = 1; row <= List().Cells().MaxRows(); ++row)
+        rows += {List().Cells().Text(1, row), List().Cells().Text(2, row)};
     return rows;
 }
 

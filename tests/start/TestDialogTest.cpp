@@ -27,9 +27,9 @@ protected:
     QStringList Lines(QWidget& dialog)
     {
         QStringList lines;
-        for (int row = 1; row <= Steps(dialog).MaxRows(); ++row)
-            lines += (Steps(dialog).CellPicture(1, row) == 1 ? u"[o] "_q : u"[ ] "_q) +
-                     Steps(dialog).GetText(2, row) + u": "_q + Steps(dialog).GetText(3, row);
+        for (int row = 1; row <= Steps(dialog).Cells().MaxRows(); ++row)
+            lines += (Steps(dialog).Cells().CellPicture(1, row) == 1 ? u"[o] "_q : u"[ ] "_q) +
+                     Steps(dialog).Cells().Text(2, row) + u": "_q + Steps(dialog).Cells().Text(3, row);
         return lines;
     }
     QString Words(QWidget& dialog) { return starter_.On<TextField>(dialog, u"txtWords"_q).Text(); }

@@ -350,13 +350,13 @@ TEST(TemplateCache, HasFourTitledColumns)
 {
     fpSpread grid;
     InitTemplateCache(grid);
-    EXPECT_EQ(grid.MaxCols(), 4);
+    EXPECT_EQ(grid.Cells().MaxCols(), 4);
     const std::pair<QString, double> columns[] = {
         {u"기본키"_q, 7.0}, {u"그룹키"_q, 7.0}, {u"제목"_q, 20.0}, {u"내용"_q, 60.0}};
     int col = 0;
     for (const auto& [title, width] : columns) {
         ++col;
-        EXPECT_EQ(grid.GetText(col, 0), title);
+        EXPECT_EQ(grid.Cells().Text(col, 0), title);
         EXPECT_EQ(grid.ColWidth(col), width);
     }
 }

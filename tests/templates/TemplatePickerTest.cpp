@@ -48,7 +48,7 @@ TEST_P(TemplateCounts, StandOnThePagesByTheRowsOfEachPage)
     program.database.Execute(u"DELETE FROM SMSTempLSub"_q);
     AddTemplates(1, GetParam());
     Start();
-    EXPECT_EQ(Cache().MaxRows(), GetParam());
+    EXPECT_EQ(Cache().Cells().MaxRows(), GetParam());
     for (int page = 0; page < Pages; ++page) {
         ComposePage(page);
         EXPECT_EQ(OnCompose(), ExpectedOn(page, GetParam())) << "page " << page;
@@ -161,12 +161,12 @@ TEST_F(TemplatePicker, ThePagesListTheirCategoriesOnEachEntry)
 TEST_F(TemplatePicker, TheHiddenGridHoldsTheRowsOfTheCategory)
 {
     Start();
-    EXPECT_EQ(Cache().MaxRows(), 20);
-    EXPECT_EQ(Cache().MaxCols(), 4);
-    EXPECT_EQ(Cache().GetText(1, 20), u"20"_q);
-    EXPECT_EQ(Cache().GetText(2, 20), u"1"_q);
-    EXPECT_EQ(Cache().GetText(3, 20), u"제목 20"_q);
-    EXPECT_EQ(Cache().GetText(4, 20), u"내용 20"_q);
+    EXPECT_EQ(Cache().Cells().MaxRows(), 20);
+    EXPECT_EQ(Cache().Cells().MaxCols(), 4);
+    EXPECT_EQ(Cache().Cells().Text(1, 20), u"20"_q);
+    EXPECT_EQ(Cache().Cells().Text(2, 20), u"1"_q);
+    EXPECT_EQ(Cache().Cells().Text(3, 20), u"제목 20"_q);
+    EXPECT_EQ(Cache().Cells().Text(4, 20), u"내용 20"_q);
     EXPECT_FALSE(Cache().isVisible());
 }
 
@@ -175,7 +175,7 @@ TEST_F(TemplatePicker, ACategoryWithoutTemplatesShowsEightEmptyCards)
     Start();
     Choose(ComposeList(), 2);
     EXPECT_TRUE(OnCompose().isEmpty());
-    EXPECT_EQ(Cache().MaxRows(), 0);
+    EXPECT_EQ(Cache().Cells().MaxRows(), 0);
 }
 
 TEST_F(TemplatePicker, ADatabaseWithoutCategoriesShowsEmptyCardsAndNoBox)
@@ -281,13 +281,13 @@ TEST_F(TemplatePicker, TheComposePagePagesThroughWhatTheTemplatePageHasLoaded)
     Start();
     OpenTemplatePage();
     Choose(FilterList(), 2);
-    EXPECT_EQ(Cache().MaxRows(), 9);
+    EXPECT_EQ(Cache().Cells().MaxRows(), 9);
     EXPECT_EQ(OnCompose(), ExpectedOn(0, 20)); // the cards hold copies
     // Out of sight, as a page button of the page that is not on view can be reached by nobody.
     program.The<PushButton>(u"BtnPageCount(1)"_q).Click();
     EXPECT_EQ(OnCompose(), QStringList{u"내용 9"_q});
     OpenComposePage();
-    EXPECT_EQ(Cache().MaxRows(), 20);
+    EXPECT_EQ(Cache().Cells().MaxRows(), 20);
 }
 
 TEST_F(TemplatePicker, ASaveReloadsTheCurrentPage)
@@ -489,7 +489,7 @@ TEST_F(TemplatePicker, AFailedQueryLeavesTheGridAndTheCardsAsTheyWere)
     program.connections.FailStatement(1, StatementFailure, u"Invalid object name 'SMSTempLSub'."_q);
     program.desktop.Expect(Failure(u"Invalid object name 'SMSTempLSub'."_q));
     Choose(ComposeList(), 1);
-    EXPECT_EQ(Cache().MaxRows(), 20);
+    EXPECT_EQ(Cache().Cells().MaxRows(), 20);
     EXPECT_EQ(OnCompose(), ExpectedOn(0, 20));
     EXPECT_FALSE(program.session.IsBusy());
     EXPECT_EQ(program.desktop.pointers.last(), MousePointer::Default);

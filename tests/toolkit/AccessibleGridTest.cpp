@@ -22,18 +22,18 @@ protected:
 
     AccessibleGridTest()
     {
-        grid.SetMaxCols(Remove);
-        grid.SetMaxRows(5);
-        grid.SetText(Mark, 0, u"선택"_q);
-        grid.SetText(Name, 0, u"성명"_q);
+        grid.Cells().SetMaxCols(Remove);
+        grid.Cells().SetMaxRows(5);
+        grid.Cells().SetText(Mark, 0, u"선택"_q);
+        grid.Cells().SetText(Name, 0, u"성명"_q);
         grid.SetHeadersVisible(true, false);
-        grid.SetColType(Name, fpSpread::CellType::Edit);
-        grid.SetColMaxLength(Name, 3);
-        grid.SetColButton(Remove, u"x"_q, Qt::gray, Qt::white);
-        grid.SetPictures(CheckPictures());
+        grid.Cells().SetType(Name, SpreadModel::CellType::Edit);
+        grid.Cells().SetMaxLength(Name, 3);
+        grid.Cells().SetButton(Remove, u"x"_q, Qt::gray, Qt::white);
+        grid.Cells().SetPictures(CheckPictures());
         for (int row = 1; row <= 5; ++row) {
-            grid.SetText(Key, row, u"key%1"_q.arg(row));
-            grid.SetText(Name, row, u"이름%1"_q.arg(row));
+            grid.Cells().SetText(Key, row, u"key%1"_q.arg(row));
+            grid.Cells().SetText(Name, row, u"이름%1"_q.arg(row));
         }
         grid.SetColHidden(Key, true);
         grid.resize(600, 400);
@@ -112,7 +112,7 @@ TEST_F(AccessibleGridTest, ACellKnowsItsPlaceOnViewAndItsTitles)
 TEST_F(AccessibleGridTest, ARowWithATitleIsToldOfByItToo)
 {
     grid.SetHeadersVisible(true, true);
-    grid.SetText(0, 2, u"성공"_q);
+    grid.Cells().SetText(0, 2, u"성공"_q);
     EXPECT_EQ(CellAt(1, 1).text(QAccessible::Description), u"성공 성명"_q);
     EXPECT_EQ(Table().rowDescription(1), u"성공"_q);
     ASSERT_EQ(CellAt(1, 1).tableCellInterface()->rowHeaderCells().size(), 1);
@@ -122,17 +122,17 @@ TEST_F(AccessibleGridTest, ARowWithATitleIsToldOfByItToo)
 TEST_F(AccessibleGridTest, AColumnWithoutATitleIsToldOfByWordsOfItsOwn)
 {
     EXPECT_TRUE(CellAt(0, 2).tableCellInterface()->columnHeaderCells().isEmpty());
-    grid.SetColWords(Remove, u"삭제"_q);
+    grid.Cells().SetWords(Remove, u"삭제"_q);
     EXPECT_EQ(Table().columnDescription(2), u"삭제"_q);
     EXPECT_EQ(CellAt(0, 2).text(QAccessible::Description), u"삭제"_q);
-    EXPECT_EQ(grid.GetText(Remove, 0), QString());
+    EXPECT_EQ(grid.Cells().Text(Remove, 0), QString());
 }
 
 TEST_F(AccessibleGridTest, AMarkSaysWhetherItIsTicked)
 {
-    grid.SetCellPicture(Mark, 1, CheckTicked);
-    grid.SetCellPicture(Mark, 2, CheckEmpty);
-    grid.SetCellPicture(Mark, 3, CheckLocked);
+    grid.Cells().SetCellPicture(Mark, 1, CheckTicked);
+    grid.Cells().SetCellPicture(Mark, 2, CheckEmpty);
+    grid.Cells().SetCellPicture(Mark, 3, CheckLocked);
     EXPECT_EQ(NameAt(0, 0), u"선택됨"_q);
     EXPECT_TRUE(CellAt(0, 0).state().checked);
     EXPECT_TRUE(CellAt(1, 0).state().checkable);
@@ -142,10 +142,10 @@ TEST_F(AccessibleGridTest, AMarkSaysWhetherItIsTicked)
 
 TEST_F(AccessibleGridTest, ANumberIsToldAsItIsShown)
 {
-    grid.SetColNumber(Name, true);
-    grid.SetText(Name, 1, u"8000"_q);
+    grid.Cells().SetNumber(Name, true);
+    grid.Cells().SetText(Name, 1, u"8000"_q);
     EXPECT_EQ(NameAt(0, 1), u"8,000"_q);
-    EXPECT_EQ(grid.GetText(Name, 1), u"8000"_q);
+    EXPECT_EQ(grid.Cells().Text(Name, 1), u"8000"_q);
 }
 
 TEST_F(AccessibleGridTest, ACellWhoseRowIsRemovedFallsSilent)
@@ -155,7 +155,7 @@ TEST_F(AccessibleGridTest, ACellWhoseRowIsRemovedFallsSilent)
     grid.SetRowHidden(2, true);
     EXPECT_TRUE(cell.state().invisible);
     EXPECT_EQ(Told().indexOfChild(&cell), -1);
-    grid.SetMaxRows(1);
+    grid.Cells().SetMaxRows(1);
     EXPECT_FALSE(cell.isValid());
     EXPECT_TRUE(cell.state().invalid);
 }
@@ -174,9 +174,9 @@ TEST_F(AccessibleGridTest, ACellThatIsEditedTakesATextUpToItsLimit)
 {
     EXPECT_TRUE(CellAt(0, 1).state().editable);
     CellAt(0, 1).setText(QAccessible::Value, u"가나다라"_q);
-    EXPECT_EQ(grid.GetText(Name, 1), u"가나다"_q);
+    EXPECT_EQ(grid.Cells().Text(Name, 1), u"가나다"_q);
     CellAt(0, 2).setText(QAccessible::Value, u"y"_q);
-    EXPECT_EQ(grid.GetText(Remove, 1), u"x"_q);
+    EXPECT_EQ(grid.Cells().Text(Remove, 1), u"x"_q);
 }
 
 TEST_F(AccessibleGridTest, TheEditorIsToldOfByTheTitleOfItsColumn)

@@ -32,13 +32,13 @@ protected:
 
 TEST_F(GridHelperTest, GetCellTextGivesTheTextAsItStands)
 {
-    grid.SetText(2, 3, u" 010 "_q);
+    grid.Cells().SetText(2, 3, u" 010 "_q);
     EXPECT_EQ(helper.GetCellText(grid, 2, 3), u" 010 "_q);
 }
 
 TEST_F(GridHelperTest, GetCellTextIsEmptyForAnEmptyCellAndOutsideTheGrid)
 {
-    grid.SetText(2, 3, u"010"_q);
+    grid.Cells().SetText(2, 3, u"010"_q);
     EXPECT_EQ(helper.GetCellText(grid, 2, 4), QString());
     EXPECT_EQ(helper.GetCellText(grid, -1, 99999), QString());
 }
@@ -51,11 +51,11 @@ TEST_F(GridHelperTest, GetCellTextReadsABoundCell)
 
 TEST_F(GridHelperTest, PrepareGridBeginsAnew)
 {
-    grid.SetText(1, 1, u"x"_q);
-    grid.SetMaxRows(3);
+    grid.Cells().SetText(1, 1, u"x"_q);
+    grid.Cells().SetMaxRows(3);
     grid.SetColHidden(2, true);
     helper.PrepareGrid(grid);
-    EXPECT_EQ(grid.GetText(1, 1), QString());
+    EXPECT_EQ(grid.Cells().Text(1, 1), QString());
     EXPECT_FALSE(grid.ColHidden(2));
     EXPECT_TRUE(grid.horizontalHeader()->isVisibleTo(&grid));
     EXPECT_FALSE(grid.verticalHeader()->isVisibleTo(&grid));
@@ -79,10 +79,10 @@ TEST_F(GridHelperTest, FormatOnePutsAColumnToTheRightAndAnyOtherToTheLeft)
 
 TEST_F(GridHelperTest, NumberColumnIsDisplayOnly)
 {
-    grid.SetText(3, 1, u"12000"_q);
+    grid.Cells().SetText(3, 1, u"12000"_q);
     helper.NumberColumn(grid, 3);
-    EXPECT_TRUE(grid.ColNumber(3));
-    EXPECT_EQ(grid.GetText(3, 1), u"12000"_q);
+    EXPECT_TRUE(grid.Cells().IsNumber(3));
+    EXPECT_EQ(grid.Cells().Text(3, 1), u"12000"_q);
 }
 
 TEST_F(GridHelperTest, SetRangeColorsWithRowMinusOneColoursTheColumn)
@@ -104,31 +104,31 @@ TEST_F(GridHelperTest, SetRangeColorsWithARowColoursOneCell)
 
 TEST_F(GridHelperTest, HideColumnHidesItAndKeepsItsTexts)
 {
-    grid.SetText(1, 1, u"7"_q);
+    grid.Cells().SetText(1, 1, u"7"_q);
     helper.HideColumn(grid, 1);
     EXPECT_TRUE(grid.isColumnHidden(0));
-    EXPECT_EQ(grid.GetText(1, 1), u"7"_q);
+    EXPECT_EQ(grid.Cells().Text(1, 1), u"7"_q);
 }
 
 TEST_F(GridHelperTest, ClearGridRemovesAllRows)
 {
-    grid.SetText(1, 0, u"title"_q);
-    grid.SetText(1, 1, u"x"_q);
+    grid.Cells().SetText(1, 0, u"title"_q);
+    grid.Cells().SetText(1, 1, u"x"_q);
     helper.ClearGrid(grid, false);
-    EXPECT_EQ(grid.MaxRows(), 0);
-    EXPECT_EQ(grid.GetText(1, 0), u"title"_q);
-    grid.SetMaxRows(2);
-    EXPECT_EQ(grid.GetText(1, 1), QString());
+    EXPECT_EQ(grid.Cells().MaxRows(), 0);
+    EXPECT_EQ(grid.Cells().Text(1, 0), u"title"_q);
+    grid.Cells().SetMaxRows(2);
+    EXPECT_EQ(grid.Cells().Text(1, 1), QString());
 }
 
 TEST_F(GridHelperTest, ClearGridRemovesTheRowsOfASource)
 {
     for (const bool flag : {false, true}) {
-        grid.SetMaxRows(1);
+        grid.Cells().SetMaxRows(1);
         grid.SetDataSource(std::make_shared<OneCell>());
         helper.ClearGrid(grid, flag);
-        grid.SetMaxRows(1);
-        EXPECT_EQ(grid.GetText(1, 1), QString()) << flag;
+        grid.Cells().SetMaxRows(1);
+        EXPECT_EQ(grid.Cells().Text(1, 1), QString()) << flag;
     }
 }
 

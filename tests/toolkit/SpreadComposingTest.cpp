@@ -25,11 +25,11 @@ protected:
         window.resize(320, 360);
         grid.setGeometry(10, 10, 300, 300);
         next.setGeometry(10, 320, 100, 24);
-        grid.SetMaxRows(10);
-        grid.SetMaxCols(2);
-        grid.SetColType(1, fpSpread::CellType::Edit);
-        grid.SetColMaxLength(1, 6);
-        grid.SetColType(2, fpSpread::CellType::Edit);
+        grid.Cells().SetMaxRows(10);
+        grid.Cells().SetMaxCols(2);
+        grid.Cells().SetType(1, SpreadModel::CellType::Edit);
+        grid.Cells().SetMaxLength(1, 6);
+        grid.Cells().SetType(2, SpreadModel::CellType::Edit);
         window.show();
         window.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -87,10 +87,10 @@ TEST_P(SpreadComposing, TheFocusStaysWhereTheFirstSyllableWasBegun)
 
 TEST_P(SpreadComposing, EverySyllableComesIntoTheCell)
 {
-    grid.SetText(1, 1, u"옛이름"_q);
+    grid.Cells().SetText(1, 1, u"옛이름"_q);
     Write(u"안녕하세요"_q);
     Press(Qt::Key_Return, u"요"_q);
-    EXPECT_EQ(grid.GetText(1, 1), u"안녕하세요"_q);
+    EXPECT_EQ(grid.Cells().Text(1, 1), u"안녕하세요"_q);
 }
 
 TEST_P(SpreadComposing, AKeyThatTheEditorHasNoUseForComesBackOnce)
@@ -100,7 +100,7 @@ TEST_P(SpreadComposing, AKeyThatTheEditorHasNoUseForComesBackOnce)
         QTest::keyClick(&grid, key);
     Compose(u"김"_q);
     Press(Qt::Key_Return, u"김"_q);
-    EXPECT_EQ(grid.GetText(1, 1), u"김"_q);
+    EXPECT_EQ(grid.Cells().Text(1, 1), u"김"_q);
 }
 
 TEST_P(SpreadComposing, KeysGoToTheEditorThatTheInputMethodOpened)
@@ -112,7 +112,7 @@ TEST_P(SpreadComposing, KeysGoToTheEditorThatTheInputMethodOpened)
     Press(Qt::Key_Backspace, QString());
     QTest::keyClick(&grid, '1');
     Press(Qt::Key_Return, QString());
-    EXPECT_EQ(grid.GetText(1, 1), u"김하1"_q);
+    EXPECT_EQ(grid.Cells().Text(1, 1), u"김하1"_q);
 }
 
 TEST_P(SpreadComposing, WalkingOnKeepsWhatIsUnderWay)
@@ -121,7 +121,7 @@ TEST_P(SpreadComposing, WalkingOnKeepsWhatIsUnderWay)
         Write(u"하녕"_q);
         const int from = grid.ActiveRow();
         Press(key, u"녕"_q);
-        EXPECT_EQ(grid.GetText(1, from), u"하녕"_q);
+        EXPECT_EQ(grid.Cells().Text(1, from), u"하녕"_q);
         EXPECT_EQ(grid.ActiveCol(), col);
         EXPECT_EQ(grid.ActiveRow(), row);
     }
@@ -129,11 +129,11 @@ TEST_P(SpreadComposing, WalkingOnKeepsWhatIsUnderWay)
 
 TEST_P(SpreadComposing, EscapeGivesTheCellBack)
 {
-    grid.SetText(1, 1, u"옛이름"_q);
+    grid.Cells().SetText(1, 1, u"옛이름"_q);
     Write(u"하녕"_q);
     Press(Qt::Key_Escape, u"녕"_q);
     EXPECT_FALSE(grid.IsEditing());
-    EXPECT_EQ(grid.GetText(1, 1), u"옛이름"_q);
+    EXPECT_EQ(grid.Cells().Text(1, 1), u"옛이름"_q);
 }
 
 TEST_P(SpreadComposing, WhatIsCommittedAsTheFocusLeavesGoesIntoTheCellThatItLeft)
@@ -145,13 +145,13 @@ TEST_P(SpreadComposing, WhatIsCommittedAsTheFocusLeavesGoesIntoTheCellThatItLeft
     QCoreApplication::sendEvent(&grid, &late);
     QCoreApplication::processEvents();
     EXPECT_FALSE(grid.IsEditing());
-    EXPECT_EQ(grid.GetText(1, 1), u"하녕"_q);
+    EXPECT_EQ(grid.Cells().Text(1, 1), u"하녕"_q);
     EXPECT_TRUE(next.hasFocus());
 }
 
 TEST_P(SpreadComposing, NeverGoesBeyondTheLimitAndPushesNothingOut)
 {
-    grid.SetText(1, 1, u"가나다라마바"_q);
+    grid.Cells().SetText(1, 1, u"가나다라마바"_q);
     for (const auto& [place, caret] : {std::pair(Qt::Key_Home, 0), {Qt::Key_End, 6}}) {
         Press(Qt::Key_F2, QString());
         Press(place, QString());
@@ -159,7 +159,7 @@ TEST_P(SpreadComposing, NeverGoesBeyondTheLimitAndPushesNothingOut)
         Write(u"하녕"_q);
         Press(Qt::Key_Return, u"녕"_q);
         grid.CommitEdit();
-        EXPECT_EQ(grid.GetText(1, 1), u"가나다라마바"_q);
+        EXPECT_EQ(grid.Cells().Text(1, 1), u"가나다라마바"_q);
     }
 }
 
@@ -167,13 +167,13 @@ TEST_P(SpreadComposing, GoesInWhereTheCaretStands)
 {
     const QStringList wanted{u"녕김하늘"_q, u"김녕하늘"_q, u"김하녕늘"_q, u"김하늘녕"_q};
     for (int caret = 0; caret < wanted.size(); ++caret) {
-        grid.SetText(1, 1, u"김하늘"_q);
+        grid.Cells().SetText(1, 1, u"김하늘"_q);
         Press(Qt::Key_F2, QString());
         Editor()->setCursorPosition(caret);
         Write(u"녕"_q);
         Commit(u"녕"_q);
         grid.CommitEdit();
-        EXPECT_EQ(grid.GetText(1, 1), wanted[caret]);
+        EXPECT_EQ(grid.Cells().Text(1, 1), wanted[caret]);
     }
 }
 
@@ -200,7 +200,7 @@ TEST_P(SpreadComposing, AnEditorThatWasOpenedByAKeyHasTheFocus)
     EXPECT_EQ(QApplication::focusWidget(), Editor());
     Write(u"하녕"_q);
     Press(Qt::Key_Return, u"녕"_q);
-    EXPECT_EQ(grid.GetText(1, 1), u"하녕"_q);
+    EXPECT_EQ(grid.Cells().Text(1, 1), u"하녕"_q);
 }
 
 } // namespace

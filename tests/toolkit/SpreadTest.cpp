@@ -25,7 +25,7 @@ namespace tsms::test {
 
 namespace {
 
-using CellType = fpSpread::CellType;
+using CellType = SpreadModel::CellType;
 
 /// Cells that say where they are, and how often they were read.
 class CountingSource final : public CellSource
@@ -70,18 +70,18 @@ protected:
         next.setGeometry(10, 320, 100, 24);
         surface.resize(320, 360);
         grid.SetHeadersVisible(false, false);
-        grid.SetMaxRows(20);
-        grid.SetMaxCols(5);
+        grid.Cells().SetMaxRows(20);
+        grid.Cells().SetMaxCols(5);
         grid.SetColWidth(1, 2);
         grid.SetColWidth(2, 5);
         grid.SetColWidth(3, 10.5);
         grid.SetColWidth(4, 1.5);
-        grid.SetRowHeight(fpSpread::All, 13.5);
-        grid.SetColType(2, CellType::Edit);
-        grid.SetColMaxLength(2, 6);
-        grid.SetColType(3, CellType::Edit);
-        grid.SetColMaxLength(3, 13);
-        grid.SetColButton(4, u"x"_q, QColor(182, 204, 211), Qt::white);
+        grid.SetRowHeight(SpreadModel::All, 13.5);
+        grid.Cells().SetType(2, CellType::Edit);
+        grid.Cells().SetMaxLength(2, 6);
+        grid.Cells().SetType(3, CellType::Edit);
+        grid.Cells().SetMaxLength(3, 13);
+        grid.Cells().SetButton(4, u"x"_q, QColor(182, 204, 211), Qt::white);
         grid.SetColHidden(5, true);
     }
 
@@ -158,8 +158,8 @@ protected:
 
 TEST_F(SpreadTest, ATextComesBackAsItWasSet)
 {
-    grid.SetText(2, 3, u"홍길동"_q);
-    EXPECT_EQ(grid.GetText(2, 3), u"홍길동"_q);
+    grid.Cells().SetText(2, 3, u"홍길동"_q);
+    EXPECT_EQ(grid.Cells().Text(2, 3), u"홍길동"_q);
     EXPECT_EQ(Index(2, 3).data().toString(), u"홍길동"_q);
 }
 
@@ -167,25 +167,25 @@ TEST_F(SpreadTest, CellsOutsideTheGridReadAsEmptyAndIgnoreTexts)
 {
     for (const auto& [col, row] :
          {std::pair{6, 1}, {1, 21}, {-1, 1}, {1, -1}, {0, 21}, {6, 0}, {100000, 100000}}) {
-        grid.SetText(col, row, u"x"_q);
-        EXPECT_EQ(grid.GetText(col, row), QString()) << col << "," << row;
+        grid.Cells().SetText(col, row, u"x"_q);
+        EXPECT_EQ(grid.Cells().Text(col, row), QString()) << col << "," << row;
     }
-    grid.SetMaxRows(30);
-    EXPECT_EQ(grid.GetText(1, 21), QString());
+    grid.Cells().SetMaxRows(30);
+    EXPECT_EQ(grid.Cells().Text(1, 21), QString());
 }
 
 TEST_F(SpreadTest, TheHeadingRowTakesTextWhileItIsHidden)
 {
-    grid.SetText(3, 0, u"전화번호"_q);
-    EXPECT_EQ(grid.GetText(3, 0), u"전화번호"_q);
+    grid.Cells().SetText(3, 0, u"전화번호"_q);
+    EXPECT_EQ(grid.Cells().Text(3, 0), u"전화번호"_q);
     EXPECT_EQ(grid.model()->headerData(2, Qt::Horizontal).toString(), u"전화번호"_q);
     EXPECT_FALSE(grid.horizontalHeader()->isVisibleTo(&grid));
 }
 
 TEST_F(SpreadTest, ColumnZeroIsTheTitleOfItsRow)
 {
-    grid.SetText(0, 2, u"성공"_q);
-    EXPECT_EQ(grid.GetText(0, 2), u"성공"_q);
+    grid.Cells().SetText(0, 2, u"성공"_q);
+    EXPECT_EQ(grid.Cells().Text(0, 2), u"성공"_q);
     EXPECT_EQ(grid.model()->headerData(1, Qt::Vertical).toString(), u"성공"_q);
 }
 
@@ -197,11 +197,11 @@ TEST_F(SpreadTest, AnUntouchedTitleIsEmpty)
 
 TEST_F(SpreadTest, AHiddenRowKeepsItsContent)
 {
-    grid.SetText(2, 3, u"홍길동"_q);
+    grid.Cells().SetText(2, 3, u"홍길동"_q);
     grid.SetRowHidden(3, true);
     EXPECT_TRUE(grid.isRowHidden(2));
     EXPECT_TRUE(grid.RowHidden(3));
-    EXPECT_EQ(grid.GetText(2, 3), u"홍길동"_q);
+    EXPECT_EQ(grid.Cells().Text(2, 3), u"홍길동"_q);
     grid.SetRowHidden(3, false);
     EXPECT_FALSE(grid.RowHidden(3));
 }
@@ -212,51 +212,51 @@ TEST_F(SpreadTest, RowsOutsideTheGridAreNeverHidden)
     grid.SetRowHidden(21, true);
     EXPECT_FALSE(grid.RowHidden(0));
     EXPECT_FALSE(grid.RowHidden(21));
-    grid.SetMaxRows(21);
+    grid.Cells().SetMaxRows(21);
     EXPECT_FALSE(grid.RowHidden(21));
 }
 
 TEST_F(SpreadTest, RowsThatWereTakenAwayComeBackEmptyAndOnView)
 {
-    grid.SetText(2, 20, u"끝"_q);
+    grid.Cells().SetText(2, 20, u"끝"_q);
     grid.SetRowHidden(20, true);
-    grid.SetMaxRows(19);
-    grid.SetMaxRows(20);
-    EXPECT_EQ(grid.GetText(2, 20), QString());
+    grid.Cells().SetMaxRows(19);
+    grid.Cells().SetMaxRows(20);
+    EXPECT_EQ(grid.Cells().Text(2, 20), QString());
     EXPECT_FALSE(grid.RowHidden(20));
 }
 
 TEST_F(SpreadTest, ColumnsThatWereTakenAwayComeBackEmpty)
 {
-    grid.SetText(4, 1, u"끝"_q);
-    grid.SetMaxCols(3);
-    grid.SetMaxCols(4);
-    EXPECT_EQ(grid.GetText(4, 1), QString());
-    EXPECT_EQ(grid.ColType(4), CellType::StaticText);
+    grid.Cells().SetText(4, 1, u"끝"_q);
+    grid.Cells().SetMaxCols(3);
+    grid.Cells().SetMaxCols(4);
+    EXPECT_EQ(grid.Cells().Text(4, 1), QString());
+    EXPECT_EQ(grid.Cells().Type(4), CellType::StaticText);
 }
 
 TEST_F(SpreadTest, ResetDropsContentFormatsSizesAndHiddenRows)
 {
-    grid.SetText(2, 3, u"홍길동"_q);
-    grid.SetText(2, 0, u"이름"_q);
+    grid.Cells().SetText(2, 3, u"홍길동"_q);
+    grid.Cells().SetText(2, 0, u"이름"_q);
     grid.SetRowHidden(3, true);
-    grid.SetCellPicture(1, 1, 0);
-    grid.SetRangeColors(2, fpSpread::All, Qt::red, Qt::blue);
+    grid.Cells().SetCellPicture(1, 1, 0);
+    grid.Cells().SetColors(2, SpreadModel::All, Qt::red, Qt::blue);
     grid.SetDataSource(std::make_shared<CountingSource>(5, 20));
     grid.SetActiveCell(2, 5);
     const double fresh = fpSpread().ColWidth(3);
 
     grid.Reset();
 
-    EXPECT_EQ(grid.MaxRows(), fpSpread::DefaultRows);
-    EXPECT_EQ(grid.MaxCols(), fpSpread::DefaultCols);
-    EXPECT_EQ(grid.GetText(2, 3), QString());
-    EXPECT_EQ(grid.GetText(2, 0), QString());
+    EXPECT_EQ(grid.Cells().MaxRows(), SpreadModel::DefaultRows);
+    EXPECT_EQ(grid.Cells().MaxCols(), SpreadModel::DefaultCols);
+    EXPECT_EQ(grid.Cells().Text(2, 3), QString());
+    EXPECT_EQ(grid.Cells().Text(2, 0), QString());
     EXPECT_FALSE(grid.RowHidden(3));
     EXPECT_FALSE(grid.ColHidden(5));
-    EXPECT_EQ(grid.CellPicture(1, 1), -1);
+    EXPECT_EQ(grid.Cells().CellPicture(1, 1), -1);
     EXPECT_FALSE(Index(2, 3).data(Qt::BackgroundRole).isValid());
-    EXPECT_EQ(grid.ColType(2), CellType::StaticText);
+    EXPECT_EQ(grid.Cells().Type(2), CellType::StaticText);
     EXPECT_EQ(grid.ColWidth(3), fresh);
     EXPECT_EQ(grid.columnWidth(2), fpSpread().columnWidth(2));
     EXPECT_EQ(grid.rowHeight(0), fpSpread().rowHeight(0));
@@ -271,7 +271,7 @@ TEST_F(SpreadTest, RowHeightsAreInPointsAndTitlesHaveTheirOwn)
     EXPECT_EQ(grid.horizontalHeader()->height(), 20);
     EXPECT_EQ(grid.rowHeight(0), 18);
     EXPECT_EQ(grid.rowHeight(19), 18);
-    grid.SetMaxRows(21);
+    grid.Cells().SetMaxRows(21);
     EXPECT_EQ(grid.rowHeight(20), 18);
     grid.SetRowHeight(2, 30);
     EXPECT_EQ(grid.rowHeight(1), 40);
@@ -312,65 +312,65 @@ TEST_F(SpreadTest, ColumnsThatFillTheGridAreWidenedInProportion)
 TEST_F(SpreadTest, ABoundGridReadsOnlyWhatIsOnView)
 {
     const auto source = std::make_shared<CountingSource>(10, 32000);
-    grid.SetMaxCols(10);
-    grid.SetMaxRows(32000);
+    grid.Cells().SetMaxCols(10);
+    grid.Cells().SetMaxRows(32000);
     grid.SetDataSource(source);
     EXPECT_EQ(source->reads, 0);
     Show();
     grid.grab();
     EXPECT_GT(source->reads, 10);
     EXPECT_LT(source->reads, 5000);
-    EXPECT_EQ(grid.GetText(10, 32000), u"10/32000"_q);
+    EXPECT_EQ(grid.Cells().Text(10, 32000), u"10/32000"_q);
 }
 
 TEST_F(SpreadTest, BindingChangesNeitherSize)
 {
     grid.SetDataSource(std::make_shared<CountingSource>(9, 50));
-    EXPECT_EQ(grid.MaxRows(), 20);
-    EXPECT_EQ(grid.MaxCols(), 5);
+    EXPECT_EQ(grid.Cells().MaxRows(), 20);
+    EXPECT_EQ(grid.Cells().MaxCols(), 5);
 }
 
 TEST_F(SpreadTest, ASetTextOverridesABoundCellAndTheNextSourceTakesItAway)
 {
     grid.SetDataSource(std::make_shared<CountingSource>(3, 20));
-    grid.SetText(2, 2, QString());
-    EXPECT_EQ(grid.GetText(2, 2), QString());
-    EXPECT_EQ(grid.GetText(2, 3), u"2/3"_q);
-    grid.SetText(5, 2, u"beside"_q);
-    grid.SetText(2, 0, u"title"_q);
+    grid.Cells().SetText(2, 2, QString());
+    EXPECT_EQ(grid.Cells().Text(2, 2), QString());
+    EXPECT_EQ(grid.Cells().Text(2, 3), u"2/3"_q);
+    grid.Cells().SetText(5, 2, u"beside"_q);
+    grid.Cells().SetText(2, 0, u"title"_q);
     grid.SetDataSource(std::make_shared<CountingSource>(3, 20, u"new "_q));
-    EXPECT_EQ(grid.GetText(2, 2), u"new 2/2"_q);
-    EXPECT_EQ(grid.GetText(5, 2), u"beside"_q);
-    EXPECT_EQ(grid.GetText(2, 0), u"title"_q);
+    EXPECT_EQ(grid.Cells().Text(2, 2), u"new 2/2"_q);
+    EXPECT_EQ(grid.Cells().Text(5, 2), u"beside"_q);
+    EXPECT_EQ(grid.Cells().Text(2, 0), u"title"_q);
 }
 
 TEST_F(SpreadTest, RowsThatWereTakenAwayAreNotReadFromTheSourceAgain)
 {
     grid.SetDataSource(std::make_shared<CountingSource>(5, 20));
-    grid.SetMaxRows(0);
-    grid.SetMaxRows(20);
-    EXPECT_EQ(grid.GetText(2, 1), QString());
+    grid.Cells().SetMaxRows(0);
+    grid.Cells().SetMaxRows(20);
+    EXPECT_EQ(grid.Cells().Text(2, 1), QString());
     grid.SetDataSource(std::make_shared<CountingSource>(5, 20));
-    EXPECT_EQ(grid.GetText(2, 1), u"2/1"_q);
+    EXPECT_EQ(grid.Cells().Text(2, 1), u"2/1"_q);
 }
 
 TEST_F(SpreadTest, ASourceLetGoLeavesEmptyCells)
 {
     grid.SetDataSource(std::make_shared<CountingSource>(5, 20));
     grid.SetDataSource(nullptr);
-    EXPECT_EQ(grid.GetText(2, 1), QString());
-    EXPECT_EQ(grid.MaxRows(), 20);
+    EXPECT_EQ(grid.Cells().Text(2, 1), QString());
+    EXPECT_EQ(grid.Cells().MaxRows(), 20);
 }
 
 TEST_F(SpreadTest, AMarkCellAnswersWithItsPictureAndItsIndex)
 {
     QPixmap red(16, 16);
     red.fill(Qt::red);
-    grid.SetPictures({QIcon(), QIcon(red)});
+    grid.Cells().SetPictures({QIcon(), QIcon(red)});
     EXPECT_FALSE(Index(2, 2).data(Qt::UserRole).isValid());
     EXPECT_FALSE(Index(2, 2).data(Qt::DecorationRole).isValid());
-    grid.SetCellPicture(2, 2, 1);
-    EXPECT_EQ(grid.CellPicture(2, 2), 1);
+    grid.Cells().SetCellPicture(2, 2, 1);
+    EXPECT_EQ(grid.Cells().CellPicture(2, 2), 1);
     EXPECT_EQ(Index(2, 2).data(Qt::UserRole).toInt(), 1);
     const auto icon = Index(2, 2).data(Qt::DecorationRole).value<QIcon>();
     EXPECT_EQ(icon.pixmap(16).toImage().pixelColor(8, 8), QColor(Qt::red));
@@ -380,37 +380,37 @@ TEST_F(SpreadTest, APictureIsDrawnInPlaceOfTheText)
 {
     QPixmap red(16, 16);
     red.fill(Qt::red);
-    grid.SetPictures({QIcon(red)});
-    grid.SetText(3, 2, u"2"_q);
-    grid.SetCellPicture(3, 2, 0);
+    grid.Cells().SetPictures({QIcon(red)});
+    grid.Cells().SetText(3, 2, u"2"_q);
+    grid.Cells().SetCellPicture(3, 2, 0);
     Show();
     const QImage seen = grid.viewport()->grab().toImage();
     EXPECT_EQ(seen.pixelColor(Place(3, 2)), QColor(Qt::red));
-    EXPECT_EQ(grid.GetText(3, 2), u"2"_q);
+    EXPECT_EQ(grid.Cells().Text(3, 2), u"2"_q);
 }
 
 TEST_F(SpreadTest, AColumnsPictureIsThatOfEveryRowAlsoOfLaterOnes)
 {
-    grid.SetCellPicture(2, 3, 0);
-    grid.SetCellPicture(2, fpSpread::All, 1);
-    grid.SetMaxRows(21);
-    EXPECT_EQ(grid.CellPicture(2, 3), 1);
-    EXPECT_EQ(grid.CellPicture(2, 21), 1);
-    grid.SetCellPicture(2, 21, 0);
-    EXPECT_EQ(grid.CellPicture(2, 21), 0);
-    grid.SetCellPicture(2, 21, -1);
-    EXPECT_EQ(grid.CellPicture(2, 21), -1);
-    EXPECT_EQ(grid.CellPicture(2, 0), -1);
-    EXPECT_EQ(grid.CellPicture(2, 22), -1);
+    grid.Cells().SetCellPicture(2, 3, 0);
+    grid.Cells().SetCellPicture(2, SpreadModel::All, 1);
+    grid.Cells().SetMaxRows(21);
+    EXPECT_EQ(grid.Cells().CellPicture(2, 3), 1);
+    EXPECT_EQ(grid.Cells().CellPicture(2, 21), 1);
+    grid.Cells().SetCellPicture(2, 21, 0);
+    EXPECT_EQ(grid.Cells().CellPicture(2, 21), 0);
+    grid.Cells().SetCellPicture(2, 21, -1);
+    EXPECT_EQ(grid.Cells().CellPicture(2, 21), -1);
+    EXPECT_EQ(grid.Cells().CellPicture(2, 0), -1);
+    EXPECT_EQ(grid.Cells().CellPicture(2, 22), -1);
 }
 
 TEST_F(SpreadTest, PicturesStayOnTheirRowsWhileTextsChange)
 {
-    grid.SetCellPicture(2, 3, 1);
-    grid.SetMaxRows(10);
+    grid.Cells().SetCellPicture(2, 3, 1);
+    grid.Cells().SetMaxRows(10);
     for (int row = 1; row <= 10; ++row)
-        grid.SetText(2, row, QString::number(row));
-    EXPECT_EQ(grid.CellPicture(2, 3), 1);
+        grid.Cells().SetText(2, row, QString::number(row));
+    EXPECT_EQ(grid.Cells().CellPicture(2, 3), 1);
 }
 
 TEST_F(SpreadTest, ACellsColoursGoBeforeItsRowsAndTheseBeforeItsColumns)
@@ -418,9 +418,9 @@ TEST_F(SpreadTest, ACellsColoursGoBeforeItsRowsAndTheseBeforeItsColumns)
     const auto back = [&](int col, int row) {
         return Index(col, row).data(Qt::BackgroundRole).value<QColor>();
     };
-    grid.SetRangeColors(2, fpSpread::All, Qt::red, Qt::white);
-    grid.SetRangeColors(fpSpread::All, 3, Qt::green, QColor());
-    grid.SetRangeColors(2, 4, Qt::blue, Qt::black);
+    grid.Cells().SetColors(2, SpreadModel::All, Qt::red, Qt::white);
+    grid.Cells().SetColors(SpreadModel::All, 3, Qt::green, QColor());
+    grid.Cells().SetColors(2, 4, Qt::blue, Qt::black);
     EXPECT_EQ(back(2, 1), QColor(Qt::red));
     EXPECT_EQ(back(2, 3), QColor(Qt::green));
     EXPECT_EQ(back(2, 4), QColor(Qt::blue));
@@ -430,55 +430,55 @@ TEST_F(SpreadTest, ACellsColoursGoBeforeItsRowsAndTheseBeforeItsColumns)
 
 TEST_F(SpreadTest, ARowsColoursTakeItsTitleAlong)
 {
-    grid.SetRangeColors(fpSpread::All, 2, QColor(232, 236, 243), QColor(0, 0, 255));
+    grid.Cells().SetColors(SpreadModel::All, 2, QColor(232, 236, 243), QColor(0, 0, 255));
     EXPECT_EQ(grid.model()->headerData(1, Qt::Vertical, Qt::ForegroundRole).value<QColor>(),
               QColor(0, 0, 255));
 }
 
 TEST_F(SpreadTest, ColoursForEverythingTakeAllOthersAway)
 {
-    grid.SetRangeColors(2, 4, Qt::blue, Qt::black);
-    grid.SetRangeColors(fpSpread::All, 4, Qt::green, Qt::black);
-    grid.SetRangeColors(fpSpread::All, fpSpread::All, Qt::white, Qt::black);
+    grid.Cells().SetColors(2, 4, Qt::blue, Qt::black);
+    grid.Cells().SetColors(SpreadModel::All, 4, Qt::green, Qt::black);
+    grid.Cells().SetColors(SpreadModel::All, SpreadModel::All, Qt::white, Qt::black);
     EXPECT_EQ(Index(2, 4).data(Qt::BackgroundRole).value<QColor>(), QColor(Qt::white));
 }
 
 TEST_F(SpreadTest, AColumnOfNumbersGroupsItsDigitsOnTheScreenOnly)
 {
-    grid.SetColNumber(5, true);
-    grid.SetText(5, 1, u"1234567"_q);
+    grid.Cells().SetNumber(5, true);
+    grid.Cells().SetText(5, 1, u"1234567"_q);
     const auto& delegate = static_cast<const SpreadDelegate&>(*grid.itemDelegate());
     EXPECT_EQ(delegate.ShownText(Index(5, 1)), u"1,234,567"_q);
-    EXPECT_EQ(grid.GetText(5, 1), u"1234567"_q);
-    EXPECT_TRUE(grid.ColNumber(5));
+    EXPECT_EQ(grid.Cells().Text(5, 1), u"1234567"_q);
+    EXPECT_TRUE(grid.Cells().IsNumber(5));
     EXPECT_EQ(Index(5, 1).data(Qt::TextAlignmentRole).toInt() & Qt::AlignHorizontal_Mask, Qt::AlignRight);
 }
 
 TEST_F(SpreadTest, ATextThatACellHoldsAlreadyIsNoChange)
 {
-    grid.SetText(2, 1, u"one"_q);
-    grid.SetText(2, 2, QString());
+    grid.Cells().SetText(2, 1, u"one"_q);
+    grid.Cells().SetText(2, 2, QString());
     const QSignalSpy changes(grid.model(), &QAbstractItemModel::dataChanged);
-    grid.SetText(2, 1, u"one"_q);
-    grid.SetText(2, 2, QString());
+    grid.Cells().SetText(2, 1, u"one"_q);
+    grid.Cells().SetText(2, 2, QString());
     EXPECT_EQ(changes.size(), 0);
-    grid.SetText(2, 1, u"two"_q);
+    grid.Cells().SetText(2, 1, u"two"_q);
     EXPECT_EQ(changes.size(), 1);
 }
 
 TEST_F(SpreadTest, AnEmptyTextOverridesABoundCellThatHadNoneOfItsOwn)
 {
     grid.SetDataSource(std::make_shared<CountingSource>(3, 20));
-    grid.SetText(2, 2, u""_q);
-    EXPECT_EQ(grid.GetText(2, 2), QString());
+    grid.Cells().SetText(2, 2, u""_q);
+    EXPECT_EQ(grid.Cells().Text(2, 2), QString());
 }
 
 TEST_F(SpreadTest, ChangesInOneGoAreAnnouncedWhenTheyAreDone)
 {
     const QSignalSpy changes(grid.model(), &QAbstractItemModel::dataChanged);
     grid.InOneGo([&] {
-        grid.SetText(2, 1, u"one"_q);
-        grid.SetText(2, 2, u"two"_q);
+        grid.Cells().SetText(2, 1, u"one"_q);
+        grid.Cells().SetText(2, 2, u"two"_q);
         EXPECT_EQ(changes.size(), 0);
     });
     EXPECT_EQ(changes.size(), 1);
@@ -501,13 +501,13 @@ TEST_F(SpreadTest, WithoutReDrawNoChangeIsAnnouncedUntilItIsOnAgain)
 {
     const QSignalSpy changes(grid.model(), &QAbstractItemModel::dataChanged);
     grid.SetReDraw(false);
-    grid.SetText(2, 1, u"x"_q);
-    grid.SetCellPicture(1, 1, 0);
+    grid.Cells().SetText(2, 1, u"x"_q);
+    grid.Cells().SetCellPicture(1, 1, 0);
     EXPECT_EQ(changes.count(), 0);
     EXPECT_FALSE(grid.ReDraw());
     grid.SetReDraw(true);
     EXPECT_EQ(changes.count(), 1);
-    grid.SetText(2, 1, u"y"_q);
+    grid.Cells().SetText(2, 1, u"y"_q);
     EXPECT_EQ(changes.count(), 2);
 }
 
@@ -524,9 +524,9 @@ TEST_F(SpreadTest, TheActiveCellIsTheFirstUntilSomethingMakesAnotherOneActive)
 TEST_F(SpreadTest, AGridWithoutRowsHasItsFirstCellActive)
 {
     grid.SetActiveCell(3, 7);
-    grid.SetMaxRows(0);
+    grid.Cells().SetMaxRows(0);
     EXPECT_EQ(grid.ActiveRow(), 1);
-    grid.SetMaxRows(5);
+    grid.Cells().SetMaxRows(5);
     EXPECT_EQ(grid.ActiveRow(), 1);
     EXPECT_TRUE(grid.currentIndex().isValid());
 }
@@ -601,7 +601,7 @@ TEST_F(SpreadTest, OtherButtonsClickNothing)
 TEST_F(SpreadTest, AClickBesideTheCellsIsNone)
 {
     Show();
-    grid.SetMaxRows(2);
+    grid.Cells().SetMaxRows(2);
     QSignalSpy clicks(&grid, &fpSpread::Click);
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, QPoint(20, 200));
     EXPECT_EQ(clicks.count(), 0);
@@ -683,7 +683,7 @@ TEST_F(SpreadTest, ADoubleClickOnATitleIsOneOfRowZero)
 TEST_F(SpreadTest, ADoubleClickBesideTheCellsIsOneOfNoCell)
 {
     Show();
-    grid.SetMaxRows(2);
+    grid.Cells().SetMaxRows(2);
     QSignalSpy clicks(&grid, &fpSpread::Click);
     QSignalSpy doubles(&grid, &fpSpread::DblClick);
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, QPoint(20, 200));
@@ -708,7 +708,7 @@ TEST_F(SpreadTest, AClickMayEndTheGrid)
 
 TEST_F(SpreadTest, AButtonColumnBearsItsCaptionInEveryRow)
 {
-    EXPECT_EQ(grid.GetText(4, 20), u"x"_q);
+    EXPECT_EQ(grid.Cells().Text(4, 20), u"x"_q);
     EXPECT_EQ(Index(4, 1).data().toString(), u"x"_q);
 }
 
@@ -748,7 +748,7 @@ TEST_F(SpreadTest, WithoutSpaceClicksTheSpaceBarDoesNothingInCellsWithoutTextEnt
     Press(Qt::Key_Space);
     EXPECT_TRUE(IsEditing());
     grid.CommitEdit();
-    EXPECT_EQ(grid.GetText(2, 3), u" "_q);
+    EXPECT_EQ(grid.Cells().Text(2, 3), u" "_q);
 }
 
 TEST_F(SpreadTest, ResetTurnsSpaceClicksOnAgain)
@@ -782,12 +782,12 @@ TEST_F(SpreadTest, ArrowsWalkFromCellToCellPastHiddenRows)
 TEST_F(SpreadTest, TypingReplacesTheTextOfAnEditCell)
 {
     Show();
-    grid.SetText(3, 2, u"010-1111-2222"_q);
+    grid.Cells().SetText(3, 2, u"010-1111-2222"_q);
     grid.SetActiveCell(3, 2);
     Type("019");
     EXPECT_TRUE(IsEditing());
     grid.CommitEdit();
-    EXPECT_EQ(grid.GetText(3, 2), u"019"_q);
+    EXPECT_EQ(grid.Cells().Text(3, 2), u"019"_q);
     EXPECT_FALSE(IsEditing());
     EXPECT_TRUE(grid.hasFocus());
 }
@@ -795,12 +795,12 @@ TEST_F(SpreadTest, TypingReplacesTheTextOfAnEditCell)
 TEST_F(SpreadTest, WhatAnInputMethodCommitsReplacesTheTextToo)
 {
     Show();
-    grid.SetText(2, 2, u"김구"_q);
+    grid.Cells().SetText(2, 2, u"김구"_q);
     grid.SetActiveCell(2, 2);
     Commit(u"홍"_q);
     Commit(u"길동"_q);
     grid.CommitEdit();
-    EXPECT_EQ(grid.GetText(2, 2), u"홍길동"_q);
+    EXPECT_EQ(grid.Cells().Text(2, 2), u"홍길동"_q);
 }
 
 TEST_F(SpreadTest, AnInputMethodMayComposeBeforeItCommits)
@@ -808,27 +808,27 @@ TEST_F(SpreadTest, AnInputMethodMayComposeBeforeItCommits)
     Show();
     grid.SetActiveCell(2, 2);
     EXPECT_TRUE(grid.testAttribute(Qt::WA_InputMethodEnabled));
-    grid.SetText(2, 2, u"김구"_q);
+    grid.Cells().SetText(2, 2, u"김구"_q);
     for (const QString& composed : {u"ㅎ"_q, u"호"_q, u"홍"_q}) {
         QInputMethodEvent composing(composed, {});
         QCoreApplication::sendEvent(QApplication::focusWidget(), &composing);
     }
-    EXPECT_EQ(grid.GetText(2, 2), u"김구"_q);
+    EXPECT_EQ(grid.Cells().Text(2, 2), u"김구"_q);
     Commit(u"홍"_q);
     Commit(u"길동"_q);
     grid.CommitEdit();
-    EXPECT_EQ(grid.GetText(2, 2), u"홍길동"_q);
+    EXPECT_EQ(grid.Cells().Text(2, 2), u"홍길동"_q);
 }
 
 TEST_F(SpreadTest, TypingInAStaticCellDoesNothing)
 {
     Show();
-    grid.SetText(1, 1, u"01"_q);
-    grid.SetText(1, 5, u"05"_q);
+    grid.Cells().SetText(1, 1, u"01"_q);
+    grid.Cells().SetText(1, 5, u"05"_q);
     Type("05");
     EXPECT_FALSE(IsEditing());
     EXPECT_EQ(grid.ActiveRow(), 1);
-    EXPECT_EQ(grid.GetText(1, 1), u"01"_q);
+    EXPECT_EQ(grid.Cells().Text(1, 1), u"01"_q);
 }
 
 TEST_F(SpreadTest, TypingStopsAtTheCharacterLimit)
@@ -837,11 +837,11 @@ TEST_F(SpreadTest, TypingStopsAtTheCharacterLimit)
     grid.SetActiveCell(2, 1);
     Type("abcdefg");
     grid.CommitEdit();
-    EXPECT_EQ(grid.GetText(2, 1), u"abcdef"_q);
+    EXPECT_EQ(grid.Cells().Text(2, 1), u"abcdef"_q);
     grid.SetActiveCell(3, 1);
     Type("01012345678901");
     grid.CommitEdit();
-    EXPECT_EQ(grid.GetText(3, 1), u"0101234567890"_q);
+    EXPECT_EQ(grid.Cells().Text(3, 1), u"0101234567890"_q);
 }
 
 TEST_F(SpreadTest, AnInputMethodStopsAtTheCharacterLimit)
@@ -851,7 +851,7 @@ TEST_F(SpreadTest, AnInputMethodStopsAtTheCharacterLimit)
     Commit(u"가나다라"_q);
     Commit(u"마바사아"_q);
     grid.CommitEdit();
-    EXPECT_EQ(grid.GetText(2, 1), u"가나다라마바"_q);
+    EXPECT_EQ(grid.Cells().Text(2, 1), u"가나다라마바"_q);
 }
 
 TEST_F(SpreadTest, APasteIntoTheCellOrItsEditorIsCutAtTheLimit)
@@ -860,13 +860,13 @@ TEST_F(SpreadTest, APasteIntoTheCellOrItsEditorIsCutAtTheLimit)
     QApplication::clipboard()->setText(QString(100000, u'가'));
     grid.SetActiveCell(2, 1);
     Press(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(grid.GetText(2, 1), u"가가가가가가"_q);
+    EXPECT_EQ(grid.Cells().Text(2, 1), u"가가가가가가"_q);
     grid.SetActiveCell(2, 2);
     Press(Qt::Key_F2);
     ASSERT_TRUE(IsEditing());
     Press(Qt::Key_V, Qt::ControlModifier);
     grid.CommitEdit();
-    EXPECT_EQ(grid.GetText(2, 2), u"가가가가가가"_q);
+    EXPECT_EQ(grid.Cells().Text(2, 2), u"가가가가가가"_q);
 }
 
 /// Something put into the middle of the full cell (2, 1), "abcdef".
@@ -876,7 +876,7 @@ protected:
     void Open()
     {
         Show();
-        grid.SetText(2, 1, u"abcdef"_q);
+        grid.Cells().SetText(2, 1, u"abcdef"_q);
         grid.SetActiveCell(2, 1);
         Press(Qt::Key_F2);
         editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
@@ -897,7 +897,7 @@ TEST_F(FullCell, KeepsItsEndWhenSomethingIsTypedIntoItsMiddle)
     Type("xy");
     EXPECT_EQ(editor->cursorPosition(), 3);
     grid.CommitEdit();
-    EXPECT_EQ(grid.GetText(2, 1), u"abxdef"_q);
+    EXPECT_EQ(grid.Cells().Text(2, 1), u"abxdef"_q);
 }
 
 TEST_F(FullCell, TakesOfAPasteWhatFitsInPlaceOfTheSelection)
@@ -908,7 +908,7 @@ TEST_F(FullCell, TakesOfAPasteWhatFitsInPlaceOfTheSelection)
     Press(Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(editor->cursorPosition(), 3);
     grid.CommitEdit();
-    EXPECT_EQ(grid.GetText(2, 1), u"a12def"_q);
+    EXPECT_EQ(grid.Cells().Text(2, 1), u"a12def"_q);
 }
 
 TEST_F(FullCell, TakesOfACommitWhatFitsInPlaceOfTheSelection)
@@ -917,7 +917,7 @@ TEST_F(FullCell, TakesOfACommitWhatFitsInPlaceOfTheSelection)
     editor->setSelection(1, 2);
     Commit(u"가나다"_q);
     grid.CommitEdit();
-    EXPECT_EQ(grid.GetText(2, 1), u"a가나def"_q);
+    EXPECT_EQ(grid.Cells().Text(2, 1), u"a가나def"_q);
 }
 
 TEST_F(SpreadTest, TheLimitHalvesNoPairOfUnits)
@@ -928,22 +928,22 @@ TEST_F(SpreadTest, TheLimitHalvesNoPairOfUnits)
     for (int i = 0; i < 2; ++i)
         Commit(pairs);
     grid.CommitEdit();
-    EXPECT_EQ(grid.GetText(3, 1), u"😀😀😀😀😀😀"_q);
+    EXPECT_EQ(grid.Cells().Text(3, 1), u"😀😀😀😀😀😀"_q);
     grid.SetActiveCell(3, 2);
     QApplication::clipboard()->setText(pairs + pairs);
     Press(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(grid.GetText(3, 2), u"😀😀😀😀😀😀"_q);
+    EXPECT_EQ(grid.Cells().Text(3, 2), u"😀😀😀😀😀😀"_q);
 }
 
 TEST_F(SpreadTest, ATextBeyondTheLimitIsCutByNoLookAtIt)
 {
     Show();
-    grid.SetText(2, 1, u"abcdefgh"_q);
+    grid.Cells().SetText(2, 1, u"abcdefgh"_q);
     grid.SetActiveCell(2, 1);
     Press(Qt::Key_F2);
     ASSERT_TRUE(IsEditing());
     grid.CommitEdit();
-    EXPECT_EQ(grid.GetText(2, 1), u"abcdefgh"_q);
+    EXPECT_EQ(grid.Cells().Text(2, 1), u"abcdefgh"_q);
 }
 
 TEST_F(SpreadTest, OfAPastedTextACellTakesTheFirstLine)
@@ -952,7 +952,7 @@ TEST_F(SpreadTest, OfAPastedTextACellTakesTheFirstLine)
     QApplication::clipboard()->setText(u"홍길동\r\n김구"_q);
     grid.SetActiveCell(2, 1);
     Press(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(grid.GetText(2, 1), u"홍길동"_q);
+    EXPECT_EQ(grid.Cells().Text(2, 1), u"홍길동"_q);
 }
 
 TEST_F(SpreadTest, TheOwnerIsOfferedAPasteFirstOnWhateverCell)
@@ -970,34 +970,34 @@ TEST_F(SpreadTest, TheOwnerIsOfferedAPasteFirstOnWhateverCell)
         Press(Qt::Key_V, Qt::ControlModifier);
     }
     EXPECT_EQ(offered, QStringList({u"가\n나"_q, u"가\n나"_q}));
-    EXPECT_EQ(grid.GetText(2, 1), QString());
+    EXPECT_EQ(grid.Cells().Text(2, 1), QString());
     takes = false;
     Press(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(grid.GetText(2, 1), u"가"_q);
+    EXPECT_EQ(grid.Cells().Text(2, 1), u"가"_q);
 }
 
 TEST_F(SpreadTest, APasteIntoAStaticCellDoesNothing)
 {
     Show();
     QApplication::clipboard()->setText(u"x"_q);
-    grid.SetText(1, 1, u"01"_q);
+    grid.Cells().SetText(1, 1, u"01"_q);
     Press(Qt::Key_V, Qt::ControlModifier);
     Press(Qt::Key_Delete);
-    EXPECT_EQ(grid.GetText(1, 1), u"01"_q);
+    EXPECT_EQ(grid.Cells().Text(1, 1), u"01"_q);
 }
 
 TEST_F(SpreadTest, CopyAndCutTakeTheTextOfTheActiveCell)
 {
     Show();
-    grid.SetText(3, 1, u"010"_q);
+    grid.Cells().SetText(3, 1, u"010"_q);
     grid.SetActiveCell(3, 1);
     Press(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), u"010"_q);
-    EXPECT_EQ(grid.GetText(3, 1), u"010"_q);
-    grid.SetText(3, 1, u"011"_q);
+    EXPECT_EQ(grid.Cells().Text(3, 1), u"010"_q);
+    grid.Cells().SetText(3, 1, u"011"_q);
     Press(Qt::Key_X, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), u"011"_q);
-    EXPECT_EQ(grid.GetText(3, 1), QString());
+    EXPECT_EQ(grid.Cells().Text(3, 1), QString());
 }
 
 /// Rows 1 to 5 with a number, a name, a phone number and a hidden value each.
@@ -1008,10 +1008,10 @@ protected:
     {
         Show();
         for (int row = 1; row <= 5; ++row) {
-            grid.SetText(1, row, u"0%1"_q.arg(row));
-            grid.SetText(2, row, u"이름%1"_q.arg(row));
-            grid.SetText(3, row, u"010-%1"_q.arg(row));
-            grid.SetText(5, row, u"숨김"_q);
+            grid.Cells().SetText(1, row, u"0%1"_q.arg(row));
+            grid.Cells().SetText(2, row, u"이름%1"_q.arg(row));
+            grid.Cells().SetText(3, row, u"010-%1"_q.arg(row));
+            grid.Cells().SetText(5, row, u"숨김"_q);
         }
         QApplication::clipboard()->setText(u"before"_q);
     }
@@ -1058,7 +1058,7 @@ TEST_F(SpreadBlock, ADragSelectsItAndTheCellOfThePressStaysTheActiveOne)
 TEST_F(SpreadBlock, ADragBeyondTheCellsEndsAtTheLastOnView)
 {
     Open();
-    grid.SetMaxRows(3);
+    grid.Cells().SetMaxRows(3);
     QTest::mousePress(grid.viewport(), Qt::LeftButton, {}, Place(3, 2));
     QTest::mouseMove(grid.viewport(), QPoint(290, 290));
     EXPECT_EQ(Copied(), u"010-2\n010-3"_q);
@@ -1092,7 +1092,7 @@ TEST_F(SpreadBlock, ShiftAndAClickSelectsItAndIsNoClick)
 TEST_F(SpreadBlock, ShiftAndAClickOnAMarkIsAClick)
 {
     Open();
-    grid.SetColType(2, fpSpread::CellType::Picture);
+    grid.Cells().SetType(2, SpreadModel::CellType::Picture);
     QSignalSpy clicks(&grid, &fpSpread::Click);
     grid.SetActiveCell(3, 1);
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, Qt::ShiftModifier, Place(2, 3));
@@ -1153,7 +1153,7 @@ TEST_F(SpreadBlock, AnArrowAloneEndsItAlsoAtTheRim)
 TEST_F(SpreadBlock, CtrlASelectsAllAndHiddenColumnsRemovedRowsAndButtonsAreNotCopied)
 {
     Open();
-    grid.SetMaxRows(3);
+    grid.Cells().SetMaxRows(3);
     grid.SetRowHidden(2, true);
     Press(Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(Copied(), u"01\t이름1\t010-1\n03\t이름3\t010-3"_q);
@@ -1162,8 +1162,8 @@ TEST_F(SpreadBlock, CtrlASelectsAllAndHiddenColumnsRemovedRowsAndButtonsAreNotCo
 TEST_F(SpreadBlock, AMarkIsCopiedAsNothing)
 {
     Open();
-    grid.SetPictures({QIcon()});
-    grid.SetCellPicture(1, 2, 0);
+    grid.Cells().SetPictures({QIcon()});
+    grid.Cells().SetCellPicture(1, 2, 0);
     Drag(1, 1, 2, 2);
     EXPECT_EQ(Copied(), u"01\t이름1\n\t이름2"_q);
 }
@@ -1182,13 +1182,13 @@ TEST_F(SpreadBlock, DeleteEmptiesItsEditCellsOnView)
     Drag(1, 2, 3, 4);
     Press(Qt::Key_Delete);
     for (const int row : {2, 4}) {
-        EXPECT_EQ(grid.GetText(1, row), u"0%1"_q.arg(row));
-        EXPECT_EQ(grid.GetText(2, row), QString());
-        EXPECT_EQ(grid.GetText(3, row), QString());
-        EXPECT_EQ(grid.GetText(5, row), u"숨김"_q);
+        EXPECT_EQ(grid.Cells().Text(1, row), u"0%1"_q.arg(row));
+        EXPECT_EQ(grid.Cells().Text(2, row), QString());
+        EXPECT_EQ(grid.Cells().Text(3, row), QString());
+        EXPECT_EQ(grid.Cells().Text(5, row), u"숨김"_q);
     }
-    EXPECT_EQ(grid.GetText(2, 3), u"이름3"_q);
-    EXPECT_EQ(grid.GetText(2, 5), u"이름5"_q);
+    EXPECT_EQ(grid.Cells().Text(2, 3), u"이름3"_q);
+    EXPECT_EQ(grid.Cells().Text(2, 5), u"이름5"_q);
 }
 
 TEST_F(SpreadBlock, CutCopiesItAndEmptiesItsEditCells)
@@ -1197,7 +1197,7 @@ TEST_F(SpreadBlock, CutCopiesItAndEmptiesItsEditCells)
     Drag(2, 2, 3, 2);
     Press(Qt::Key_X, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), u"이름2\t010-2"_q);
-    EXPECT_EQ(grid.GetText(2, 2) + grid.GetText(3, 2), QString());
+    EXPECT_EQ(grid.Cells().Text(2, 2) + grid.Cells().Text(3, 2), QString());
 }
 
 TEST_F(SpreadBlock, IsTintedBesideTheActiveCell)
@@ -1238,8 +1238,8 @@ TEST_F(SpreadBlock, TheMenuHasWhatAppliesInKorean)
 TEST_F(SpreadBlock, WhereNothingCanBeEditedTheMenuCopiesOnly)
 {
     Open();
-    grid.SetColType(2, CellType::StaticText);
-    grid.SetColType(3, CellType::StaticText);
+    grid.Cells().SetType(2, CellType::StaticText);
+    grid.Cells().SetType(3, CellType::StaticText);
     QMenu* menu = AskForMenu(QContextMenuEvent::Keyboard);
     ASSERT_NE(menu, nullptr);
     EXPECT_EQ(Entries(*menu), QStringList{u"복사"_q});
@@ -1260,8 +1260,8 @@ TEST_F(SpreadBlock, TheMenuActsOnTheSelectionAndAPressBesideItMovesIt)
     EXPECT_EQ(grid.ActiveRow(), 5);
     menu->actions()[2]->trigger();
     menu->close();
-    EXPECT_EQ(grid.GetText(2, 5), QString());
-    EXPECT_EQ(grid.GetText(2, 3), u"이름3"_q);
+    EXPECT_EQ(grid.Cells().Text(2, 5), QString());
+    EXPECT_EQ(grid.Cells().Text(2, 3), u"이름3"_q);
 }
 
 TEST_F(SpreadBlock, TheMenuPastesAsCtrlVDoes)
@@ -1298,7 +1298,7 @@ TEST_F(SpreadBlock, ShiftAndF10EndAnEditBeforeTheMenuOpens)
     Type("9");
     Press(Qt::Key_F10, Qt::ShiftModifier);
     EXPECT_FALSE(IsEditing());
-    EXPECT_EQ(grid.GetText(3, 2), u"010-29"_q);
+    EXPECT_EQ(grid.Cells().Text(3, 2), u"010-29"_q);
     QApplication::activePopupWidget()->close();
 }
 
@@ -1319,7 +1319,7 @@ TEST_F(SpreadTest, TheLastColumnOnViewHasTheRoomThatIsLeft)
 
 TEST_F(SpreadTest, TheLastColumnHasTheRoomThatIsLeftAlsoWhileThereAreNoRows)
 {
-    grid.SetMaxRows(0);
+    grid.Cells().SetMaxRows(0);
     Show();
     EXPECT_EQ(grid.horizontalHeader()->length(), grid.viewport()->width());
 }
@@ -1327,38 +1327,38 @@ TEST_F(SpreadTest, TheLastColumnHasTheRoomThatIsLeftAlsoWhileThereAreNoRows)
 TEST_F(SpreadTest, F2AndADoubleClickEditInPlace)
 {
     Show();
-    grid.SetText(3, 1, u"010"_q);
+    grid.Cells().SetText(3, 1, u"010"_q);
     grid.SetActiveCell(3, 1);
     Press(Qt::Key_F2);
     Type("1");
     grid.CommitEdit();
-    EXPECT_EQ(grid.GetText(3, 1), u"0101"_q);
+    EXPECT_EQ(grid.Cells().Text(3, 1), u"0101"_q);
     DoubleClickOn(3, 1);
     ASSERT_TRUE(IsEditing());
     Type("2");
     grid.CommitEdit();
-    EXPECT_EQ(grid.GetText(3, 1), u"01012"_q);
+    EXPECT_EQ(grid.Cells().Text(3, 1), u"01012"_q);
 }
 
 TEST_F(SpreadTest, DeleteClearsAnEditCell)
 {
     Show();
-    grid.SetText(3, 1, u"010"_q);
+    grid.Cells().SetText(3, 1, u"010"_q);
     grid.SetActiveCell(3, 1);
     Press(Qt::Key_Delete);
-    EXPECT_EQ(grid.GetText(3, 1), QString());
+    EXPECT_EQ(grid.Cells().Text(3, 1), QString());
     EXPECT_FALSE(IsEditing());
 }
 
 TEST_F(SpreadTest, EscapeLeavesTheTextAsItWas)
 {
     Show();
-    grid.SetText(3, 1, u"010"_q);
+    grid.Cells().SetText(3, 1, u"010"_q);
     grid.SetActiveCell(3, 1);
     Type("9");
     Press(Qt::Key_Escape);
     EXPECT_FALSE(IsEditing());
-    EXPECT_EQ(grid.GetText(3, 1), u"010"_q);
+    EXPECT_EQ(grid.Cells().Text(3, 1), u"010"_q);
 }
 
 TEST_F(SpreadTest, AClickElsewhereCommitsTheEdit)
@@ -1367,7 +1367,7 @@ TEST_F(SpreadTest, AClickElsewhereCommitsTheEdit)
     grid.SetActiveCell(3, 1);
     Type("010");
     ClickOn(2, 5);
-    EXPECT_EQ(grid.GetText(3, 1), u"010"_q);
+    EXPECT_EQ(grid.Cells().Text(3, 1), u"010"_q);
     EXPECT_EQ(grid.ActiveRow(), 5);
 }
 
@@ -1377,7 +1377,7 @@ TEST_F(SpreadTest, LosingTheFocusCommitsTheEdit)
     grid.SetActiveCell(3, 1);
     Type("010");
     next.setFocus();
-    EXPECT_EQ(grid.GetText(3, 1), u"010"_q);
+    EXPECT_EQ(grid.Cells().Text(3, 1), u"010"_q);
 }
 
 TEST_F(SpreadTest, UpAndDownCommitTheEditAndWalkOn)
@@ -1386,11 +1386,11 @@ TEST_F(SpreadTest, UpAndDownCommitTheEditAndWalkOn)
     grid.SetActiveCell(3, 2);
     Type("010");
     Press(Qt::Key_Down);
-    EXPECT_EQ(grid.GetText(3, 2), u"010"_q);
+    EXPECT_EQ(grid.Cells().Text(3, 2), u"010"_q);
     EXPECT_EQ(grid.ActiveRow(), 3);
     Type("011");
     Press(Qt::Key_Up);
-    EXPECT_EQ(grid.GetText(3, 3), u"011"_q);
+    EXPECT_EQ(grid.Cells().Text(3, 3), u"011"_q);
     EXPECT_EQ(grid.ActiveRow(), 2);
 }
 
@@ -1402,7 +1402,7 @@ TEST_F(SpreadTest, TabCommitsTheEditAndIsEnterForTheOwner)
     grid.SetActiveCell(3, 2);
     Type("010");
     Press(Qt::Key_Tab);
-    EXPECT_EQ(grid.GetText(3, 2), u"010"_q);
+    EXPECT_EQ(grid.Cells().Text(3, 2), u"010"_q);
     EXPECT_TRUE(grid.hasFocus());
     EXPECT_EQ(seen, 1);
 }
@@ -1430,8 +1430,8 @@ TEST_F(SpreadTest, ShiftTabCommitsTheEditAndGoesToTheEditCellBefore)
         EXPECT_EQ(grid.ActiveRow(), row);
         EXPECT_FALSE(IsEditing());
     }
-    EXPECT_EQ(grid.GetText(3, 3), u"1"_q);
-    EXPECT_EQ(grid.GetText(2, 2), QString());
+    EXPECT_EQ(grid.Cells().Text(3, 3), u"1"_q);
+    EXPECT_EQ(grid.Cells().Text(2, 2), QString());
 }
 
 TEST_F(SpreadTest, TheOwnerIsToldWhenTabComesToTheGrid)
@@ -1456,7 +1456,7 @@ TEST_F(SpreadTest, TheOwnerSeesEnterWithTheEditCommitted)
     grid.OnKeyPress = [&](int& key) {
         if (key != 13)
             return;
-        then = grid.GetText(2, 2);
+        then = grid.Cells().Text(2, 2);
         grid.SetActiveCell(3, 2);
         key = 0;
     };
@@ -1467,7 +1467,7 @@ TEST_F(SpreadTest, TheOwnerSeesEnterWithTheEditCommitted)
     EXPECT_EQ(grid.ActiveCol(), 3);
     Type("010");
     Press(Qt::Key_Enter);
-    EXPECT_EQ(grid.GetText(3, 2), u"010"_q);
+    EXPECT_EQ(grid.Cells().Text(3, 2), u"010"_q);
 }
 
 TEST_F(SpreadTest, TheOwnerSeesEnterInAnyCell)
@@ -1496,13 +1496,13 @@ TEST_F(SpreadTest, EditingAndArrowsNeverChangeARemovedRow)
 {
     Show();
     grid.SetActiveCell(3, 2);
-    grid.SetText(3, 2, u"010"_q);
+    grid.Cells().SetText(3, 2, u"010"_q);
     grid.SetRowHidden(2, true);
     Type("9");
     Press(Qt::Key_F2);
     Press(Qt::Key_Delete);
     EXPECT_FALSE(IsEditing());
-    EXPECT_EQ(grid.GetText(3, 2), u"010"_q);
+    EXPECT_EQ(grid.Cells().Text(3, 2), u"010"_q);
 }
 
 TEST_F(SpreadTest, HidingTheRowUnderEditKeepsWhatWasTyped)
@@ -1511,7 +1511,7 @@ TEST_F(SpreadTest, HidingTheRowUnderEditKeepsWhatWasTyped)
     grid.SetActiveCell(3, 2);
     Type("010");
     grid.SetRowHidden(2, true);
-    EXPECT_EQ(grid.GetText(3, 2), u"010"_q);
+    EXPECT_EQ(grid.Cells().Text(3, 2), u"010"_q);
     EXPECT_FALSE(IsEditing());
 }
 
@@ -1522,20 +1522,20 @@ TEST_F(SpreadTest, ResetEndsAnEditWithoutATrace)
     Type("010");
     grid.Reset();
     EXPECT_FALSE(IsEditing());
-    EXPECT_EQ(grid.GetText(3, 2), QString());
+    EXPECT_EQ(grid.Cells().Text(3, 2), QString());
 }
 
 TEST_F(SpreadTest, OpeningAnEditorAloneOverridesNothing)
 {
     Show();
-    grid.SetMaxRows(5);
+    grid.Cells().SetMaxRows(5);
     grid.SetDataSource(std::make_shared<CountingSource>(5, 5));
     grid.SetActiveCell(3, 2);
     Press(Qt::Key_F2);
     grid.CommitEdit();
-    grid.SetMaxRows(0);
-    grid.SetMaxRows(5);
-    EXPECT_EQ(grid.GetText(3, 2), QString());
+    grid.Cells().SetMaxRows(0);
+    grid.Cells().SetMaxRows(5);
+    EXPECT_EQ(grid.Cells().Text(3, 2), QString());
 }
 
 TEST_F(SpreadTest, TheActiveCellWearsTheFocusColourWhileTheGridHasTheFocus)
@@ -1573,13 +1573,13 @@ TEST_F(SpreadTest, TenThousandRowsCanBeFilledAndHidden)
 {
     Show();
     grid.SetReDraw(false);
-    grid.SetMaxRows(10000);
+    grid.Cells().SetMaxRows(10000);
     for (int row = 1; row <= 10000; ++row) {
         for (int col = 1; col <= 3; ++col)
-            grid.SetText(col, row, u"010-1234-5678"_q);
+            grid.Cells().SetText(col, row, u"010-1234-5678"_q);
     }
     grid.SetReDraw(true);
-    EXPECT_EQ(grid.GetText(3, 10000), u"010-1234-5678"_q);
+    EXPECT_EQ(grid.Cells().Text(3, 10000), u"010-1234-5678"_q);
     for (int row = 1; row <= 10000; row += 2)
         grid.SetRowHidden(row, true);
     EXPECT_TRUE(grid.isRowHidden(9998));
@@ -1589,7 +1589,7 @@ TEST_F(SpreadTest, TenThousandRowsCanBeFilledAndHidden)
 TEST_F(SpreadTest, OfAMillionCharactersInACellTheToolTipTakesABeginning)
 {
     Show();
-    grid.SetText(2, 1, QString(1'000'000, u'가'));
+    grid.Cells().SetText(2, 1, QString(1'000'000, u'가'));
     QHelpEvent event(QEvent::ToolTip, Place(2, 1), grid.viewport()->mapToGlobal(Place(2, 1)));
     QApplication::sendEvent(grid.viewport(), &event);
     EXPECT_EQ(QToolTip::text().count(u'가'), MostGiven);

@@ -58,10 +58,10 @@ void StartWindow::BuildList()
     list_->SetRowCursor(true);
     list_->SetSpaceClicks(false);
     list_->SetRowHeight(0, 16);
-    list_->SetRowHeight(fpSpread::All, 18);
-    list_->SetMaxCols(ColumnCount);
-    list_->SetText(NameColumn, 0, QStringLiteral("연결"));
-    list_->SetText(PlaceColumn, 0, QStringLiteral("데이터베이스"));
+    list_->SetRowHeight(SpreadModel::All, 18);
+    list_->Cells().SetMaxCols(ColumnCount);
+    list_->Cells().SetText(NameColumn, 0, QStringLiteral("연결"));
+    list_->Cells().SetText(PlaceColumn, 0, QStringLiteral("데이터베이스"));
     list_->SetColWidth(NameColumn, 20);
     list_->SetColWidth(PlaceColumn, 30);
     list_->SetFillWidth(true);
@@ -97,12 +97,12 @@ void StartWindow::ShowList()
 {
     const QList<SavedConnection>& all = services_.connections.All();
     list_->SetReDraw(false);
-    list_->SetMaxRows(static_cast<int>(all.size()));
+    list_->Cells().SetMaxRows(static_cast<int>(all.size()));
     int row = 0;
     for (const SavedConnection& connection : all) {
         ++row;
-        list_->SetText(NameColumn, row, connection.name);
-        list_->SetText(PlaceColumn, row, PlaceOf(connection));
+        list_->Cells().SetText(NameColumn, row, connection.name);
+        list_->Cells().SetText(PlaceColumn, row, PlaceOf(connection));
     }
     list_->SetReDraw(true);
     list_->SetActiveCell(NameColumn, services_.connections.Chosen() + 1);

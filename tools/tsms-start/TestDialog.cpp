@@ -66,17 +66,17 @@ void TestDialog::BuildList()
     list_->setFixedSize(Room);
     list_->SetRowCursor(true);
     list_->SetSpaceClicks(false);
-    list_->SetPictures(PlainCheckPictures());
+    list_->Cells().SetPictures(PlainCheckPictures());
     list_->SetRowHeight(0, 16);
-    list_->SetRowHeight(fpSpread::All, 16);
-    list_->SetMaxCols(TestColumnCount);
-    list_->SetColType(TickColumn, fpSpread::CellType::Picture);
+    list_->SetRowHeight(SpreadModel::All, 16);
+    list_->Cells().SetMaxCols(TestColumnCount);
+    list_->Cells().SetType(TickColumn, SpreadModel::CellType::Picture);
     const std::pair<QString, double> columns[] = {
         {QStringLiteral("확인"), 6}, {QStringLiteral("항목"), 22}, {QStringLiteral("결과"), 22}};
     int col = 0;
     for (const auto& [title, width] : columns) {
         ++col;
-        list_->SetText(col, 0, title);
+        list_->Cells().SetText(col, 0, title);
         list_->SetColWidth(col, width);
     }
     helper.FormatColumn(*list_, TickColumn, 2);
@@ -122,16 +122,16 @@ void TestDialog::Run()
 void TestDialog::ShowSteps()
 {
     const QList<TestStep>& steps = test_.Steps();
-    list_->SetMaxRows(static_cast<int>(steps.size()));
+    list_->Cells().SetMaxRows(static_cast<int>(steps.size()));
     int row = 0;
     for (const TestStep& step : steps) {
         ++row;
         const bool isBad = step.verdict == TestStep::Verdict::Bad;
-        list_->SetCellPicture(TickColumn, row,
-                              step.verdict == TestStep::Verdict::Good ? CheckTicked : CheckEmpty);
-        list_->SetText(TitleColumn, row, step.title);
-        list_->SetText(VerdictColumn, row, VerdictWords(step.verdict));
-        list_->SetRangeColors(VerdictColumn, row, {}, isBad ? theme::Warning : QColor());
+        list_->Cells().SetCellPicture(TickColumn, row,
+                                      step.verdict == TestStep::Verdict::Good ? CheckTicked : CheckEmpty);
+        list_->Cells().SetText(TitleColumn, row, step.title);
+        list_->Cells().SetText(VerdictColumn, row, VerdictWords(step.verdict));
+        list_->Cells().SetColors(VerdictColumn, row, {}, isBad ? theme::Warning : QColor());
     }
     ShowWords();
 }

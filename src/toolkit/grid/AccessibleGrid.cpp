@@ -66,7 +66,10 @@ public:
     int Col() const { return col_; }
     int Row() const { return row_; }
 
-    bool isValid() const override { return grid_ && col_ <= grid_->MaxCols() && row_ <= grid_->MaxRows(); }
+    bool isValid() const override
+    {
+        return grid_ && col_ <= grid_->Cells().MaxCols() && row_ <= grid_->Cells().MaxRows();
+    }
     QObject* object() const override { return nullptr; }
     QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(grid_); }
     int childCount() const override { return 0; }
@@ -97,7 +100,7 @@ public:
 private:
     bool IsCell() const { return col_ > 0 && row_ > 0; }
     bool IsHidden() const { return grid_->ColHidden(col_) || grid_->RowHidden(row_); }
-    bool IsEdited() const { return IsCell() && grid_->ColType(col_) == fpSpread::CellType::Edit; }
+    bool IsEdited() const { return IsCell() && grid_->Cells().Type(col_) == SpreadModel::CellType::Edit; }
     QModelIndex Index() const { return grid_->model()->index(row_ - 1, col_ - 1); }
     QString Title() const;
     QString Titles() const;
@@ -146,7 +149,7 @@ QAccessible::State AccessiblePart::state() const
 
 void AccessiblePart::AddCellState(QAccessible::State& state) const
 {
-    const int picture = grid_->CellPicture(col_, row_);
+    const int picture = grid_->Cells().CellPicture(col_, row_);
     state.selectable = true;
     state.selected = isSelected();
     state.focusable = true;
@@ -173,7 +176,7 @@ QString AccessiblePart::text(QAccessible::Text kind) const
 void AccessiblePart::setText(QAccessible::Text kind, const QString& text)
 {
     if (isValid() && IsEdited() && (kind == QAccessible::Value || kind == QAccessible::Name))
-        grid_->EnterText(col_, row_, text);
+        grid_->Cells().EnterText(col_, row_, text);
 }
 
 QString AccessiblePart::Title() const
@@ -253,7 +256,7 @@ AccessibleGrid::~AccessibleGrid()
 
 QAccessibleInterface* AccessibleGrid::Part(int col, int row) const
 {
-    if (col < 0 || row < 0 || col > grid_.MaxCols() || row > grid_.MaxRows())
+    if (col < 0 || row < 0 || col > grid_.Cells().MaxCols() || row > grid_.Cells().MaxRows())
         return nullptr;
     QAccessible::Id& id = parts_[{row, col}];
     if (id == 0)

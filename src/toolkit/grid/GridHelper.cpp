@@ -7,7 +7,7 @@ namespace tsms {
 
 QString GridHelper::GetCellText(const fpSpread& grid, int col, int row) const
 {
-    return grid.GetText(col, row);
+    return grid.Cells().Text(col, row);
 }
 
 void GridHelper::PrepareGrid(fpSpread& grid) const
@@ -24,32 +24,34 @@ void GridHelper::LayOut(fpSpread& grid, const std::vector<GridColumn>& columns) 
     int col = 0;
     for (const GridColumn& column : columns) {
         ++col;
-        grid.SetText(col, 0, column.title);
+        grid.Cells().SetText(col, 0, column.title);
         grid.SetColWidth(col, column.width);
         if (column.format == GridColumn::Format::Centred)
             FormatColumn(grid, col, 2);
         if (column.format == GridColumn::Format::Number)
             NumberColumn(grid, col);
         if (column.back.isValid())
-            SetRangeColors(grid, col, fpSpread::All, column.back, column.text);
+            SetRangeColors(grid, col, SpreadModel::All, column.back, column.text);
     }
-    grid.SetMaxCols(col);
+    grid.Cells().SetMaxCols(col);
 }
 
 void GridHelper::FormatColumn(fpSpread& grid, int col, int format) const
 {
-    grid.SetColAlignment(col, format == 2 ? Qt::AlignHCenter : format == 1 ? Qt::AlignRight : Qt::AlignLeft);
+    grid.Cells().SetAlignment(col, format == 2   ? Qt::AlignHCenter
+                                   : format == 1 ? Qt::AlignRight
+                                                 : Qt::AlignLeft);
 }
 
 void GridHelper::NumberColumn(fpSpread& grid, int col) const
 {
-    grid.SetColNumber(col, true);
+    grid.Cells().SetNumber(col, true);
 }
 
 void GridHelper::SetRangeColors(fpSpread& grid, int col, int row, const QColor& back,
                                 const QColor& text) const
 {
-    grid.SetRangeColors(col, row, back, text);
+    grid.Cells().SetColors(col, row, back, text);
 }
 
 void GridHelper::HideColumn(fpSpread& grid, int col) const
@@ -61,7 +63,7 @@ void GridHelper::ClearGrid(fpSpread& grid, bool flag) const
 {
     if (flag)
         grid.SetDataSource(nullptr);
-    grid.SetMaxRows(0);
+    grid.Cells().SetMaxRows(0);
 }
 
 } // namespace tsms

@@ -25,7 +25,7 @@ void Copy(fpSpread& grid)
 void ClearSelected(fpSpread& grid)
 {
     for (const QModelIndex& cell : SelectedEditCells(grid))
-        grid.SetText(cell.column() + 1, cell.row() + 1, QString());
+        grid.Cells().SetText(cell.column() + 1, cell.row() + 1, QString());
 }
 
 void Cut(fpSpread& grid)
@@ -50,13 +50,13 @@ void Paste(fpSpread& grid)
     if (OwnerTakesPaste(grid, text) || !grid.IsEditable(grid.currentIndex()))
         return;
     // A cell takes what stands before a line break.
-    grid.EnterText(grid.ActiveCol(), grid.ActiveRow(), text.first(FirstLineLength(text)));
+    grid.Cells().EnterText(grid.ActiveCol(), grid.ActiveRow(), text.first(FirstLineLength(text)));
 }
 
 bool HasEditColumn(const fpSpread& grid)
 {
-    for (int col = 1; col <= grid.MaxCols(); ++col)
-        if (grid.ColType(col) == fpSpread::CellType::Edit)
+    for (int col = 1; col <= grid.Cells().MaxCols(); ++col)
+        if (grid.Cells().Type(col) == SpreadModel::CellType::Edit)
             return true;
     return false;
 }

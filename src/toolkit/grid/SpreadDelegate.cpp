@@ -87,7 +87,7 @@ void SpreadDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
         const QRect room = cell.adjusted(0, 0, -1, -1);
         const int size = std::min({CellPictureSize, room.width(), room.height()});
         picture.value<QIcon>().paint(painter, Centred(room, size));
-    } else if (cells.Type(Col(index)) == fpSpread::CellType::Button) {
+    } else if (cells.Type(Col(index)) == SpreadModel::CellType::Button) {
         PaintButton(*painter, option, index);
     } else {
         painter->save();

@@ -116,7 +116,7 @@ QWidget* SpreadEditing::createEditor(QWidget* parent, const QStyleOptionViewItem
         index.model()->headerData(index.column(), Qt::Horizontal, Qt::AccessibleTextRole).toString());
     line->setFrame(false);
     line->setTextMargins(0, 0, 0, 0);
-    line->setAlignment(grid_.ColAlignment(col));
+    line->setAlignment(grid_.Cells().Alignment(col));
     if (const int limit = grid_.model_->MaxLength(col); limit > 0)
         HoldLimit(*line, limit);
     QPalette colors = line->palette();
@@ -194,7 +194,7 @@ void SpreadEditing::WalkBack()
     int row = grid_.ActiveRow();
     do {
         if (--col < 1) {
-            col = grid_.MaxCols();
+            col = grid_.Cells().MaxCols();
             --row;
         }
     } while (row >= 1 && !grid_.IsEditable(grid_.model()->index(row - 1, col - 1)));

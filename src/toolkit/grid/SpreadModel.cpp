@@ -1,6 +1,7 @@
 #include "toolkit/grid/SpreadModel.h"
 
 #include "runtime/Numbers.h"
+#include "toolkit/fields/LimitRule.h"
 #include "toolkit/look/Pictures.h"
 #include "toolkit/look/Theme.h"
 
@@ -72,8 +73,8 @@ void SpreadModel::SetMaxCols(int count)
 void SpreadModel::Reset()
 {
     beginResetModel();
-    maxRows_ = fpSpread::DefaultRows;
-    maxCols_ = fpSpread::DefaultCols;
+    maxRows_ = DefaultRows;
+    maxCols_ = DefaultCols;
     columns_.clear();
     rowColors_.clear();
     cellColors_.clear();
@@ -123,6 +124,12 @@ void SpreadModel::SetText(int col, int row, const QString& text)
     Announce(col, row);
 }
 
+void SpreadModel::EnterText(int col, int row, const QString& text)
+{
+    const int limit = MaxLength(col);
+    SetText(col, row, limit > 0 ? text.left(CharactersMeasure.fitting(text, limit)) : text);
+}
+
 void SpreadModel::SetDataSource(std::shared_ptr<const CellSource> source)
 {
     source_ = std::move(source);
@@ -133,18 +140,18 @@ void SpreadModel::SetDataSource(std::shared_ptr<const CellSource> source)
     SetAnnouncing(announcing_);
 }
 
-fpSpread::CellType SpreadModel::Type(int col) const
+SpreadModel::CellType SpreadModel::Type(int col) const
 {
     const Column* column = Find(col);
-    return column ? column->type : fpSpread::CellType::StaticText;
+    return column ? column->type : CellType::StaticText;
 }
 
-void SpreadModel::SetType(int col, fpSpread::CellType type)
+void SpreadModel::SetType(int col, CellType type)
 {
     if (!Has(col, 0))
         return;
     At(col).type = type;
-    Announce(col, fpSpread::All);
+    Announce(col, All);
 }
 
 int SpreadModel::MaxLength(int col) const
@@ -172,7 +179,7 @@ void SpreadModel::SetAlignment(int col, Qt::Alignment alignment)
     if (!(alignment & Qt::AlignVertical_Mask))
         alignment |= Qt::AlignVCenter;
     At(col).alignment = alignment;
-    Announce(col, fpSpread::All);
+    Announce(col, All);
 }
 
 void SpreadModel::SetButton(int col, const QString& caption, const QColor& face, const QColor& text)
@@ -180,12 +187,12 @@ void SpreadModel::SetButton(int col, const QString& caption, const QColor& face,
     if (!Has(col, 0))
         return;
     Column& column = At(col);
-    column.type = fpSpread::CellType::Button;
+    column.type = CellType::Button;
     column.alignment = Qt::AlignCenter;
     column.caption = caption;
     column.face = face;
     column.faceText = text;
-    Announce(col, fpSpread::All);
+    Announce(col, All);
 }
 
 QColor SpreadModel::ButtonFace(int col) const
@@ -223,15 +230,15 @@ void SpreadModel::SetNumber(int col, bool number)
 void SpreadModel::SetColors(int col, int row, const QColor& back, const QColor& text)
 {
     const Colors colors{back, text};
-    if (col == fpSpread::All && row == fpSpread::All) {
+    if (col == All && row == All) {
         rowColors_.clear();
         cellColors_.clear();
         for (int each = 1; each <= maxCols_; ++each)
             At(each).colors = colors;
-    } else if (col == fpSpread::All) {
+    } else if (col == All) {
         if (Has(1, row))
             rowColors_[row] = colors;
-    } else if (row == fpSpread::All) {
+    } else if (row == All) {
         if (Has(col, 0))
             At(col).colors = colors;
     } else if (Has(col, row)) {
@@ -267,7 +274,7 @@ int SpreadModel::CellPicture(int col, int row) const
 void SpreadModel::SetCellPicture(int col, int row, int index)
 {
     index = std::clamp(index, -1, int{std::numeric_limits<qint8>::max()});
-    if (row == fpSpread::All && Has(col, 0)) {
+    if (row == All && Has(col, 0)) {
         At(col).picture = index;
         At(col).pictures.clear();
     } else if (row >= 1 && Has(col, row)) {
@@ -354,7 +361,7 @@ Qt::ItemFlags SpreadModel::flags(const QModelIndex& index) const
     if (!index.isValid())
         return Qt::NoItemFlags;
     const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
-    return Type(index.column() + 1) == fpSpread::CellType::Edit ? flags | Qt::ItemIsEditable : flags;
+    return Type(index.column() + 1) == CellType::Edit ? flags | Qt::ItemIsEditable : flags;
 }
 
 bool SpreadModel::setData(const QModelIndex& index, const QVariant& value, int role)

@@ -18,8 +18,9 @@ void SpreadMouse::Press(QMouseEvent& event)
     if (follows && IsButton(index))
         return; // of a double or triple click: what stands here by now may be another row's
     grid_.CommitEdit();
-    const bool extends = event.modifiers().testFlag(Qt::ShiftModifier) && index.isValid() &&
-                         grid_.ColType(index.column() + 1) != fpSpread::CellType::Picture; // a mark is ticked
+    const bool extends =
+        event.modifiers().testFlag(Qt::ShiftModifier) && index.isValid() &&
+        grid_.Cells().Type(index.column() + 1) != SpreadModel::CellType::Picture; // a mark is ticked
     pressed_ = extends ? QModelIndex() : index; // what only extends the selection is no click
     down_ = true;
     drags_ = extends;
@@ -103,7 +104,7 @@ bool SpreadMouse::Follows(const QMouseEvent& press)
 
 bool SpreadMouse::IsButton(const QModelIndex& index) const
 {
-    return index.isValid() && grid_.ColType(index.column() + 1) == fpSpread::CellType::Button;
+    return index.isValid() && grid_.Cells().Type(index.column() + 1) == SpreadModel::CellType::Button;
 }
 
 } // namespace tsms

@@ -143,15 +143,16 @@ QModelIndex CellTowards(const fpSpread& grid, QPoint place)
 QList<QStringList> SelectedTexts(const fpSpread& grid)
 {
     QList<int> columns = SelectedColumns(grid);
-    columns.removeIf([&](int column) { return grid.ColType(column + 1) == fpSpread::CellType::Button; });
+    columns.removeIf(
+        [&](int column) { return grid.Cells().Type(column + 1) == SpreadModel::CellType::Button; });
     QList<QStringList> texts;
     if (columns.isEmpty())
         return texts;
     for (const int row : SelectedRows(grid)) {
         QStringList values;
         for (const int column : columns) {
-            const bool isMark = grid.CellPicture(column + 1, row + 1) >= 0;
-            values += isMark ? QString() : grid.GetText(column + 1, row + 1);
+            const bool isMark = grid.Cells().CellPicture(column + 1, row + 1) >= 0;
+            values += isMark ? QString() : grid.Cells().Text(column + 1, row + 1);
         }
         texts += values;
     }
@@ -163,7 +164,7 @@ QModelIndexList SelectedEditCells(const fpSpread& grid)
     QModelIndexList cells;
     for (const int row : SelectedRows(grid))
         for (const int column : SelectedColumns(grid))
-            if (grid.ColType(column + 1) == fpSpread::CellType::Edit)
+            if (grid.Cells().Type(column + 1) == SpreadModel::CellType::Edit)
                 cells += grid.model()->index(row, column);
     return cells;
 }

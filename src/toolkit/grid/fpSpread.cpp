@@ -6,7 +6,6 @@
 #include "toolkit/grid/AccessibleGrid.h"
 #include "toolkit/grid/SpreadCommands.h"
 #include "toolkit/grid/SpreadDelegate.h"
-#include "toolkit/grid/SpreadModel.h"
 #include "toolkit/grid/SpreadSelection.h"
 #include "toolkit/grid/SpreadTitles.h"
 #include "toolkit/look/Theme.h"
@@ -68,31 +67,12 @@ fpSpread::fpSpread(QWidget* parent)
     connect(model_, &QAbstractItemModel::rowsInserted, this, &fpSpread::KeepActiveCell);
     connect(model_, &QAbstractItemModel::columnsInserted, this, &fpSpread::KeepActiveCell);
     connect(model_, &QAbstractItemModel::modelReset, this, &fpSpread::KeepActiveCell);
+    for (const auto change : {&QAbstractItemModel::columnsInserted, &QAbstractItemModel::columnsRemoved})
+        connect(model_, change, this, [this] { widths_.KeepFirst(model_->MaxCols()); });
     Reset();
 }
 
 fpSpread::~fpSpread() = default;
-
-int fpSpread::MaxRows() const
-{
-    return model_->MaxRows();
-}
-
-void fpSpread::SetMaxRows(int count)
-{
-    model_->SetMaxRows(count);
-}
-
-int fpSpread::MaxCols() const
-{
-    return model_->MaxCols();
-}
-
-void fpSpread::SetMaxCols(int count)
-{
-    model_->SetMaxCols(count);
-    widths_.KeepFirst(model_->MaxCols());
-}
 
 void fpSpread::Reset()
 {
@@ -108,7 +88,7 @@ void fpSpread::Reset()
     SetBackgroundColor(theme::White);
     SetHeadersVisible(true, true);
     SetRowHeight(0, DefaultRowHeight);
-    SetRowHeight(All, DefaultRowHeight);
+    SetRowHeight(SpreadModel::All, DefaultRowHeight);
     widths_.Apply();
     setCurrentIndex(model_->index(0, 0));
 }
@@ -125,22 +105,6 @@ void fpSpread::InOneGo(const std::function<void()>& changes)
     const auto drawAgain = qScopeGuard([this, before = reDraw_] { SetReDraw(before); });
     SetReDraw(false);
     changes();
-}
-
-QString fpSpread::GetText(int col, int row) const
-{
-    return model_->Text(col, row);
-}
-
-void fpSpread::SetText(int col, int row, const QString& text)
-{
-    model_->SetText(col, row, text);
-}
-
-void fpSpread::EnterText(int col, int row, const QString& text)
-{
-    const int limit = model_->MaxLength(col);
-    SetText(col, row, limit > 0 ? text.left(CharactersMeasure.fitting(text, limit)) : text);
 }
 
 void fpSpread::SetDataSource(std::shared_ptr<const CellSource> source)
@@ -189,7 +153,7 @@ void fpSpread::SetRowHeight(int row, double points)
     const int pixels = std::max(PixelsOfPoints(points), 4);
     if (row == 0) {
         horizontalHeader()->setFixedHeight(pixels);
-    } else if (row == All) {
+    } else if (row == SpreadModel::All) {
         verticalHeader()->setDefaultSectionSize(pixels);
     } else if (HasCell(1, row)) {
         setRowHeight(row - 1, pixels);
@@ -212,12 +176,12 @@ void fpSpread::SetRowHidden(int row, bool hidden)
 
 bool fpSpread::ColHidden(int col) const
 {
-    return col >= 1 && col <= MaxCols() && isColumnHidden(col - 1);
+    return col >= 1 && col <= model_->MaxCols() && isColumnHidden(col - 1);
 }
 
 void fpSpread::SetColHidden(int col, bool hidden)
 {
-    if (col < 1 || col > MaxCols())
+    if (col < 1 || col > model_->MaxCols())
         return;
     widths_.SetHidden(col, hidden);
     KeepActiveCell();
@@ -256,71 +220,6 @@ void fpSpread::SetRowCursor(bool on)
 {
     rowCursor_ = on;
     viewport()->update();
-}
-
-void fpSpread::SetColType(int col, CellType type)
-{
-    model_->SetType(col, type);
-}
-
-fpSpread::CellType fpSpread::ColType(int col) const
-{
-    return model_->Type(col);
-}
-
-void fpSpread::SetColMaxLength(int col, int characters)
-{
-    model_->SetMaxLength(col, characters);
-}
-
-void fpSpread::SetColAlignment(int col, Qt::Alignment alignment)
-{
-    model_->SetAlignment(col, alignment);
-}
-
-Qt::Alignment fpSpread::ColAlignment(int col) const
-{
-    return model_->Alignment(col);
-}
-
-void fpSpread::SetColWords(int col, const QString& words)
-{
-    model_->SetWords(col, words);
-}
-
-void fpSpread::SetColButton(int col, const QString& caption, const QColor& face, const QColor& text)
-{
-    model_->SetButton(col, caption, face, text);
-}
-
-void fpSpread::SetColNumber(int col, bool number)
-{
-    model_->SetNumber(col, number);
-}
-
-bool fpSpread::ColNumber(int col) const
-{
-    return model_->IsNumber(col);
-}
-
-void fpSpread::SetRangeColors(int col, int row, const QColor& back, const QColor& text)
-{
-    model_->SetColors(col, row, back, text);
-}
-
-void fpSpread::SetPictures(const QList<QIcon>& pictures)
-{
-    model_->SetPictures(pictures);
-}
-
-void fpSpread::SetCellPicture(int col, int row, int pictureIndex)
-{
-    model_->SetCellPicture(col, row, pictureIndex);
-}
-
-int fpSpread::CellPicture(int col, int row) const
-{
-    return model_->CellPicture(col, row);
 }
 
 void fpSpread::CommitEdit()
@@ -505,7 +404,7 @@ void fpSpread::changeEvent(QEvent* event)
 
 bool fpSpread::HasCell(int col, int row) const
 {
-    return col >= 1 && col <= MaxCols() && row >= 1 && row <= MaxRows();
+    return col >= 1 && col <= model_->MaxCols() && row >= 1 && row <= model_->MaxRows();
 }
 
 bool fpSpread::IsOnView(const QModelIndex& index) const
@@ -537,14 +436,14 @@ void fpSpread::ClickCell(const QModelIndex& index)
 /// There is an active cell on view whenever there are cells.
 void fpSpread::KeepActiveCell()
 {
-    if (MaxRows() == 0 || MaxCols() == 0)
+    if (model_->MaxRows() == 0 || model_->MaxCols() == 0)
         return;
     const QModelIndex now = currentIndex();
     int col = now.isValid() ? now.column() : 0;
     if (now.isValid() && !isColumnHidden(col))
         return;
     col = 0;
-    while (col < MaxCols() - 1 && isColumnHidden(col))
+    while (col < model_->MaxCols() - 1 && isColumnHidden(col))
         ++col;
     selectionModel()->setCurrentIndex(model_->index(now.isValid() ? now.row() : 0, col),
                                       QItemSelectionModel::ClearAndSelect);

@@ -1,13 +1,11 @@
 #pragma once
 
-#include "runtime/CellSource.h"
 #include "toolkit/grid/ColumnWidths.h"
+#include "toolkit/grid/SpreadModel.h"
 #include "toolkit/grid/SpreadMouse.h"
 
 #include <QAccessible>
 #include <QColor>
-#include <QIcon>
-#include <QList>
 #include <QTableView>
 
 #include <functional>
@@ -17,10 +15,9 @@ namespace tsms {
 
 class SpreadDelegate;
 class SpreadEditing;
-class SpreadModel;
 
-/// The grid of all pages and dialogs. Cells are told by column and row, both from 1; row 0 holds the column
-/// titles, column 0 the row titles. Whatever names a cell outside the grid is ignored, and reads as empty.
+/// The grid of all pages and dialogs: what is seen of its cells, and what a person does with them. Cells are
+/// told as the model tells them, by column and row from 1.
 ///
 /// Widths are in units of a little more than a digit of the grid's font, heights in points.
 ///
@@ -35,21 +32,12 @@ class fpSpread : public QTableView
     Q_OBJECT
 
 public:
-    /// Number: a text that other programs are to take for a number. It is shown as it stands.
-    enum class CellType { StaticText, Edit, Button, Picture, Number };
-
-    static constexpr int All = -1;          ///< all rows or all columns
-    static constexpr int DefaultRows = 500; ///< after Reset, until the set-up says otherwise
-    static constexpr int DefaultCols = 500;
-
     explicit fpSpread(QWidget* parent = nullptr);
     ~fpSpread() override;
 
-    // Size. Rows and columns beyond a smaller size lose their content.
-    int MaxRows() const;
-    void SetMaxRows(int count);
-    int MaxCols() const;
-    void SetMaxCols(int count);
+    /// How many there are, what they hold, how they look.
+    SpreadModel& Cells() { return *model_; }
+    const SpreadModel& Cells() const { return *model_; }
 
     /// Back to the defaults: no content, no source, no hidden rows or columns, no formats, default sizes,
     /// active cell (1, 1), space clicks on. Pictures, FillWidth and the state of ReDraw stay.
@@ -63,13 +51,7 @@ public:
     /// raise.
     void InOneGo(const std::function<void()>& changes);
 
-    // Content.
-    QString GetText(int col, int row) const;
-    void SetText(int col, int row, const QString& text);
-    void EnterText(int col, int row, const QString& text); ///< as a person does: up to the column's limit
-
-    /// Shows the source's rows by position, from row 1 and column 1. Neither size changes. Texts set before
-    /// in its columns are gone; SetText overrides a cell afterwards. Null: none.
+    /// Has the cells show the source's, and drops what is being typed into one.
     void SetDataSource(std::shared_ptr<const CellSource> source);
 
     // The active cell. It is (1, 1) until something else makes another one active.
@@ -98,34 +80,6 @@ public:
     /// Off: the space bar does nothing in cells without text entry.
     void SetSpaceClicks(bool on);
     void SetRowCursor(bool on); ///< tints the whole active row, for lists whose buttons act on it
-
-    // Formats of whole columns.
-    void SetColType(int col, CellType type);
-    CellType ColType(int col) const;
-    void SetColMaxLength(int col, int characters); ///< what a person can type or paste; 0: no limit
-    void SetColAlignment(int col, Qt::Alignment alignment);
-    Qt::Alignment ColAlignment(int col) const;
-
-    /// What a screen reader says of the column where its title says nothing.
-    void SetColWords(int col, const QString& words);
-
-    /// Makes the column one of buttons, all with the same caption, which is also the text of its cells.
-    void SetColButton(int col, const QString& caption, const QColor& face, const QColor& text);
-
-    /// Digits are shown in groups of three, at the right. The texts of the cells stay as they are.
-    void SetColNumber(int col, bool number);
-    bool ColNumber(int col) const;
-
-    /// Colours of a cell, a column (row All), a row with its title (column All) or everything. A cell's own
-    /// colours go before those of its row, and these before those of its column. Invalid colours mean the
-    /// default.
-    void SetRangeColors(int col, int row, const QColor& back, const QColor& text);
-
-    // Mark cells. Any cell that holds a picture shows it in place of its text.
-    void SetPictures(const QList<QIcon>& pictures);
-    void SetCellPicture(int col, int row,
-                        int pictureIndex);   ///< row All: of every row, also of later ones; -1: none
-    int CellPicture(int col, int row) const; ///< -1: none
 
     /// Typing in a cell that is no edit cell does not jump about in the grid.
     void keyboardSearch(const QString&) override {}

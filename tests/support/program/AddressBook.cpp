@@ -45,12 +45,12 @@ void AddressBookTest::ChooseFilter(int entry)
 QList<QStringList> AddressBookTest::RowsOf(fpSpread& grid, const QList<int>& columns)
 {
     QList<QStringList> rows;
-    for (int row = 1; row <= grid.MaxRows(); ++row) {
+    for (int row = 1; row <= grid.Cells().MaxRows(); ++row) {
         if (grid.RowHidden(row))
             continue;
         QStringList texts;
         for (const int column : columns)
-            texts += grid.GetText(column, row);
+            texts += grid.Cells().Text(column, row);
         rows += texts;
     }
     return rows;
@@ -66,8 +66,8 @@ QStringList AddressBookTest::Groups()
 
 int AddressBookTest::RowWith(fpSpread& grid, int column, const QString& text)
 {
-    for (int row = 1; row <= grid.MaxRows(); ++row)
-        if (grid.GetText(column, row) == text)
+    for (int row = 1; row <= grid.Cells().MaxRows(); ++row)
+        if (grid.Cells().Text(column, row) == text)
             return row;
     ADD_FAILURE() << "no row with " << text.toStdString();
     return 1;

@@ -98,15 +98,15 @@ void HistoryProgram::EnterAndList(const QString& first, const QString& last)
 QStringList HistoryProgram::Column(int col)
 {
     QStringList texts;
-    for (int row = 1; row <= List().MaxRows(); ++row)
-        texts += List().GetText(col, row);
+    for (int row = 1; row <= List().Cells().MaxRows(); ++row)
+        texts += List().Cells().Text(col, row);
     return texts;
 }
 
 QString HistoryProgram::Marks()
 {
     QString marks;
-    for (int row = 0; row < List().MaxRows(); ++row) {
+    for (int row = 0; row < List().Cells().MaxRows(); ++row) {
         const QVariant mark = List().model()->index(row, 1).data(Qt::UserRole);
         marks += !mark.isValid()               ? u'-'
                  : mark.toInt() == CheckEmpty  ? u'e'

@@ -124,8 +124,8 @@ void Program::List(const QList<QStringList>& recipients)
     int row = 0;
     for (const QStringList& recipient : recipients) {
         ++row;
-        if (Recipients().MaxRows() < row)
-            Recipients().SetMaxRows(row);
+        if (Recipients().Cells().MaxRows() < row)
+            Recipients().Cells().SetMaxRows(row);
         TypeIntoCell(Recipients(), 2, row, recipient[0]);
         TypeIntoCell(Recipients(), 3, row, recipient[1]);
     }
