@@ -1,4 +1,4 @@
-#include "spreadsheet/RecordReader.h"
+#include "spreadsheet/write/RecordReader.h"
 
 #include "spreadsheet/read/ReadCompoundFile.h"
 #include "spreadsheet/write/BiffStream.h"

@@ -5,7 +5,7 @@
 
 #include "support/ScriptedDesktop.h"
 #include "support/Words.h"
-#include "toolkit/UrlCatcher.h"
+#include "toolkit/windows/UrlCatcher.h"
 
 #include <QApplication>
 #include <QDesktopServices>

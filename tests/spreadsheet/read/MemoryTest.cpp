@@ -1,6 +1,6 @@
 // Workbooks that make much of little: none may take more memory than its size allows.
 #include "runtime/RuntimeError.h"
-#include "spreadsheet/CountedHeap.h"
+#include "spreadsheet/read/CountedHeap.h"
 #include "spreadsheet/read/ReadWorkbook.h"
 #include "support/spreadsheet/WorkbookMaker.h"
 #include "support/Words.h"

@@ -1,4 +1,4 @@
-#include "spreadsheet/TableSheet.h"
+#include "spreadsheet/write/TableSheet.h"
 
 namespace tsms::test {
 

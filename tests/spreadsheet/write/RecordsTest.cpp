@@ -1,6 +1,6 @@
-#include "spreadsheet/RecordReader.h"
-#include "spreadsheet/TableSheet.h"
 #include "spreadsheet/write/BiffStream.h"
+#include "spreadsheet/write/RecordReader.h"
+#include "spreadsheet/write/TableSheet.h"
 #include "spreadsheet/write/WriteWorkbook.h"
 #include "support/Words.h"
 

@@ -1,8 +1,8 @@
 #include "spreadsheet/write/WriteWorkbook.h"
 
 #include "runtime/RuntimeError.h"
-#include "spreadsheet/TableSheet.h"
 #include "spreadsheet/write/CompoundFile.h"
+#include "spreadsheet/write/TableSheet.h"
 #include "support/Words.h"
 #include "support/workbooks/FreeXlReader.h"
 

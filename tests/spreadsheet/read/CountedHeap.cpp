@@ -1,4 +1,4 @@
-#include "spreadsheet/CountedHeap.h"
+#include "spreadsheet/read/CountedHeap.h"
 
 #include <atomic>
 #include <cerrno>

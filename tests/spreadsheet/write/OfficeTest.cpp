@@ -1,6 +1,6 @@
 #include "spreadsheet/write/WriteWorkbook.h"
 
-#include "spreadsheet/TableSheet.h"
+#include "spreadsheet/write/TableSheet.h"
 #include "support/Words.h"
 
 #include <QDir>
