@@ -6,15 +6,21 @@ namespace tsms {
 
 namespace {
 
-/// The digits of a number behind a 1, so that leading zeros count. 0 for a number that has anything else.
-quint64 DigitsOf(const QString& number)
+bool IsSeparator(QChar c)
 {
-    constexpr qsizetype mostDigits = 18;
-    if (number.size() > mostDigits)
-        return 0;
+    return c == u'-' || c == u'/' || c == u'.';
+}
+
+/// The digits of a number's compared form behind a 1, so that leading zeros count. 0 where it has anything
+/// else.
+quint64 DigitsOf(QStringView number)
+{
+    constexpr quint64 most = 1'000'000'000'000'000'000; // 18 digits
     quint64 digits = 1;
-    for (const QChar c : number) {
-        if (c < u'0' || c > u'9')
+    for (const QChar c : Trimmed(number)) {
+        if (IsSeparator(c))
+            continue;
+        if (c < u'0' || c > u'9' || digits >= most)
             return 0;
         digits = digits * 10 + (c.unicode() - u'0');
     }
@@ -25,14 +31,13 @@ quint64 DigitsOf(const QString& number)
 
 QString ComparedNumber(QStringView number)
 {
-    return Trim(number).removeIf([](QChar c) { return c == u'-' || c == u'/' || c == u'.'; });
+    return Trim(number).removeIf(IsSeparator);
 }
 
 bool PhoneSet::Contains(QStringView number) const
 {
-    const QString compared = ComparedNumber(number);
-    const quint64 digits = DigitsOf(compared);
-    return (digits != 0 ? digits_.value(digits) : others_.value(compared)) > 0;
+    const quint64 digits = DigitsOf(number);
+    return (digits != 0 ? digits_.value(digits) : others_.value(ComparedNumber(number))) > 0;
 }
 
 bool PhoneSet::InsertNew(QStringView number)
@@ -59,9 +64,8 @@ void PhoneSet::Clear()
 
 int& PhoneSet::CountOf(QStringView number)
 {
-    const QString compared = ComparedNumber(number);
-    const quint64 digits = DigitsOf(compared);
-    return digits != 0 ? digits_[digits] : others_[compared];
+    const quint64 digits = DigitsOf(number);
+    return digits != 0 ? digits_[digits] : others_[ComparedNumber(number)];
 }
 
 } // namespace tsms

@@ -2,8 +2,6 @@
 
 namespace tsms {
 
-namespace {
-
 QStringView Trimmed(QStringView text)
 {
     while (text.startsWith(u' '))
@@ -12,8 +10,6 @@ QStringView Trimmed(QStringView text)
         text.chop(1);
     return text;
 }
-
-} // namespace
 
 QString Trim(QStringView text)
 {
