@@ -11,7 +11,7 @@ namespace tsms::test {
 
 namespace {
 
-using Kind = ServerType::Kind;
+using TypeKind = ServerType::Kind;
 using Range = StatementTokens::Range;
 using TokenKind = DialectToken::Kind;
 
@@ -26,17 +26,17 @@ struct UnknownExpression
 
 ServerType Int(bool nullable)
 {
-    return {Kind::Int, 0, 0, 0, nullable};
+    return {TypeKind::Int, 0, 0, 0, nullable};
 }
 
 ServerType VarChar(int width, bool nullable)
 {
-    return {Kind::VarChar, std::clamp(width, 1, WidestText), 0, 0, nullable};
+    return {TypeKind::VarChar, std::clamp(width, 1, WidestText), 0, 0, nullable};
 }
 
 ServerType Numeric(int precision, int scale, bool nullable)
 {
-    return {Kind::Numeric, 0, std::min(precision, HighestPrecision), scale, nullable};
+    return {TypeKind::Numeric, 0, std::min(precision, HighestPrecision), scale, nullable};
 }
 
 ServerColumn UnknownColumn(const QString& name)
@@ -45,10 +45,11 @@ ServerColumn UnknownColumn(const QString& name)
 }
 
 /// Of two kinds that meet, the one that the other is turned into.
-int Precedence(Kind kind)
+int Precedence(TypeKind kind)
 {
-    static constexpr Kind order[] = {Kind::VarChar, Kind::NVarChar, Kind::Int,     Kind::Money,
-                                     Kind::Numeric, Kind::Float,    Kind::DateTime};
+    static constexpr TypeKind order[] = {TypeKind::VarChar, TypeKind::NVarChar, TypeKind::Int,
+                                         TypeKind::Money,   TypeKind::Numeric,  TypeKind::Float,
+                                         TypeKind::DateTime};
     return static_cast<int>(std::find(std::begin(order), std::end(order), kind) - std::begin(order));
 }
 
@@ -56,9 +57,9 @@ int Precedence(Kind kind)
 ServerType AsNumeric(const ServerType& type)
 {
     switch (type.kind) {
-    case Kind::Int:
+    case TypeKind::Int:
         return Numeric(10, 0, type.nullable);
-    case Kind::Money:
+    case TypeKind::Money:
         return Numeric(19, 4, type.nullable);
     default:
         return type;
@@ -78,7 +79,7 @@ ServerType EitherType(const ServerType& a, const ServerType& b)
     ServerType type = Stronger(a, b);
     if (a.IsText() && b.IsText())
         type.width = std::max(a.width, b.width);
-    if (type.kind == Kind::Numeric && !a.IsText() && !b.IsText()) {
+    if (type.kind == TypeKind::Numeric && !a.IsText() && !b.IsText()) {
         const ServerType x = AsNumeric(a);
         const ServerType y = AsNumeric(b);
         type.scale = std::max(x.scale, y.scale);
@@ -111,12 +112,12 @@ ServerType OperationType(const ServerType& a, const ServerType& b, char sign)
         if (sign != '+')
             throw UnknownExpression();
         ServerType type = Stronger(a, b);
-        const int widest = type.kind == Kind::VarChar ? WidestText : WidestWideText;
+        const int widest = type.kind == TypeKind::VarChar ? WidestText : WidestWideText;
         type.width = std::max(a.width, b.width) == Endless ? Endless : std::min(a.width + b.width, widest);
         return type;
     }
     const ServerType type = Stronger(a, b);
-    return type.kind == Kind::Numeric && !a.IsText() && !b.IsText() ? NumericResult(a, b, sign) : type;
+    return type.kind == TypeKind::Numeric && !a.IsText() && !b.IsText() ? NumericResult(a, b, sign) : type;
 }
 
 /// Reads the list of a SELECT.
@@ -292,7 +293,7 @@ private:
         if (tokens_.Is(at_, "N") && tokens_.KindOf(at_ + 1) == TokenKind::Literal) {
             at_ += 2;
             const auto length = static_cast<int>(tokens_.Literal(at_ - 1).size());
-            return {Kind::NVarChar, std::clamp(length, 1, WidestWideText), 0, 0, false};
+            return {TypeKind::NVarChar, std::clamp(length, 1, WidestWideText), 0, 0, false};
         }
         if (Takes("CASE"))
             return Case();
@@ -363,9 +364,9 @@ private:
         if (is("COUNT"))
             return Int(true);
         if (is("GETDATE"))
-            return {Kind::DateTime, 0, 0, 0, false};
+            return {TypeKind::DateTime, 0, 0, 0, false};
         if (is("DATEADD"))
-            return {Kind::DateTime, 0, 0, 0, true};
+            return {TypeKind::DateTime, 0, 0, 0, true};
         if (is("CONVERT"))
             return Converted(arguments);
         if (is("LEFT") || is("RIGHT"))
@@ -380,7 +381,7 @@ private:
         if (is("SUM") || is("MIN") || is("MAX")) {
             ServerType type = Argument(arguments, 0);
             type.nullable = true; // there may be no row
-            if (is("SUM") && type.kind == Kind::Numeric)
+            if (is("SUM") && type.kind == TypeKind::Numeric)
                 type.precision = HighestPrecision;
             return type;
         }

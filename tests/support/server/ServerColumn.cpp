@@ -15,7 +15,7 @@ namespace tsms::test {
 
 namespace {
 
-using Kind = ServerType::Kind;
+using TypeKind = ServerType::Kind;
 
 constexpr int NullText = 0xFFFF;
 constexpr int EndlessWidth = 0xFFFF; // as the type's description tells it
@@ -25,19 +25,19 @@ constexpr int MoneyScale = 4;
 int TypeCode(const ServerType& type)
 {
     switch (type.kind) {
-    case Kind::Int:
+    case TypeKind::Int:
         return type.nullable ? 0x26 : 0x38;
-    case Kind::Numeric:
+    case TypeKind::Numeric:
         return 0x6C;
-    case Kind::Money:
+    case TypeKind::Money:
         return type.nullable ? 0x6E : 0x3C;
-    case Kind::Float:
+    case TypeKind::Float:
         return type.nullable ? 0x6D : 0x3E;
-    case Kind::DateTime:
+    case TypeKind::DateTime:
         return type.nullable ? 0x6F : 0x3D;
-    case Kind::VarChar:
+    case TypeKind::VarChar:
         return 0xA7;
-    case Kind::NVarChar:
+    case TypeKind::NVarChar:
         break;
     }
     return 0xE7;
@@ -48,9 +48,9 @@ int NumericSize(int precision)
     return precision < 10 ? 5 : precision < 20 ? 9 : precision < 29 ? 13 : 17;
 }
 
-int FixedSize(Kind kind)
+int FixedSize(TypeKind kind)
 {
-    return kind == Kind::Int ? 4 : 8;
+    return kind == TypeKind::Int ? 4 : 8;
 }
 
 [[noreturn]] void RefuseValue(const QString& value, const char* typeName)
@@ -163,7 +163,7 @@ QByteArray Pieces(const QByteArray& bytes)
 
 QByteArray TextBytes(const ServerType& type, const QString& value)
 {
-    const bool isWide = type.kind == Kind::NVarChar;
+    const bool isWide = type.kind == TypeKind::NVarChar;
     const qsizetype room = qsizetype{isWide ? 2 : 1} * type.width;
     QByteArray bytes = isWide ? ByteWriter().Text(value).Data() : ToCodePage949(value);
     while (bytes.size() > room &&
@@ -178,18 +178,18 @@ QByteArray TextBytes(const ServerType& type, const QString& value)
 QByteArray BareValue(const ServerType& type, const QString& value)
 {
     switch (type.kind) {
-    case Kind::Int:
+    case TypeKind::Int:
         return IntBytes(value);
-    case Kind::Numeric:
+    case TypeKind::Numeric:
         return NumericBytes(type, value);
-    case Kind::Money:
+    case TypeKind::Money:
         return MoneyBytes(value);
-    case Kind::Float:
+    case TypeKind::Float:
         return FloatBytes(value);
-    case Kind::DateTime:
+    case TypeKind::DateTime:
         return DateTimeBytes(value);
-    case Kind::VarChar:
-    case Kind::NVarChar:
+    case TypeKind::VarChar:
+    case TypeKind::NVarChar:
         break;
     }
     return TextBytes(type, value);
@@ -217,13 +217,13 @@ QByteArray TypeInfo(const ServerType& type)
 {
     ByteWriter info;
     info.Byte(TypeCode(type));
-    if (type.kind == Kind::Numeric)
+    if (type.kind == TypeKind::Numeric)
         info.Byte(NumericSize(type.precision)).Byte(type.precision).Byte(type.scale);
     else if (type.IsText() && type.width == Endless)
         info.Word(EndlessWidth).Bytes(KoreanCollationBytes());
-    else if (type.kind == Kind::VarChar)
+    else if (type.kind == TypeKind::VarChar)
         info.Word(type.width).Bytes(KoreanCollationBytes());
-    else if (type.kind == Kind::NVarChar)
+    else if (type.kind == TypeKind::NVarChar)
         info.Word(2 * type.width).Bytes(KoreanCollationBytes());
     else if (type.nullable)
         info.Byte(FixedSize(type.kind));
@@ -233,7 +233,7 @@ QByteArray TypeInfo(const ServerType& type)
 QByteArray ValueBytes(const ServerType& type, const QString& value)
 {
     const QByteArray bare = BareValue(type, value);
-    const bool tellsItsSize = type.kind == Kind::Numeric || (type.nullable && !type.IsText());
+    const bool tellsItsSize = type.kind == TypeKind::Numeric || (type.nullable && !type.IsText());
     return tellsItsSize ? static_cast<char>(bare.size()) + bare : bare;
 }
 

@@ -6,7 +6,7 @@ namespace tsms::test {
 
 namespace {
 
-using Kind = DialectToken::Kind;
+using TokenKind = DialectToken::Kind;
 
 QString ToText(std::string_view utf8)
 {
@@ -36,7 +36,7 @@ void StatementTokens::DropComments(std::vector<DialectToken> tokens)
             inside = Inside::Line;
         } else if (token.text == "/*") {
             inside = Inside::Block;
-        } else if (token.kind != Kind::Space) {
+        } else if (token.kind != TokenKind::Space) {
             tokens_.push_back(token);
         }
         former = token.text;
@@ -48,9 +48,9 @@ std::string_view StatementTokens::operator[](int at) const
     return at >= 0 && at < Count() ? tokens_[static_cast<std::size_t>(at)].text : std::string_view();
 }
 
-Kind StatementTokens::KindOf(int at) const
+TokenKind StatementTokens::KindOf(int at) const
 {
-    return at >= 0 && at < Count() ? tokens_[static_cast<std::size_t>(at)].kind : Kind::End;
+    return at >= 0 && at < Count() ? tokens_[static_cast<std::size_t>(at)].kind : TokenKind::End;
 }
 
 QString StatementTokens::Text(int at) const
