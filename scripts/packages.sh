@@ -19,6 +19,10 @@ picture_packages=(poppler-utils) # a picture of what the office draws
 bench_packages=(libfreexl-dev xvfb bsdextrautils)
 sanitize_packages=(clang libclang-rt-dev)
 check_packages=(clang clang-format clang-tidy git python3 libfreexl-dev)
+windows_packages=(g++-mingw-w64-x86-64-posix dpkg-dev qt6-base-dev-tools qt6-translations-l10n tcl librsvg2-bin icoutils
+  googletest)
+installer_packages=(nsis zip)
+wine_packages=(wine wine64 xclip)
 packaging_packages=(dpkg-dev file mmdebstrap lintian desktop-file-utils)
 
 # missing_packages NAME...: prints those of them that are not installed, a line each.

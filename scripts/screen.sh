@@ -102,9 +102,15 @@ click() { # FORM CONTROL [SIDESTEP]
   xdotool mousemove --window "$(window_id "$(title_of "$1")")" $((x + ${3:-0})) "$y" click 1
   sleep 0.2
 }
+# With type_by_clipboard=1 Hangul comes by the clipboard: Wine loses syllables of keys that change their meaning.
 write() {
-  xdotool type --delay 40 -- "$1"
-  sleep 0.2
+  if [ "${type_by_clipboard:-0}" = 1 ] && grep -qP '\p{Hangul}' <<<"$1"; then
+    printf '%s' "$1" | xclip -selection clipboard
+    key ctrl+v
+  else
+    xdotool type --delay 40 -- "$1"
+    sleep 0.2
+  fi
 }
 key() {
   xdotool key --delay 60 "$@"

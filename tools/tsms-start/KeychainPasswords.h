@@ -4,8 +4,8 @@
 
 namespace tsms {
 
-/// The key store of the desk, by QtKeychain: the Secret Service or KWallet on Linux, the credential store on
-/// Windows. Without one it keeps nothing. A call returns when the store has answered; it may ask the user to
+/// The key store of the desk: by QtKeychain the Secret Service or KWallet, and on Windows its credential
+/// store. Without one it keeps nothing. A call returns when the store has answered; it may ask the user to
 /// open it meanwhile.
 class KeychainPasswords final : public PasswordStore
 {

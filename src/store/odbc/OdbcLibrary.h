@@ -9,6 +9,10 @@
 #include <sql.h>
 #include <sqlext.h>
 
+#ifdef Q_OS_WIN
+#undef near // of the 16 bits of old
+#endif
+
 namespace tsms {
 
 /// The ODBC driver manager, loaded when the first server is to be reached. So the program also starts, and

@@ -11,7 +11,10 @@
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
+
+#ifdef Q_OS_UNIX
 #include <unistd.h>
+#endif
 
 #include <thread>
 
@@ -19,6 +22,7 @@ namespace tsms::test {
 
 namespace {
 
+#ifdef Q_OS_UNIX
 /// Another user than root for a while: root may read and write everything.
 class AsNobody
 {
@@ -35,6 +39,7 @@ public:
 private:
     bool changed_;
 };
+#endif
 
 class EmbeddedConnectionTest : public ::testing::Test
 {
@@ -104,6 +109,7 @@ TEST_F(EmbeddedConnectionTest, ANameThatMeansNoFileToTheEngineIsADeadServer)
     EXPECT_EQ(OpenErrorOf(u"file::memory:?cache=shared"_q).Number, CommunicationFailure);
 }
 
+#ifdef Q_OS_UNIX
 TEST_F(EmbeddedConnectionTest, AFileThatMayNotBeReadIsADeadServer)
 {
     TestDatabase database(clock);
@@ -133,6 +139,7 @@ TEST_F(EmbeddedConnectionTest, AFileThatMayNotBeWrittenIsReadAndRefusesToBeWritt
     EXPECT_EQ(error.Description,
               u"Failed to update database \"문자메시지.db\" because the database is read-only."_q);
 }
+#endif
 
 TEST_F(EmbeddedConnectionTest, ALockedFileTimesOut)
 {

@@ -1,0 +1,32 @@
+# tsms_windows_program(<target> <description>): what a program of Windows has besides its code: icon, version and
+# manifest. Nothing elsewhere.
+if(WIN32)
+  find_program(TSMS_RSVG rsvg-convert REQUIRED)
+  find_program(TSMS_ICOTOOL icotool REQUIRED)
+  set(TSMS_ICON "${CMAKE_BINARY_DIR}/packaging/tsms.ico")
+  set(TSMS_ICON_SOURCE "${CMAKE_SOURCE_DIR}/src/toolkit/pictures/application.svg")
+  set(commands "")
+  set(sizes "")
+  foreach(size 16 20 24 32 40 48 64 128 256)
+    set(file "${CMAKE_BINARY_DIR}/packaging/tsms-${size}.png")
+    list(APPEND commands COMMAND "${TSMS_RSVG}" -w ${size} -h ${size} -o "${file}" "${TSMS_ICON_SOURCE}")
+    list(APPEND sizes "${file}")
+  endforeach()
+  file(MAKE_DIRECTORY "${CMAKE_BINARY_DIR}/packaging")
+  add_custom_command(OUTPUT "${TSMS_ICON}" ${commands} COMMAND "${TSMS_ICOTOOL}" -c -o "${TSMS_ICON}" ${sizes}
+    DEPENDS "${TSMS_ICON_SOURCE}" COMMENT "drawing the icon" VERBATIM)
+  add_custom_target(tsms_icon DEPENDS "${TSMS_ICON}")
+endif()
+
+function(tsms_windows_program target description)
+  if(NOT WIN32)
+    return()
+  endif()
+  enable_language(RC)
+  set(resource "${CMAKE_BINARY_DIR}/packaging/${target}.rc")
+  configure_file("${CMAKE_SOURCE_DIR}/packaging/windows/program.rc.in" "${resource}" @ONLY)
+  set_source_files_properties("${resource}" PROPERTIES
+    OBJECT_DEPENDS "${TSMS_ICON};${CMAKE_SOURCE_DIR}/packaging/windows/program.manifest")
+  target_sources(${target} PRIVATE "${resource}")
+  add_dependencies(${target} tsms_icon)
+endfunction()
