@@ -342,15 +342,11 @@ void MakeSMSExcel::WriteGoodRow(int row, const QString& name, const QString& pho
 
 void MakeSMSExcel::ShowProgress(std::int32_t total, int row, const Counts& counts)
 {
-    const auto show = [](Label& label, const QString& caption) {
-        label.SetCaption(caption);
-        label.Refresh();
-    };
-    show(*goodCount_, ImportCount(counts.good.Value()));
-    show(*loseCount_, ImportCount(counts.lose.Value()));
-    show(*progress_, ImportProgress(total, row));
+    goodCount_->SetCaption(ImportCount(counts.good.Value()));
+    loseCount_->SetCaption(ImportCount(counts.lose.Value()));
+    progress_->SetCaption(ImportProgress(total, row));
     bar_->SetValue(row);
-    bar_->Refresh();
+    goodCount_->Refresh(); // draws whatever has changed in the window, in one go
 }
 
 void MakeSMSExcel::SetRunBusy(bool busy)

@@ -117,7 +117,8 @@ void DialogForm::SetUsable(bool usable)
          std::initializer_list<QAbstractButton*>{buttons_[0], buttons_[1], topFunc_[1]})
         if (button)
             button->setEnabled(usable);
-    repaint();
+    if (!usable)
+        topFunc_[1]->repaint(); // and with it whatever else has changed
 }
 
 void DialogForm::GiveHeight(int) {}

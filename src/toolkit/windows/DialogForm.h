@@ -54,7 +54,7 @@ protected:
     Panel& TitleStrip() const { return *strip_; }
 
     /// Whether what is there to be pressed and chosen can be, in its looks too. A run, which
-    /// holds the event loop, has them drawn at once.
+    /// holds the event loop, has them drawn dead at once.
     virtual void SetUsable(bool usable);
 
     /// Lets the dialog be lower by `pixels`, or by as much as it can: it is higher than the screen.
