@@ -14,6 +14,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 using namespace tsms;
 using namespace tsms::test;
 
@@ -224,10 +226,10 @@ TEST_F(DatePickerFocus, AnImpossibleDateGivesWayBeforeAPartIsStepped)
 TEST_F(DatePickerFocus, AnImpossibleDateLeavesTheLookOfARefusalUntilTheFieldIsUsedAgain)
 {
     const auto colors = [this] {
-        return QPair(picker.palette().color(QPalette::Base), picker.palette().color(QPalette::Text));
+        return std::pair(picker.palette().color(QPalette::Base), picker.palette().color(QPalette::Text));
     };
-    const QPair resting = colors();
-    const QPair refusing(theme::Warning, theme::White);
+    const std::pair resting = colors();
+    const std::pair refusing(theme::Warning, theme::White);
     const auto leaveWith = [this](const QString& digits) {
         ClickOnPart(DatePart::Month);
         Type(digits);
