@@ -100,7 +100,7 @@ void dlgSMSCharge::OnButton(int index)
 
 void dlgSMSCharge::Save()
 {
-    if (!fields_.RequireAll() || !CountIsNumber() || !Write())
+    if (!fields_.RequireAll() || !HasNumericCount() || !Write())
         return;
     services_.desktop.MsgBox(QStringLiteral("정상적으로 문자메시지 충전내역을 등록하였습니다."),
                              MsgBoxInformation, QStringLiteral("문자메시지 충전!!!"));
@@ -109,7 +109,7 @@ void dlgSMSCharge::Save()
     showLedger_();
 }
 
-bool dlgSMSCharge::CountIsNumber()
+bool dlgSMSCharge::HasNumericCount()
 {
     if (IsNumeric(fields_.Box(Count).Text()))
         return true;

@@ -32,7 +32,7 @@ private:
     QString PlainText(int index);
 
     void Save();
-    bool CountIsNumber();
+    bool HasNumericCount();
     bool Write();
     void BoxKeyPress(int index, char16_t& key);
 

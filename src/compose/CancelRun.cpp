@@ -29,7 +29,7 @@ void CancelRun::CancelAllRows()
 {
     const int lastRow = rows_.MaxRows();
     for (int row = 1; row <= lastRow; ++row) {
-        if (rows_.RowTicked(row))
+        if (rows_.IsRowTicked(row))
             CancelRow(row);
         display_.SetBarValue(row);
     }

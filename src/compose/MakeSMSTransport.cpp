@@ -107,10 +107,10 @@ ChosenTime MakeSMSTransport::Chosen() const
 
 void MakeSMSTransport::Run()
 {
-    if (!ReservationPasses())
+    if (!IsReservationGood())
         return;
     LoadSMSSetup(services_.session, services_.db);
-    if (!BalanceCovers(services_.session, draft_)) {
+    if (!CanPayFor(services_.session, draft_)) {
         ShowShortageBox(services_.desktop, services_.session);
         return;
     }
@@ -121,7 +121,7 @@ void MakeSMSTransport::Run()
     TellOutcome(run.CountOK);
 }
 
-bool MakeSMSTransport::ReservationPasses()
+bool MakeSMSTransport::IsReservationGood()
 {
     if (!reserve_->Value())
         return true;

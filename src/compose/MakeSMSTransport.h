@@ -26,7 +26,7 @@ private:
     struct ChosenTime Chosen() const;
 
     void Run() override;
-    bool ReservationPasses();
+    bool IsReservationGood();
     void TellOutcome(std::int32_t countOK);
 
     Draft draft_;

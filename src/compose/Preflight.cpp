@@ -27,7 +27,7 @@ Refusal RefusalOf(const Session& session, const Draft& draft)
         return Refusal::NoSenderNumber;
     if (senderNumber.size() < SenderNumberLength)
         return Refusal::ShortSenderNumber;
-    return BalanceCovers(session, draft) ? Refusal::None : Refusal::Shortage;
+    return CanPayFor(session, draft) ? Refusal::None : Refusal::Shortage;
 }
 
 } // namespace
@@ -39,7 +39,7 @@ Verdict Preflight(const Session& session, const Draft& draft)
     return {session.SMSRemainCnt == 0, RefusalOf(session, draft)};
 }
 
-bool BalanceCovers(const Session& session, const Draft& draft)
+bool CanPayFor(const Session& session, const Draft& draft)
 {
     return draft.total <= session.SMSRemainCnt;
 }

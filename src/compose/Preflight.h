@@ -27,6 +27,6 @@ struct Verdict
 /// looked at.
 Verdict Preflight(const Session& session, const Draft& draft);
 
-bool BalanceCovers(const Session& session, const Draft& draft);
+bool CanPayFor(const Session& session, const Draft& draft);
 
 } // namespace tsms

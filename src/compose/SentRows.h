@@ -11,7 +11,7 @@ class SentRows
 public:
     virtual ~SentRows() = default;
     virtual int MaxRows() const = 0;
-    virtual bool RowTicked(int row) const = 0;
+    virtual bool IsRowTicked(int row) const = 0;
     virtual QString KeyText(int row) const = 0;    ///< key of the log row
     virtual QString NumberText(int row) const = 0; ///< the gateway's message number
     virtual QString TimeText(int row) const = 0;   ///< send time; begins with the year of its log table

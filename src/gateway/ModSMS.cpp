@@ -82,7 +82,7 @@ bool ModSMS::SubmitSMS(const QString& recvNm, const QString& recvTelNo, const QS
             const LogEntry entry{recvNm, recvTelNo, senderTelNo, content, LogTime(sendTime, clock_.Now())};
             // Meant: a message that left counts as sent also when its log row could not be written.
             db_.ExecuteSQL(LogInsert(session_, entry, reply));
-            return reply.NamesNoFailure();
+            return reply.IsAccepted();
         },
         [] { return false; });
     if (isAccepted)
@@ -106,7 +106,7 @@ bool ModSMS::WithdrawSMS(const QString& smsKey, const QString& smsNo, const QStr
             Reply reply;
             ReadReply(answer, reply);
             const Statement removal = LogDelete(smsKey, logYear);
-            if (!reply.NamesNoFailure())
+            if (!reply.IsAccepted())
                 return false;
             // Meant: withdrawn is withdrawn, also when the row stays.
             db_.ExecuteSQL(removal);

@@ -25,7 +25,7 @@ std::optional<QString> ValueOf(const QList<QStringView>& items, qsizetype positi
 
 } // namespace
 
-bool Reply::NamesNoFailure() const
+bool Reply::IsAccepted() const
 {
     return IsBlank(ErrorCode) && IsBlank(ErrorMsg);
 }

@@ -14,7 +14,7 @@ struct Reply
     QString ErrorMsg;
 
     /// The one test of success: neither a failure code nor a failure text. ReturnValue does not matter.
-    bool NamesNoFailure() const;
+    bool IsAccepted() const;
 };
 
 /// Reads items 0, 3, 7 and 8 of `text`, in this order, into `into`, which is emptied first. Raises 13 when

@@ -25,7 +25,7 @@ bool IsWebAddress(const QUrl& url)
     return (url.scheme() == u"http" || url.scheme() == u"https") && !url.host().isEmpty();
 }
 
-bool LiesOnSameHost(const QUrl& a, const QUrl& b)
+bool IsOnSameHost(const QUrl& a, const QUrl& b)
 {
     const auto portOf = [](const QUrl& url) { return url.port(url.scheme() == u"https" ? 443 : 80); };
     return a.scheme() == b.scheme() && a.host() == b.host() && portOf(a) == portOf(b);
@@ -98,7 +98,7 @@ private:
 
     void Queue(const QUrl& url, const QString& includerSpace)
     {
-        if (!LiesOnSameHost(url, home_) || seen_.contains(url))
+        if (!IsOnSameHost(url, home_) || seen_.contains(url))
             return;
         if (seen_.size() == MaxDocuments)
             throw UnreadableFault(QStringLiteral("설명에 딸린 문서가 너무 많습니다."));

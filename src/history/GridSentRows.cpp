@@ -12,7 +12,7 @@ int GridSentRows::MaxRows() const
     return grid_.Cells().MaxRows();
 }
 
-bool GridSentRows::RowTicked(int row) const
+bool GridSentRows::IsRowTicked(int row) const
 {
     return MarkOf(grid_, row) == CheckTicked;
 }

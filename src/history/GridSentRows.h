@@ -12,7 +12,7 @@ class GridSentRows final : public SentRows
 public:
     explicit GridSentRows(const fpSpread& grid) : grid_(grid) {}
     int MaxRows() const override;
-    bool RowTicked(int row) const override;
+    bool IsRowTicked(int row) const override;
     QString KeyText(int row) const override;
     QString NumberText(int row) const override;
     QString TimeText(int row) const override;

@@ -184,7 +184,7 @@ void HistoryPage::Enter()
 
 void HistoryPage::BtnSendListSerchClick()
 {
-    if (services_.session.IsBusy() || !DatesAreInOneYear())
+    if (services_.session.IsBusy() || !IsWithinOneYear())
         return;
     list_->SetReDraw(false);
     InitSendListGrid(*list_);
@@ -192,7 +192,7 @@ void HistoryPage::BtnSendListSerchClick()
     WithDatabase(services_.db, [this] { RunQuery(dates_[0]->Value().left(4)); });
 }
 
-bool HistoryPage::DatesAreInOneYear()
+bool HistoryPage::IsWithinOneYear()
 {
     if (dates_[0]->Value().left(4) == dates_[1]->Value().left(4))
         return true;

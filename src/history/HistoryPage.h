@@ -50,7 +50,7 @@ private:
     void BuildButtons(QVBoxLayout& page);
 
     void BtnSendListSerchClick();
-    bool DatesAreInOneYear();
+    bool IsWithinOneYear();
     void RunQuery(const QString& period);
     void FillList(const QString& period);
     SendListSearch Asked(const QString& period);

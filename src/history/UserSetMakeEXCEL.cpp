@@ -17,7 +17,7 @@ namespace tsms {
 namespace {
 
 /// False where a file stands there that must stay.
-bool MayWrite(Desktop& desktop, const QString& file, const QString& title, const QString& today)
+bool CanWrite(Desktop& desktop, const QString& file, const QString& title, const QString& today)
 {
     if (!QFileInfo(file).isFile())
         return true;
@@ -53,7 +53,7 @@ QString MakeExcel(Services& services, const fpSpread& grid, const QString& title
         return {};
     const QString today = services.clock.Date().toString(u"yyyyMMdd");
     const QString file = QDir(folder).filePath(title + today + QStringLiteral(".xls"));
-    if (!MayWrite(services.desktop, file, title, today))
+    if (!CanWrite(services.desktop, file, title, today))
         return {};
     if (!ExportToExcel(grid, file))
         return QStringLiteral("저장하지 못했습니다 : ") + QDir::toNativeSeparators(file);

@@ -54,7 +54,7 @@ void TemplateCommands::New()
 
 void TemplateCommands::Save()
 {
-    if (!BodyIsThere() || !SubjectIsThere())
+    if (!HasBody() || !HasSubject())
         return;
     const bool isNew = IsNew();
     const SaveWords words = WordsOf(isNew);
@@ -112,7 +112,7 @@ bool TemplateCommands::IsNew() const
     return IsBlank(fields_.body.Tag);
 }
 
-bool TemplateCommands::BodyIsThere()
+bool TemplateCommands::HasBody()
 {
     if (!IsBlank(fields_.body.Text()))
         return true;
@@ -122,7 +122,7 @@ bool TemplateCommands::BodyIsThere()
     return false;
 }
 
-bool TemplateCommands::SubjectIsThere()
+bool TemplateCommands::HasSubject()
 {
     if (!IsBlank(fields_.subject.Text()))
         return true;

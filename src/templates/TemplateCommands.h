@@ -44,8 +44,8 @@ public:
 private:
     void ForgetHistory();
     bool IsNew() const;
-    bool BodyIsThere();
-    bool SubjectIsThere();
+    bool HasBody();
+    bool HasSubject();
     bool Store(bool isNew);
     bool AskDelete();
 

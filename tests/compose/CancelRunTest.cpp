@@ -24,7 +24,7 @@ public:
     };
     explicit Rows(std::vector<Row> given) : rows_(std::move(given)) {}
     int MaxRows() const override { return static_cast<int>(rows_.size()); }
-    bool RowTicked(int row) const override { return At(row).ticked; }
+    bool IsRowTicked(int row) const override { return At(row).ticked; }
     QString KeyText(int row) const override { return At(row).key; }
     QString NumberText(int row) const override { return At(row).number; }
     QString TimeText(int) const override { return u"2012-05-31 10:00"_q; }
@@ -121,7 +121,7 @@ class BrokenRows final : public SentRows
 {
 public:
     int MaxRows() const override { return 3; }
-    bool RowTicked(int row) const override { return row != 2 ? true : throw RuntimeError(Overflow); }
+    bool IsRowTicked(int row) const override { return row != 2 ? true : throw RuntimeError(Overflow); }
     QString KeyText(int) const override { return {}; }
     QString NumberText(int) const override { return u"0"_q; }
     QString TimeText(int) const override { return {}; }

@@ -48,29 +48,29 @@ TEST(ReplyGrammar, FourItemsAreRead)
 
 TEST(ReplyGrammar, NineItemsWithEmptyCodesNameNoFailure)
 {
-    EXPECT_TRUE(Read(AcceptedReply).NamesNoFailure());
+    EXPECT_TRUE(Read(AcceptedReply).IsAccepted());
 }
 
 TEST(ReplyGrammar, AFailureCodeOfBlanksOnlyIsNone)
 {
-    EXPECT_TRUE(Read(u"return_value:true;;;;;;;error_code:   ;error_msg:  "_q).NamesNoFailure());
+    EXPECT_TRUE(Read(u"return_value:true;;;;;;;error_code:   ;error_msg:  "_q).IsAccepted());
 }
 
 TEST(ReplyGrammar, ACodeAloneIsAFailure)
 {
-    EXPECT_FALSE(Read(u"return_value:true;;;;;;;error_code:1;error_msg:"_q).NamesNoFailure());
+    EXPECT_FALSE(Read(u"return_value:true;;;;;;;error_code:1;error_msg:"_q).IsAccepted());
 }
 
 TEST(ReplyGrammar, ATextAloneIsAFailure)
 {
-    EXPECT_FALSE(Read(u"return_value:true;;;;;;;error_code:;error_msg:실패"_q).NamesNoFailure());
+    EXPECT_FALSE(Read(u"return_value:true;;;;;;;error_code:;error_msg:실패"_q).IsAccepted());
 }
 
 TEST(ReplyGrammar, AFalseReturnValueIsNoFailure)
 {
     const Reply reply = Read(u"return_value:false;;;unique_num:1;;;;error_code:;error_msg:"_q);
     EXPECT_FALSE(reply.ReturnValue);
-    EXPECT_TRUE(reply.NamesNoFailure());
+    EXPECT_TRUE(reply.IsAccepted());
 }
 
 struct TruthRow
@@ -125,7 +125,7 @@ TEST(ReplyGrammar, AnItemWithoutItsPrefixStaysEmpty)
 {
     const Reply reply = Read(u"return_value:true;;;number:1;;;;code:E1;msg:실패"_q);
     EXPECT_EQ(reply.UniqueNum, QString());
-    EXPECT_TRUE(reply.NamesNoFailure());
+    EXPECT_TRUE(reply.IsAccepted());
 }
 
 TEST(ReplyGrammar, APrefixInAnotherCaseIsNone)

@@ -172,7 +172,7 @@ QByteArray TablesOf(const Layout& layout, const QString& stream, const QByteArra
 }
 
 /// Whether the last call to the system failed for want of room.
-bool NoRoom()
+bool IsDiskFull()
 {
 #ifdef EDQUOT
     if (errno == EDQUOT)
@@ -183,7 +183,7 @@ bool NoRoom()
 
 long NumberOfOpenFailure(const QString& path)
 {
-    if (NoRoom())
+    if (IsDiskFull())
         return DiskFull;
     return QFileInfo(path).absoluteDir().exists() ? PathFileAccess : PathNotFound;
 }
@@ -191,7 +191,7 @@ long NumberOfOpenFailure(const QString& path)
 /// Of a write or sync that has just failed.
 long NumberOfDeviceFailure()
 {
-    return NoRoom() ? DiskFull : DeviceFault;
+    return IsDiskFull() ? DiskFull : DeviceFault;
 }
 
 } // namespace

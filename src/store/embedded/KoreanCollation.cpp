@@ -116,7 +116,7 @@ void Decode(std::string_view text, std::u32string& into)
 }
 
 /// A set of LIKE, "[a-z]" or "[^a-z]", from behind its bracket. Moves `at` behind it.
-bool InSet(std::u32string_view pattern, std::size_t& at, char32_t code)
+bool IsInSet(std::u32string_view pattern, std::size_t& at, char32_t code)
 {
     const bool inverted = at < pattern.size() && pattern[at] == U'^';
     if (inverted)
@@ -142,7 +142,7 @@ bool Fits(std::u32string_view pattern, std::size_t& at, char32_t code)
     if (sign == U'_')
         return true;
     if (sign == U'[')
-        return InSet(pattern, at, code);
+        return IsInSet(pattern, at, code);
     return sign == code;
 }
 

@@ -132,7 +132,7 @@ bool OdbcConnection::OpenBy(const OdbcDriver& driver)
         return true;
     }
     const QList<OdbcDiagnostic> records = handle.Diagnostics();
-    if (!TellMissingDriver(records))
+    if (!IsMissingDriver(records))
         throw OdbcError(records, OdbcPhase::Opening);
     return false;
 }

@@ -150,12 +150,12 @@ RuntimeError OdbcError(const QList<OdbcDiagnostic>& records, OdbcPhase phase)
     return RuntimeError(NumberOf(record, phase), OwnWords(record.text));
 }
 
-bool TellFailure(const QList<OdbcDiagnostic>& records)
+bool IsFailure(const QList<OdbcDiagnostic>& records)
 {
     return !std::all_of(records.begin(), records.end(), IsWarning);
 }
 
-bool TellMissingDriver(const QList<OdbcDiagnostic>& records)
+bool IsMissingDriver(const QList<OdbcDiagnostic>& records)
 {
     // The driver manager's own states, and the way in which unixODBC tells of a library that is not there.
     return std::any_of(records.begin(), records.end(), [](const OdbcDiagnostic& record) {

@@ -30,9 +30,9 @@ RuntimeError OdbcError(const QList<OdbcDiagnostic>& records, OdbcPhase phase);
 
 /// True when records that come with a success tell of a failure all the same: FreeTDS fetches the rows in
 /// front of an error and has the error beside them.
-bool TellFailure(const QList<OdbcDiagnostic>& records);
+bool IsFailure(const QList<OdbcDiagnostic>& records);
 
 /// True when a connection failed because the driver itself is not there.
-bool TellMissingDriver(const QList<OdbcDiagnostic>& records);
+bool IsMissingDriver(const QList<OdbcDiagnostic>& records);
 
 } // namespace tsms

@@ -76,7 +76,7 @@ bool OdbcHandle::Pass(SQLRETURN result) const
 {
     if (result == SQL_NO_DATA)
         return false;
-    if (!SQL_SUCCEEDED(result) || (result == SQL_SUCCESS_WITH_INFO && TellFailure(Diagnostics())))
+    if (!SQL_SUCCEEDED(result) || (result == SQL_SUCCESS_WITH_INFO && IsFailure(Diagnostics())))
         Fail();
     return true;
 }

@@ -145,9 +145,9 @@ TEST(OdbcErrors, WhatTheServerNamesStandsAlsoWhereTheLinkHasDied)
 TEST(OdbcErrors, AFailureBesideASuccessIsSeen)
 {
     const OdbcDiagnostic message = Record(u"01000"_q, 0);
-    EXPECT_FALSE(TellFailure({}));
-    EXPECT_FALSE(TellFailure({message}));
-    EXPECT_TRUE(TellFailure({message, Record(u"22018"_q, 245)}));
+    EXPECT_FALSE(IsFailure({}));
+    EXPECT_FALSE(IsFailure({message}));
+    EXPECT_TRUE(IsFailure({message, Record(u"22018"_q, 245)}));
 }
 
 TEST(OdbcErrors, AWarningDoesNotDecideWhereThereIsAnError)
@@ -204,14 +204,14 @@ TEST(OdbcErrors, TheWordsAreTheServersOwn)
 
 TEST(OdbcErrors, AMissingDriverIsToldFromADeadServer)
 {
-    EXPECT_TRUE(TellMissingDriver(
+    EXPECT_TRUE(IsMissingDriver(
         {{u"01000"_q, 0, u"[unixODBC][Driver Manager]Can't open lib 'x' : file not found"_q}}));
-    EXPECT_TRUE(TellMissingDriver({{u"IM002"_q, 0, u"[Microsoft][ODBC Driver Manager] not found"_q}}));
-    EXPECT_TRUE(TellMissingDriver({{u"IM003"_q, 0, {}}}));
-    EXPECT_TRUE(TellMissingDriver({{u"IM004"_q, 0, {}}}));
-    EXPECT_FALSE(TellMissingDriver({Record(u"08S01"_q, 20009), Record(u"08001"_q, 0)}));
-    EXPECT_FALSE(TellMissingDriver({Record(u"IM007"_q, 0)}));
-    EXPECT_FALSE(TellMissingDriver({}));
+    EXPECT_TRUE(IsMissingDriver({{u"IM002"_q, 0, u"[Microsoft][ODBC Driver Manager] not found"_q}}));
+    EXPECT_TRUE(IsMissingDriver({{u"IM003"_q, 0, {}}}));
+    EXPECT_TRUE(IsMissingDriver({{u"IM004"_q, 0, {}}}));
+    EXPECT_FALSE(IsMissingDriver({Record(u"08S01"_q, 20009), Record(u"08001"_q, 0)}));
+    EXPECT_FALSE(IsMissingDriver({Record(u"IM007"_q, 0)}));
+    EXPECT_FALSE(IsMissingDriver({}));
 }
 
 } // namespace tsms::test
