@@ -32,11 +32,9 @@ int PixelsOfPoints(double points)
 } // namespace
 
 fpSpread::fpSpread(QWidget* parent)
-    : QTableView(parent),
-      model_(new SpreadModel(this)),
-      editing_(new SpreadDelegate(*this)),
-      gridColor_(theme::Line)
+    : QTableView(parent), model_(new SpreadModel(this)), gridColor_(theme::Line)
 {
+    editing_ = new SpreadDelegate(*this);
     TellOfGrids();
     setHorizontalHeader(MakeTitles(Qt::Horizontal, *this));
     setVerticalHeader(MakeTitles(Qt::Vertical, *this));
@@ -280,7 +278,7 @@ void fpSpread::contextMenuEvent(QContextMenuEvent* event)
 
 bool fpSpread::event(QEvent* event)
 {
-    return editing_->HandOn(*event) || QTableView::event(event);
+    return (editing_ && editing_->HandOn(*event)) || QTableView::event(event);
 }
 
 void fpSpread::keyPressEvent(QKeyEvent* event)

@@ -144,8 +144,8 @@ private:
     void ShowFocus();
     void UpdateRow(const QModelIndex& index);
 
+    SpreadEditing* editing_ = nullptr; // first of all: the making of the others is an event to the grid
     SpreadModel* model_;
-    SpreadEditing* editing_;
     ColumnWidths widths_{*this};
     SpreadMouse mouse_{*this};
     QColor gridColor_;
