@@ -23,8 +23,9 @@ protected:
     }
     QStringList Names()
     {
+        const ConnectionList list(settings_);
         QStringList names;
-        for (const SavedConnection& one : ConnectionList(settings_).All())
+        for (const SavedConnection& one : list.All())
             names += one.name;
         return names;
     }

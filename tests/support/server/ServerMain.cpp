@@ -1,7 +1,8 @@
 // The test server as a program of its own, on a database with empty tables that goes with it, or on a new one
 // without tables, which stays:
 //   test-server [FILE]
-// The owner's password is that of the environment's TSMS_TEST_PASSWORD, if there is one. Prints the first five fields of a launch line that reaches it, and serves until its standard input ends.
+// The owner's password is that of the environment's TSMS_TEST_PASSWORD, if there is one. Prints the first
+// five fields of a launch line that reaches it, and serves until its standard input ends.
 #include "runtime/Clock.h"
 #include "session/Session.h"
 #include "store/embedded/EmbeddedConnection.h"
