@@ -30,7 +30,6 @@ public:
 
     // The cursor. It stands on the first record of a new result.
     bool Eof() const { return current_ >= rows_; }
-    void MoveFirst() { current_ = 0; }
     void MoveNext();
 
     /// A value of the current record. Raises ItemNotFound, and NoCurrentRecord when there is none.

@@ -28,8 +28,6 @@ public:
 
     QString Value(); ///< "YYYY-MM-DD", of what the field shows
     void SetValue(QDate date);
-    /// Whether it wears that look.
-    bool IsRefused() const { return refused_; }
 
     void SelectPart(DatePart part);
 

@@ -49,9 +49,6 @@ protected:
     /// The place of the dialog's own controls. Give it a layout, or fill BodyLayout().
     QWidget& Body() const { return *body_; }
     QVBoxLayout& BodyLayout() const { return *bodyLayout_; }
-    /// The row of the buttons at the foot, for what else stands there (left of them).
-    QHBoxLayout& FootLayout() const { return *footLayout_; }
-    Panel& TitleStrip() const { return *strip_; }
 
     /// Whether what is there to be pressed and chosen can be, in its looks too. A run, which
     /// holds the event loop, has them drawn dead at once.
