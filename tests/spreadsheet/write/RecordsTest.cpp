@@ -390,6 +390,15 @@ TEST_F(Records, CellsStandAtTheTopSoThatTheFirstOfSeveralLinesIsInView)
         EXPECT_EQ(FormatAt(1, row).body[6] >> 4, 0);
 }
 
+TEST_F(Records, TheSheetIsPrintedUprightOnA4AtItsOwnSize)
+{
+    Write(TableSheet({{u"가"_q}}));
+    const Record setup = Only(BiffRecord::Setup);
+    EXPECT_EQ(setup.U16(0), 9);   // the paper
+    EXPECT_EQ(setup.U16(2), 100); // percent
+    EXPECT_EQ(setup.U16(10), 2);  // the options: upright alone
+}
+
 TEST_F(Records, WholeNumbersAreShownInGroupsOfThree)
 {
     constexpr int general = 0;
