@@ -104,9 +104,9 @@ QString FaultOf(const SavedConnection& connection, const QString& password)
     if (!connection.IsServer() && IsBlank(connection.file))
         return QStringLiteral("데이터베이스 파일을 입력하여 주십시오.");
     if (connection.IsServer())
-        if (const QString fault = FaultOfServer(connection); !fault.isEmpty())
+        if (QString fault = FaultOfServer(connection); !fault.isEmpty())
             return fault;
-    if (const QString fault = FaultOfCaller(connection); !fault.isEmpty())
+    if (QString fault = FaultOfCaller(connection); !fault.isEmpty())
         return fault;
     const QStringList fields = Fields(connection, password);
     if (std::any_of(fields.begin(), fields.end(), HasForbiddenSign))

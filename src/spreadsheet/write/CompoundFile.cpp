@@ -162,7 +162,7 @@ void PutDifat(QByteArray& to, const Layout& layout)
 QByteArray TablesOf(const Layout& layout, const QString& stream, const QByteArray& classId)
 {
     QByteArray tables;
-    tables.reserve((layout.difat.End() - layout.stream.End() + 1) * SectorBytes);
+    tables.reserve(qsizetype{layout.difat.End() - layout.stream.End() + 1} * SectorBytes);
     Put(tables, quint8(0), layout.stream.count * SectorBytes - layout.bytes);
     PutDirectory(tables, layout, stream, classId);
     PutMiniFat(tables, layout);

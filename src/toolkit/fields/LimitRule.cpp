@@ -133,7 +133,7 @@ CaretText Admit(const QString& before, const CaretText& now, const FieldLimits& 
     if (!limits.filter)
         return holdBoth(put);
     const CaretText filtered = limits.filter(hold(put, CharactersMeasure, limits.characters));
-    const CaretText kept = limits.filter(holdBoth(filtered));
+    CaretText kept = limits.filter(holdBoth(filtered));
     if (holdBoth(kept) == kept)
         return kept;
     return {before, std::min(FindInsertion(before, now.text, now.caret).start, before.size())};
