@@ -39,10 +39,10 @@ Prepared Prepare(const World& world)
     const ServiceDescription service =
         ReadServiceDescription(QUrl(world.wsdlUrl), {}, {}, [&](const QUrl& url) {
             const HttpReply reply = link.Get(url.toString());
-            return FetchedDocument{reply.Body, reply.ContentType};
+            return FetchedDocument{reply.body, reply.contentType};
         });
-    Prepared prepared{service.Endpoint.toEncoded(), {}};
-    const CallShape shape = service.Operations.value(QStringLiteral("SendSMS"));
+    Prepared prepared{service.endpoint.toEncoded(), {}};
+    const CallShape shape = service.operations.value(QStringLiteral("SendSMS"));
     for (int row = 1; row <= world.rows; ++row) {
         const QString content = MessageTemplate().replace(QStringLiteral("[받는사람]"), RecipientName(row));
         const QStringList arguments{QStringLiteral("demo"),

@@ -64,7 +64,7 @@ std::size_t ReceiveBody(char* bytes, std::size_t size, std::size_t count, void* 
     auto& in = *static_cast<Incoming*>(user);
     if (!in.Take(size * count))
         return 0;
-    in.reply.Body.append(bytes, static_cast<qsizetype>(size) * static_cast<qsizetype>(count));
+    in.reply.body.append(bytes, static_cast<qsizetype>(size) * static_cast<qsizetype>(count));
     return size * count;
 }
 
@@ -201,10 +201,10 @@ HttpReply HttpLink::Perform(const QString& url)
     Curl().GetInfo(curl, CURLINFO_NUM_CONNECTS, &connections);
     if (connections > 0)
         isTried_ = false;
-    Curl().GetInfo(curl, CURLINFO_RESPONSE_CODE, &in.reply.Status);
+    Curl().GetInfo(curl, CURLINFO_RESPONSE_CODE, &in.reply.status);
     const char* contentType = nullptr;
     Curl().GetInfo(curl, CURLINFO_CONTENT_TYPE, &contentType);
-    in.reply.ContentType = contentType;
+    in.reply.contentType = contentType;
     return std::move(in.reply);
 }
 

@@ -12,9 +12,9 @@ namespace tsms {
 /// What came back.
 struct HttpReply
 {
-    long Status = 0;
-    QByteArray ContentType;
-    QByteArray Body;
+    long status = 0;
+    QByteArray contentType;
+    QByteArray body;
 };
 
 /// One HTTP/1.1 connection that is kept alive from request to request and made anew when it has died.

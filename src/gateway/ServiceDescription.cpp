@@ -91,8 +91,8 @@ private:
         friend std::size_t qHash(const Key& key, std::size_t seed)
         {
             constexpr qsizetype hashedCharacters = 64;
-            const QStringView space = key.name.Namespace;
-            return qHashMulti(seed, key.kind, key.name.Local, space.right(hashedCharacters));
+            const QStringView space = key.name.space;
+            return qHashMulti(seed, key.kind, key.name.local, space.right(hashedCharacters));
         }
     };
 
@@ -110,7 +110,7 @@ private:
     {
         const FetchedDocument fetched = fetch_(wanted.url);
         XmlDocument& document = documents_.emplace_back();
-        if (!document.Parse(fetched.Bytes, fetched.ContentType))
+        if (!document.Parse(fetched.bytes, fetched.contentType))
             throw UnreadableFault(QStringLiteral("XML 형식이 아닙니다."));
         const XmlElement root = document.Root();
         if (root.Is(ns::Wsdl, "definitions"))
@@ -126,16 +126,16 @@ private:
         const QString space = definitions.Attribute("targetNamespace");
         for (XmlElement node = definitions.First(); node; node = node.Next()) {
             const QualifiedName name = node.Name();
-            if (name.Namespace != QLatin1String(ns::Wsdl))
+            if (name.space != QLatin1String(ns::Wsdl))
                 continue;
-            if (name.Local == u"import")
+            if (name.local == u"import")
                 Follow(node, "location", url, {});
-            else if (name.Local == u"types")
+            else if (name.local == u"types")
                 TakeTypes(node, url);
-            else if (name.Local == u"service")
+            else if (name.local == u"service")
                 services_.append(node);
             else
-                Enter(name.Local, {node, space});
+                Enter(name.local, {node, space});
         }
     }
 
@@ -154,14 +154,14 @@ private:
         const bool qualified = schema.Attribute("elementFormDefault") == u"qualified";
         for (XmlElement node = schema.First(); node; node = node.Next()) {
             const QualifiedName name = node.Name();
-            if (name.Namespace != QLatin1String(ns::Schema))
+            if (name.space != QLatin1String(ns::Schema))
                 continue;
-            if (name.Local == u"import")
+            if (name.local == u"import")
                 Follow(node, "schemaLocation", wanted.url, {});
-            else if (name.Local == u"include")
+            else if (name.local == u"include")
                 Follow(node, "schemaLocation", wanted.url, space);
             else
-                Enter(name.Local, {node, space, qualified});
+                Enter(name.local, {node, space, qualified});
         }
     }
 
@@ -231,7 +231,7 @@ std::optional<QList<CallPart>> RpcParts(const XmlElement& message)
         if (!node.Has("type") || !IsElementName(node.Attribute("name")))
             return std::nullopt;
         const QualifiedName type = node.NameIn("type");
-        parts.append({node.Attribute("name"), {}, type.Namespace, type.Local});
+        parts.append({node.Attribute("name"), {}, type.space, type.local});
     }
     return WithinBounds(parts);
 }
@@ -244,15 +244,15 @@ std::optional<CallPart> WrappedPart(const XmlElement& element, const Documents::
     CallPart part;
     if (element.Has("ref")) {
         const QualifiedName name = element.NameIn("ref");
-        part.Name = name.Local;
-        part.Namespace = name.Namespace;
+        part.name = name.local;
+        part.space = name.space;
     } else {
         const QString form = element.Attribute("form");
-        part.Name = element.Attribute("name");
+        part.name = element.Attribute("name");
         if (form.isEmpty() ? type.qualifiesElements : form == u"qualified")
-            part.Namespace = type.space;
+            part.space = type.space;
     }
-    if (!IsElementName(part.Name))
+    if (!IsElementName(part.name))
         return std::nullopt;
     return part;
 }
@@ -296,10 +296,10 @@ bool ShapeWrapped(const Documents& documents, const XmlElement& message, CallSha
     if (wrapper == nullptr)
         return false;
     const std::optional<QList<CallPart>> arguments = WrappedParts(documents, *wrapper);
-    shape.Style = CallStyle::DocumentWrapped;
-    shape.Element = name.Local;
-    shape.Namespace = name.Namespace;
-    shape.Parts = arguments.value_or(QList<CallPart>());
+    shape.style = CallStyle::DocumentWrapped;
+    shape.element = name.local;
+    shape.space = name.space;
+    shape.parts = arguments.value_or(QList<CallPart>());
     return arguments.has_value();
 }
 
@@ -307,13 +307,13 @@ bool ShapeRpc(const Documents& documents, const XmlElement& operation, const Xml
               const XmlElement& body, CallShape& shape)
 {
     const std::optional<QList<CallPart>> arguments = RpcParts(message);
-    shape.Style = body.Attribute("use") == u"encoded" ? CallStyle::RpcEncoded : CallStyle::RpcLiteral;
-    shape.Element = operation.Attribute("name");
-    shape.Namespace = body.Attribute("namespace");
-    shape.EncodingStyle = body.Attribute("encodingStyle");
-    shape.Parts = arguments.value_or(QList<CallPart>());
+    shape.style = body.Attribute("use") == u"encoded" ? CallStyle::RpcEncoded : CallStyle::RpcLiteral;
+    shape.element = operation.Attribute("name");
+    shape.space = body.Attribute("namespace");
+    shape.encodingStyle = body.Attribute("encodingStyle");
+    shape.parts = arguments.value_or(QList<CallPart>());
     if (const Documents::Named* answer = MessageOf(documents, operation, "output"))
-        shape.ResultName = answer->node.Child(ns::Wsdl, "part").Attribute("name");
+        shape.resultName = answer->node.Child(ns::Wsdl, "part").Attribute("name");
     return arguments.has_value();
 }
 
@@ -328,13 +328,13 @@ std::optional<CallShape> ShapeOf(const Documents& documents, const XmlElement& o
         return std::nullopt;
 
     CallShape shape;
-    shape.Action = soap.Attribute("soapAction");
+    shape.action = soap.Attribute("soapAction");
     const QString ownStyle = soap.Attribute("style");
     const QString style = ownStyle.isEmpty() ? bindingStyle : ownStyle;
     const bool isShaped = style == u"rpc" ? ShapeRpc(documents, operation, message->node, body, shape)
                                           : body.Attribute("use") != u"encoded" &&
                                                 ShapeWrapped(documents, message->node, shape);
-    if (!isShaped || !IsElementName(shape.Element) || !IsHeaderValue(shape.Action))
+    if (!isShaped || !IsElementName(shape.element) || !IsHeaderValue(shape.action))
         return std::nullopt;
     return shape;
 }
@@ -383,11 +383,11 @@ ServiceDescription ReadServiceDescription(const QUrl& url, const QString& servic
         throw UnreadableFault(QStringLiteral("설명에 빠진 부분이 있습니다."));
 
     ServiceDescription description;
-    description.Endpoint =
+    description.endpoint =
         url.resolved(QUrl(bound.port.Child(ns::WsdlSoap, "address").Attribute("location")));
-    if (!IsWebAddress(description.Endpoint))
+    if (!IsWebAddress(description.endpoint))
         throw UnreadableFault(QStringLiteral("서비스의 주소가 올바르지 않습니다."));
-    if (url.scheme() == u"https" && description.Endpoint.scheme() != u"https")
+    if (url.scheme() == u"https" && description.endpoint.scheme() != u"https")
         throw UnreadableFault(QStringLiteral("서비스의 주소가 https가 아닙니다."));
 
     const QString style = bound.binding.Child(ns::WsdlSoap, "binding").Attribute("style");
@@ -397,7 +397,7 @@ ServiceDescription ReadServiceDescription(const QUrl& url, const QString& servic
     const QHash<QString, XmlElement> bindings = OperationsIn(bound.binding);
     for (auto operation = operations.cbegin(); operation != operations.cend(); ++operation)
         if (const auto shape = ShapeOf(documents, operation.value(), bindings.value(operation.key()), style))
-            description.Operations.insert(operation.key(), *shape);
+            description.operations.insert(operation.key(), *shape);
     return description;
 }
 

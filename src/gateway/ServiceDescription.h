@@ -16,36 +16,36 @@ enum class CallStyle { RpcEncoded, RpcLiteral, DocumentWrapped };
 /// One argument of an operation.
 struct CallPart
 {
-    QString Name;
-    QString Namespace;     ///< of its element; empty for an unqualified one
-    QString TypeNamespace; ///< of rpc
-    QString Type;
+    QString name;
+    QString space;     ///< of its element; empty for an unqualified one
+    QString typeSpace; ///< of rpc
+    QString type;
 };
 
 /// One operation as a caller needs it.
 struct CallShape
 {
-    CallStyle Style = CallStyle::RpcEncoded;
-    QString Element; ///< the element that wraps the arguments
-    QString Namespace;
-    QString Action;
-    QString EncodingStyle;
-    QList<CallPart> Parts;
-    QString ResultName; ///< the result part of rpc; empty when the description does not name it
+    CallStyle style = CallStyle::RpcEncoded;
+    QString element; ///< the element that wraps the arguments
+    QString space;
+    QString action;
+    QString encodingStyle;
+    QList<CallPart> parts;
+    QString resultName; ///< the result part of rpc; empty when the description does not name it
 };
 
 /// A service as its description tells it.
 struct ServiceDescription
 {
-    QUrl Endpoint;
-    QMap<QString, CallShape> Operations;
+    QUrl endpoint;
+    QMap<QString, CallShape> operations;
 };
 
 /// Gives the bytes of a document, and its content type.
 struct FetchedDocument
 {
-    QByteArray Bytes;
-    QByteArray ContentType;
+    QByteArray bytes;
+    QByteArray contentType;
 };
 using DocumentSource = std::function<FetchedDocument(const QUrl&)>;
 

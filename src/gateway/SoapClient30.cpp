@@ -24,9 +24,9 @@ SoapFault StatusFault(long status)
 FetchedDocument Fetch(HttpLink& link, const QUrl& url)
 {
     const HttpReply reply = link.Get(url.toString(QUrl::FullyEncoded));
-    if (reply.Status != HttpOk)
-        throw StatusFault(reply.Status);
-    return {reply.Body, reply.ContentType};
+    if (reply.status != HttpOk)
+        throw StatusFault(reply.status);
+    return {reply.body, reply.contentType};
 }
 
 QByteArray ActionHeader(const QString& action)
@@ -38,7 +38,7 @@ QByteArray ActionHeader(const QString& action)
 void RaiseFaultOf(const CallShape& shape, const HttpReply& reply)
 {
     try {
-        ReadAnswer(shape, reply.Body, reply.ContentType);
+        ReadAnswer(shape, reply.body, reply.contentType);
     } catch (const SoapFault& fault) {
         if (fault.IsOfGateway())
             throw;
@@ -48,13 +48,13 @@ void RaiseFaultOf(const CallShape& shape, const HttpReply& reply)
 QString Exchange(HttpLink& link, const QString& endpoint, const CallShape& shape, const QByteArray& envelope)
 {
     const HttpReply reply = link.Post(
-        endpoint, {QByteArrayLiteral("Content-Type: text/xml; charset=utf-8"), ActionHeader(shape.Action)},
+        endpoint, {QByteArrayLiteral("Content-Type: text/xml; charset=utf-8"), ActionHeader(shape.action)},
         envelope);
-    if (reply.Status == HttpServerError)
+    if (reply.status == HttpServerError)
         RaiseFaultOf(shape, reply);
-    if (reply.Status != HttpOk)
-        throw StatusFault(reply.Status);
-    return ReadAnswer(shape, reply.Body, reply.ContentType);
+    if (reply.status != HttpOk)
+        throw StatusFault(reply.status);
+    return ReadAnswer(shape, reply.body, reply.contentType);
 }
 
 } // namespace
@@ -102,7 +102,7 @@ void SoapClient30::mssoapinit(const QString& wsdlUrl, const QString& service, co
         auto reading = std::make_unique<Service>(authorities_);
         reading->description = ReadServiceDescription(
             QUrl(wsdlUrl), service, port, [&](const QUrl& url) { return Fetch(reading->link, url); });
-        reading->endpoint = reading->description.Endpoint.toString(QUrl::FullyEncoded);
+        reading->endpoint = reading->description.endpoint.toString(QUrl::FullyEncoded);
         service_ = std::move(reading);
     });
 }
@@ -112,11 +112,11 @@ QString SoapClient30::Call(const QString& operation, const QStringList& argument
     return KeepingFaults([&] {
         if (!service_)
             throw LocalFault(QStringLiteral("문자메시지 서비스의 설명을 아직 읽지 못하였습니다."));
-        const auto shape = service_->description.Operations.constFind(operation);
-        if (shape == service_->description.Operations.cend())
+        const auto shape = service_->description.operations.constFind(operation);
+        if (shape == service_->description.operations.cend())
             throw LocalFault(QStringLiteral("문자메시지 서비스에 없는 기능입니다."), operation,
                              UnknownOperation);
-        if (shape->Parts.size() != arguments.size())
+        if (shape->parts.size() != arguments.size())
             throw LocalFault(QStringLiteral("문자메시지 서비스의 인수 개수가 맞지 않습니다."), operation,
                              WrongArgumentCount);
         return Exchange(service_->link, service_->endpoint, *shape,

@@ -37,10 +37,10 @@ WrittenName Write(const QByteArray& prefix, const QString& space, const QString&
 
 QByteArray TypeAttribute(const CallPart& part)
 {
-    if (part.TypeNamespace == QLatin1String(ns::Schema))
-        return WrittenAttribute("xsi:type", QStringLiteral("xsd:") + part.Type);
-    return WrittenAttribute("xmlns:t", part.TypeNamespace) +
-           WrittenAttribute("xsi:type", QStringLiteral("t:") + part.Type);
+    if (part.typeSpace == QLatin1String(ns::Schema))
+        return WrittenAttribute("xsi:type", QStringLiteral("xsd:") + part.type);
+    return WrittenAttribute("xmlns:t", part.typeSpace) +
+           WrittenAttribute("xsi:type", QStringLiteral("t:") + part.type);
 }
 
 /// The tags around the value of a part.
@@ -52,7 +52,7 @@ struct WrittenPart
 
 WrittenPart Write(CallStyle style, const CallPart& part)
 {
-    const WrittenName name = Write("p", part.Namespace, part.Name);
+    const WrittenName name = Write("p", part.space, part.name);
     const QByteArray type = style == CallStyle::RpcEncoded ? TypeAttribute(part) : QByteArray();
     return {'<' + name.tag + name.declaration + type + '>', "</" + name.tag + '>'};
 }
@@ -61,15 +61,15 @@ QByteArray WrittenHead(const CallShape& shape, const WrittenName& name)
 {
     QByteArray head = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<soap:Envelope";
     head += WrittenAttribute("xmlns:soap", QLatin1String(ns::SoapEnvelope).toString());
-    if (shape.Style == CallStyle::RpcEncoded) {
+    if (shape.style == CallStyle::RpcEncoded) {
         head += WrittenAttribute("xmlns:xsd", QLatin1String(ns::Schema).toString());
         head += WrittenAttribute("xmlns:xsi", QLatin1String(ns::SchemaInstance).toString());
     }
     head += "><soap:Body><" + name.tag + name.declaration;
-    if (shape.Style == CallStyle::RpcEncoded)
-        head += WrittenAttribute("soap:encodingStyle", shape.EncodingStyle.isEmpty()
+    if (shape.style == CallStyle::RpcEncoded)
+        head += WrittenAttribute("soap:encodingStyle", shape.encodingStyle.isEmpty()
                                                            ? QLatin1String(ns::SoapEncoding).toString()
-                                                           : shape.EncodingStyle);
+                                                           : shape.encodingStyle);
     return head + '>';
 }
 
@@ -84,7 +84,7 @@ SoapFault FaultIn(const XmlElement& fault)
     QString string;
     QString detail;
     for (XmlElement node = fault.First(); node; node = node.Next()) {
-        const QString local = node.Name().Local;
+        const QString local = node.Name().local;
         if (local == u"faultcode" && !node.WholeText().isEmpty())
             code = WithoutPrefix(node.WholeText());
         else if (local == u"faultstring")
@@ -114,7 +114,7 @@ XmlElement ResultElement(const XmlElement& answer, const QString& name)
 {
     const XmlElement first = answer.First();
     for (XmlElement node = first; node && !name.isEmpty(); node = node.Next())
-        if (node.Name().Local == name)
+        if (node.Name().local == name)
             return node;
     return first;
 }
@@ -136,10 +136,10 @@ XmlElement Dereferenced(const XmlElement& result)
 
 CallEnvelope::CallEnvelope(const CallShape& shape)
 {
-    const WrittenName name = Write("m", shape.Namespace, shape.Element);
+    const WrittenName name = Write("m", shape.space, shape.element);
     QByteArray written = WrittenHead(shape, name);
-    for (const CallPart& part : shape.Parts) {
-        const WrittenPart tags = Write(shape.Style, part);
+    for (const CallPart& part : shape.parts) {
+        const WrittenPart tags = Write(shape.style, part);
         ahead_ += written + tags.open;
         written = tags.close;
     }
@@ -165,7 +165,7 @@ QString ReadAnswer(const CallShape& shape, const QByteArray& envelope, const QBy
     XmlDocument document;
     if (!document.Parse(envelope, contentType))
         throw AnswerFault(QStringLiteral("XML 형식이 아닙니다."));
-    const XmlElement result = ResultElement(AnswerElement(document), shape.ResultName);
+    const XmlElement result = ResultElement(AnswerElement(document), shape.resultName);
     if (!result)
         throw AnswerFault(QStringLiteral("결과가 없는 응답입니다."));
     return Dereferenced(result).Text();

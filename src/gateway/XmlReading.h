@@ -26,8 +26,8 @@ inline constexpr const char* SchemaInstance = "http://www.w3.org/2001/XMLSchema-
 /// A name with the address of its namespace in place of its prefix.
 struct QualifiedName
 {
-    QString Namespace;
-    QString Local;
+    QString space;
+    QString local;
 
     friend bool operator==(const QualifiedName&, const QualifiedName&) = default;
 };

@@ -37,7 +37,7 @@ public:
 private:
     std::unique_ptr<Connection> Choose() const
     {
-        if (IsEmbeddedServer(ParseConnectionText(ConnectionString).Server))
+        if (IsEmbeddedServer(ParseConnectionText(ConnectionString).server))
             return std::make_unique<EmbeddedConnection>(clock_);
         return std::make_unique<OdbcConnection>(InstalledOdbcDrivers());
     }

@@ -28,15 +28,15 @@ QualifiedName InDocument(const QString& space, const QString& local)
 void RequireReadable(const CallShape& shape)
 {
     QStringList arguments;
-    for (qsizetype part = 0; part < shape.Parts.size(); ++part)
+    for (qsizetype part = 0; part < shape.parts.size(); ++part)
         arguments += QStringLiteral("<가&\"']]>\r\n %1").arg(part);
     XmlDocument document;
     Require(document.Parse(CallEnvelope(shape).With(arguments), "text/xml"));
     const XmlElement call = document.Root().Child(ns::SoapEnvelope, "Body").First();
-    Require(call.Name() == InDocument(shape.Namespace, shape.Element));
+    Require(call.Name() == InDocument(shape.space, shape.element));
     XmlElement argument = call.First();
-    for (qsizetype part = 0; part < shape.Parts.size(); ++part, argument = argument.Next()) {
-        Require(argument.Name() == InDocument(shape.Parts[part].Namespace, shape.Parts[part].Name));
+    for (qsizetype part = 0; part < shape.parts.size(); ++part, argument = argument.Next()) {
+        Require(argument.Name() == InDocument(shape.parts[part].space, shape.parts[part].name));
         Require(argument.Text() == arguments[part]);
     }
     Require(!argument && !call.Next());
@@ -55,9 +55,9 @@ void ReadDescription(const QByteArray& bytes)
     try {
         const ServiceDescription service =
             ReadServiceDescription(QUrl(QStringLiteral("http://gateway.test/a/service.wsdl")), {}, {}, fetch);
-        Require(!service.Endpoint.host().isEmpty());
-        for (const CallShape& shape : service.Operations) {
-            Require(shape.Parts.size() <= MaxParts);
+        Require(!service.endpoint.host().isEmpty());
+        for (const CallShape& shape : service.operations) {
+            Require(shape.parts.size() <= MaxParts);
             RequireReadable(shape);
         }
     } catch (const SoapFault& fault) {

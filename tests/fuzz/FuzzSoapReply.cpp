@@ -17,7 +17,7 @@ std::optional<QString> AnswerIn(const QByteArray& envelope, const QByteArray& co
                                 const QString& resultName)
 {
     CallShape shape;
-    shape.ResultName = resultName;
+    shape.resultName = resultName;
     try {
         return ReadAnswer(shape, envelope, contentType);
     } catch (const SoapFault& fault) {

@@ -70,8 +70,8 @@ QByteArray With(ServiceStyle style, const char* from, const char* to)
 QStringList NamesOf(const CallShape& shape)
 {
     QStringList names;
-    for (const CallPart& part : shape.Parts)
-        names += part.Name;
+    for (const CallPart& part : shape.parts)
+        names += part.name;
     return names;
 }
 
@@ -126,14 +126,14 @@ INSTANTIATE_TEST_SUITE_P(Styles, EveryStyle,
 TEST_P(EveryStyle, TellsTheOperationsWithTheirPartsInOrder)
 {
     const ServiceDescription service = Read(DescriptionOf(GetParam(), u"http://gateway.test/s"_q));
-    EXPECT_EQ(service.Endpoint, QUrl(u"http://gateway.test/s"_q));
-    EXPECT_EQ(QStringList(service.Operations.keys()), (QStringList{u"DeleteSMS"_q, u"SendSMS"_q}));
-    const CallShape send = service.Operations.value(u"SendSMS"_q);
+    EXPECT_EQ(service.endpoint, QUrl(u"http://gateway.test/s"_q));
+    EXPECT_EQ(QStringList(service.operations.keys()), (QStringList{u"DeleteSMS"_q, u"SendSMS"_q}));
+    const CallShape send = service.operations.value(u"SendSMS"_q);
     EXPECT_EQ(NamesOf(send), PartNames(u"SendSMS"_q));
-    EXPECT_EQ(send.Element, u"SendSMS"_q);
-    EXPECT_EQ(send.Namespace, u"urn:xSMSWebService"_q);
-    EXPECT_EQ(send.Action, u"urn:SendSMS"_q);
-    EXPECT_EQ(NamesOf(service.Operations.value(u"DeleteSMS"_q)), PartNames(u"DeleteSMS"_q));
+    EXPECT_EQ(send.element, u"SendSMS"_q);
+    EXPECT_EQ(send.space, u"urn:xSMSWebService"_q);
+    EXPECT_EQ(send.action, u"urn:SendSMS"_q);
+    EXPECT_EQ(NamesOf(service.operations.value(u"DeleteSMS"_q)), PartNames(u"DeleteSMS"_q));
 }
 
 TEST_P(EveryStyle, PrefixesMeanNothing)
@@ -142,7 +142,7 @@ TEST_P(EveryStyle, PrefixesMeanNothing)
     wsdl.replace("xmlns:wsdl", "xmlns:soapX").replace("wsdl:", "soapX:");
     wsdl.replace("xmlns:soap=", "xmlns:xsdX=").replace("<soap:", "<xsdX:");
     wsdl.replace("xmlns:tns", "xmlns:q").replace("\"tns:", "\"q:");
-    EXPECT_EQ(NamesOf(Read(wsdl).Operations.value(u"SendSMS"_q)), PartNames(u"SendSMS"_q));
+    EXPECT_EQ(NamesOf(Read(wsdl).operations.value(u"SendSMS"_q)), PartNames(u"SendSMS"_q));
 }
 
 TEST_P(EveryStyle, ATruncatedDescriptionIsAFaultAtEveryByte)
@@ -174,7 +174,7 @@ TEST_P(EveryStyle, AFlippedByteIsReadOrRefused)
 TEST(ServiceDescription, StylesAreTold)
 {
     const auto styleOf = [](ServiceStyle style) {
-        return Read(DescriptionOf(style, u"http://gateway.test/s"_q)).Operations.value(u"SendSMS"_q).Style;
+        return Read(DescriptionOf(style, u"http://gateway.test/s"_q)).operations.value(u"SendSMS"_q).style;
     };
     EXPECT_EQ(styleOf(ServiceStyle::RpcEncoded), CallStyle::RpcEncoded);
     EXPECT_EQ(styleOf(ServiceStyle::RpcLiteral), CallStyle::RpcLiteral);
@@ -184,25 +184,25 @@ TEST(ServiceDescription, StylesAreTold)
 TEST(ServiceDescription, AnRpcOperationTellsItsResultAndEncoding)
 {
     const CallShape shape = Read(DescriptionOf(ServiceStyle::RpcEncoded, u"http://gateway.test/s"_q))
-                                .Operations.value(u"SendSMS"_q);
-    EXPECT_EQ(shape.ResultName, u"SendSMSReturn"_q);
-    EXPECT_EQ(shape.EncodingStyle, u"http://schemas.xmlsoap.org/soap/encoding/"_q);
-    EXPECT_EQ(shape.Parts.first().TypeNamespace, u"http://www.w3.org/2001/XMLSchema"_q);
-    EXPECT_EQ(shape.Parts.first().Type, u"string"_q);
+                                .operations.value(u"SendSMS"_q);
+    EXPECT_EQ(shape.resultName, u"SendSMSReturn"_q);
+    EXPECT_EQ(shape.encodingStyle, u"http://schemas.xmlsoap.org/soap/encoding/"_q);
+    EXPECT_EQ(shape.parts.first().typeSpace, u"http://www.w3.org/2001/XMLSchema"_q);
+    EXPECT_EQ(shape.parts.first().type, u"string"_q);
 }
 
 TEST(ServiceDescription, AnOperationsOwnStylePrecedesTheBindings)
 {
     const QByteArray wsdl = With(ServiceStyle::RpcLiteral, "style=\"rpc\"", "style=\"document\"");
-    EXPECT_TRUE(Read(wsdl).Operations.isEmpty());
+    EXPECT_TRUE(Read(wsdl).operations.isEmpty());
     EXPECT_EQ(
-        Read(QByteArray(wsdl).replace("<soap:operation", "<soap:operation style=\"rpc\"")).Operations.size(),
+        Read(QByteArray(wsdl).replace("<soap:operation", "<soap:operation style=\"rpc\"")).operations.size(),
         2);
 }
 
 TEST(ServiceDescription, ARelativeEndpointLiesBesideTheDescription)
 {
-    EXPECT_EQ(Read(With(ServiceStyle::RpcEncoded, "http://gateway.test/s", "../here")).Endpoint,
+    EXPECT_EQ(Read(With(ServiceStyle::RpcEncoded, "http://gateway.test/s", "../here")).endpoint,
               QUrl(u"http://gateway.test/here"_q));
 }
 
@@ -248,9 +248,9 @@ TEST(ServiceDescription, ServiceAndPortAreChosenByName)
                                   "<wsdl:port name=\"second\" binding=\"tns:xSMSWebServiceBinding\">"
                                   "<soap:address location=\"http://gateway.test/second\"/></wsdl:port>"
                                   "</wsdl:service>"));
-    EXPECT_EQ(web.Read().Endpoint.path(), u"/s"_q);
-    EXPECT_EQ(web.Read({}, u"second"_q).Endpoint.path(), u"/second"_q);
-    EXPECT_EQ(web.Read(u"xSMSWebService"_q).Endpoint.path(), u"/s"_q);
+    EXPECT_EQ(web.Read().endpoint.path(), u"/s"_q);
+    EXPECT_EQ(web.Read({}, u"second"_q).endpoint.path(), u"/second"_q);
+    EXPECT_EQ(web.Read(u"xSMSWebService"_q).endpoint.path(), u"/s"_q);
     EXPECT_THROW(web.Read(u"other"_q), SoapFault);
     EXPECT_THROW(web.Read({}, u"other"_q), SoapFault);
 }
@@ -259,7 +259,7 @@ TEST(ServiceDescription, APortThatDoesNotSpeakSoapIsPassedOver)
 {
     EXPECT_EQ(Read(With(ServiceStyle::RpcEncoded, "<wsdl:port name=\"xSMSWebService\"",
                         "<wsdl:port name=\"get\" binding=\"tns:none\"/><wsdl:port name=\"xSMSWebService\""))
-                  .Endpoint.path(),
+                  .endpoint.path(),
               u"/s"_q);
 }
 
@@ -268,9 +268,9 @@ TEST(ServiceDescription, ATypeMayStandInline)
     const CallShape shape =
         Read(
             Small(Schema(Wrapper(Sequence(ElementA + "<x:element name='b' type='x:string'/>"))), WrappedPart))
-            .Operations.value(u"Op"_q);
+            .operations.value(u"Op"_q);
     EXPECT_EQ(NamesOf(shape), (QStringList{u"a"_q, u"b"_q}));
-    EXPECT_EQ(shape.Parts.first().Namespace, QString());
+    EXPECT_EQ(shape.parts.first().space, QString());
 }
 
 TEST(ServiceDescription, ATypeMayStandApart)
@@ -278,7 +278,7 @@ TEST(ServiceDescription, ATypeMayStandApart)
     const QByteArray types = Schema("<x:element name='Op' type='t:OpType'/><x:complexType name='OpType'>"
                                     "<x:annotation/><x:all>" +
                                     ElementA + "</x:all></x:complexType>");
-    EXPECT_EQ(NamesOf(Read(Small(types, WrappedPart)).Operations.value(u"Op"_q)), (QStringList{u"a"_q}));
+    EXPECT_EQ(NamesOf(Read(Small(types, WrappedPart)).operations.value(u"Op"_q)), (QStringList{u"a"_q}));
 }
 
 TEST(ServiceDescription, AnElementMaySayItsFormItselfOrReferToAnother)
@@ -287,16 +287,16 @@ TEST(ServiceDescription, AnElementMaySayItsFormItselfOrReferToAnother)
         Schema(Wrapper(Sequence("<x:element name='a' form='unqualified'/><x:element ref='t:b'/>"
                                 "<x:element name='c'/>")),
                "elementFormDefault='qualified'");
-    const CallShape shape = Read(Small(types, WrappedPart)).Operations.value(u"Op"_q);
+    const CallShape shape = Read(Small(types, WrappedPart)).operations.value(u"Op"_q);
     ASSERT_EQ(NamesOf(shape), (QStringList{u"a"_q, u"b"_q, u"c"_q}));
-    EXPECT_EQ(shape.Parts[0].Namespace, QString());
-    EXPECT_EQ(shape.Parts[1].Namespace, u"urn:t"_q);
-    EXPECT_EQ(shape.Parts[2].Namespace, u"urn:t"_q);
+    EXPECT_EQ(shape.parts[0].space, QString());
+    EXPECT_EQ(shape.parts[1].space, u"urn:t"_q);
+    EXPECT_EQ(shape.parts[2].space, u"urn:t"_q);
 }
 
 TEST(ServiceDescription, AnOperationWithoutArgumentsIsOne)
 {
-    EXPECT_TRUE(Read(Small(Schema(Wrapper("<x:complexType/>")), WrappedPart)).Operations.contains(u"Op"_q));
+    EXPECT_TRUE(Read(Small(Schema(Wrapper("<x:complexType/>")), WrappedPart)).operations.contains(u"Op"_q));
 }
 
 class UnspokenForm : public ::testing::TestWithParam<QByteArray>
@@ -305,7 +305,7 @@ class UnspokenForm : public ::testing::TestWithParam<QByteArray>
 
 TEST_P(UnspokenForm, IsLeftOut)
 {
-    EXPECT_TRUE(Read(GetParam()).Operations.isEmpty());
+    EXPECT_TRUE(Read(GetParam()).operations.isEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -328,17 +328,17 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(ServiceDescription, TheSameRpcFormWithoutAFlawIsKept)
 {
-    EXPECT_TRUE(Read(Small({}, "<w:part name='a' type='x:string'/>", "rpc")).Operations.contains(u"Op"_q));
+    EXPECT_TRUE(Read(Small({}, "<w:part name='a' type='x:string'/>", "rpc")).operations.contains(u"Op"_q));
 }
 
 TEST(ServiceDescription, AnOperationOfAtMost64ArgumentsIsOne)
 {
     const QByteArray part = "<w:part name='a' type='x:string'/>";
-    EXPECT_EQ(Read(Small({}, part.repeated(64), "rpc")).Operations.size(), 1);
-    EXPECT_EQ(Read(Small({}, part.repeated(65), "rpc")).Operations.size(), 0);
-    EXPECT_EQ(Read(Small(Schema(Wrapper(Sequence(ElementA.repeated(64)))), WrappedPart)).Operations.size(),
+    EXPECT_EQ(Read(Small({}, part.repeated(64), "rpc")).operations.size(), 1);
+    EXPECT_EQ(Read(Small({}, part.repeated(65), "rpc")).operations.size(), 0);
+    EXPECT_EQ(Read(Small(Schema(Wrapper(Sequence(ElementA.repeated(64)))), WrappedPart)).operations.size(),
               1);
-    EXPECT_EQ(Read(Small(Schema(Wrapper(Sequence(ElementA.repeated(65)))), WrappedPart)).Operations.size(),
+    EXPECT_EQ(Read(Small(Schema(Wrapper(Sequence(ElementA.repeated(65)))), WrappedPart)).operations.size(),
               0);
 }
 
@@ -351,7 +351,7 @@ TEST(ServiceDescription, AServiceOfMoreThan256OperationsIsRefused)
         return Small({}, "<w:part name='a' type='x:string'/>", "rpc")
             .replace("<w:portType name='P'>", "<w:portType name='P'>" + more);
     };
-    EXPECT_TRUE(Read(withOperations(256)).Operations.contains(u"Op"_q));
+    EXPECT_TRUE(Read(withOperations(256)).operations.contains(u"Op"_q));
     EXPECT_EQ(FaultOfDescription(withOperations(257)).Detail, u"서비스의 기능이 너무 많습니다."_q);
 }
 
@@ -362,8 +362,8 @@ TEST(ServiceDescription, AMessageOfMoreThan10000ElementsIsNone)
                      QByteArray("<w:documentation/>").repeated(count) + "<w:part name='a' type='x:string'/>",
                      "rpc");
     };
-    EXPECT_TRUE(Read(withDocumentation(9'999)).Operations.contains(u"Op"_q));
-    EXPECT_TRUE(Read(withDocumentation(10'000)).Operations.isEmpty());
+    EXPECT_TRUE(Read(withDocumentation(9'999)).operations.contains(u"Op"_q));
+    EXPECT_TRUE(Read(withDocumentation(10'000)).operations.isEmpty());
 }
 
 /// No figure of speed: where each operation looks through all of it, this takes a hundred times as long.
@@ -381,7 +381,7 @@ TEST(ServiceDescription, AnEndlessMessageOfAllOperationsDoesNotHoldTheWindow)
     EXPECT_TRUE(Read(Small({}, QByteArray("<part/>").repeated(130'000), "rpc")
                          .replace("<w:portType name='P'>", "<w:portType name='P'>" + operations)
                          .replace("<w:operation name='Op'><soap", bindings + "<w:operation name='Op'><soap"))
-                    .Operations.isEmpty());
+                    .operations.isEmpty());
     EXPECT_LT(time.elapsed(), 3000);
 }
 
@@ -395,7 +395,7 @@ TEST(ServiceDescription, OneNameInManyNamespacesDoesNotHoldTheWindow)
     QElapsedTimer time;
     time.start();
     EXPECT_TRUE(
-        Read(Small(schemas, "<w:part name='a' type='x:string'/>", "rpc")).Operations.contains(u"Op"_q));
+        Read(Small(schemas, "<w:part name='a' type='x:string'/>", "rpc")).operations.contains(u"Op"_q));
     EXPECT_LT(time.elapsed(), 3000);
 }
 
@@ -415,7 +415,7 @@ TEST(ServiceDescription, AThicketOfNamespacesDoesNotHoldTheWindow)
     EXPECT_TRUE(Read(QByteArray(plain)
                          .replace("<w:definitions", "<w:definitions" + declarations)
                          .replace("<w:portType", elements + "<w:portType"))
-                    .Operations.contains(u"Op"_q));
+                    .operations.contains(u"Op"_q));
     EXPECT_LT(time.elapsed(), 3000);
 }
 
@@ -435,7 +435,7 @@ TEST(ServiceDescription, ImportsOnTheSameHostAreFollowed)
             Small("<x:schema><x:import namespace='urn:t' schemaLocation='/t.xsd'/></x:schema>", WrappedPart));
     web.Put(u"http://gateway.test/t.xsd"_q, schema);
     web.Put(u"http://gateway.test/more.xsd"_q, more);
-    EXPECT_EQ(NamesOf(web.Read().Operations.value(u"Op"_q)), (QStringList{u"a"_q}));
+    EXPECT_EQ(NamesOf(web.Read().operations.value(u"Op"_q)), (QStringList{u"a"_q}));
 }
 
 TEST(ServiceDescription, ImportsFromElsewhereAreNotFetched)
@@ -449,7 +449,7 @@ TEST(ServiceDescription, ImportsFromElsewhereAreNotFetched)
                   "<x:import namespace='urn:e' schemaLocation='//other.test/e.xsd'/>"
                   "<x:import namespace='http://schemas.xmlsoap.org/soap/encoding/'/></x:schema>",
                   "<w:part name='a' type='x:string'/>", "rpc"));
-    EXPECT_TRUE(web.Read().Operations.contains(u"Op"_q));
+    EXPECT_TRUE(web.Read().operations.contains(u"Op"_q));
     EXPECT_EQ(web.asked, QStringList(Home.toString()));
 }
 
@@ -462,7 +462,7 @@ TEST(ServiceDescription, ImportsInACircleAreReadOnce)
     web.Put(u"http://gateway.test/a/b.wsdl"_q,
             "<w:definitions xmlns:w='http://schemas.xmlsoap.org/wsdl/'><w:import location='service.wsdl'/>"
             "</w:definitions>");
-    EXPECT_TRUE(web.Read().Operations.contains(u"Op"_q));
+    EXPECT_TRUE(web.Read().operations.contains(u"Op"_q));
     EXPECT_EQ(web.asked.size(), 2);
 }
 

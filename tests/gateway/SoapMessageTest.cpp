@@ -13,12 +13,12 @@ namespace {
 CallShape Encoded()
 {
     CallShape shape;
-    shape.Style = CallStyle::RpcEncoded;
-    shape.Element = u"Op"_q;
-    shape.Namespace = u"urn:s"_q;
+    shape.style = CallStyle::RpcEncoded;
+    shape.element = u"Op"_q;
+    shape.space = u"urn:s"_q;
     const QString xsd = u"http://www.w3.org/2001/XMLSchema"_q;
-    shape.Parts = {{u"a"_q, {}, xsd, u"string"_q}, {u"b"_q, {}, xsd, u"string"_q}};
-    shape.ResultName = u"OpReturn"_q;
+    shape.parts = {{u"a"_q, {}, xsd, u"string"_q}, {u"b"_q, {}, xsd, u"string"_q}};
+    shape.resultName = u"OpReturn"_q;
     return shape;
 }
 
@@ -63,7 +63,7 @@ TEST(CallEnvelope, AnRpcEncodedCallNamesItsTypes)
 TEST(CallEnvelope, ATypeOfAnotherNamespaceIsDeclaredInPlace)
 {
     CallShape shape = Encoded();
-    shape.Parts = {{u"a"_q, {}, u"urn:types"_q, u"Text"_q}};
+    shape.parts = {{u"a"_q, {}, u"urn:types"_q, u"Text"_q}};
     EXPECT_TRUE(
         CallEnvelope(shape).With({u"x"_q}).contains("<a xmlns:t=\"urn:types\" xsi:type=\"t:Text\">x</a>"));
 }
@@ -71,7 +71,7 @@ TEST(CallEnvelope, ATypeOfAnotherNamespaceIsDeclaredInPlace)
 TEST(CallEnvelope, AnRpcLiteralCallHasBareParts)
 {
     CallShape shape = Encoded();
-    shape.Style = CallStyle::RpcLiteral;
+    shape.style = CallStyle::RpcLiteral;
     EXPECT_TRUE(CallEnvelope(shape)
                     .With({u"1"_q, u"2"_q})
                     .contains("<soap:Body><m:Op xmlns:m=\"urn:s\"><a>1</a><b>2</b></m:Op></soap:Body>"));
@@ -80,8 +80,8 @@ TEST(CallEnvelope, AnRpcLiteralCallHasBareParts)
 TEST(CallEnvelope, ADocumentCallQualifiesWhatTheSchemaQualifies)
 {
     CallShape shape = Encoded();
-    shape.Style = CallStyle::DocumentWrapped;
-    shape.Parts = {{u"a"_q, u"urn:s"_q, {}, {}}, {u"b"_q, {}, {}, {}}};
+    shape.style = CallStyle::DocumentWrapped;
+    shape.parts = {{u"a"_q, u"urn:s"_q, {}, {}}, {u"b"_q, {}, {}, {}}};
     EXPECT_TRUE(CallEnvelope(shape)
                     .With({u"1"_q, u"2"_q})
                     .contains("<m:Op xmlns:m=\"urn:s\"><p:a xmlns:p=\"urn:s\">1</p:a><b>2</b></m:Op>"));

@@ -65,25 +65,25 @@ TEST(SavedConnection, ReachesTheProgramWithEveryPassword)
     for (const QString& password : {u"plain"_q, u"a;b"_q, u"\"a"_q, u"'a'"_q, u"a\"b;c"_q, u" a "_q,
                                     u"\"\";"_q, u"{x}"_q, u"비밀=1"_q}) {
         const ConnectionParts parts = PartsOf(LaunchLineOf(ServerConnection(), password));
-        EXPECT_EQ(parts.Password, password);
-        EXPECT_EQ(parts.User, u"sms"_q);
-        EXPECT_EQ(parts.Catalog, u"SmsDb"_q);
-        EXPECT_EQ(parts.Server, u"sql.example.kr"_q);
-        EXPECT_EQ(parts.Port, u"1434"_q);
+        EXPECT_EQ(parts.password, password);
+        EXPECT_EQ(parts.user, u"sms"_q);
+        EXPECT_EQ(parts.catalog, u"SmsDb"_q);
+        EXPECT_EQ(parts.server, u"sql.example.kr"_q);
+        EXPECT_EQ(parts.port, u"1434"_q);
     }
 }
 
 TEST(SavedConnection, ReachesTheProgramWithEveryFileName)
 {
     for (const QString& file : {u"/a/b.db"_q, u"/a;b/c.db"_q, u"/a/ b"_q, u"/a/\"b\".db"_q, u"/a/b "_q})
-        EXPECT_EQ(PartsOf(LaunchLineOf(FileConnection(file), {})).Catalog, file);
+        EXPECT_EQ(PartsOf(LaunchLineOf(FileConnection(file), {})).catalog, file);
 }
 
 TEST(SavedConnection, IsTestedWithTheTextThatTheProgramMakes)
 {
     EXPECT_EQ(ConnectionTextOf(ServerConnection(), u"a;b"_q),
               AssembleConnectionText(Stored(LaunchLineOf(ServerConnection(), u"a;b"_q))));
-    EXPECT_EQ(ParseConnectionText(ConnectionTextOf(ServerConnection(), u"x"_q, u"master"_q)).Catalog,
+    EXPECT_EQ(ParseConnectionText(ConnectionTextOf(ServerConnection(), u"x"_q, u"master"_q)).catalog,
               u"master"_q);
 }
 

@@ -133,7 +133,7 @@ EmbeddedConnection::~EmbeddedConnection()
 
 void EmbeddedConnection::Open()
 {
-    OpenFile(ParseConnectionText(ConnectionString).Catalog);
+    OpenFile(ParseConnectionText(ConnectionString).catalog);
 }
 
 void EmbeddedConnection::OpenFile(const QString& path, bool make)

@@ -90,15 +90,15 @@ ConnectionParts ParseConnectionText(QStringView text)
             return pairs.keyword.compare(word, Qt::CaseInsensitive) == 0;
         };
         if (is(u"Initial Catalog")) {
-            parts.Catalog = pairs.value;
+            parts.catalog = pairs.value;
         } else if (is(u"User ID")) {
-            parts.User = pairs.value;
+            parts.user = pairs.value;
         } else if (is(u"Password")) {
-            parts.Password = pairs.value;
+            parts.password = pairs.value;
         } else if (is(u"Data Source")) {
             const qsizetype comma = pairs.value.lastIndexOf(u',');
-            parts.Server = (comma < 0 ? pairs.value : pairs.value.first(comma)).trimmed();
-            parts.Port = comma < 0 ? QString() : pairs.value.sliced(comma + 1).trimmed();
+            parts.server = (comma < 0 ? pairs.value : pairs.value.first(comma)).trimmed();
+            parts.port = comma < 0 ? QString() : pairs.value.sliced(comma + 1).trimmed();
         }
     }
     return parts;

@@ -13,11 +13,11 @@ QString AssembleConnectionText(const Session& session);
 /// What an engine needs of a connection text.
 struct ConnectionParts
 {
-    QString Catalog;
-    QString Server; ///< Data Source without the port
-    QString Port;   ///< behind the last comma of Data Source; empty when there is none
-    QString User;
-    QString Password;
+    QString catalog;
+    QString server; ///< Data Source without the port
+    QString port;   ///< behind the last comma of Data Source; empty when there is none
+    QString user;
+    QString password;
 };
 
 /// Takes a text of "keyword=value" pairs joined by ";" apart. Keywords ignore case; a value may stand between

@@ -63,11 +63,11 @@ QString InFreeTdsBraces(const QString& value)
 
 QString MicrosoftText(const OdbcDriver& driver, const ConnectionParts& parts)
 {
-    const QString server = parts.Port.isEmpty() ? parts.Server : parts.Server + u',' + parts.Port;
+    const QString server = parts.port.isEmpty() ? parts.server : parts.server + u',' + parts.port;
     return QStringLiteral("DRIVER=") + InMicrosoftBraces(driver.name) + QStringLiteral(";SERVER=") +
-           InMicrosoftBraces(server) + QStringLiteral(";DATABASE=") + InMicrosoftBraces(parts.Catalog) +
-           QStringLiteral(";UID=") + InMicrosoftBraces(parts.User) + QStringLiteral(";PWD=") +
-           InMicrosoftBraces(parts.Password) +
+           InMicrosoftBraces(server) + QStringLiteral(";DATABASE=") + InMicrosoftBraces(parts.catalog) +
+           QStringLiteral(";UID=") + InMicrosoftBraces(parts.user) + QStringLiteral(";PWD=") +
+           InMicrosoftBraces(parts.password) +
            QStringLiteral(";APP={tsms};Encrypt=no;TrustServerCertificate=yes;");
 }
 
@@ -76,14 +76,14 @@ QString MicrosoftText(const OdbcDriver& driver, const ConnectionParts& parts)
 QString FreeTdsServer(const ConnectionParts& parts)
 {
     constexpr QStringView protocol = u"tcp:";
-    QStringView server = parts.Server;
+    QStringView server = parts.server;
     if (server.startsWith(protocol, Qt::CaseInsensitive))
         server = server.sliced(protocol.size()).trimmed();
     const qsizetype sign = server.indexOf(u'\\');
     const QStringView name = sign < 0 ? server : server.first(sign);
     const bool isHere = name == u"." || name.compare(u"(local)", Qt::CaseInsensitive) == 0;
     QString host = isHere ? QStringLiteral("localhost") : name.toString();
-    if (sign >= 0 && parts.Port.isEmpty())
+    if (sign >= 0 && parts.port.isEmpty())
         host += server.sliced(sign);
     return host;
 }
@@ -94,11 +94,11 @@ QString FreeTdsServer(const ConnectionParts& parts)
 QString FreeTdsText(const OdbcDriver& driver, const ConnectionParts& parts)
 {
     const QString port =
-        parts.Port.isEmpty() ? QString() : QStringLiteral(";PORT=") + InFreeTdsBraces(parts.Port);
+        parts.port.isEmpty() ? QString() : QStringLiteral(";PORT=") + InFreeTdsBraces(parts.port);
     return QStringLiteral("DRIVER=") + InFreeTdsBraces(driver.name) + QStringLiteral(";SERVER=") +
            InFreeTdsBraces(FreeTdsServer(parts)) + port + QStringLiteral(";DATABASE=") +
-           InFreeTdsBraces(parts.Catalog) + QStringLiteral(";UID=") + InFreeTdsBraces(parts.User) +
-           QStringLiteral(";PWD=") + InFreeTdsBraces(parts.Password) +
+           InFreeTdsBraces(parts.catalog) + QStringLiteral(";UID=") + InFreeTdsBraces(parts.user) +
+           QStringLiteral(";PWD=") + InFreeTdsBraces(parts.password) +
            QStringLiteral(";APP={tsms};TDS_Version=7.4;ClientCharset=UTF-8;");
 }
 

@@ -31,38 +31,38 @@ TEST(ConnectionText, AssembledTextsAreTakenApartAgain)
     session.DBUser = u"sa"_q;
     session.DBPassword = u"p=w'x\"y"_q;
     const ConnectionParts parts = ParseConnectionText(AssembleConnectionText(session));
-    EXPECT_EQ(parts.Catalog, session.DBCatalog);
-    EXPECT_EQ(parts.Server, session.DBServer);
-    EXPECT_EQ(parts.Port, session.DBPort);
-    EXPECT_EQ(parts.User, session.DBUser);
-    EXPECT_EQ(parts.Password, session.DBPassword);
+    EXPECT_EQ(parts.catalog, session.DBCatalog);
+    EXPECT_EQ(parts.server, session.DBServer);
+    EXPECT_EQ(parts.port, session.DBPort);
+    EXPECT_EQ(parts.user, session.DBUser);
+    EXPECT_EQ(parts.password, session.DBPassword);
 }
 
 TEST(ConnectionText, ThePortStandsBehindTheLastComma)
 {
-    EXPECT_EQ(ParseConnectionText(u"Data Source=a,b,1433").Server, u"a,b"_q);
-    EXPECT_EQ(ParseConnectionText(u"Data Source=,1433").Server, QString());
-    EXPECT_EQ(ParseConnectionText(u"Data Source=,1433").Port, u"1433"_q);
-    EXPECT_EQ(ParseConnectionText(u"Data Source=host").Server, u"host"_q);
-    EXPECT_EQ(ParseConnectionText(u"Data Source=host").Port, QString());
+    EXPECT_EQ(ParseConnectionText(u"Data Source=a,b,1433").server, u"a,b"_q);
+    EXPECT_EQ(ParseConnectionText(u"Data Source=,1433").server, QString());
+    EXPECT_EQ(ParseConnectionText(u"Data Source=,1433").port, u"1433"_q);
+    EXPECT_EQ(ParseConnectionText(u"Data Source=host").server, u"host"_q);
+    EXPECT_EQ(ParseConnectionText(u"Data Source=host").port, QString());
 }
 
 TEST(ConnectionText, KeywordsIgnoreCaseAndBlanksAround)
 {
-    EXPECT_EQ(ParseConnectionText(u" data source = host,1 ; USER id=x").Server, u"host"_q);
-    EXPECT_EQ(ParseConnectionText(u" data source = host,1 ; USER id=x").User, u"x"_q);
+    EXPECT_EQ(ParseConnectionText(u" data source = host,1 ; USER id=x").server, u"host"_q);
+    EXPECT_EQ(ParseConnectionText(u" data source = host,1 ; USER id=x").user, u"x"_q);
 }
 
 TEST(ConnectionText, OfAKeywordGivenTwiceTheLastCounts)
 {
     // A password with ";Data Source=" in it does not lead elsewhere.
-    EXPECT_EQ(ParseConnectionText(u"Password=x;Data Source=evil,1;Data Source=good,2").Server, u"good"_q);
+    EXPECT_EQ(ParseConnectionText(u"Password=x;Data Source=evil,1;Data Source=good,2").server, u"good"_q);
 }
 
 TEST(ConnectionText, AQuotedValueMayHoldASemicolon)
 {
-    EXPECT_EQ(ParseConnectionText(u"Password=\"a;b\"\"c\";User ID='d''e'").Password, u"a;b\"c"_q);
-    EXPECT_EQ(ParseConnectionText(u"Password=\"a;b\"\"c\";User ID='d''e'").User, u"d'e"_q);
+    EXPECT_EQ(ParseConnectionText(u"Password=\"a;b\"\"c\";User ID='d''e'").password, u"a;b\"c"_q);
+    EXPECT_EQ(ParseConnectionText(u"Password=\"a;b\"\"c\";User ID='d''e'").user, u"d'e"_q);
 }
 
 TEST(ConnectionText, ATextThatIsNoPairsRaises)

@@ -22,7 +22,7 @@ ConnectionParts Office()
 ConnectionParts WithPassword(const QString& password)
 {
     ConnectionParts parts = Office();
-    parts.Password = password;
+    parts.password = password;
     return parts;
 }
 
@@ -103,8 +103,8 @@ TEST(OdbcDrivers, TheTextOfFreeTdsPinsVersionAndCharacters)
 TEST(OdbcDrivers, WithoutAPortTheDriversOwnIsTaken)
 {
     ConnectionParts parts = Office();
-    parts.Server = u"office\\sql"_q;
-    parts.Port.clear();
+    parts.server = u"office\\sql"_q;
+    parts.port.clear();
     EXPECT_TRUE(OdbcConnectionText(Microsoft, parts).contains(u";SERVER={office\\sql};DATABASE="_q));
     EXPECT_TRUE(OdbcConnectionText(FreeTds, parts).contains(u";SERVER={office\\sql};DATABASE="_q));
 }
@@ -112,7 +112,7 @@ TEST(OdbcDrivers, WithoutAPortTheDriversOwnIsTaken)
 TEST(OdbcDrivers, AnInstanceIsLeftOutForFreeTdsWhereAPortIsTold)
 {
     ConnectionParts parts = Office();
-    parts.Server = u"office\\sql"_q;
+    parts.server = u"office\\sql"_q;
     EXPECT_TRUE(OdbcConnectionText(FreeTds, parts).contains(u";SERVER={office};PORT={1433};"_q));
     EXPECT_TRUE(OdbcConnectionText(Microsoft, parts).contains(u";SERVER={office\\sql,1433};"_q));
 }
@@ -140,13 +140,13 @@ TEST(OdbcDrivers, FreeTdsIsToldAHostWhereMicrosoftsDriversHaveAWordOfTheirOwn)
     };
     for (const Case& one : cases) {
         ConnectionParts parts = Office();
-        parts.Server = QString::fromUtf16(one.server);
-        parts.Port.clear();
+        parts.server = QString::fromUtf16(one.server);
+        parts.port.clear();
         const QString wanted = u";SERVER={%1};DATABASE="_q;
         EXPECT_TRUE(OdbcConnectionText(FreeTds, parts).contains(wanted.arg(QString::fromUtf16(one.freeTds))))
-            << parts.Server.toStdString();
-        EXPECT_TRUE(OdbcConnectionText(Microsoft, parts).contains(wanted.arg(parts.Server)))
-            << parts.Server.toStdString();
+            << parts.server.toStdString();
+        EXPECT_TRUE(OdbcConnectionText(Microsoft, parts).contains(wanted.arg(parts.server)))
+            << parts.server.toStdString();
     }
 }
 
