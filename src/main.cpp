@@ -29,9 +29,9 @@ int main(int argc, char** argv)
     Application application(programNameOnly, argv);
     theme::ApplyTheme(application);
     QtDesktop desktop;
-    application.SetDesktop(desktop);
     const SystemClock clock;
     Session session;
+    application.HandleErrors(session, desktop);
     DBConnect db(session, desktop, MakeConnections(clock));
     ModSMS sms(session, db, desktop, clock, GatewayDescriptionUrl(QStringLiteral(TSMS_GATEWAY_URL)));
     Services services{session, desktop, clock, db, sms, Application::applicationDirPath()};

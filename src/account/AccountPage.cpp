@@ -4,7 +4,7 @@
 #include "account/ModStep3.h"
 #include "runtime/Clock.h"
 #include "services/Services.h"
-#include "session/Session.h"
+#include "session/WhenIdle.h"
 #include "toolkit/fields/ComboBox.h"
 #include "toolkit/fields/Naming.h"
 #include "toolkit/grid/fpSpread.h"
@@ -59,7 +59,7 @@ AccountPage::AccountPage(Services& services, Window window, QWidget* parent)
 PushButton* AccountPage::BuildButton(int index, const QString& caption)
 {
     auto* button = new PushButton(this, IndexedName(u"BtnChargeFunc", index), caption);
-    button->OnClick = [this, index] { BtnChargeFuncClick(index); };
+    button->OnClick = WhenIdle(services_.session, [this, index] { BtnChargeFuncClick(index); });
     buttons_.at(static_cast<std::size_t>(index)) = button;
     return button;
 }
@@ -86,7 +86,10 @@ void AccountPage::BuildMonths(QVBoxLayout& page)
              QStringLiteral("(검색하실 연도를 선택하여 주십시오.)"));
     year_ = new ComboBox(this, QStringLiteral("CbMonthYear"));
     DescribeBy(*year_, QStringLiteral("검색 연도"));
-    year_->OnClick = [this] { CbMonthYearClick(); };
+    year_->OnClick = WhenIdle(services_.session, [this] {
+        SetUpMonths();
+        ShowYear();
+    });
     head->addWidget(year_);
     head->addWidget(BuildButton(ExportMonths, QStringLiteral("엑셀변환")));
     months_ = Named(new fpSpread(this), QStringLiteral("fpSpreadMonth"));
@@ -134,8 +137,6 @@ void AccountPage::SetUpMonths()
 
 void AccountPage::BtnChargeFuncClick(int index)
 {
-    if (services_.session.IsBusy())
-        return;
     switch (index) {
     case Add:
         EnterCharge();
@@ -159,14 +160,6 @@ void AccountPage::EnterCharge()
 {
     const auto reload = [this] { QueryCharges(services_, *ledger_); };
     dlgSMSCharge(services_, reload, window()).ShowModal();
-}
-
-void AccountPage::CbMonthYearClick()
-{
-    if (services_.session.IsBusy())
-        return;
-    SetUpMonths();
-    ShowYear();
 }
 
 void AccountPage::ShowYear()

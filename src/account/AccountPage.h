@@ -45,7 +45,6 @@ private:
 
     void BtnChargeFuncClick(int index);
     void EnterCharge();
-    void CbMonthYearClick();
     void ShowYear();
 
     Services& services_;

@@ -5,6 +5,7 @@
 #include "runtime/Text.h"
 #include "services/ScreenBusy.h"
 #include "services/Services.h"
+#include "session/WhenIdle.h"
 #include "store/LoadSMSSetup.h"
 #include "store/WithDatabase.h"
 #include "toolkit/fields/DatePicker.h"
@@ -52,10 +53,7 @@ void dlgSMSCharge::BuildDate()
 {
     date_ = new DatePicker(&Body(), QStringLiteral("DTPChargeDt"));
     date_->SetValue(services_.clock.Date());
-    date_->OnChoose = [this] {
-        if (!IsBusy())
-            fields_.Box(Count).SetFocus();
-    };
+    date_->OnChoose = WhenIdle(*this, [this] { fields_.Box(Count).SetFocus(); });
     fields_.AddControl(Date, QStringLiteral("충전일시 :"), *date_);
 }
 

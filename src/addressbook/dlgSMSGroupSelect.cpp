@@ -12,16 +12,17 @@
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "services/Services.h"
+#include "session/WhenIdle.h"
 #include "store/engine/RecordsetCells.h"
 #include "store/WithDatabase.h"
 #include "toolkit/fields/ComboBox.h"
 #include "toolkit/fields/Controls.h"
 #include "toolkit/fields/Naming.h"
+#include "toolkit/fields/RaiseEvent.h"
 #include "toolkit/grid/fpSpread.h"
 #include "toolkit/grid/GridHelper.h"
 #include "toolkit/grid/RowsOnView.h"
 #include "toolkit/look/Pictures.h"
-#include "toolkit/windows/Guarded.h"
 
 namespace tsms {
 
@@ -65,17 +66,22 @@ dlgSMSGroupSelect::~dlgSMSGroupSelect() = default;
 
 void dlgSMSGroupSelect::Connect(const BookControls& controls)
 {
-    filter_->OnClick = [this] { CbGroupClick(); };
+    filter_->OnClick = WhenIdle(*this, [this] {
+        LayOutBrowse(true);
+        Reload();
+    });
     for (std::size_t i = 0; i < view_.size(); ++i) {
         const int index = static_cast<int>(i);
-        view_[i]->OnClick = [this, index] { OptTypeClick(index); };
-        controls.add[i]->OnClick = [this, index] { BtnAddClick(index); };
-        controls.transfer[i]->OnClick = [this, index] { BtnFuncAddClick(index); };
+        view_[i]->OnClick = WhenIdle(*this, [this, index] { OptTypeClick(index); });
+        controls.add[i]->OnClick = WhenIdle(*this, [this, index] { BtnAddClick(index); });
+        controls.transfer[i]->OnClick = WhenIdle(*this, [this, index] { BtnFuncAddClick(index); });
     }
-    connect(browse_, &fpSpread::Click, this,
-            Guarded(services_.desktop, [this](int column, int) { BrowseClick(column); }));
-    connect(chosen_, &fpSpread::Click, this,
-            Guarded(services_.desktop, [this](int column, int) { ChosenClick(column); }));
+    connect(browse_, &fpSpread::Click, this, [this](int column) {
+        RaiseEvent(*browse_, WhenIdle(*this, [this, column] { BrowseClick(column); }));
+    });
+    connect(chosen_, &fpSpread::Click, this, [this](int column) {
+        RaiseEvent(*chosen_, WhenIdle(*this, [this, column] { ChosenClick(column); }));
+    });
 }
 
 void dlgSMSGroupSelect::Load()
@@ -185,8 +191,6 @@ void dlgSMSGroupSelect::Reload()
 
 void dlgSMSGroupSelect::OptTypeClick(int index)
 {
-    if (IsBusy())
-        return;
     LayOutBrowse(index == 0);
     WithDatabase(services_.db, [this] {
         FillGroupCombo();
@@ -194,18 +198,8 @@ void dlgSMSGroupSelect::OptTypeClick(int index)
     });
 }
 
-void dlgSMSGroupSelect::CbGroupClick()
-{
-    if (IsBusy())
-        return;
-    LayOutBrowse(true);
-    Reload();
-}
-
 void dlgSMSGroupSelect::BtnAddClick(int index)
 {
-    if (IsBusy())
-        return;
     view_[static_cast<std::size_t>(index)]->SetValue(true);
     const auto reload = [this] { Reload(); };
     if (index == 0) {
@@ -221,8 +215,6 @@ void dlgSMSGroupSelect::BtnAddClick(int index)
 
 void dlgSMSGroupSelect::BrowseClick(int column)
 {
-    if (IsBusy())
-        return;
     if (ShowsMembers())
         BrowseMemberClick(column);
     else
@@ -251,8 +243,6 @@ void dlgSMSGroupSelect::BrowseGroupClick(int column)
 
 void dlgSMSGroupSelect::ChosenClick(int column)
 {
-    if (IsBusy())
-        return;
     if (column != ChosenDelete)
         TurnTick(*chosen_, ChosenTick, chosen_->ActiveRow());
     else if (chosen_->Cells().MaxRows() > 0)
@@ -350,8 +340,6 @@ void dlgSMSGroupSelect::TellDeleted()
 
 void dlgSMSGroupSelect::BtnFuncAddClick(int index)
 {
-    if (IsBusy())
-        return;
     Trapped([this, index] {
         SetBusy(true);
         if (index == 0)

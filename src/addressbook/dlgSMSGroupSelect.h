@@ -55,7 +55,6 @@ private:
     void Reload();
 
     void OptTypeClick(int index);
-    void CbGroupClick();
     void BtnAddClick(int index);
     void BtnFuncAddClick(int index);
     void BrowseClick(int column);

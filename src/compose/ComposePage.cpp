@@ -9,17 +9,17 @@
 #include "runtime/Desktop.h"
 #include "runtime/Text.h"
 #include "services/Services.h"
-#include "session/Session.h"
+#include "session/WhenIdle.h"
 #include "store/LoadSMSSetup.h"
 #include "toolkit/fields/LimitRule.h"
 #include "toolkit/fields/MemoBox.h"
 #include "toolkit/fields/Naming.h"
+#include "toolkit/fields/RaiseEvent.h"
 #include "toolkit/fields/TextBox.h"
 #include "toolkit/grid/fpSpread.h"
 #include "toolkit/grid/PastedRows.h"
 #include "toolkit/grid/RowsOnView.h"
 #include "toolkit/look/Theme.h"
-#include "toolkit/windows/Guarded.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -94,7 +94,7 @@ void ComposePage::BuildRecipients(QVBoxLayout& phone, QWidget& parent)
     buttons->setSpacing(6);
     for (int i = 0; i < captions.size(); ++i) {
         auto* button = new PushButton(&parent, IndexedName(u"BtnFuncMain", i), captions[i]);
-        button->OnClick = [this, i] { BtnFuncMainClick(i); };
+        button->OnClick = WhenIdle(services_.session, [this, i] { BtnFuncMainClick(i); });
         buttons->addWidget(button, 1);
     }
     grid_ = Named(new fpSpread(&parent), QStringLiteral("fpSpread"));
@@ -109,8 +109,10 @@ void ComposePage::BuildRecipients(QVBoxLayout& phone, QWidget& parent)
     };
     grid_->OnTabInto = [this] { recipients_->GoToFreeName(); };
     grid_->OnPaste = [this](const QString& text) { return RecipientPaste(text); };
-    connect(grid_, &fpSpread::Click, this,
-            Guarded(services_.desktop, [this](int column, int) { RecipientClick(column); }));
+    connect(grid_, &fpSpread::Click, this, [this](int column) {
+        if (column == GridRecipientList::RemoveColumn)
+            RaiseEvent(*grid_, WhenIdle(services_.session, [this] { recipients_->RemoveActive(); }));
+    });
     phone.addLayout(buttons);
     phone.addWidget(grid_, 100); // all its rows come before more of the message
 }
@@ -132,8 +134,8 @@ void ComposePage::BuildSender(QVBoxLayout& phone, QWidget& parent)
     auto* send = new PushButton(&parent, IndexedName(u"BtnSend", 0), QStringLiteral("발송"),
                                 PushButton::Look::Primary);
     auto* close = new PushButton(&parent, IndexedName(u"BtnSend", 1), QStringLiteral("닫기"));
-    send->OnClick = [this] { BtnSendClick(0); };
-    close->OnClick = [this] { BtnSendClick(1); };
+    send->OnClick = WhenIdle(services_.session, [this] { Send(); });
+    close->OnClick = WhenIdle(services_.session, [this] { window_.close(); });
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(6);
     buttons->addWidget(send, 2);
@@ -184,8 +186,6 @@ void ComposePage::ResetSenderNumber()
 
 void ComposePage::BtnFuncMainClick(int index)
 {
-    if (services_.session.IsBusy())
-        return;
     switch (index) {
     case 0:
         window_.openAddressBook();
@@ -197,16 +197,6 @@ void ComposePage::BtnFuncMainClick(int index)
         recipients_->Reset();
         break;
     }
-}
-
-void ComposePage::BtnSendClick(int index)
-{
-    if (services_.session.IsBusy())
-        return;
-    if (index != 0)
-        window_.close();
-    else
-        Send();
 }
 
 void ComposePage::Send()
@@ -245,13 +235,6 @@ void ComposePage::SendNoKeyPress(char16_t& key)
     if (IsBlank(senderNumber_->Text()))
         services_.desktop.MsgBox(QStringLiteral("회신 전화번호를 입력하여 주십시오."), MsgBoxCritical,
                                  QStringLiteral("문자메시지 전송"));
-}
-
-void ComposePage::RecipientClick(int column)
-{
-    if (services_.session.IsBusy() || column != GridRecipientList::RemoveColumn)
-        return;
-    recipients_->RemoveActive();
 }
 
 /// A block of a spreadsheet fills rows; anything else goes into its cell.

@@ -58,11 +58,9 @@ private:
     void BuildSender(QVBoxLayout& phone, QWidget& parent);
 
     void BtnFuncMainClick(int index);
-    void BtnSendClick(int index);
     void Send();
     void Refuse(Refusal refusal);
     void SendNoKeyPress(char16_t& key);
-    void RecipientClick(int column);
     bool RecipientPaste(const QString& text);
 
     Services& services_;

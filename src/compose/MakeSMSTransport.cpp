@@ -10,7 +10,7 @@
 #include "runtime/Desktop.h"
 #include "runtime/Numbers.h"
 #include "services/Services.h"
-#include "session/Session.h"
+#include "session/WhenIdle.h"
 #include "store/LoadSMSSetup.h"
 #include "toolkit/fields/ComboBox.h"
 #include "toolkit/fields/Controls.h"
@@ -40,7 +40,7 @@ MakeSMSTransport::MakeSMSTransport(Services& services, const Draft& draft, QWidg
     minute_->AddItem(FirstMinuteItem());
     minute_->SetListIndex(0);
     EnableReservation(false);
-    reserve_->OnClick = [this] { ChkTimeClick(); };
+    reserve_->OnClick = WhenIdle(*this, [this] { ChkTimeClick(); });
     SetBusy(false);
     Button(0)->setFocus(Qt::OtherFocusReason); // what a person came for
 }
@@ -65,8 +65,6 @@ void MakeSMSTransport::BuildReservation()
 
 void MakeSMSTransport::ChkTimeClick()
 {
-    if (IsBusy())
-        return;
     EnableReservation(reserve_->Value());
     if (reserve_->Value())
         FillTimeLists();

@@ -18,6 +18,9 @@ class RunDialog : public DialogForm, protected RunDisplay
 {
     Q_OBJECT
 
+public:
+    bool IsBusy() const override;
+
 protected:
     /// What tells the two apart.
     struct Words
@@ -32,7 +35,6 @@ protected:
     /// A dialog about so many messages.
     RunDialog(Services& services, const Words& words, std::int32_t total, QWidget* owner);
 
-    bool IsBusy() const override;
     void OnButton(int index) override;
 
     /// A press of the first button. Nothing else of the dialog begins before it has returned.

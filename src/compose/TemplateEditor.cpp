@@ -5,16 +5,16 @@
 #include "compose/Placeholders.h"
 #include "compose/SymbolGrid.h"
 #include "services/Services.h"
-#include "session/Session.h"
+#include "session/WhenIdle.h"
 #include "toolkit/fields/LimitRule.h"
 #include "toolkit/fields/MemoBox.h"
 #include "toolkit/fields/Naming.h"
+#include "toolkit/fields/RaiseEvent.h"
 #include "toolkit/fields/TextBox.h"
 #include "toolkit/grid/fpSpread.h"
 #include "toolkit/grid/GridHelper.h"
 #include "toolkit/look/Theme.h"
 #include "toolkit/look/Twips.h"
-#include "toolkit/windows/Guarded.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -97,7 +97,7 @@ void TemplateEditor::BuildFields()
     buttons->setSpacing(6);
     for (int i = 0; i < captions.size(); ++i) {
         auto* button = new PushButton(this, IndexedName(u"BtnFuncDocEdit", i), captions[i]);
-        button->OnClick = [this, i] { BtnFuncDocEditClick(i); };
+        button->OnClick = WhenIdle(services_.session, [this, i] { BtnFuncDocEditClick(i); });
         buttons->addWidget(button, i / 2, i % 2, 1, i == Rewrite ? 2 : 1);
     }
 
@@ -125,10 +125,7 @@ void TemplateEditor::BuildFields()
 PushButton* TemplateEditor::BuildCloseButton(int index, PopupPanel& popup)
 {
     auto* button = new PushButton(&popup, IndexedName(u"BtnDocEdit", index), QStringLiteral("닫기"));
-    button->OnClick = [this, &popup] {
-        if (!services_.session.IsBusy())
-            popup.hide();
-    };
+    button->OnClick = WhenIdle(services_.session, [&popup] { popup.hide(); });
     return button;
 }
 
@@ -141,10 +138,8 @@ void TemplateEditor::BuildSymbolPopup(QWidget& parent)
     symbols_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     symbols_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     symbols_->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
-    connect(symbols_, &fpSpread::Click, this, Guarded(services_.desktop, [this](int, int) {
-                if (!services_.session.IsBusy())
-                    InsertActiveSymbol();
-            }));
+    connect(symbols_, &fpSpread::Click, this,
+            [this] { RaiseEvent(*symbols_, WhenIdle(services_.session, [this] { InsertActiveSymbol(); })); });
     symbols_->OnKeyPress = [this](int& key) { SymbolKeyPress(key); };
     auto* column = new QVBoxLayout(popup);
     column->setContentsMargins(8, 8, 8, 8);
@@ -165,10 +160,7 @@ void TemplateEditor::BuildPlaceholderPopup(QWidget& parent)
     grid->setSpacing(6);
     for (int i = 0; i < 2; ++i) {
         auto* button = new PushButton(popup, IndexedName(u"BtnAutoChangeChr", i), captions[i]);
-        button->OnClick = [this, button] {
-            if (!services_.session.IsBusy())
-                InsertAtCaret(button->Caption());
-        };
+        button->OnClick = WhenIdle(services_.session, [this, button] { InsertAtCaret(button->Caption()); });
         placeholders_[i] = button;
         grid->addWidget(button, i, 0);
         grid->addWidget(new Label(popup, IndexedName(u"Label15", i), notes[i]), i, 1);
@@ -195,8 +187,6 @@ void TemplateEditor::RefreshSymbols()
 
 void TemplateEditor::BtnFuncDocEditClick(int index)
 {
-    if (services_.session.IsBusy())
-        return;
     if (index == Rewrite) {
         Clear();
         return;

@@ -10,19 +10,19 @@
 #include "runtime/Numbers.h"
 #include "services/ScreenBusy.h"
 #include "services/Services.h"
-#include "session/Session.h"
+#include "session/WhenIdle.h"
 #include "store/engine/RecordsetCells.h"
 #include "store/WithDatabase.h"
 #include "toolkit/fields/ComboBox.h"
 #include "toolkit/fields/DatePicker.h"
 #include "toolkit/fields/Naming.h"
+#include "toolkit/fields/RaiseEvent.h"
 #include "toolkit/fields/TextBox.h"
 #include "toolkit/grid/fpSpread.h"
 #include "toolkit/grid/GridHelper.h"
 #include "toolkit/look/Pictures.h"
 #include "toolkit/look/Theme.h"
 #include "toolkit/look/Tip.h"
-#include "toolkit/windows/Guarded.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -50,10 +50,12 @@ HistoryPage::HistoryPage(Services& services, Window window, QWidget* parent)
     DescribeBy(*list_, QStringLiteral("문자메시지 발송내역"));
     list_->Cells().SetPictures(CheckPictures());
     InitSendListGrid(*list_);
-    connect(list_, &fpSpread::Click, this,
-            Guarded(services_.desktop, [this](int column, int) { SendListClick(column); }));
+    connect(list_, &fpSpread::Click, this, [this](int column) {
+        if (column == SendListStatus)
+            RaiseEvent(*list_, WhenIdle(services_.session, [this] { StatusClick(); }));
+    });
     connect(list_, &fpSpread::DblClick, this,
-            Guarded(services_.desktop, [this](int, int) { BtnSendListFunClick(0); }));
+            [this] { RaiseEvent(*list_, WhenIdle(services_.session, [this] { BtnSendListFunClick(0); })); });
     page->addWidget(list_, 1);
     BuildButtons(*page);
 }
@@ -74,10 +76,7 @@ QWidget* HistoryPage::BuildSearch()
     field_->AddItem(QStringLiteral("받는사람"));
     field_->AddItem(QStringLiteral("수신번호"));
     field_->AddItem(QStringLiteral("보낸메시지"));
-    field_->OnClick = [this] {
-        if (!services_.session.IsBusy())
-            search_->SetFocus();
-    };
+    field_->OnClick = WhenIdle(services_.session, [this] { search_->SetFocus(); });
     search_ = new TextBox(panel, QStringLiteral("txtSerch"));
     DescribeBy(*search_, QStringLiteral("검색어"));
     search_->SetByteLimit(SearchLimit);
@@ -140,7 +139,8 @@ void HistoryPage::BuildListHead(QVBoxLayout& page)
     notice->SetTextColor(theme::Faint);
     all_ = new CheckBox(this, QStringLiteral("chkAll"), QStringLiteral("선택"));
     all_->setEnabled(false);
-    all_->OnClick = [this] { ChkAllClick(); };
+    // Meant: it turns the ticks round, whatever it shows itself.
+    all_->OnClick = WhenIdle(services_.session, [this] { InvertMarks(*list_); });
     auto* row = new QHBoxLayout;
     row->setSpacing(8);
     row->addWidget(heading);
@@ -161,7 +161,7 @@ void HistoryPage::BuildButtons(QVBoxLayout& page)
     row->addStretch(1);
     for (int i = 0; i < captions.size(); ++i) {
         auto* button = new PushButton(this, IndexedName(u"BtnSendListFun", i), captions[i]);
-        button->OnClick = [this, i] { BtnSendListFunClick(i); };
+        button->OnClick = WhenIdle(services_.session, [this, i] { BtnSendListFunClick(i); });
         row->addWidget(button);
         export_ = button; // the last one
     }
@@ -249,9 +249,9 @@ void HistoryPage::ShowCount(int records)
     all_->SetValue(false);
 }
 
-void HistoryPage::SendListClick(int column)
+void HistoryPage::StatusClick()
 {
-    if (services_.session.IsBusy() || list_->Cells().MaxRows() == 0 || column != SendListStatus)
+    if (list_->Cells().MaxRows() == 0)
         return;
     const int row = list_->ActiveRow();
     if (MarkOf(*list_, row) == CheckLocked)
@@ -262,16 +262,9 @@ void HistoryPage::SendListClick(int column)
         InvertMark(*list_, row);
 }
 
-void HistoryPage::ChkAllClick()
-{
-    // Meant: it turns the ticks round, whatever it shows itself.
-    if (!services_.session.IsBusy())
-        InvertMarks(*list_);
-}
-
 void HistoryPage::BtnSendListFunClick(int index)
 {
-    if (services_.session.IsBusy() || list_->Cells().MaxRows() == 0)
+    if (list_->Cells().MaxRows() == 0)
         return;
     switch (index) {
     case 0:

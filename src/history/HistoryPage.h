@@ -57,8 +57,7 @@ private:
     int ChosenStatus() const;
     void ShowCount(int records);
 
-    void SendListClick(int column);
-    void ChkAllClick();
+    void StatusClick();
     void BtnSendListFunClick(int index);
     void ShowDetail();
     void CancelTicked();

@@ -16,7 +16,7 @@
 #include "runtime/DoEvents.h"
 #include "runtime/Text.h"
 #include "services/Services.h"
-#include "session/Session.h"
+#include "session/WhenIdle.h"
 #include "shell/Version.h"
 #include "store/DBConnect.h"
 #include "templates/TemplateCache.h"
@@ -102,7 +102,7 @@ void frmSMSMain::BuildHead()
                               words[static_cast<std::size_t>(i)],
                               i == 2 ? PictureButton::Look::Closing : PictureButton::Look::Window);
         button->setGeometry(WindowSize.width() - 3 * 36 - 8 + i * 36, 6, 34, 26);
-        button->OnClick = [this, i] { BtnWindowsClick(i); };
+        button->OnClick = WhenIdle(*this, [this, i] { BtnWindowsClick(i); });
     }
 }
 
@@ -130,7 +130,8 @@ void frmSMSMain::BuildToolbar()
         selected_[slot] = new PictureButton(ground_, IndexedName(u"BtnToolbarEn", i), at.picture, at.words,
                                             PictureButton::Look::Selected);
         selected_[slot]->setGeometry(FromTwips(at.left), FromTwips(660), FromTwips(1725), FromTwips(540));
-        selected_[slot]->OnClick = [this, i] { BtnToolbarEnClick(i); };
+        if (i == SettingsPosition)
+            selected_[slot]->OnClick = WhenIdle(*this, [this] { ShowSettings(); });
         idle_[slot]->setVisible(i != 0);
         selected_[slot]->setVisible(i == 0);
     }
@@ -142,7 +143,7 @@ void frmSMSMain::BuildPages()
     templateCache_->hide();
     compose_ = new ComposePage(
         services_,
-        {[this] { BtnWindowsClick(2); },
+        {[this] { Unload(); },
          [this] { dlgSMSGroupSelect(services_, compose_->Recipients(), this).ShowModal(); },
          [this] { ShowImport(); }},
         [this](QWidget* page) {
@@ -188,7 +189,9 @@ void frmSMSMain::BuildBalance()
         auto* button =
             new PushButton(ground_, IndexedName(u"BtnWebPage", i), captions[static_cast<std::size_t>(i)]);
         button->setGeometry(829 + i * 80, 48, 76, 30);
-        button->OnClick = [this, i] { BtnWebPageClick(i); };
+        button->OnClick = WhenIdle(*this, [this, i] {
+            services_.desktop.OpenPage(i == 0 ? services_.session.SMSWeb1 : services_.session.SMSWeb2);
+        });
     }
     version_ = new Label(ground_, QStringLiteral("lblVersion"));
     version_->setAlignment(Qt::AlignCenter);
@@ -306,12 +309,6 @@ void frmSMSMain::CancelSent(const SentRows& rows, std::int32_t count)
     CancelTransport(services_, rows, count, this).ShowModal();
 }
 
-void frmSMSMain::BtnToolbarEnClick(int index)
-{
-    if (!IsBusy() && index == SettingsPosition)
-        ShowSettings();
-}
-
 void frmSMSMain::ShowSettings()
 {
     dlgSMSSetup(services_, this).ShowModal();
@@ -324,8 +321,6 @@ void frmSMSMain::ShowImport()
 
 void frmSMSMain::BtnWindowsClick(int index)
 {
-    if (IsBusy())
-        return;
     switch (index) {
     case 0:
         showMinimized();
@@ -338,12 +333,6 @@ void frmSMSMain::BtnWindowsClick(int index)
         Unload();
         break;
     }
-}
-
-void frmSMSMain::BtnWebPageClick(int index)
-{
-    if (!IsBusy())
-        services_.desktop.OpenPage(index == 0 ? services_.session.SMSWeb1 : services_.session.SMSWeb2);
 }
 
 bool frmSMSMain::KeyDown(int key, Qt::KeyboardModifiers)

@@ -50,9 +50,7 @@ private:
     void SetHeight(int height);
 
     void BtnToolbarDisClick(int index);
-    void BtnToolbarEnClick(int index);
     void BtnWindowsClick(int index);
-    void BtnWebPageClick(int index);
     void EnterPage(int index);
     void CancelSent(const SentRows& rows, std::int32_t count);
     void ReadRecipients();

@@ -2,7 +2,7 @@
 
 #include "runtime/Text.h"
 #include "services/Services.h"
-#include "session/Session.h"
+#include "session/WhenIdle.h"
 #include "templates/CardBody.h"
 #include "toolkit/fields/ComboBox.h"
 #include "toolkit/fields/Naming.h"
@@ -158,7 +158,7 @@ void TemplateCards::BuildPageButtons()
                                       QString::number(page + 1));
         button->setAccessibleDescription(QStringLiteral("서식 %1쪽").arg(page + 1));
         button->setMinimumWidth(PageButtonWidth); // the same for all, whatever their look asks for
-        button->OnClick = [this, page] { BtnPageCountClick(page); };
+        button->OnClick = WhenIdle(services_.session, [this, page] { BtnPageCountClick(page); });
         button->installEventFilter(this);
         pages_[static_cast<std::size_t>(page)] = button;
         row->addWidget(button, 1);
@@ -200,8 +200,6 @@ int TemplateCards::Page() const
 
 void TemplateCards::BtnPageCountClick(int page)
 {
-    if (services_.session.IsBusy())
-        return;
     pageCount_->Tag = QString::number(page);
     ShowPressed(page);
     if (handlers_.showPage)

@@ -1,7 +1,7 @@
 #include "templates/TemplatePage.h"
 
 #include "services/Services.h"
-#include "session/Session.h"
+#include "session/WhenIdle.h"
 #include "templates/TemplateCards.h"
 #include "toolkit/fields/ComboBox.h"
 #include "toolkit/fields/Naming.h"
@@ -82,7 +82,7 @@ QWidget* TemplatePage::BuildPhone(QWidget* editor)
         auto* button = new PushButton(phone, IndexedName(u"BtnFuncDoc", i), captions[i],
                                       i == SaveCommand ? PushButton::Look::Primary : PushButton::Look::Plain);
         button->setMinimumWidth(ButtonWidth);
-        button->OnClick = [this, i] { BtnFuncDocClick(i); };
+        button->OnClick = WhenIdle(services_.session, [this, i] { BtnFuncDocClick(i); });
         buttons_[static_cast<std::size_t>(i)] = button;
         buttons->addWidget(button, 1);
     }
@@ -128,8 +128,6 @@ QWidget* TemplatePage::BuildNotes()
 
 void TemplatePage::BtnFuncDocClick(int index)
 {
-    if (services_.session.IsBusy())
-        return;
     switch (index) {
     case NewCommand:
         commands_->New();

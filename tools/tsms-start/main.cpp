@@ -25,9 +25,9 @@ int main(int argc, char** argv)
     Application application(argc, argv);
     theme::ApplyTheme(application);
     QtDesktop desktop;
-    application.SetDesktop(desktop);
     const SystemClock clock;
     Session session;
+    application.HandleErrors(session, desktop);
     QSettings settings(QStringLiteral("tsms"), QStringLiteral("tsms-start"));
     ConnectionList connections(settings);
     KeychainPasswords passwords;

@@ -83,14 +83,9 @@ bool Application::Deliver(QObject* receiver, QEvent* event)
 {
     if (!desktop_)
         return QApplication::notify(receiver, event);
-    const BusyWatch watch;
-    try {
-        return QApplication::notify(receiver, event);
-    } catch (const std::exception& error) {
-        watch.Restore(*desktop_);
-        ReportUnhandled(*desktop_, error);
-        return true;
-    }
+    bool isTaken = true;
+    RunGuarded(*session_, *desktop_, [&] { isTaken = QApplication::notify(receiver, event); });
+    return isTaken;
 }
 
 } // namespace tsms

@@ -8,6 +8,7 @@
 namespace tsms {
 
 class Desktop;
+struct Session;
 
 /// The application. Its windows bear the program's icon. Menus and pickers that belong to the toolkit speak
 /// Korean, whatever the desk's language.
@@ -20,8 +21,12 @@ public:
     /// Without a display it ends the process in order: with a line on stderr and status 1.
     Application(int& argc, char** argv);
 
-    /// Where unhandled errors are shown; without it they end the program.
-    void SetDesktop(Desktop& desktop) { desktop_ = &desktop; }
+    /// Where unhandled errors are shown, and whose Busy they end; without it they end the program.
+    void HandleErrors(Session& session, Desktop& desktop)
+    {
+        session_ = &session;
+        desktop_ = &desktop;
+    }
 
     bool notify(QObject* receiver, QEvent* event) override;
 
@@ -30,6 +35,7 @@ private:
     bool Deliver(QObject* receiver, QEvent* event);
 
     QTranslator words_; // where the platform has none, those menus stay English
+    Session* session_ = nullptr;
     Desktop* desktop_ = nullptr;
     quint64 released_ = 0; // when the last key was; 0 where nobody knows
     Composition composition_;

@@ -1,5 +1,6 @@
 #include "toolkit/windows/DialogForm.h"
 
+#include "session/WhenIdle.h"
 #include "toolkit/fields/Controls.h"
 #include "toolkit/fields/Naming.h"
 #include "toolkit/fields/TextField.h"
@@ -77,10 +78,7 @@ void DialogForm::MakeTitleStrip(const DialogFrame& frame)
                                     QString(), PictureButton::Look::Sign);
     topFunc_[1] = new PictureButton(strip_, IndexedName(u"BtnTopFunc", 1), QStringLiteral("window-close"),
                                     QStringLiteral("닫기"), PictureButton::Look::Closing);
-    topFunc_[1]->OnClick = [this] {
-        if (!IsBusy())
-            Unload();
-    };
+    topFunc_[1]->OnClick = WhenIdle(*this, [this] { Unload(); });
     titleLabel_ = new Label(strip_, frame.titleLabel, frame.title);
     titleLabel_->SetBold(true);
     titleLabel_->SetTextColor(theme::StripText);
@@ -103,10 +101,7 @@ void DialogForm::MakeFoot(const DialogFrame& frame)
         const int index = static_cast<int>(i);
         const auto look = index == 0 ? PushButton::Look::Primary : PushButton::Look::Plain;
         buttons_[i] = new PushButton(this, IndexedName(frame.buttonBase, index), frame.buttons[i], look);
-        buttons_[i]->OnClick = [this, index] {
-            if (!IsBusy())
-                OnButton(index);
-        };
+        buttons_[i]->OnClick = WhenIdle(*this, [this, index] { OnButton(index); });
         footLayout_->addWidget(buttons_[i]);
     }
 }

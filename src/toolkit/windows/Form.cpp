@@ -108,7 +108,7 @@ void Form::SetBusy(bool busy)
 
 void Form::RunHandler(const std::function<void()>& handler)
 {
-    Guarded(desktop_, handler)();
+    RunGuarded(session_, desktop_, handler);
 }
 
 void Form::ShowModal()
@@ -137,7 +137,7 @@ void Form::closeEvent(QCloseEvent* event)
 {
     bool agreed = !IsLoaded();
     if (!agreed)
-        Guarded(desktop_, [&] { agreed = QueryUnload(); })();
+        RunHandler([&] { agreed = QueryUnload(); });
     event->setAccepted(agreed);
     if (!agreed)
         return;
@@ -188,7 +188,7 @@ bool Form::PreviewKey(const QWidget& receiver, QKeyEvent& event)
         return false;
     previewed_ = &event;
     bool usedUp = false;
-    Guarded(desktop_, [&] { usedUp = KeyDown(event.key(), event.modifiers()); })();
+    RunHandler([&] { usedUp = KeyDown(event.key(), event.modifiers()); });
     if (usedUp)
         event.accept();
     return usedUp;

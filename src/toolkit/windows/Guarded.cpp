@@ -3,9 +3,10 @@
 #include "runtime/Desktop.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
-#include "toolkit/windows/Form.h"
+#include "session/ScreenBusy.h"
 
-#include <algorithm>
+#include <QApplication>
+#include <QWidget>
 
 namespace tsms {
 
@@ -20,12 +21,6 @@ RuntimeError AsRuntimeError(const std::exception& error)
                             .arg(QString::fromUtf8(error.what())));
 }
 
-bool IsAnyFormBusy()
-{
-    const QList<Form*>& forms = Form::Loaded();
-    return std::any_of(forms.begin(), forms.end(), [](const Form* form) { return form->IsBusy(); });
-}
-
 } // namespace
 
 void ReportUnhandled(Desktop& desktop, const std::exception& error)
@@ -36,15 +31,11 @@ void ReportUnhandled(Desktop& desktop, const std::exception& error)
     desktop.MsgBox(text, MsgBoxCritical, QStringLiteral("프로그램 오류"));
 }
 
-BusyWatch::BusyWatch() : wasBusy_(IsAnyFormBusy()) {}
-
-void BusyWatch::Restore(Desktop& desktop) const
+void EndBusy(Session& session, Desktop& desktop)
 {
-    if (wasBusy_ || !IsAnyFormBusy())
-        return;
-    for (Form* form : Form::Loaded())
-        form->SetBusy(false);
-    desktop.SetMousePointer(MousePointer::Default);
+    SetScreenBusy(session, desktop, false);
+    for (QWidget* window : QApplication::topLevelWidgets())
+        window->unsetCursor();
 }
 
 } // namespace tsms

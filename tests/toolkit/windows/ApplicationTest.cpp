@@ -48,7 +48,8 @@ Application& TheApplication()
 TEST(Application, AnErrorThatLeftAnEventHandlerShowsOneBoxAndTheProgramGoesOn)
 {
     ScriptedDesktop desktop;
-    TheApplication().SetDesktop(desktop);
+    Session session;
+    TheApplication().HandleErrors(session, desktop);
     Thrower thrower;
     for (int i = 1; i <= 2; ++i) {
         desktop.Expect({u"프로그램 오류"_q, u"오류번호 : 91\r\n오류내용 : 없음"_q, MsgBoxCritical});
@@ -62,7 +63,8 @@ TEST(Application, AnErrorThatLeftAnEventHandlerShowsOneBoxAndTheProgramGoesOn)
 TEST(Application, AnErrorFromElsewhereEndsInTheBoxToo)
 {
     ScriptedDesktop desktop;
-    TheApplication().SetDesktop(desktop);
+    Session session;
+    TheApplication().HandleErrors(session, desktop);
     Thrower thrower;
     thrower.raise = [] { throw std::bad_alloc(); };
     desktop.Expect(
@@ -78,8 +80,8 @@ TEST(Application, AnErrorThatLeftAnEventHandlerLeavesNoBusyBehind)
 {
     ScriptedDesktop desktop;
     desktop.AllowBoxes();
-    TheApplication().SetDesktop(desktop);
     Session session;
+    TheApplication().HandleErrors(session, desktop);
     Form form(session, desktop, u"frmTest"_q, Form::Kind::Main);
     Thrower thrower;
     thrower.raise = [&] {

@@ -9,7 +9,6 @@
 #include "toolkit/fields/TextBox.h"
 #include "toolkit/grid/fpSpread.h"
 #include "toolkit/windows/Application.h"
-#include "toolkit/windows/Guarded.h"
 
 #include "support/ScriptedDesktop.h"
 #include "support/Words.h"
@@ -472,27 +471,6 @@ TEST_F(FormTest, WithoutAFormAnErrorGoesToTheCaller)
     PushButton button(nullptr, u"Btn"_q, u"a"_q);
     button.OnClick = [] { throw RuntimeError(6); };
     EXPECT_THROW(RaiseEvent(button, button.OnClick), RuntimeError);
-}
-
-TEST_F(FormTest, AGuardedCallableEndsAnErrorInABox)
-{
-    desktop.Expect({u"프로그램 오류"_q, u"오류번호 : 5\r\n오류내용 : 말"_q, MsgBoxCritical});
-    int seen = 0;
-    auto guarded = Guarded(desktop, [&](int value) {
-        seen = value;
-        throw RuntimeError(5, u"말"_q);
-    });
-    guarded(7);
-    EXPECT_EQ(seen, 7);
-}
-
-TEST_F(FormTest, AGuardedCallableIsConnectedAlsoWhenItTakesLessThanTheSignalGives)
-{
-    QPushButton button;
-    int clicks = 0;
-    QObject::connect(&button, &QPushButton::clicked, &button, Guarded(desktop, [&] { ++clicks; }));
-    button.click();
-    EXPECT_EQ(clicks, 1);
 }
 
 } // namespace
