@@ -2,11 +2,14 @@
 
 #include "toolkit/fields/Composition.h"
 #include "toolkit/fields/LimitRule.h"
+#include "toolkit/grid/AccessibleGrid.h"
 #include "toolkit/grid/fpSpread.h"
 #include "toolkit/grid/SpreadModel.h"
 #include "toolkit/look/Theme.h"
 
+#include <QAccessible>
 #include <QCoreApplication>
+#include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -21,6 +24,34 @@ bool IsKey(const QEvent& event)
     return event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease ||
            event.type() == QEvent::ShortcutOverride;
 }
+
+/// Looks and is told of like a line with the focus, which it does without. Knows whether the input method has
+/// something under way in it.
+class CellEditor final : public QLineEdit
+{
+public:
+    using QLineEdit::QLineEdit;
+
+    bool IsComposing() const { return composing_; }
+
+protected:
+    void showEvent(QShowEvent* event) override
+    {
+        QLineEdit::showEvent(event);
+        QFocusEvent comes(QEvent::FocusIn, Qt::OtherFocusReason);
+        focusInEvent(&comes);
+        QAccessibleEvent told(this, QAccessible::Focus);
+        QAccessible::updateAccessibility(&told);
+    }
+    void inputMethodEvent(QInputMethodEvent* event) override
+    {
+        composing_ = !event->preeditString().isEmpty();
+        QLineEdit::inputMethodEvent(event);
+    }
+
+private:
+    bool composing_ = false;
+};
 
 /// Holds what a person puts into an editor to its cell's limit. The control's own limit would halve a pair of
 /// units, and cut the end of a full cell in place of what is put into its middle.
@@ -48,10 +79,10 @@ QWidget* SpreadEditing::Editor() const
     return grid_.state() == fpSpread::EditingState ? grid_.indexWidget(grid_.currentIndex()) : nullptr;
 }
 
-bool SpreadEditing::IsWithoutFocus() const
+bool SpreadEditing::IsComposing() const
 {
-    const QWidget* editor = Editor();
-    return editor && editor->focusProxy() == &grid_;
+    const auto* editor = static_cast<const CellEditor*>(Editor());
+    return editor && editor->IsComposing();
 }
 
 bool SpreadEditing::HasAttention() const
@@ -61,9 +92,9 @@ bool SpreadEditing::HasAttention() const
 
 void SpreadEditing::Commit()
 {
-    if (!Editor())
-        return;
-    EndComposition();
+    // Of a composition that it has not seen the keys are still on their way, and belong to the next cell.
+    if (IsComposing())
+        EndComposition();
     if (QWidget* editor = Editor()) {
         Q_EMIT commitData(editor);
         Q_EMIT closeEditor(editor, NoHint);
@@ -78,7 +109,7 @@ void SpreadEditing::Cancel()
 
 bool SpreadEditing::HandOn(QEvent& event)
 {
-    if (!IsKey(event) || handsOn_ || !IsWithoutFocus())
+    if (!IsKey(event) || handsOn_ || !Editor())
         return false;
     handsOn_ = true;
     QCoreApplication::sendEvent(Editor(), &event);
@@ -90,7 +121,7 @@ void SpreadEditing::Compose(QInputMethodEvent& event)
 {
     const bool writes = !event.preeditString().isEmpty() || !event.commitString().isEmpty();
     if (!Editor() && writes && grid_.IsEditable(grid_.currentIndex()))
-        OpenKeepingFocus();
+        grid_.edit(grid_.currentIndex(), fpSpread::AnyKeyPressed, nullptr);
     if (QWidget* editor = Editor()) {
         QCoreApplication::sendEvent(editor, &event);
         grid_.updateMicroFocus(); // the caret has moved
@@ -109,9 +140,8 @@ QWidget* SpreadEditing::createEditor(QWidget* parent, const QStyleOptionViewItem
                                      const QModelIndex& index) const
 {
     const int col = index.column() + 1;
-    auto* line = new QLineEdit(parent);
-    if (keepsFocus_)
-        line->setFocusProxy(&grid_);
+    auto* line = new CellEditor(parent);
+    line->setFocusProxy(&grid_);
     line->setAccessibleName(
         index.model()->headerData(index.column(), Qt::Horizontal, Qt::AccessibleTextRole).toString());
     line->setFrame(false);
@@ -130,8 +160,10 @@ void SpreadEditing::setEditorData(QWidget* editor, const QModelIndex& index) con
 {
     // A change of the cell by the program leaves alone what is being typed into it.
     auto* line = static_cast<QLineEdit*>(editor);
-    if (!line->isModified() && line->text().isEmpty())
+    if (!line->isModified() && line->text().isEmpty()) {
         line->setText(index.data(Qt::EditRole).toString());
+        line->selectAll(); // to be replaced by what is typed
+    }
 }
 
 void SpreadEditing::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const
@@ -147,6 +179,15 @@ void SpreadEditing::updateEditorGeometry(QWidget* editor, const QStyleOptionView
                                          const QModelIndex&) const
 {
     editor->setGeometry(option.rect.adjusted(1, 1, -1, -1)); // the frame of the active cell stays on view
+}
+
+/// What goes while the focus stands for its own takes the focus with it.
+void SpreadEditing::destroyEditor(QWidget* editor, const QModelIndex& index) const
+{
+    editor->setFocusProxy(nullptr);
+    QStyledItemDelegate::destroyEditor(editor, index);
+    if (grid_.hasFocus())
+        TellOfCell(grid_, index, QAccessible::Focus);
 }
 
 /// Keys in the editor that belong to the grid: the edit ends first.
@@ -176,15 +217,6 @@ bool SpreadEditing::eventFilter(QObject* object, QEvent* event)
     default:
         return QStyledItemDelegate::eventFilter(object, event);
     }
-}
-
-void SpreadEditing::OpenKeepingFocus()
-{
-    keepsFocus_ = true;
-    grid_.edit(grid_.currentIndex(), fpSpread::AnyKeyPressed, nullptr);
-    keepsFocus_ = false;
-    if (auto* line = qobject_cast<QLineEdit*>(Editor()))
-        line->selectAll(); // to be replaced
 }
 
 /// To the edit cell before the active one, in its row or one above.

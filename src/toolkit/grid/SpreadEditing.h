@@ -8,16 +8,16 @@ namespace tsms {
 
 class fpSpread;
 
-/// Edits the cells of a grid: the editor of a cell, what it takes, what ends it. A key or a double click
-/// opens it with the focus. An input method takes a change of the focus for the end of its composition; an
-/// editor that it opens works without the focus, therefore, to its end: the grid hands on what comes.
+/// Edits the cells of a grid: the editor of a cell, what it takes, what ends it. An input method takes a
+/// change of the focus for the end of its composition, and drops the keys that are on their way to it. An
+/// editor works without the focus, therefore: the grid keeps it and hands on what comes.
 class SpreadEditing : public QStyledItemDelegate
 {
 public:
     explicit SpreadEditing(fpSpread& grid);
 
-    QWidget* Editor() const; ///< null: no cell is being edited
-    bool IsWithoutFocus() const;
+    QWidget* Editor() const;  ///< null: no cell is being edited
+    bool IsComposing() const; ///< the input method has something under way in the editor
 
     /// The keyboard acts on the grid, on its cells or in the editor of one.
     bool HasAttention() const;
@@ -25,13 +25,13 @@ public:
     void Commit(); ///< ends the edit; the text that stands in the editor goes into the cell
     void Cancel();
 
-    /// A key that came to the grid and belongs to an editor without the focus: true when that has had it.
+    /// A key that came to the grid and belongs to the editor: true when that has had it.
     bool HandOn(QEvent& event);
 
     /// What an input method writes goes into the editor, which is opened for it where the cell can be edited.
     void Compose(QInputMethodEvent& event);
 
-    /// What an editor without the focus answers, in the grid's own coordinates.
+    /// What the editor answers, in the grid's own coordinates.
     QVariant Answer(Qt::InputMethodQuery query) const;
 
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
@@ -40,17 +40,16 @@ public:
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
+    void destroyEditor(QWidget* editor, const QModelIndex& index) const override;
     bool eventFilter(QObject* object, QEvent* event) override;
 
 protected:
     fpSpread& grid_;
 
 private:
-    void OpenKeepingFocus();
     void WalkBack();
 
-    bool keepsFocus_ = false; // the editor that is being opened leaves the focus where it is
-    bool handsOn_ = false;    // a key is with the editor, and comes back when it has no use for it
+    bool handsOn_ = false; // a key is with the editor, and comes back when it has no use for it
 };
 
 } // namespace tsms

@@ -235,10 +235,9 @@ bool fpSpread::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event
     if (!IsOnView(index))
         return false;
     const bool open = QTableView::edit(index, trigger, event);
-    if (open && (trigger == EditKeyPressed || trigger == DoubleClicked)) {
-        if (auto* line = qobject_cast<QLineEdit*>(indexWidget(index)))
-            line->end(false); // in place: what stands there is not replaced by the next key
-    }
+    auto* line = open ? qobject_cast<QLineEdit*>(indexWidget(index)) : nullptr;
+    if (line && (trigger == EditKeyPressed || trigger == DoubleClicked))
+        line->end(false); // in place: what stands there is not replaced by the next key
     return open;
 }
 
@@ -333,7 +332,7 @@ void fpSpread::inputMethodEvent(QInputMethodEvent* event)
 
 QVariant fpSpread::inputMethodQuery(Qt::InputMethodQuery query) const
 {
-    return editing_->IsWithoutFocus() ? editing_->Answer(query) : QTableView::inputMethodQuery(query);
+    return editing_->Editor() ? editing_->Answer(query) : QTableView::inputMethodQuery(query);
 }
 
 void fpSpread::currentChanged(const QModelIndex& current, const QModelIndex& previous)
@@ -388,9 +387,11 @@ void fpSpread::focusOutEvent(QFocusEvent* event)
 {
     QTableView::focusOutEvent(event);
     ShowFocus();
+    if (event->reason() == Qt::PopupFocusReason)
+        return; // a menu, such as the editor's own, ends no edit
     // What is being composed may arrive only after this.
-    if (editing_->IsWithoutFocus())
-        QMetaObject::invokeMethod(this, &fpSpread::CommitEdit, Qt::QueuedConnection);
+    const auto when = editing_->IsComposing() ? Qt::QueuedConnection : Qt::DirectConnection;
+    QMetaObject::invokeMethod(this, &fpSpread::CommitEdit, when);
 }
 
 void fpSpread::changeEvent(QEvent* event)

@@ -141,8 +141,7 @@ protected:
     void Type(const char* keys)
     {
         for (; *keys; ++keys)
-            QTest::keyClick(QApplication::focusWidget(),
-                            *keys); // the first key moves the focus to the editor
+            QTest::keyClick(QApplication::focusWidget(), *keys);
     }
     void Commit(const QString& text)
     {
@@ -879,7 +878,7 @@ protected:
         grid.Cells().SetText(2, 1, u"abcdef"_q);
         grid.SetActiveCell(2, 1);
         Press(Qt::Key_F2);
-        editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+        editor = qobject_cast<QLineEdit*>(grid.indexWidget(grid.currentIndex()));
         ASSERT_NE(editor, nullptr);
         editor->setCursorPosition(2);
     }
