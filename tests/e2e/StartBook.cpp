@@ -7,6 +7,7 @@
 #include "support/program/Hands.h"
 #include "support/Words.h"
 #include "toolkit/fields/TextField.h"
+#include "tsms-start/BackgroundWork.h"
 #include "tsms-start/StartWindow.h"
 
 #include <gtest/gtest.h>
@@ -126,6 +127,11 @@ private:
         Settle();
         take_(of, name);
     }
+    void AwaitWork()
+    {
+        EXPECT_TRUE(QTest::qWaitFor([] { return !BackgroundWork::IsAnyLeft(); }));
+        Settle();
+    }
     QWidget& On(QWidget& form, const QString& name)
     {
         auto* found = form.findChild<QWidget*>(name);
@@ -172,6 +178,7 @@ private:
     {
         WhenShown(u"PasswordDialog"_q, [&](QWidget& asked) {
             WhenShown(u"TestDialog"_q, [&](QWidget& dialog) {
+                AwaitWork();
                 Take(dialog, name);
                 PressKey(dialog, Qt::Key_Escape);
             });
@@ -185,9 +192,11 @@ private:
         Within(u"PrepareDialog"_q, u"BtnConnection(4)"_q, [this](QWidget& dialog) {
             Type(dialog, 1, u"secret"_q);
             ClickOn(On(dialog, u"BtnLook"_q));
+            AwaitWork();
             Take(dialog, u"start-prepare"_q);
             desk_.Await(u"box-start-prepared"_q);
             PressKey(dialog, Qt::Key_F12);
+            AwaitWork();
         });
     }
 

@@ -71,11 +71,17 @@ TEST_F(EveryStartWindow, IsWholeAndTellsAScreenReaderWhatItHolds)
     Within(u"PrepareDialog"_q, 4, [this](QWidget& dialog) {
         starter_.Type(dialog, 1, PasswordOf(database_));
         ClickOn(starter_.On<QWidget>(dialog, u"BtnLook"_q));
+        AwaitWork();
         ExpectWhole(dialog);
     });
     saved_.keepsPassword = true;
     starter_.connections.Put(saved_);
     starter_.passwords.kept[saved_.id] = PasswordOf(database_);
+    Within(u"TestDialog"_q, 3, [](QWidget& dialog) {
+        AwaitWork();
+        ExpectWhole(dialog);
+    });
+    database_.Server()->StaySilentAtPreLogIn();
     Within(u"TestDialog"_q, 3, ExpectWhole);
 }
 

@@ -17,12 +17,12 @@ namespace {
 
 using Verdict = TestStep::Verdict;
 
-/// The verdicts in one line: "o" good, "x" bad, "." not seen.
+/// The verdicts in one line: "o" good, "x" bad, "?" tried, "." not seen.
 QString Verdicts(const ConnectionTest& test)
 {
     QString line;
     for (const TestStep& step : test.Steps())
-        line += step.verdict == Verdict::Good ? u'o' : step.verdict == Verdict::Bad ? u'x' : u'.';
+        line += u".?ox"_q[static_cast<int>(step.verdict)];
     return line;
 }
 
@@ -63,7 +63,7 @@ protected:
         test_ = std::make_unique<ConnectionTest>(saved_, password_, starter_.clock,
                                                  maker ? maker : MakeConnections(starter_.clock),
                                                  [this] { return starter_.gatewayFault; });
-        test_->Run([this] { ++verdicts_; });
+        test_->Run([this] { seen_ += Verdicts(*test_); });
     }
     void ExpectFault(const QString& verdicts, const QString& part)
     {
@@ -93,7 +93,7 @@ protected:
     SavedConnection saved_;
     QString password_ = PasswordOf(database_);
     std::unique_ptr<ConnectionTest> test_;
-    int verdicts_ = 0;
+    QStringList seen_; ///< as it went on
 };
 
 class FileConnectionTest : public ServerConnectionTest
@@ -112,12 +112,32 @@ TEST_F(ServerConnectionTest, OfAGoodConnectionTicksEverything)
 {
     Run();
     EXPECT_EQ(Verdicts(*test_), u"oooooooo"_q) << Words(*test_).toStdString();
-    EXPECT_EQ(verdicts_, 8);
     QStringList titles;
     for (const TestStep& step : test_->Steps())
         titles += step.title;
     EXPECT_EQ(titles, (QStringList{u"ODBC 드라이버"_q, u"서버 응답"_q, u"로그인"_q, u"데이터베이스"_q,
                                    u"테이블"_q, u"2012년 발송내역"_q, u"권한"_q, u"문자메시지 서버"_q}));
+}
+
+TEST_F(ServerConnectionTest, TellsWhatIsTriedAndEachVerdictAsSoonAsItIsKnown)
+{
+    database_.Execute(u"DROP TABLE SMSCharge"_q);
+    Run();
+    EXPECT_EQ(seen_, (QStringList{u"????...."_q, u"o???...."_q, u"oo??...."_q, u"ooo?...."_q, u"oooo...."_q,
+                                  u"oooo?..."_q, u"oooox..."_q, u"oooox?.."_q, u"ooooxo.."_q, u"ooooxo?."_q,
+                                  u"ooooxoo."_q, u"ooooxoo?"_q, u"ooooxooo"_q}));
+}
+
+TEST_F(ServerConnectionTest, EndsWhenNobodyWantsToHearMore)
+{
+    test_ = std::make_unique<ConnectionTest>(saved_, password_, starter_.clock,
+                                             MakeConnections(starter_.clock), [] { return QString(); });
+    EXPECT_THROW(test_->Run([this] {
+        if (Verdicts(*test_).startsWith(u"oooo?"))
+            throw 1;
+    }),
+                 int);
+    EXPECT_EQ(Verdicts(*test_), u"oooo?..."_q);
 }
 
 TEST_F(ServerConnectionTest, TicksEverythingForSomebodyWithTheGrantsAlone)
@@ -139,7 +159,7 @@ TEST_F(ServerConnectionTest, WithoutAnAnswerNamesTheServer)
     Server().Stop();
     Run();
     ExpectFault(u"ox.....o"_q, u"서버 127.0.0.1,%1 이(가) 응답하지 않습니다."_q.arg(saved_.port));
-    EXPECT_FALSE(test_->HasRefusedPassword());
+    EXPECT_FALSE(HasRefusedPassword(test_->Steps()));
 }
 
 TEST_F(ServerConnectionTest, WithAWrongPasswordNamesTheLogin)
@@ -148,7 +168,7 @@ TEST_F(ServerConnectionTest, WithAWrongPasswordNamesTheLogin)
     Run();
     ExpectFault(u"oox....o"_q, u"서버가 로그인 sms 을(를) 받아들이지 않았습니다."_q);
     EXPECT_TRUE(Words(*test_).endsWith(u"\r\n\r\n서버의 말: Login failed for user 'sms'."));
-    EXPECT_TRUE(test_->HasRefusedPassword());
+    EXPECT_TRUE(HasRefusedPassword(test_->Steps()));
 }
 
 TEST_F(ServerConnectionTest, OfALoginThatTheServerRefusesOtherwiseSaysWhy)
@@ -171,7 +191,7 @@ TEST_F(ServerConnectionTest, WithoutTheDatabaseNamesItAndWhatMakesIt)
     saved_.database = u"Nowhere"_q;
     Run();
     ExpectFault(u"ooox...o"_q, u"    CREATE DATABASE Nowhere COLLATE Korean_Wansung_CI_AS;\r\n"_q);
-    EXPECT_FALSE(test_->HasRefusedPassword());
+    EXPECT_FALSE(HasRefusedPassword(test_->Steps()));
 }
 
 TEST_F(ServerConnectionTest, NamesTheTablesThatAreMissing)

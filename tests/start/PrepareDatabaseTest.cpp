@@ -2,10 +2,16 @@
 
 #include "runtime/RuntimeError.h"
 #include "start/Starter.h"
+#include "store/embedded/EmbeddedConnection.h"
 #include "support/server/TestServer.h"
+#include "toolkit/fields/Controls.h"
 #include "tsms-start/ConnectionTest.h"
 
 #include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QTimer>
+#include <QtTest/QTest>
 
 namespace tsms::test {
 
@@ -128,7 +134,23 @@ protected:
         starter_.Within(u"PrepareDialog"_q, u"BtnConnection(4)"_q, act);
     }
     void TypeOwner(QWidget& dialog) { starter_.Type(dialog, 1, PasswordOf(full_)); }
-    void LookAt(QWidget& dialog) { ClickOn(starter_.On<QWidget>(dialog, u"BtnLook"_q)); }
+    /// To the end.
+    void LookAt(QWidget& dialog)
+    {
+        BeginLook(dialog);
+        AwaitEnd(dialog);
+    }
+    void BeginLook(QWidget& dialog) { ClickOn(starter_.On<QWidget>(dialog, u"BtnLook"_q)); }
+    void Make(QWidget& dialog)
+    {
+        PressKey(dialog, Qt::Key_F12);
+        AwaitEnd(dialog);
+    }
+    void AwaitEnd(QWidget& dialog)
+    {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return MakeButton(dialog) == u"만들기(F12)"; }));
+    }
+    QString MakeButton(QWidget& dialog) { return starter_.On<PushButton>(dialog, u"BtnFunc(0)"_q).Caption(); }
     QString Shown(QWidget& dialog)
     {
         return starter_.On<TextField>(dialog, u"txtScript"_q).Text().replace(u"\r\n"_q, u"\n"_q);
@@ -147,7 +169,7 @@ TEST_F(PrepareDialogTest, ShowsTheScriptWordForWordAndThenRunsIt)
         LookAt(dialog);
         EXPECT_EQ(Shown(dialog), ServerScript(Years));
         starter_.desktop.Expect(PrepareBox(u"데이터베이스를 준비했습니다."_q, MsgBoxInformation));
-        PressKey(dialog, Qt::Key_F12);
+        Make(dialog);
         LookAt(dialog);
         EXPECT_EQ(Shown(dialog), u"없는 것이 없습니다. 만들 것도 없습니다."_q);
         PressKey(dialog, Qt::Key_Escape);
@@ -161,12 +183,12 @@ TEST_F(PrepareDialogTest, RunsNothingThatItHasNotShown)
         PrepareBox(u"먼저 \"살펴보기\"를 눌러 실행할 스크립트를 보십시오."_q, MsgBoxInformation);
     InDialog([&](QWidget& dialog) {
         starter_.desktop.Expect(first);
-        PressKey(dialog, Qt::Key_F12);
+        Make(dialog);
         TypeOwner(dialog);
         LookAt(dialog);
         starter_.Type(dialog, 2, u"2012"_q); // what was shown does not hold any more
         starter_.desktop.Expect(first);
-        PressKey(dialog, Qt::Key_F12);
+        Make(dialog);
         PressKey(dialog, Qt::Key_Escape);
     });
     EXPECT_EQ(ScriptFor(empty_), ServerScript(Years));
@@ -181,9 +203,10 @@ TEST_F(PrepareDialogTest, GivesTheRightsToTheUserThatIsNamed)
         starter_.Type(dialog, 2, u"2011-2012"_q);
         starter_.Type(dialog, 3, u"clerk"_q);
         PressKey(starter_.On<QWidget>(dialog, u"txtUpdate(3)"_q), Qt::Key_Return);
+        AwaitEnd(dialog);
         EXPECT_EQ(Shown(dialog), ServerGrants(u"clerk"_q, Years));
         starter_.desktop.AllowBoxes();
-        PressKey(dialog, Qt::Key_F12);
+        Make(dialog);
         PressKey(dialog, Qt::Key_Escape);
     });
     saved_.login = u"clerk"_q;
@@ -209,7 +232,87 @@ TEST_F(PrepareDialogTest, TellsWhatTheServerSays)
         starter_.desktop.Expect(PrepareBox(u"데이터베이스가 거절하여 아무것도 만들지 않았습니다.\r\n\r\n"
                                            "서버의 말: CREATE TABLE permission denied."_q,
                                            MsgBoxCritical));
+        Make(dialog);
+        PressKey(dialog, Qt::Key_Escape);
+    });
+}
+
+TEST_F(PrepareDialogTest, CanBeStoppedWhileTheServerIsSilent)
+{
+    InDialog([this](QWidget& dialog) {
+        TypeOwner(dialog);
+        starter_.Type(dialog, 2, u"2011-2012"_q);
+        Server().StaySilent();
+        QElapsedTimer sinceLook;
+        sinceLook.start();
+        BeginLook(dialog);
+        EXPECT_EQ(MakeButton(dialog), u"멈춤(F12)"_q);
+        EXPECT_EQ(Shown(dialog), u"데이터베이스를 살펴보는 중입니다. 대답이 없으면 \"멈춤\"을 누르십시오."_q);
+        TypeText(starter_.On<QWidget>(dialog, u"txtUpdate(3)"_q), u"x"_q);
+        EXPECT_EQ(starter_.Text(dialog, 3), QString()); // what it looks for is settled
         PressKey(dialog, Qt::Key_F12);
+        EXPECT_EQ(MakeButton(dialog), u"만들기(F12)"_q);
+        EXPECT_LT(sinceLook.elapsed(), 5000);
+        Server().BehaveAgain();
+        LookAt(dialog);
+        EXPECT_EQ(Shown(dialog), ServerScript(Years));
+        PressKey(dialog, Qt::Key_Escape);
+    });
+}
+
+TEST_F(PrepareDialogTest, MakesNothingWhenItIsStoppedBeforeTheEnd)
+{
+    InDialog([this](QWidget& dialog) {
+        TypeOwner(dialog);
+        starter_.Type(dialog, 2, u"2011-2012"_q);
+        LookAt(dialog);
+        const QString script = Shown(dialog);
+        // Of its batches the first sets an option, which does not count, and BEGIN TRANSACTION does.
+        const int last = static_cast<int>(BatchesOf(script).size());
+        const int before = static_cast<int>(Server().Statements().size());
+        Server().AnswerLate(300, last);
+        PressKey(dialog, Qt::Key_F12);
+        EXPECT_TRUE(Server().WaitForStatements(before + last));
+        starter_.desktop.Expect(
+            PrepareBox(u"멈추었습니다. 만들어졌는지 \"살펴보기\"로 확인하십시오."_q, MsgBoxExclamation));
+        PressKey(dialog, Qt::Key_F12);
+        AwaitWork();
+        LookAt(dialog);
+        EXPECT_EQ(Shown(dialog), script);
+        PressKey(dialog, Qt::Key_Escape);
+    });
+}
+
+TEST_F(PrepareDialogTest, IsStoppedByItsClosing)
+{
+    InDialog([this](QWidget& dialog) {
+        TypeOwner(dialog);
+        LookAt(dialog);
+        const int before = static_cast<int>(Server().Statements().size());
+        Server().StaySilent(2);
+        PressKey(dialog, Qt::Key_F12);
+        EXPECT_TRUE(Server().WaitForStatements(before + 2));
+        starter_.desktop.Expect(
+            PrepareBox(u"멈추었습니다. 만들어졌는지 \"살펴보기\"로 확인하십시오."_q, MsgBoxExclamation));
+        PressKey(dialog, Qt::Key_Escape);
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    EXPECT_EQ(ScriptFor(empty_), ServerScript(Years));
+}
+
+TEST_F(PrepareDialogTest, DoesNotSayThatNothingWasMadeWhenTheEndWasNotHeard)
+{
+    InDialog([this](QWidget& dialog) {
+        TypeOwner(dialog);
+        starter_.Type(dialog, 2, u"2011-2012"_q);
+        LookAt(dialog);
+        Server().CutAfter(static_cast<int>(BatchesOf(Shown(dialog)).size()) + 1); // the COMMIT
+        starter_.desktop.AllowBoxes();
+        Make(dialog);
+        EXPECT_TRUE(starter_.desktop.boxes.last().text.startsWith(
+            u"데이터베이스의 대답을 끝까지 듣지 못했습니다. 만들어졌는지 \"살펴보기\"로 확인하십시오."));
+        LookAt(dialog);
+        EXPECT_EQ(Shown(dialog), u"없는 것이 없습니다. 만들 것도 없습니다."_q);
         PressKey(dialog, Qt::Key_Escape);
     });
 }
@@ -241,6 +344,29 @@ TEST_F(PrepareDialogTest, AddsToAFileTheLogsThatItLacks)
     starter_.desktop.Expect(PrepareBox(u"데이터베이스를 준비했습니다."_q, MsgBoxInformation));
     prepare();
     EXPECT_EQ(MissingLogYears(file.Path(), starter_.clock), QList<int>());
+}
+
+TEST_F(PrepareDialogTest, LeavesTheWindowAliveWhileAnotherProgramHoldsTheFile)
+{
+    const TestDatabase file(starter_.clock, Years, TestEngine::Embedded);
+    starter_.Add(file);
+    starter_.Open();
+    starter_.clock.Set(QDateTime(QDate(2026, 5, 30), QTime(9, 0)));
+    EmbeddedConnection other(starter_.clock);
+    other.OpenFile(file.Path());
+    other.Execute(u"BEGIN TRANSACTION"_q);
+    other.Execute(u"DELETE FROM SMSCharge"_q);
+    QTimer::singleShot(300, [&] {
+        EXPECT_TRUE(starter_.window->IsBusy());
+        other.Execute(u"ROLLBACK TRANSACTION"_q);
+    });
+    starter_.desktop.Expect(
+        PrepareBox(u"이 파일에 없는 발송내역 테이블을 만드시겠습니까?\r\n\r\nSMSLog_2026, SMSLog_2020"_q,
+                   MsgBoxQuestion),
+        AnswerYes);
+    starter_.desktop.Expect(PrepareBox(u"데이터베이스를 준비했습니다."_q, MsgBoxInformation));
+    starter_.Click(u"BtnConnection(4)"_q);
+    EXPECT_FALSE(starter_.window->IsBusy());
 }
 
 } // namespace tsms::test

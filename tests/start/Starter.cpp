@@ -1,6 +1,8 @@
 #include "start/Starter.h"
 
 #include "store/MakeConnections.h"
+#include "tsms-start/BackgroundWork.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -31,7 +33,7 @@ Starter::Starter(const QString& folder)
 Starter::~Starter()
 {
     window.reset();
-    QApplication::processEvents();
+    AwaitWork(); // which has all of this in its hands
 }
 
 void Starter::Open()
@@ -94,6 +96,12 @@ QString PasswordOf(const TestDatabase& database)
     Session described;
     database.Describe(described);
     return described.DBPassword;
+}
+
+void AwaitWork()
+{
+    EXPECT_TRUE(QTest::qWaitFor([] { return !BackgroundWork::IsAnyLeft(); }));
+    Settle();
 }
 
 Box StartBox(const QString& words, MsgBoxStyle style)

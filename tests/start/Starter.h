@@ -101,6 +101,9 @@ public:
 /// The password that a test database is reached by.
 QString PasswordOf(const TestDatabase& database);
 
+/// Waits until no work runs beside the windows, and what it has said is shown.
+void AwaitWork();
+
 /// A box of the window itself.
 Box StartBox(const QString& words, MsgBoxStyle style);
 

@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
+#include <QtTest/QTest>
+
 namespace tsms::test {
 
 namespace {
@@ -13,15 +16,34 @@ class TestDialogTest : public ::testing::Test
 protected:
     TestDialogTest() : saved_(starter_.Add(database_))
     {
+        sinceStart_.start();
         saved_.keepsPassword = true;
         starter_.connections.Put(saved_);
         starter_.passwords.kept[saved_.id] = PasswordOf(database_);
         starter_.Open();
     }
-    void InTest(const std::function<void(QWidget&)>& act)
+    /// While it runs.
+    void DuringTest(const std::function<void(QWidget&)>& act)
     {
         starter_.Within(u"TestDialog"_q, u"BtnConnection(3)"_q, act);
     }
+    /// At its end.
+    void InTest(const std::function<void(QWidget&)>& act)
+    {
+        DuringTest([this, act](QWidget& dialog) {
+            AwaitEnd(dialog);
+            act(dialog);
+        });
+    }
+    void AwaitEnd(QWidget& dialog)
+    {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return RunButton(dialog) == u"다시 시험(F12)"; }));
+    }
+    bool AwaitLine(QWidget& dialog, int step, const QString& line)
+    {
+        return QTest::qWaitFor([&] { return Lines(dialog).value(step) == line; }, 2000);
+    }
+    QString RunButton(QWidget& dialog) { return starter_.On<PushButton>(dialog, u"BtnFunc(0)"_q).Caption(); }
     fpSpread& Steps(QWidget& dialog) { return starter_.On<fpSpread>(dialog, u"fpSpreadSteps"_q); }
     /// Title and result of each step, with "[o]" before those that are ticked.
     QStringList Lines(QWidget& dialog)
@@ -32,11 +54,13 @@ protected:
                      Steps(dialog).Cells().Text(2, row) + u": "_q + Steps(dialog).Cells().Text(3, row);
         return lines;
     }
+    TestServer& Server() { return *database_.Server(); }
     QString Words(QWidget& dialog) { return starter_.On<TextField>(dialog, u"txtWords"_q).Text(); }
 
     Starter starter_;
     TestDatabase database_{starter_.clock, {2012, 2012}, TestEngine::Server};
     SavedConnection saved_;
+    QElapsedTimer sinceStart_;
 };
 
 } // namespace
@@ -71,7 +95,7 @@ TEST_F(TestDialogTest, ShowsWhatToDoForTheFirstFaultAndForEachOneThatIsChosen)
 
 TEST_F(TestDialogTest, SaysOfStepsBehindAFaultThatTheyComeLater)
 {
-    database_.Server()->Stop();
+    Server().Stop();
     InTest([this](QWidget& dialog) {
         EXPECT_EQ(Lines(dialog)[3], u"[ ] 데이터베이스: 아직 확인하지 못함"_q);
         ClickCell(Steps(dialog), 2, 4);
@@ -87,7 +111,63 @@ TEST_F(TestDialogTest, TestsAgainOnF12)
         EXPECT_TRUE(Lines(dialog)[4].startsWith(u"[ ]"));
         database_.Execute(u"INSERT INTO SMSSetup (SMSRemainCnt) VALUES (0)"_q);
         PressKey(dialog, Qt::Key_F12);
+        AwaitEnd(dialog);
         EXPECT_TRUE(Lines(dialog)[4].startsWith(u"[o]"));
+        PressKey(dialog, Qt::Key_Escape);
+    });
+}
+
+TEST_F(TestDialogTest, ShowsWhatIsTriedWhileTheServerIsSilent)
+{
+    Server().StaySilentAtPreLogIn();
+    DuringTest([this](QWidget& dialog) {
+        EXPECT_TRUE(AwaitLine(dialog, 1, u"[ ] 서버 응답: 확인하는 중…"_q));
+        EXPECT_EQ(RunButton(dialog), u"멈춤(F12)"_q);
+        ClickCell(Steps(dialog), 2, 2);
+        EXPECT_EQ(Words(dialog), u"서버 응답: 확인하고 있습니다. 대답이 없으면 \"멈춤\"을 누르십시오."_q);
+        PressKey(dialog, Qt::Key_Escape);
+    });
+    EXPECT_LT(sinceStart_.elapsed(), 5000);
+}
+
+TEST_F(TestDialogTest, ShowsALineWhileTheServerStillOwesTheNextOne)
+{
+    Server().StaySilent();
+    DuringTest([this](QWidget& dialog) {
+        EXPECT_TRUE(AwaitLine(dialog, 4, u"[ ] 테이블: 확인하는 중…"_q));
+        EXPECT_EQ(Lines(dialog)[3], u"[o] 데이터베이스: 이상 없음"_q);
+        PressKey(dialog, Qt::Key_Escape);
+    });
+    EXPECT_LT(sinceStart_.elapsed(), 5000);
+}
+
+TEST_F(TestDialogTest, StopsOnF12AndBeginsAgainOnTheNext)
+{
+    Server().StaySilentAtPreLogIn();
+    DuringTest([this](QWidget& dialog) {
+        EXPECT_TRUE(AwaitLine(dialog, 1, u"[ ] 서버 응답: 확인하는 중…"_q));
+        PressKey(dialog, Qt::Key_F12);
+        EXPECT_EQ(RunButton(dialog), u"다시 시험(F12)"_q);
+        EXPECT_EQ(Lines(dialog)[1], u"[ ] 서버 응답: 아직 확인하지 못함"_q);
+        ClickCell(Steps(dialog), 2, 2);
+        EXPECT_EQ(Words(dialog), u"서버 응답: 확인하기 전에 멈추었습니다."_q);
+        Server().BehaveAgain();
+        PressKey(dialog, Qt::Key_F12);
+        AwaitEnd(dialog);
+        EXPECT_EQ(Lines(dialog)[6], u"[o] 권한: 이상 없음"_q);
+        PressKey(dialog, Qt::Key_Escape);
+    });
+    EXPECT_LT(sinceStart_.elapsed(), 5000);
+}
+
+TEST_F(TestDialogTest, SaysNothingOfATestThatWasStopped)
+{
+    Server().AnswerLate(300);
+    DuringTest([this](QWidget& dialog) {
+        EXPECT_TRUE(AwaitLine(dialog, 4, u"[ ] 테이블: 확인하는 중…"_q));
+        PressKey(dialog, Qt::Key_F12);
+        AwaitWork();
+        EXPECT_EQ(Lines(dialog)[4], u"[ ] 테이블: 아직 확인하지 못함"_q);
         PressKey(dialog, Qt::Key_Escape);
     });
 }
@@ -112,7 +192,10 @@ TEST_F(TestDialogTest, HasATypedPasswordThatWasRefusedAskedForAgain)
     const auto answer = [&](const QString& password) {
         WhenShown(u"PasswordDialog"_q, [this, password, &asked](QWidget& dialog) {
             ++asked;
-            WhenShown(u"TestDialog"_q, [](QWidget& test) { PressKey(test, Qt::Key_Escape); });
+            WhenShown(u"TestDialog"_q, [this](QWidget& test) {
+                AwaitEnd(test);
+                PressKey(test, Qt::Key_Escape);
+            });
             TypeText(starter_.On<QWidget>(dialog, u"txtUpdate(0)"_q), password + u'\n');
         });
         starter_.Click(u"BtnConnection(3)"_q);

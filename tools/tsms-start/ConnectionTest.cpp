@@ -123,27 +123,33 @@ ConnectionTest::ConnectionTest(SavedConnection connection, QString password, con
 {
 }
 
-void ConnectionTest::Run(const std::function<void()>& onVerdict)
+void ConnectionTest::Run(const std::function<void()>& onChange)
 {
-    onVerdict_ = onVerdict;
+    onChange_ = onChange;
     steps_ = StepsOf(saved_, clock_.Date().year());
     LookAtDatabase();
     connection_.reset();
+    Try({Kind::Gateway});
     const QString fault = gateway_();
     fault.isEmpty() ? Pass(Kind::Gateway) : Fail(Kind::Gateway, fault);
-}
-
-bool ConnectionTest::HasRefusedPassword() const
-{
-    return std::any_of(steps_.begin(), steps_.end(), [](const TestStep& step) {
-        return step.kind == Kind::LogIn && step.verdict == Verdict::Bad;
-    });
 }
 
 bool ConnectionTest::Has(Kind kind) const
 {
     return std::any_of(steps_.begin(), steps_.end(),
                        [kind](const TestStep& step) { return step.kind == kind; });
+}
+
+/// These are tried, and no others.
+void ConnectionTest::Try(std::initializer_list<Kind> kinds)
+{
+    for (TestStep& step : steps_) {
+        if (std::find(kinds.begin(), kinds.end(), step.kind) != kinds.end())
+            step.verdict = Verdict::Trying;
+        else if (step.verdict == Verdict::Trying)
+            step.verdict = Verdict::NotSeen;
+    }
+    onChange_();
 }
 
 /// Of a step that this connection does not have, nothing.
@@ -154,7 +160,7 @@ void ConnectionTest::Tell(Kind kind, Verdict verdict, const QString& words)
             continue;
         step.verdict = verdict;
         step.words = words;
-        onVerdict_();
+        onChange_();
     }
 }
 
@@ -167,9 +173,11 @@ void ConnectionTest::LookAtDatabase()
         {Kind::Logs, &ConnectionTest::LookAtLogs},
         {Kind::Rights, &ConnectionTest::LookAtRights}};
     for (const auto& [kind, look] : looks) {
+        if (!Has(kind))
+            continue;
+        Try({kind});
         try {
-            if (Has(kind))
-                (this->*look)();
+            (this->*look)();
         } catch (const RuntimeError& error) {
             Fail(kind, OtherFaultWords(error));
             return;
@@ -183,6 +191,7 @@ bool ConnectionTest::Open()
     connection_->ConnectionString = ConnectionTextOf(saved_, password_);
     connection_->ConnectionTimeout = SecondsToConnect;
     connection_->CommandTimeout = SecondsToAnswer;
+    Try({Kind::Driver, Kind::Answer, Kind::LogIn, Kind::Database}); // which are one call
     try {
         connection_->Open();
     } catch (const RuntimeError& error) {
@@ -288,6 +297,13 @@ void ConnectionTest::LookAtRights()
                         "\"데이터베이스 준비\"에서 권한을 주십시오.\r\n\r\n")
                  .arg(saved_.login) +
              ServerTableGrants(saved_.login, lacking));
+}
+
+bool HasRefusedPassword(const QList<TestStep>& steps)
+{
+    return std::any_of(steps.begin(), steps.end(), [](const TestStep& step) {
+        return step.kind == Kind::LogIn && step.verdict == Verdict::Bad;
+    });
 }
 
 } // namespace tsms

@@ -6,6 +6,7 @@
 #include <QList>
 
 #include <functional>
+#include <initializer_list>
 #include <memory>
 
 namespace tsms {
@@ -17,7 +18,7 @@ struct TableDescription;
 struct TestStep
 {
     enum class Kind { Driver, Answer, LogIn, Database, Tables, Logs, Rights, Gateway };
-    enum class Verdict { NotSeen, Good, Bad };
+    enum class Verdict { NotSeen, Trying, Good, Bad };
 
     Kind kind;
     QString title;
@@ -25,7 +26,8 @@ struct TestStep
     QString words = {};                 ///< what is wrong and what to do; empty unless Bad
 };
 
-/// Answers with what keeps the gateway's description from being read; empty when it was read.
+/// Answers with what keeps the gateway's description from being read; empty when it was read. It is asked in
+/// any thread.
 using GatewayLook = std::function<QString()>;
 
 /// Looks, as the program would, whether a connection can be worked on: a list of steps, each with what is
@@ -38,12 +40,9 @@ public:
 
     const QList<TestStep>& Steps() const { return steps_; }
 
-    /// Takes all steps in their order; `onVerdict` after each verdict. Raises nothing that the database or
-    /// the gateway does.
-    void Run(const std::function<void()>& onVerdict);
-
-    /// Whether the server has refused the password.
-    bool HasRefusedPassword() const;
+    /// Takes all steps in their order; `onChange` whenever a step is begun or known. Raises nothing that the
+    /// database or the gateway does; what `onChange` raises ends the test.
+    void Run(const std::function<void()>& onChange);
 
 private:
     void LookAtDatabase();
@@ -56,6 +55,7 @@ private:
     QList<TableDescription> Logs() const;
 
     bool Has(TestStep::Kind kind) const;
+    void Try(std::initializer_list<TestStep::Kind> kinds);
     void Tell(TestStep::Kind kind, TestStep::Verdict verdict, const QString& words = {});
     void Pass(TestStep::Kind kind) { Tell(kind, TestStep::Verdict::Good); }
     void Fail(TestStep::Kind kind, const QString& words) { Tell(kind, TestStep::Verdict::Bad, words); }
@@ -65,9 +65,12 @@ private:
     const Clock& clock_;
     ConnectionMaker makeConnection_;
     GatewayLook gateway_;
-    std::function<void()> onVerdict_;
+    std::function<void()> onChange_;
     std::unique_ptr<Connection> connection_;
     QList<TestStep> steps_;
 };
+
+/// Whether the server has refused the password.
+bool HasRefusedPassword(const QList<TestStep>& steps);
 
 } // namespace tsms

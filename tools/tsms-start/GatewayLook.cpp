@@ -3,7 +3,6 @@
 #include "gateway/ModSMS.h"
 #include "gateway/SoapClient30.h"
 #include "gateway/SoapFault.h"
-#include "runtime/DoEvents.h"
 
 #include <future>
 #include <thread>
@@ -11,8 +10,6 @@
 namespace tsms {
 
 namespace {
-
-constexpr std::chrono::milliseconds LookPace(20);
 
 /// What a reading of the description ends in; empty when it went well.
 QString ReadDescription(const QString& url)
@@ -50,12 +47,8 @@ QString LookAtGateway(const QString& gatewayUrl, std::chrono::milliseconds patie
     std::thread([url, promise = std::move(promise)]() mutable {
         promise.set_value(ReadDescription(url));
     }).detach();
-    const auto end = std::chrono::steady_clock::now() + patience;
-    while (fault.wait_for(LookPace) != std::future_status::ready) {
-        if (std::chrono::steady_clock::now() > end)
-            return Advice(url, QStringLiteral("문자메시지 서버가 대답하지 않습니다."));
-        DoEvents();
-    }
+    if (fault.wait_for(patience) != std::future_status::ready)
+        return Advice(url, QStringLiteral("문자메시지 서버가 대답하지 않습니다."));
     const QString words = fault.get();
     return words.isEmpty() ? QString() : Advice(url, words);
 }

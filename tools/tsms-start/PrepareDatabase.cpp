@@ -61,14 +61,17 @@ QStringList BatchesOf(const QString& script)
     return batches;
 }
 
-void RunScript(Connection& connection, const QString& script)
+void RunScript(Connection& connection, const QString& script, const std::function<void()>& beforeEach)
 {
     connection.Execute(QStringLiteral("BEGIN TRANSACTION"));
     try {
-        for (const QString& batch : BatchesOf(script))
+        for (const QString& batch : BatchesOf(script)) {
+            beforeEach();
             connection.Execute(batch);
+        }
+        beforeEach();
         connection.Execute(QStringLiteral("COMMIT TRANSACTION"));
-    } catch (const RuntimeError&) {
+    } catch (...) {
         connection.Close(); // the server takes back what was not committed
         throw;
     }

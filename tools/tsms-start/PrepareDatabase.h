@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+#include <functional>
+
 namespace tsms {
 
 class Clock;
@@ -17,8 +19,11 @@ QString PreparingScript(Connection& connection, YearRange years, const QString& 
 /// The batches of a script: what stands between its lines "GO".
 QStringList BatchesOf(const QString& script);
 
-/// Runs a script in one transaction. Raises what the server does; then nothing of it has been done.
-void RunScript(Connection& connection, const QString& script);
+/// Runs a script in one transaction. Raises what the server does, and what `beforeEach` raises, which is
+/// asked before each step and the end of the transaction; then nothing of it has been done, unless the link
+/// was lost behind the COMMIT.
+void RunScript(
+    Connection& connection, const QString& script, const std::function<void()>& beforeEach = [] {});
 
 /// Those of the logs that the program needs in the clock's year and a database file lacks. Raises what keeps
 /// the file from being read.

@@ -6,13 +6,17 @@
 #include "toolkit/fields/Naming.h"
 #include "toolkit/grid/fpSpread.h"
 #include "toolkit/grid/GridHelper.h"
+#include "tsms-start/BackgroundWork.h"
 #include "tsms-start/ConnectionDialog.h"
 #include "tsms-start/PasswordDialog.h"
 #include "tsms-start/PrepareDatabase.h"
 #include "tsms-start/PrepareDialog.h"
 #include "tsms-start/TestDialog.h"
 
+#include <QEventLoop>
 #include <QHBoxLayout>
+
+#include <exception>
 
 namespace tsms {
 
@@ -250,7 +254,8 @@ void StartWindow::PrepareFile(const QString& file)
 /// A database file has all its other tables from the beginning.
 void StartWindow::AddLogs(const QString& file)
 {
-    const QList<int> years = MissingLogYears(file, services_.clock);
+    QList<int> years;
+    Aside([&] { years = MissingLogYears(file, services_.clock); });
     if (years.isEmpty())
         return Tell(QStringLiteral("없는 것이 없습니다. 만들 것도 없습니다."), MsgBoxInformation);
     QStringList names;
@@ -260,9 +265,33 @@ void StartWindow::AddLogs(const QString& file)
                              names.join(QStringLiteral(", "));
     if (services_.desktop.MsgBox(question, MsgBoxQuestion, QStringLiteral("데이터베이스 준비")) != AnswerYes)
         return;
-    for (const int year : years)
-        AddEmbeddedLogYear(file, year, services_.clock);
+    Aside([&] {
+        for (const int year : years)
+            AddEmbeddedLogYear(file, year, services_.clock);
+    });
     Tell(QStringLiteral("데이터베이스를 준비했습니다."), MsgBoxInformation);
+}
+
+/// Another program may hold the file for a while: the window is drawn and can be moved meanwhile. Raises what
+/// `act` does.
+void StartWindow::Aside(const std::function<void()>& act)
+{
+    std::exception_ptr fault;
+    QEventLoop loop;
+    BackgroundWork work;
+    SetBusy(true);
+    work.Begin([&](const BackgroundWork::Line&) {
+        try {
+            act();
+        } catch (const RuntimeError&) {
+            fault = std::current_exception();
+        }
+        return [&loop] { loop.quit(); };
+    });
+    loop.exec();
+    SetBusy(false);
+    if (fault)
+        std::rethrow_exception(fault);
 }
 
 void StartWindow::Tell(const QString& words, MsgBoxStyle style)

@@ -6,6 +6,7 @@
 
 #include <QHash>
 
+#include <functional>
 #include <optional>
 
 namespace tsms {
@@ -39,6 +40,7 @@ private:
     void PrepareSelected();
     void PrepareFile(const QString& file);
     void AddLogs(const QString& file);
+    void Aside(const std::function<void()>& act);
     void Tell(const QString& words, MsgBoxStyle style);
 
     /// Typed in this run, kept, or asked for now; nothing when the user gives none.

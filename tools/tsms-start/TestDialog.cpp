@@ -1,6 +1,6 @@
 #include "tsms-start/TestDialog.h"
 
-#include "runtime/DoEvents.h"
+#include "toolkit/fields/Controls.h"
 #include "toolkit/fields/MemoBox.h"
 #include "toolkit/fields/Naming.h"
 #include "toolkit/grid/fpSpread.h"
@@ -17,6 +17,9 @@ namespace {
 
 enum TestColumn : int { TickColumn = 1, TitleColumn, VerdictColumn, TestColumnCount = VerdictColumn };
 
+const QString TestAgain = QStringLiteral("다시 시험(F12)");
+const QString StopTest = QStringLiteral("멈춤(F12)");
+
 DialogFrame TestFrame(const SavedConnection& connection)
 {
     DialogFrame frame;
@@ -27,7 +30,7 @@ DialogFrame TestFrame(const SavedConnection& connection)
     frame.note =
         QStringLiteral("연결 \"%1\"을(를) 프로그램과 같은 방법으로 확인합니다.").arg(connection.name);
     frame.noteLabel = QStringLiteral("lblNote");
-    frame.buttons = {QStringLiteral("다시 시험(F12)"), QStringLiteral("닫기(ESC)")};
+    frame.buttons = {TestAgain, QStringLiteral("닫기(ESC)")};
     return frame;
 }
 
@@ -38,6 +41,8 @@ QString VerdictWords(TestStep::Verdict verdict)
         return QStringLiteral("이상 없음");
     case TestStep::Verdict::Bad:
         return QStringLiteral("고쳐야 합니다");
+    case TestStep::Verdict::Trying:
+        return QStringLiteral("확인하는 중…");
     case TestStep::Verdict::NotSeen:
         break;
     }
@@ -49,11 +54,12 @@ QString VerdictWords(TestStep::Verdict verdict)
 TestDialog::TestDialog(StartServices& services, const SavedConnection& connection, const QString& password,
                        QWidget* owner)
     : DialogForm(services.session, services.desktop, TestFrame(connection), owner),
-      test_(connection, password, services.clock, services.makeConnection, services.gateway)
+      services_(services),
+      connection_(connection),
+      password_(password)
 {
     BuildList();
     BuildWords();
-    ShowSteps();
 }
 
 void TestDialog::BuildList()
@@ -102,29 +108,53 @@ void TestDialog::OnFirstActivation()
 
 void TestDialog::OnButton(int index)
 {
-    if (index == 0)
-        Run();
-    else
+    if (index != 0)
         DialogForm::OnButton(index);
+    else if (work_.IsRunning())
+        Stop();
+    else
+        Run();
 }
 
 void TestDialog::Run()
 {
-    SetBusy(true);
-    test_.Run([this] {
-        ShowSteps();
-        DoEvents();
-    });
-    SetBusy(false);
-    ChooseFirstFault();
+    const auto test = std::make_shared<ConnectionTest>(connection_, password_, services_.clock,
+                                                       services_.makeConnection, services_.gateway);
+    const auto run = [this, test](const BackgroundWork::Line& line) {
+        test->Run([&] { line.Say([this, steps = test->Steps()] { ShowSteps(steps); }); });
+        return [this] {
+            ShowRunning(false);
+            ChooseFirstFault();
+        };
+    };
+    ShowRunning(true);
+    work_.Begin(run);
 }
 
-void TestDialog::ShowSteps()
+void TestDialog::Stop()
 {
-    const QList<TestStep>& steps = test_.Steps();
-    list_->Cells().SetMaxRows(static_cast<int>(steps.size()));
+    work_.GiveUp();
+    stopped_ = true;
+    for (TestStep& step : steps_)
+        if (step.verdict == TestStep::Verdict::Trying)
+            step.verdict = TestStep::Verdict::NotSeen;
+    ShowRunning(false);
+    ShowSteps(steps_);
+}
+
+void TestDialog::ShowRunning(bool running)
+{
+    if (running)
+        stopped_ = false;
+    Button(0)->SetCaption(running ? StopTest : TestAgain);
+}
+
+void TestDialog::ShowSteps(const QList<TestStep>& steps)
+{
+    steps_ = steps;
+    list_->Cells().SetMaxRows(static_cast<int>(steps_.size()));
     int row = 0;
-    for (const TestStep& step : steps) {
+    for (const TestStep& step : std::as_const(steps_)) {
         ++row;
         const bool isBad = step.verdict == TestStep::Verdict::Bad;
         list_->Cells().SetCellPicture(TickColumn, row,
@@ -139,22 +169,30 @@ void TestDialog::ShowSteps()
 void TestDialog::ShowWords()
 {
     const int at = list_->ActiveRow() - 1;
-    const QList<TestStep>& steps = test_.Steps();
-    if (at < 0 || at >= steps.size())
-        return;
-    const TestStep& step = steps[at];
-    if (step.verdict == TestStep::Verdict::Bad)
-        words_->SetText(step.words);
-    else if (step.verdict == TestStep::Verdict::Good)
-        words_->SetText(step.title + QStringLiteral(": 이상이 없습니다."));
-    else
-        words_->SetText(step.title + QStringLiteral(": 위의 것을 고친 다음에 확인할 수 있습니다."));
+    if (at >= 0 && at < steps_.size())
+        words_->SetText(WordsOf(steps_[at]));
+}
+
+QString TestDialog::WordsOf(const TestStep& step) const
+{
+    switch (step.verdict) {
+    case TestStep::Verdict::Bad:
+        return step.words;
+    case TestStep::Verdict::Good:
+        return step.title + QStringLiteral(": 이상이 없습니다.");
+    case TestStep::Verdict::Trying:
+        return step.title + QStringLiteral(": 확인하고 있습니다. 대답이 없으면 \"멈춤\"을 누르십시오.");
+    case TestStep::Verdict::NotSeen:
+        break;
+    }
+    return step.title + (stopped_ ? QStringLiteral(": 확인하기 전에 멈추었습니다.")
+                                  : QStringLiteral(": 위의 것을 고친 다음에 확인할 수 있습니다."));
 }
 
 void TestDialog::ChooseFirstFault()
 {
     int row = 0;
-    for (const TestStep& step : test_.Steps()) {
+    for (const TestStep& step : std::as_const(steps_)) {
         ++row;
         if (step.verdict != TestStep::Verdict::Bad)
             continue;

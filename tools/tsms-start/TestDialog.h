@@ -1,6 +1,7 @@
 #pragma once
 
 #include "toolkit/windows/DialogForm.h"
+#include "tsms-start/BackgroundWork.h"
 #include "tsms-start/ConnectionTest.h"
 #include "tsms-start/StartServices.h"
 
@@ -9,8 +10,9 @@ namespace tsms {
 class fpSpread;
 class MemoBox;
 
-/// Tests a connection and shows the steps in a list with ticks, and of the chosen one below what is wrong and
-/// what to do. It begins when it comes up.
+/// Tests a connection and shows the steps in a list with ticks, each as soon as it is known, and of the
+/// chosen one below what is wrong and what to do. It begins when it comes up, and can be stopped or closed at
+/// any time.
 class TestDialog : public DialogForm
 {
     Q_OBJECT
@@ -19,7 +21,7 @@ public:
     TestDialog(StartServices& services, const SavedConnection& connection, const QString& password,
                QWidget* owner);
 
-    bool HasRefusedPassword() const { return test_.HasRefusedPassword(); }
+    bool HasRefusedPassword() const { return tsms::HasRefusedPassword(steps_); }
 
 protected:
     void OnFirstActivation() override;
@@ -29,11 +31,19 @@ private:
     void BuildList();
     void BuildWords();
     void Run();
-    void ShowSteps();
+    void Stop();
+    void ShowRunning(bool running);
+    void ShowSteps(const QList<TestStep>& steps);
     void ShowWords();
+    QString WordsOf(const TestStep& step) const;
     void ChooseFirstFault();
 
-    ConnectionTest test_;
+    StartServices& services_;
+    SavedConnection connection_;
+    QString password_;
+    QList<TestStep> steps_;
+    bool stopped_ = false; ///< before its end
+    BackgroundWork work_;
     fpSpread* list_ = nullptr;
     MemoBox* words_ = nullptr;
 };

@@ -6,6 +6,7 @@
 #include "toolkit/look/Theme.h"
 #include "toolkit/windows/Application.h"
 #include "toolkit/windows/QtDesktop.h"
+#include "tsms-start/BackgroundWork.h"
 #include "tsms-start/GatewayLook.h"
 #include "tsms-start/KeychainPasswords.h"
 #include "tsms-start/Launch.h"
@@ -13,6 +14,8 @@
 
 #include <QSettings>
 #include <QStandardPaths>
+
+#include <cstdlib>
 
 int main(int argc, char** argv)
 {
@@ -44,5 +47,7 @@ int main(int argc, char** argv)
         gateway == QStringLiteral("http://127.0.0.1:8790"),
         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/tsms")};
     StartWindow(services).ShowModal();
-    return 0;
+    if (BackgroundWork::IsAnyLeft())
+        std::_Exit(EXIT_SUCCESS); // it waits for a server, with all of this in its hands
+    return EXIT_SUCCESS;
 }
