@@ -13,6 +13,7 @@
 #include "gateway/ModSMS.h"
 #include "recipients/GridRecipientList.h"
 #include "runtime/Clock.h"
+#include "runtime/CommandLine.h"
 #include "services/Services.h"
 #include "session/Session.h"
 #include "shell/frmSMSMain.h"
@@ -79,8 +80,9 @@ void PrintAddressBook(Services& services, RecipientList& recipients)
 
 int main(int argc, char** argv)
 {
-    const QString line = QString::fromLocal8Bit(argc > 1 ? argv[1] : "");
-    Application application(argc, argv);
+    const QString line = TakeCommandLine(argc, argv);
+    int programNameOnly = 1;
+    Application application(programNameOnly, argv);
     theme::ApplyTheme(application);
     QtDesktop desktop;
     const SystemClock clock;
