@@ -57,8 +57,7 @@ void SheetOperations::WriteLog(const QString& path, bool replace) const
     const QString found = workbook_.sheets.isEmpty() ? QStringLiteral("시트를 읽을 수 없습니다.")
                                                      : workbook_.sheets.join(QStringLiteral(", "));
     log.write(QStringLiteral("%1 %2 (%3) %4\r\n")
-                  .arg(clock_.Now().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")), file_,
-                       QString::number(workbook_.sheets.size()), found)
+                  .arg(MomentText(clock_.Now()), file_, QString::number(workbook_.sheets.size()), found)
                   .toUtf8());
 }
 

@@ -124,21 +124,18 @@ void RunDialog::SetBarMaximum(int maximum)
 void RunDialog::SetBarValue(int value)
 {
     bar_->SetValue(value);
-    bar_->Refresh();
+    status_->Refresh(); // the last thing of a row: all that has changed is drawn in one go
 }
 
 void RunDialog::ShowCounts(const QString& succeeded, const QString& failed)
 {
     numbers_[Succeeded]->SetCaption(succeeded);
-    numbers_[Succeeded]->Refresh();
     numbers_[Failed]->SetCaption(failed);
-    numbers_[Failed]->Refresh();
 }
 
 void RunDialog::ShowStatus(const QString& text)
 {
     status_->SetCaption(text);
-    status_->Refresh();
 }
 
 } // namespace tsms

@@ -12,7 +12,6 @@ bool ResolveAll(QLibrary& library, CurlLibrary& into)
     return Resolve(library, "curl_global_init", into.GlobalInit) &&
            Resolve(library, "curl_easy_init", into.Init) &&
            Resolve(library, "curl_easy_cleanup", into.Cleanup) &&
-           Resolve(library, "curl_easy_reset", into.Reset) &&
            Resolve(library, "curl_easy_setopt", into.SetOption) &&
            Resolve(library, "curl_easy_getinfo", into.GetInfo) &&
            Resolve(library, "curl_easy_perform", into.Perform) &&

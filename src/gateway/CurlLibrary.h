@@ -11,7 +11,6 @@ struct CurlLibrary
     decltype(&curl_global_init) GlobalInit = nullptr;
     decltype(&curl_easy_init) Init = nullptr;
     decltype(&curl_easy_cleanup) Cleanup = nullptr;
-    decltype(&curl_easy_reset) Reset = nullptr;
     decltype(&curl_easy_setopt) SetOption = nullptr;
     decltype(&curl_easy_getinfo) GetInfo = nullptr;
     decltype(&curl_easy_perform) Perform = nullptr;

@@ -101,20 +101,44 @@ SoapFault FaultOf(CURLcode code, const char* words, bool tooLong)
 /// Its kept connection goes with it.
 struct HttpLink::Handle
 {
-    Handle() : curl(Curl().Init())
+    explicit Handle(const QByteArray& authorities) : curl(Curl().Init())
     {
         if (curl == nullptr)
             throw LocalFault(QStringLiteral("통신 기능을 시작하지 못하였습니다."));
+        SetRules(authorities);
     }
     ~Handle() { Curl().Cleanup(curl); }
     Handle(const Handle&) = delete;
     Handle& operator=(const Handle&) = delete;
 
+    template <class Value> void Set(CURLoption option, Value value) { Curl().SetOption(curl, option, value); }
+
     CURL* curl;
+
+private:
+    /// What holds for each request.
+    void SetRules(const QByteArray& authorities)
+    {
+        Set(CURLOPT_PROTOCOLS_STR, "http,https");
+        Set(CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2)); // at least
+        Set(CURLOPT_SSL_VERIFYPEER, 1L);
+        Set(CURLOPT_SSL_VERIFYHOST, 2L);
+        if (!authorities.isEmpty())
+            Set(CURLOPT_CAINFO, authorities.constData());
+        Set(CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
+        Set(CURLOPT_PROXY, ""); // also none from the environment
+        Set(CURLOPT_FOLLOWLOCATION, 0L);
+        Set(CURLOPT_TCP_NODELAY, 1L);
+        Set(CURLOPT_TCP_KEEPALIVE, 1L); // notices a dead host, and leaves a slow one its time
+        Set(CURLOPT_NOSIGNAL, 1L);
+        Set(CURLOPT_USERAGENT, "tsms");
+        Set(CURLOPT_HEADERFUNCTION, &ReceiveHead);
+        Set(CURLOPT_WRITEFUNCTION, &ReceiveBody);
+    }
 };
 
 HttpLink::HttpLink(const QString& authorities)
-    : authorities_(QFile::encodeName(authorities)), handle_(std::make_unique<Handle>())
+    : authorities_(QFile::encodeName(authorities)), handle_(std::make_unique<Handle>(authorities_))
 {
 }
 
@@ -123,31 +147,34 @@ HttpLink::~HttpLink() = default;
 HttpReply HttpLink::Get(const QString& url)
 {
     PrepareConnection();
+    handle_->Set(CURLOPT_HTTPGET, 1L);
+    handle_->Set(CURLOPT_PREREQFUNCTION, curl_prereq_callback(nullptr)); // may be asked for again
+    handle_->Set(CURLOPT_HTTPHEADER, static_cast<curl_slist*>(nullptr));
     return Perform(url);
 }
 
 HttpReply HttpLink::Post(const QString& url, const QList<QByteArray>& headers, const QByteArray& body)
 {
     PrepareConnection();
-    CURL* curl = handle_->curl;
     bool isOut = false;
-    Curl().SetOption(curl, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(body.size()));
-    Curl().SetOption(curl, CURLOPT_POSTFIELDS, body.constData()); // head and body leave in one piece
-    Curl().SetOption(curl, CURLOPT_PREREQFUNCTION, &RefuseSecondTime);
-    Curl().SetOption(curl, CURLOPT_PREREQDATA, &isOut);
+    handle_->Set(CURLOPT_POST, 1L);
+    handle_->Set(CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(body.size()));
+    handle_->Set(CURLOPT_POSTFIELDS, body.constData()); // head and body leave in one piece
+    handle_->Set(CURLOPT_PREREQFUNCTION, &RefuseSecondTime);
+    handle_->Set(CURLOPT_PREREQDATA, &isOut);
 
     HeaderList list;
     for (const QByteArray& header : headers)
         list.Add(header.constData());
     list.Add("Expect:"); // empty: no asking first, which costs a round trip for each message
-    Curl().SetOption(curl, CURLOPT_HTTPHEADER, list.Get());
+    handle_->Set(CURLOPT_HTTPHEADER, list.Get());
     HttpReply reply = Perform(url);
     if (!std::exchange(isTried_, true))
         listening_.setRemainingTime(ListeningMilliseconds, Qt::PreciseTimer);
     return reply;
 }
 
-/// Leaves a kept connection that does not wait for a request in silence, and forgets the last request.
+/// Leaves a kept connection that does not wait for a request in silence.
 void HttpLink::PrepareConnection()
 {
     curl_socket_t socket = CURL_SOCKET_BAD;
@@ -158,42 +185,26 @@ void HttpLink::PrepareConnection()
         if (kept == IdleSocket::Speaks)
             answersUnasked_ = true;
         if (kept != IdleSocket::Quiet)
-            handle_ = std::make_unique<Handle>();
+            handle_ = std::make_unique<Handle>(authorities_);
     }
-    Curl().Reset(handle_->curl); // forgets the options and keeps the connection
 }
 
 HttpReply HttpLink::Perform(const QString& url)
 {
-    CURL* curl = handle_->curl;
     Incoming in;
     std::array<char, CURL_ERROR_SIZE> words{};
     const QByteArray address = url.toUtf8();
-    Curl().SetOption(curl, CURLOPT_URL, address.constData());
-    Curl().SetOption(curl, CURLOPT_PROTOCOLS_STR, "http,https");
-    Curl().SetOption(curl, CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2)); // at least
-    Curl().SetOption(curl, CURLOPT_SSL_VERIFYPEER, 1L);
-    Curl().SetOption(curl, CURLOPT_SSL_VERIFYHOST, 2L);
-    if (!authorities_.isEmpty())
-        Curl().SetOption(curl, CURLOPT_CAINFO, authorities_.constData());
-    Curl().SetOption(curl, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
-    Curl().SetOption(curl, CURLOPT_PROXY, ""); // also none from the environment
-    Curl().SetOption(curl, CURLOPT_FOLLOWLOCATION, 0L);
-    Curl().SetOption(curl, CURLOPT_TCP_NODELAY, 1L);
-    Curl().SetOption(curl, CURLOPT_TCP_KEEPALIVE, 1L); // notices a dead host, and leaves a slow one its time
-    Curl().SetOption(curl, CURLOPT_FORBID_REUSE, answersUnasked_ ? 1L : 0L);
-    Curl().SetOption(curl, CURLOPT_NOSIGNAL, 1L);
-    Curl().SetOption(curl, CURLOPT_USERAGENT, "tsms");
-    Curl().SetOption(curl, CURLOPT_HEADERFUNCTION, &ReceiveHead);
-    Curl().SetOption(curl, CURLOPT_HEADERDATA, &in);
-    Curl().SetOption(curl, CURLOPT_WRITEFUNCTION, &ReceiveBody);
-    Curl().SetOption(curl, CURLOPT_WRITEDATA, &in);
-    Curl().SetOption(curl, CURLOPT_ERRORBUFFER, words.data());
+    handle_->Set(CURLOPT_URL, address.constData());
+    handle_->Set(CURLOPT_FORBID_REUSE, answersUnasked_ ? 1L : 0L);
+    handle_->Set(CURLOPT_HEADERDATA, &in);
+    handle_->Set(CURLOPT_WRITEDATA, &in);
+    handle_->Set(CURLOPT_ERRORBUFFER, words.data());
 
+    CURL* curl = handle_->curl;
     const CURLcode code = Curl().Perform(curl);
-    Curl().SetOption(curl, CURLOPT_ERRORBUFFER, nullptr);
+    handle_->Set(CURLOPT_ERRORBUFFER, static_cast<char*>(nullptr));
     if (code != CURLE_OK) {
-        handle_ = std::make_unique<Handle>();
+        handle_ = std::make_unique<Handle>(authorities_);
         throw FaultOf(code, words.data(), in.tooLong);
     }
 

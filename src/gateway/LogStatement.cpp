@@ -1,5 +1,6 @@
 #include "gateway/LogStatement.h"
 
+#include "runtime/Clock.h"
 #include "runtime/Text.h"
 #include "session/Session.h"
 
@@ -16,7 +17,7 @@ QString YearOf(const QString& time)
 
 QString LogTime(const QString& sendTime, const QDateTime& now)
 {
-    return IsBlank(sendTime) ? now.toString(u"yyyy-MM-dd HH:mm") : sendTime;
+    return IsBlank(sendTime) ? MomentText(now).chopped(3) : sendTime;
 }
 
 Statement LogInsert(const Session& session, const LogEntry& entry, const Reply& reply)

@@ -127,7 +127,7 @@ bool IsEnvelope(const StartTag& tag)
         return false;
     const std::string binding = "xmlns:" + std::string(tag.Prefix()) + "=\"";
     const std::size_t at = tag.attributes.find(binding);
-    return at != std::string_view::npos && at == tag.attributes.rfind(binding) &&
+    return at != std::string_view::npos && tag.attributes.find(binding, at + 1) == std::string_view::npos &&
            tag.attributes.substr(at + binding.size()).starts_with(std::string(ns::SoapEnvelope) + '"');
 }
 

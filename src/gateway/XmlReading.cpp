@@ -247,30 +247,31 @@ int XmlElement::CountBelow(int most) const
 
 QByteArray EscapeXml(QStringView text)
 {
-    const auto isPlain = [](QChar c) {
-        return c >= u' ' && c < u'\xD800' && c != u'&' && c != u'<' && c != u'>' && c != u'"';
-    };
-    if (std::all_of(text.begin(), text.end(), isPlain))
-        return text.toUtf8();
     QString escaped;
-    escaped.reserve(text.size() + 16);
+    qsizetype taken = 0;
+    const auto replace = [&](qsizetype at, QStringView by) {
+        escaped += text.sliced(taken, at - taken);
+        escaped += by;
+        taken = at + 1;
+    };
     for (qsizetype i = 0; i < text.size(); ++i) {
         const QChar c = text[i];
-        if (!IsXmlCharacter(text, i))
-            escaped += u' ';
-        else if (c == u'&')
-            escaped += u"&amp;";
+        if (c == u'&')
+            replace(i, u"&amp;");
         else if (c == u'<')
-            escaped += u"&lt;";
+            replace(i, u"&lt;");
         else if (c == u'>')
-            escaped += u"&gt;";
+            replace(i, u"&gt;");
         else if (c == u'"')
-            escaped += u"&quot;";
+            replace(i, u"&quot;");
         else if (c == u'\r')
-            escaped += u"&#13;"; // a parser turns a bare CR LF into LF
-        else
-            escaped += c;
+            replace(i, u"&#13;"); // a parser turns a bare CR LF into LF
+        else if ((c < u' ' || c >= u'\xD800') && !IsXmlCharacter(text, i))
+            replace(i, u" ");
     }
+    if (taken == 0)
+        return text.toUtf8();
+    escaped += text.sliced(taken);
     return escaped.toUtf8();
 }
 

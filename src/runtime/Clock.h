@@ -13,6 +13,9 @@ public:
     QDate Date() const { return Now().date(); }
 };
 
+/// "YYYY-MM-DD HH:MM:SS" in digits. A row of a run asks for it twice: a pattern costs twenty times as much.
+QString MomentText(const QDateTime& moment);
+
 /// The machine's clock.
 class SystemClock final : public Clock
 {

@@ -141,6 +141,14 @@ TEST(CodePage949, KoreanTextGoesThereAndBack)
     EXPECT_EQ(ToCodePage949(u"가"), QByteArray("\xB0\xA1"));
 }
 
+TEST(CodePage949, EverySyllableOfHangulGoesThereAndBack)
+{
+    QString syllables;
+    for (char16_t c = u'\xAC00'; c <= u'\xD7A3'; ++c)
+        syllables += QChar(c);
+    EXPECT_EQ(FromCodePage949(ToCodePage949(syllables)), syllables);
+}
+
 TEST(CodePage949, ABrokenByteIsReplacedAndTheRestIsRead)
 {
     EXPECT_EQ(FromCodePage949(QByteArray("a\xFF"

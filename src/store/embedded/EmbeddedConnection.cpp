@@ -30,11 +30,16 @@ QString FirstToken(const QString& text)
     return trimmed.left(qMax(end, 1));
 }
 
+/// ASCII and the syllables of Hangul, all of which stand in the code page.
+bool IsInCodePage(QChar c)
+{
+    return c < u'\x80' || (c >= u'\xAC00' && c <= u'\xD7A3');
+}
+
 /// A plain literal is in the code page of the server's database, whatever becomes of it.
 QString InServersCharacters(const QString& text)
 {
-    const bool isPlain = std::all_of(text.begin(), text.end(), [](QChar c) { return c < u'\x80'; });
-    return isPlain ? text : FromCodePage949(ToCodePage949(text));
+    return std::all_of(text.begin(), text.end(), IsInCodePage) ? text : FromCodePage949(ToCodePage949(text));
 }
 
 QString WithLiteralsInServersCharacters(const QString& sql)

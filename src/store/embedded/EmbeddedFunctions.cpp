@@ -183,7 +183,7 @@ void Convert(sqlite3_context* context, int, Arguments values)
 void GetDate(sqlite3_context* context, int, Arguments)
 {
     const auto& clock = *static_cast<const Clock*>(sqlite3_user_data(context));
-    const QByteArray now = clock.Now().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toLatin1();
+    const QByteArray now = MomentText(clock.Now()).toLatin1();
     Answer(context, std::string_view(now.constData(), static_cast<std::size_t>(now.size())));
 }
 

@@ -154,7 +154,7 @@ Statement& Statement::Own(QStringView words)
 
 Statement& Statement::Quoted(QStringView value)
 {
-    const QString trimmed = Trim(value);
+    const QStringView trimmed = Trimmed(value);
     return trimmed.isEmpty() ? Add(std::nullopt) : InQuotes(trimmed);
 }
 

@@ -114,6 +114,8 @@ Label::Label(QWidget* parent, const QString& name, const QString& caption) : QLa
 
 void Label::SetCaption(const QString& caption)
 {
+    if (caption == caption_)
+        return;
     const bool wasBlank = IsBlank(caption_);
     caption_ = caption;
     setText(QString(caption).replace(CrLf.toString(), QStringLiteral("\n")));
@@ -335,34 +337,24 @@ void ProgressBar::Show()
 {
     // A range of nothing would be drawn as "busy"; here it is a bar that the first step fills.
     const int most = std::max(1, max_);
-    setAttribute(Qt::WA_UpdatesDisabled); // the base would paint at each step, also when no pixel changes
+    const int value = std::clamp(value_, 0, most);
+    if (most == maximum() && FilledPixels(value) == FilledPixels(this->value()))
+        return;
+    setAttribute(Qt::WA_UpdatesDisabled); // the base would paint at once, at no pace
     setRange(0, most);
-    setValue(std::clamp(value_, 0, most));
+    setValue(value);
     setAttribute(Qt::WA_UpdatesDisabled, false);
-    if (FilledPixels() != painted_)
-        update();
+    update();
 }
 
-void ProgressBar::Refresh()
+int ProgressBar::FilledPixels(int value) const
 {
-    if (FilledPixels() != painted_ && pace_.IsDue())
-        repaint();
-}
-
-int ProgressBar::FilledPixels() const
-{
-    return static_cast<int>(width() * devicePixelRatioF() * value() / maximum());
+    return static_cast<int>(width() * devicePixelRatioF() * value / maximum());
 }
 
 QSize ProgressBar::sizeHint() const
 {
     return {200, 14};
-}
-
-void ProgressBar::paintEvent(QPaintEvent* event)
-{
-    painted_ = FilledPixels();
-    QProgressBar::paintEvent(event);
 }
 
 RadioButton::RadioButton(QWidget* parent, const QString& name, const QString& caption)

@@ -98,8 +98,8 @@ public:
     void SetBold(bool bold);
     /// Says what a field is that shows no words of its own.
     void Describes(QWidget& field);
-    /// Shows the present caption at once, also while an operation holds the event loop; where the screen has
-    /// just been drawn, with its next picture.
+    /// Shows the present caption at once, and with it whatever else has changed in its window, also while an
+    /// operation holds the event loop; where it has just done so, with the screen's next picture.
     void Refresh();
     /// Keeps the size that it has now: a new caption no longer lays its form out again.
     void KeepSize();
@@ -208,22 +208,15 @@ public:
     void SetMax(int max);
     int Value() const { return value_; }
     void SetValue(int value);
-    /// Shows the present value at once, as Label::Refresh does; draws nothing when it fills no further pixel.
-    void Refresh();
 
     QSize sizeHint() const override;
 
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
 private:
-    void Show();
-    int FilledPixels() const;
+    void Show(); // the base hears of a value that fills another pixel
+    int FilledPixels(int value) const;
 
     int max_ = 100;
     int value_ = 0;
-    int painted_ = -1;
-    ScreenPace pace_;
 };
 
 /// One choice of several. OnClick comes with each choosing, by a person or by SetValue(true). An arrow key

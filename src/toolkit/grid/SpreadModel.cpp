@@ -18,12 +18,14 @@ template <class Value> void Shorten(std::vector<Value>& values, int rows)
         values.erase(values.begin() + rows + 1, values.end());
 }
 
-template <class Value> Value& Reach(std::vector<Value>& values, int row, const Value& empty)
+/// The value of a row of a list of so many rows. The room is taken for all of them: a list that is filled
+/// from the top does not move.
+template <class Value> Value& Reach(std::vector<Value>& values, int row, int rows, const Value& empty)
 {
     const auto place = static_cast<std::size_t>(row);
-    if (values.size() == place)
-        values.push_back(empty); // lists are mostly filled from the top
-    else if (values.size() < place)
+    if (place >= values.capacity())
+        values.reserve(std::max(static_cast<std::size_t>(rows) + 1, 2 * place));
+    if (place >= values.size())
         values.resize(place + 1, empty);
     return values[place];
 }
@@ -117,7 +119,7 @@ void SpreadModel::SetText(int col, int row, const QString& text)
 {
     if (!Has(col, row))
         return;
-    QString& own = Reach(At(col).texts, row, QString());
+    QString& own = Reach(At(col).texts, row, maxRows_, QString());
     if (!own.isNull() && own == text)
         return;
     own = text.isNull() ? QStringLiteral("") : text;
@@ -278,7 +280,7 @@ void SpreadModel::SetCellPicture(int col, int row, int index)
         At(col).picture = index;
         At(col).pictures.clear();
     } else if (row >= 1 && Has(col, row)) {
-        Reach(At(col).pictures, row, Unset) = static_cast<qint8>(index);
+        Reach(At(col).pictures, row, maxRows_, Unset) = static_cast<qint8>(index);
     } else {
         return;
     }

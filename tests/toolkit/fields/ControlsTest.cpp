@@ -325,6 +325,20 @@ INSTANTIATE_TEST_SUITE_P(Rows, ProgressTable,
                                          ProgressRow{0, 0, 0}, ProgressRow{0, 3, 1},  // nothing to do at all
                                          ProgressRow{10, -1, 0}));
 
+TEST(ProgressBar, PassesOnTheStepsThatFillAnotherPixel)
+{
+    ProgressBar bar(nullptr, u"PB"_q);
+    bar.resize(200, 14);
+    bar.SetMax(32'000);
+    bar.SetValue(0);
+    int heard = 0;
+    QObject::connect(&bar, &QProgressBar::valueChanged, [&] { ++heard; });
+    for (int value = 1; value <= 32'000; ++value)
+        bar.SetValue(value);
+    EXPECT_EQ(heard, 200 * bar.devicePixelRatioF());
+    EXPECT_EQ(bar.value(), 32'000);
+}
+
 TEST(CheckBox, TellsEachChangeAlsoOneByTheProgram)
 {
     CheckBox box(nullptr, u"ChkTime"_q, u"예약발송"_q);
