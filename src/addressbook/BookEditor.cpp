@@ -2,7 +2,7 @@
 
 #include "runtime/Desktop.h"
 #include "services/ScreenBusy.h"
-#include "store/DBConnect.h"
+#include "store/WithDatabase.h"
 #include "toolkit/fields/TextBox.h"
 
 namespace tsms {
@@ -29,17 +29,18 @@ void BookEditor::Save()
 {
     if (!FieldsPass())
         return;
-    SetScreenBusy(services_, true);
-    services_.db.ConnectWithRetry();
-    // A change is not looked at: two entries may come to bear one name.
-    if (AddMode && IsTaken()) {
-        TellTaken();
-        return;
-    }
-    const bool saved = services_.db.ExecuteSQL(Storing());
-    services_.db.CloseDB();
-    SetScreenBusy(services_, false);
-    if (!saved)
+    bool isTaken = false;
+    const bool isSaved = WhileScreenBusy(services_, [&] {
+        return WithDatabase(services_.db, [&] {
+            isTaken = AddMode && IsTaken(); // a change is not looked at: two entries may bear one name
+            if (isTaken)
+                services_.desktop.MsgBox(boxes_.taken.words, MsgBoxCritical, boxes_.taken.title);
+            return !isTaken && services_.db.ExecuteSQL(Storing());
+        });
+    });
+    if (isTaken)
+        EntryName().SetFocus();
+    if (!isSaved)
         return;
     const Box& box = AddMode ? boxes_.added : boxes_.changed;
     services_.desktop.MsgBox(box.words, MsgBoxInformation, box.title);
@@ -51,14 +52,6 @@ void BookEditor::Save()
 bool BookEditor::IsTaken()
 {
     return services_.db.OpenRecordset(Namesakes()) && services_.db.Records().RecordCount() > 0;
-}
-
-void BookEditor::TellTaken()
-{
-    services_.desktop.MsgBox(boxes_.taken.words, MsgBoxCritical, boxes_.taken.title);
-    services_.db.CloseDB();
-    SetScreenBusy(services_, false);
-    EntryName().SetFocus();
 }
 
 } // namespace tsms

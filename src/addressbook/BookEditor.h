@@ -50,7 +50,6 @@ protected:
 private:
     void Save();
     bool IsTaken();
-    void TellTaken();
 
     Boxes boxes_;
     std::function<void()> reload_;

@@ -2,8 +2,7 @@
 
 #include "compose/RunDisplay.h"
 #include "gateway/ModSMS.h"
-#include "runtime/RuntimeError.h"
-#include "store/DBConnect.h"
+#include "store/WithDatabase.h"
 
 namespace tsms {
 
@@ -15,11 +14,11 @@ void InRunFrame(DBConnect& db, ModSMS& sms, RunDisplay& display, std::int32_t to
             display.SetRunBusy(true);
             display.SetBarMaximum(total);
             display.SetBarValue(0);
-            db.ConnectWithRetry();
-            sms.InitWithRetry();
-            walk();
-            sms.ReleaseSOAP();
-            db.CloseDB();
+            WithDatabase(db, [&] {
+                sms.InitWithRetry();
+                walk();
+                sms.ReleaseSOAP();
+            });
             display.SetRunBusy(false);
         },
         [&] {

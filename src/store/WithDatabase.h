@@ -23,6 +23,15 @@ template <class Body> auto WithDatabase(DBConnect& db, Body&& body) -> decltype(
     }
 }
 
+/// The frame of the two operations that try to connect once: without a connection nothing is done.
+template <class Body> void IfConnected(DBConnect& db, Body&& body)
+{
+    if (!db.ConnectDB())
+        return;
+    body();
+    db.CloseDB();
+}
+
 /// An operation with an error handler: what `body` raises is told by ReportDBError, and it has then given
 /// nothing, or false.
 template <class Body> auto ReportingErrors(DBConnect& db, Body&& body) -> decltype(body())

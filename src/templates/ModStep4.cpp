@@ -46,17 +46,15 @@ bool SaveTemplate(Services& services, bool isNew, std::int32_t category, const Q
                   const QString& body, std::int32_t key)
 {
     return ReportingErrors(services.db, [&] {
-        SetScreenBusy(services, true);
-        services.db.ConnectWithRetry();
-        if (!isNew && key == 0) {
-            services.db.ReportDBError(); // no error is current after a good connection: it only closes
-            return false;
-        }
-        const bool done = services.db.ExecuteSQL(isNew ? TemplateInsert(category, title, body)
-                                                       : TemplateUpdate(category, title, body, key));
-        services.db.CloseDB();
-        SetScreenBusy(services, false);
-        return done;
+        return WhileScreenBusy(services, [&] {
+            return WithDatabase(services.db, [&] {
+                if (isNew || key != 0)
+                    return services.db.ExecuteSQL(isNew ? TemplateInsert(category, title, body)
+                                                        : TemplateUpdate(category, title, body, key));
+                services.db.ReportDBError(); // says nothing after a good connection
+                return false;
+            });
+        });
     });
 }
 

@@ -4,7 +4,7 @@
 #include "runtime/Numbers.h"
 #include "runtime/Text.h"
 #include "services/Services.h"
-#include "store/DBConnect.h"
+#include "store/WithDatabase.h"
 #include "templates/ModStep4.h"
 #include "templates/TemplateCards.h"
 #include "toolkit/fields/ComboBox.h"
@@ -71,16 +71,15 @@ void TemplateCommands::Delete()
 {
     if (IsNew() || !AskDelete())
         return;
-    if (!services_.db.ConnectDB()) // not tried again, unlike elsewhere
-        return;
-    if (services_.db.ExecuteSQL(TemplateDelete(fields_.body.Tag))) {
+    IfConnected(services_.db, [this] {
+        if (!services_.db.ExecuteSQL(TemplateDelete(fields_.body.Tag)))
+            return;
         services_.desktop.MsgBox(QStringLiteral("삭제성공알림 : 문자서식 정상적으로 삭제완료 되었습니다."),
                                  MsgBoxInformation, QStringLiteral("문자서식 삭제"));
         reload_();
         New();
         ForgetHistory(); // taken back, it would belong to a template that is gone, and no save would store it
-    }
-    services_.db.CloseDB();
+    });
 }
 
 void TemplateCommands::Take(TemplateCards& cards, int card)
