@@ -18,6 +18,8 @@
 
 #include <csignal>
 
+#include <sys/wait.h>
+
 namespace tsms::test {
 
 namespace {
@@ -155,7 +157,13 @@ public:
         return AssembleConnectionText(session);
     }
 
-    void StandStill() { Signal(SIGSTOP); }
+    /// Returns when it stands: a signal only asks.
+    void StandStill()
+    {
+        Signal(SIGSTOP);
+        siginfo_t stopped = {};
+        EXPECT_EQ(waitid(P_PID, static_cast<id_t>(process_.processId()), &stopped, WSTOPPED), 0);
+    }
 
 private:
     void Signal(int signal) { kill(static_cast<pid_t>(process_.processId()), signal); }
