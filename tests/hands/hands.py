@@ -46,7 +46,7 @@ class Tool:
 class Hands:
     def __init__(self, programs, out):
         self._tool = Tool()
-        self._programs = programs
+        self.programs = programs
         self.out = out
         self._process = None
         self._typed = 0.0  # when the last key was pressed
@@ -61,11 +61,11 @@ class Hands:
         self.database = f"{self.out}/demo.db"
         for file in glob.glob(f"{self.database}*"):  # what an ended program kept beside it, too
             os.remove(file)
-        subprocess.run([f"{self._programs}/tsms-db", "create", self.database, "--demo"], check=True,
+        subprocess.run([f"{self.programs}/tsms-db", "create", self.database, "--demo"], check=True,
                        stdout=subprocess.DEVNULL)
         log = open(f"{self.out}/tsms.log", "a", encoding="utf-8")
         self._process = subprocess.Popen(
-            [f"{self._programs}/tsms", f"{self.database}■(embedded)■0■demo■demo■1■demo"],
+            [f"{self.programs}/tsms", f"{self.database}■(embedded)■0■demo■demo■1■demo"],
             env=dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1"), stdout=log, stderr=log)
         self._known.clear()
         self.wait_for(MAIN)
@@ -191,7 +191,10 @@ class Hands:
     def _known_still(self, words):
         """Where it was the last time it was looked for, which saves a walk through the window."""
         thing = self._known.get(words)
-        return thing if thing and thing.has(SHOWING) and thing.is_known_by(words) else None
+        try:
+            return thing if thing and thing.has(SHOWING) and thing.is_known_by(words) else None
+        except GLib.Error:  # its program has ended
+            return None
 
     def _is_active(self, title):
         window = self._x("getactivewindow", check=False)
