@@ -6,7 +6,7 @@ source scripts/progress.sh
 
 build_packages=(
   g++ cmake ninja-build ccache pkg-config
-  qt6-base-dev libgl-dev libsqlite3-dev libcurl4-openssl-dev libpugixml-dev
+  qt6-base-dev qt6-base-private-dev libgl-dev libsqlite3-dev libcurl4-openssl-dev libpugixml-dev
   unixodbc-dev qtkeychain-qt6-dev
   libgtest-dev libgmock-dev tdsodbc openssl) # the presets build the tests too
 run_packages=(qt6-qpa-plugins qt6-translations-l10n fonts-nanum libodbc2 tdsodbc libsecret-1-0)

@@ -1,8 +1,10 @@
 """A person's hands on the program, and eyes on the screen. Nothing is tried twice: what is awaited is awaited until
 it is there, and then the next thing is done."""
 
+import contextlib
 import glob
 import os
+import signal
 import sqlite3
 import subprocess
 import time
@@ -139,6 +141,15 @@ class Hands:
         time.sleep(seconds)
         self._tool.do("keyup", key)
         self._typed = time.monotonic()
+
+    @contextlib.contextmanager
+    def while_it_stands_still(self):
+        """As on a machine that is too busy: what is done meanwhile reaches the program all at once."""
+        self._process.send_signal(signal.SIGSTOP)
+        try:
+            yield
+        finally:
+            self._process.send_signal(signal.SIGCONT)
 
     def keys_have_arrived(self):
         """Their effect was seen: the hand has had its time."""

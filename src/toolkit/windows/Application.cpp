@@ -7,8 +7,10 @@
 #include <QKeyEvent>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <qpa/qwindowsysteminterface.h>
 #include <QScopedValueRollback>
 #include <QTextStream>
+#include <QThread>
 
 #include <cstdlib>
 
@@ -38,6 +40,12 @@ int& AwaitDisplay(int& argc)
     return argc;
 }
 
+/// How many run within each other: dialogs that are awaited, and the program itself.
+int EventLoops()
+{
+    return QThread::currentThread()->loopLevel();
+}
+
 } // namespace
 
 Application::Application(int& argc, char** argv) : QApplication(AwaitDisplay(argc), argv)
@@ -56,10 +64,26 @@ bool Application::notify(QObject* receiver, QEvent* event)
         return true;
     const bool composing = event->type() == QEvent::InputMethod;
     const bool handedOn = composing && composing_;
+    if (composing && !handedOn && !LetKeysGoFirst(receiver))
+        return true;
     if (!handedOn && composition_.Withholds(*event))
         return true;
     const QScopedValueRollback within(composing_, composing_ || composing);
+    const QScopedValueRollback by(outside_, event->spontaneous() ? EventLoops() : outside_);
     return Deliver(receiver, event);
+}
+
+/// A key that the input method has no use for comes back to the program. By some methods it waits behind all
+/// else, while what is composed of the keys after it goes straight to the control. Gives who has the focus
+/// when those keys have done their work; false: more was composed meanwhile.
+bool Application::LetKeysGoFirst(QObject*& receiver)
+{
+    if (receiver != focusObject() || outside_ == EventLoops())
+        return true; // what an event from outside brings about comes before the next of them
+    const int own = ++composed_;
+    QWindowSystemInterface::flushWindowSystemEvents();
+    receiver = focusObject();
+    return receiver && own == composed_;
 }
 
 /// One press is one click. A key that is held would otherwise press what the first click brought up, too, and

@@ -12,9 +12,9 @@ struct Session;
 
 /// The application. Its windows bear the program's icon. Menus and pickers that belong to the toolkit speak
 /// Korean, whatever the desk's language.
-/// What an input method composes stays where it was begun (see Composition). Enter that is held down presses
-/// one button once.
-/// It is the last place that catches an exception which left an event handler.
+/// What an input method composes stays where it was begun (see Composition), behind the keys before it. Enter
+/// that is held down presses one button once. It is the last place that catches an exception which left an
+/// event handler.
 class Application : public QApplication
 {
 public:
@@ -31,6 +31,7 @@ public:
     bool notify(QObject* receiver, QEvent* event) override;
 
 private:
+    bool LetKeysGoFirst(QObject*& receiver);
     bool IsHeldOnButton(const QObject& receiver, const QEvent& event);
     bool Deliver(QObject* receiver, QEvent* event);
 
@@ -40,6 +41,8 @@ private:
     quint64 released_ = 0; // when the last key was; 0 where nobody knows
     Composition composition_;
     bool composing_ = false; // an event of the input method is being delivered; a control may hand it on
+    int composed_ = 0;       // events of the input method
+    int outside_ = -1;       // within how many event loops an event from outside is being delivered
 };
 
 } // namespace tsms

@@ -1,5 +1,6 @@
 """Names typed into the recipient list."""
 
+from hands import QUICK
 from recipients import NAME, PHONE, Recipients
 from scenes import scene
 
@@ -68,6 +69,18 @@ def _wheel_within(hands):
     hands.press("k", "s", "Return")
     recipients.await_cell(PHONE, 3)
     recipients.expect({3: ("한", "")})
+
+
+@scene("Names and numbers that come all at once go each into its cell")
+def _all_at_once(hands):
+    recipients = Recipients(hands)
+    recipients.click(NAME, 1)
+    typed = {1: ("혜진", "010-0000-0001"), 2: ("김하늘", "010-0000-0002"), 3: ("조씨", "010-0000-0003")}
+    hands.pace = QUICK
+    with hands.while_it_stands_still():
+        hands.write("".join(f"{name}\n{phone}\n" for name, phone in typed.values()))
+    recipients.await_cell(NAME, 4)
+    recipients.expect(typed)
 
 
 # In place: how the cell is opened and where the caret goes.

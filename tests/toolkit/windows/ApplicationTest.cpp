@@ -10,8 +10,12 @@
 #include <QEvent>
 #include <QIcon>
 #include <QImage>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QLineEdit>
+#include <qpa/qwindowsysteminterface.h>
 #include <QPushButton>
+#include <QTest>
 #include <QWidget>
 
 #include <gtest/gtest.h>
@@ -92,6 +96,61 @@ TEST(Application, AnErrorThatLeftAnEventHandlerLeavesNoBusyBehind)
     QCoreApplication::processEvents();
     EXPECT_EQ(desktop.boxes.size(), 1);
     EXPECT_FALSE(session.IsBusy());
+}
+
+/// A line of a window, under keys that wait in the queue of the window system.
+struct LineUnderKeys
+{
+    QWidget window;
+    QLineEdit line{&window};
+    QLineEdit next{&window};
+
+    LineUnderKeys()
+    {
+        TheApplication().setActiveWindow(&window);
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        line.setFocus();
+    }
+
+    void Queue(Qt::Key key, const QString& text)
+    {
+        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
+            QWindowSystemInterface::handleKeyEvent(window.windowHandle(), type, key, Qt::NoModifier, text);
+    }
+    void Commit(const QString& text)
+    {
+        QInputMethodEvent event;
+        event.setCommitString(text);
+        QCoreApplication::sendEvent(QApplication::focusObject(), &event);
+    }
+};
+
+TEST(Application, AKeyGoesBeforeWhatIsComposedOfTheKeysBehindIt)
+{
+    LineUnderKeys hand;
+    hand.Commit(u"안녕"_q);
+    hand.Queue(Qt::Key_Space, u" "_q);
+    hand.Commit(u"하세요"_q);
+    EXPECT_EQ(hand.line.text(), u"안녕 하세요"_q);
+}
+
+TEST(Application, WhatIsComposedBehindATabGoesWhereTheTabLed)
+{
+    LineUnderKeys hand;
+    hand.Queue(Qt::Key_Tab, u"\t"_q);
+    hand.Commit(u"안녕"_q);
+    EXPECT_EQ(hand.next.text(), u"안녕"_q);
+}
+
+TEST(Application, WhatAKeyCommitsItselfGoesBeforeTheNextKey)
+{
+    LineUnderKeys hand;
+    QObject::connect(&hand.line, &QLineEdit::returnPressed, [&] { hand.Commit(u"안녕"_q); });
+    hand.Queue(Qt::Key_Return, u"\r"_q);
+    hand.Queue(Qt::Key_A, u"a"_q);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(hand.line.text(), u"안녕a"_q);
 }
 
 struct ButtonUnderEnter
