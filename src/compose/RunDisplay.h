@@ -4,8 +4,8 @@
 
 namespace tsms {
 
-/// What a run shows while it goes on. The run does not return to the event loop: SetBarValue, with which a row
-/// ends, draws what has changed, at the pace of the screen.
+/// What a run shows while it goes on. The run does not return to the event loop: SetBarValue, with which a
+/// row ends, draws what has changed, at the pace of the screen.
 class RunDisplay
 {
 public:

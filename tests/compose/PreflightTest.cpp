@@ -55,7 +55,7 @@ TEST_F(PreflightRules, EachCheckRefusesBeforeThoseBehindIt)
 
 TEST_F(PreflightRules, EachOfTheThreeAccountFieldsIsNeeded)
 {
-    for (QString Session::*field : {&Session::SMSID, &Session::SMSPWD, &Session::SMSDNS}) {
+    for (const auto field : {&Session::SMSID, &Session::SMSPWD, &Session::SMSDNS}) {
         Session without = session;
         without.*field = u"  "_q;
         EXPECT_EQ(Preflight(without, {list, 2, message, senderNumber}).refusal, Refusal::NoAccount);

@@ -104,9 +104,10 @@ TEST(SavedConnection, WithoutAFaultCanBeStarted)
 
 TEST(SavedConnection, TellsItsFirstFault)
 {
+    using Member = QString SavedConnection::*;
     struct Case
     {
-        QString SavedConnection::*field;
+        Member field;
         QString value;
         QString fault;
     };

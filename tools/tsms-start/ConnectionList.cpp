@@ -15,10 +15,12 @@ const QString ChosenKey = QStringLiteral("chosen");
 const QString ServerKind = QStringLiteral("server");
 const QString FileKind = QStringLiteral("file");
 
+using TextMember = QString SavedConnection::*;
+
 struct SavedText
 {
     QString key;
-    QString SavedConnection::*field;
+    TextMember field;
 };
 
 const QList<SavedText>& SavedTexts()
