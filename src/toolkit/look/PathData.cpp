@@ -153,7 +153,7 @@ private:
         SkipSeparators();
         qsizetype end = 0;
         bool hasPoint = false;
-        while (end < rest_.size() && GoesOn(rest_[end], end == 0, hasPoint))
+        while (end < rest_.size() && CanGoOn(rest_[end], end == 0, hasPoint))
             ++end;
         bool isNumber = false;
         const double number = rest_.first(end).toDouble(&isNumber);
@@ -163,7 +163,7 @@ private:
     }
 
     /// A sign and a second point begin the next number.
-    static bool GoesOn(QChar character, bool isFirst, bool& hasPoint)
+    static bool CanGoOn(QChar character, bool isFirst, bool& hasPoint)
     {
         if (character == u'.')
             return !std::exchange(hasPoint, true);

@@ -2,6 +2,7 @@
 
 #include "toolkit/look/Elements.h"
 #include "toolkit/look/Pictures.h"
+#include "toolkit/look/Strokes.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -51,18 +52,6 @@ QColor Touched(const QColor& face, const QStyleOption& option, bool pressed)
     return Is(option, QStyle::State_MouseOver) ? Hovered(face) : face;
 }
 
-/// A face with a border inside `place`: the shape of all buttons and fields.
-void DrawBox(QPainter& painter, const QRectF& place, const QColor& face, const QColor& line, double width = 1)
-{
-    const double inside = width / 2;
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(face);
-    painter.setPen(QPen(line, width));
-    painter.drawRoundedRect(place.adjusted(inside, inside, -inside, -inside), ControlRadius, ControlRadius);
-    painter.restore();
-}
-
 void DrawButtonFace(QPainter& painter, const QStyleOptionButton& button)
 {
     const bool enabled = Is(button, QStyle::State_Enabled);
@@ -82,11 +71,6 @@ void DrawField(QPainter& painter, const QStyleOption& field, const QColor& face)
         DrawBox(painter, field.rect, face, Accent, FocusedBorder);
     else
         DrawBox(painter, field.rect, face, Frame);
-}
-
-QRectF HalfPixelInside(const QRect& rect)
-{
-    return QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5);
 }
 
 int PictureWordsWidth(PictureLook look, const QString& words, const QFontMetrics& metrics)
@@ -123,76 +107,9 @@ QColor InkOf(const PictureButtonOption& button)
     return button.look == PictureLook::Selected ? Accent : StripText;
 }
 
-void DrawSurface(QPainter& painter, const SurfaceOption& surface)
-{
-    if (surface.face != Qt::transparent)
-        painter.fillRect(surface.rect, surface.face);
-    if (surface.border != PanelBorder::None) {
-        painter.setPen(QPen(surface.border == PanelBorder::Line ? Line : Frame, 1));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(HalfPixelInside(surface.rect));
-    }
-    if (surface.ring)
-        DrawFocusRing(painter, surface.rect, ControlRadius);
-}
-
-void DrawPhone(QPainter& painter, const PhoneOption& phone)
-{
-    constexpr double Corner = 11;
-    const QColor body = phone.touched ? Accent : phone.on ? PhoneBody : Line;
-    const QColor parts = phone.on || phone.touched ? body.lighter(150) : Page;
-    const QRectF place(phone.rect);
-    const double middle = place.width() / 2;
-    const double ear = phone.screen.top();
-    const double foot = place.height() - phone.screen.bottom() - 1;
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(body);
-    painter.drawRoundedRect(place, Corner, Corner);
-    painter.setBrush(parts);
-    painter.drawRoundedRect(QRectF(middle - 14, ear / 2 - 1.5, 28, 3), 1.5, 1.5);
-    painter.drawEllipse(QPointF(middle, place.height() - foot / 2), 2.5, 2.5);
-    painter.fillRect(phone.screen, PhoneScreen(phone.on, phone.touched));
-    if (phone.ring && byKeyboard)
-        DrawFocusRing(painter, place, Corner);
-}
-
-void DrawProgress(QPainter& painter, const QStyleOptionProgressBar& bar)
-{
-    const QRectF trough = HalfPixelInside(bar.rect);
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(Line, 1));
-    painter.setBrush(Ground);
-    painter.drawRoundedRect(trough, ControlRadius, ControlRadius);
-    if (bar.progress > 0) {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(Accent);
-        QRectF filled = trough.adjusted(1, 1, -1, -1);
-        filled.setWidth(filled.width() * bar.progress / bar.maximum);
-        painter.drawRoundedRect(filled, std::min(ControlRadius, filled.width() / 2), ControlRadius - 1);
-    }
-    painter.restore();
-}
-
 bool IsRingDue(const QStyleOption& option)
 {
     return byKeyboard && Is(option, QStyle::State_HasFocus);
-}
-
-/// The sign of a mark, as it stands in the cells of grids too, and its shade under the mouse.
-void DrawSign(QPainter& painter, const QStyleOption& mark, const QString& empty, const QString& chosen)
-{
-    const QString& picture = Is(mark, QStyle::State_On) ? chosen : empty;
-    painter.save();
-    if (!Is(mark, QStyle::State_Enabled))
-        painter.setOpacity(0.4);
-    DrawPicture(painter, mark.rect, picture);
-    if (Is(mark, QStyle::State_Enabled) && Is(mark, QStyle::State_MouseOver)) {
-        painter.setOpacity(Is(mark, QStyle::State_Sunken) ? 0.25 : 0.1);
-        DrawPicture(painter, mark.rect, picture, Text);
-    }
-    painter.restore();
 }
 
 bool IsModifier(int key)
@@ -222,23 +139,6 @@ std::optional<bool> KeyboardOf(const QEvent& event)
     default:
         return {};
     }
-}
-
-/// An arrow of a scroll bar or of a list, pointing back (up, left) or on (down, right).
-void DrawArrow(QPainter& painter, const QRectF& place, bool upright, bool back, const QColor& color)
-{
-    constexpr double Reach = 3.5;
-    const double tip = back ? -Reach / 2 : Reach / 2;
-    QPolygonF arrow{{-Reach, -tip}, {0, tip}, {Reach, -tip}};
-    if (!upright)
-        for (QPointF& point : arrow)
-            point = point.transposed();
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(color, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawPolyline(arrow.translated(place.center()));
-    painter.restore();
 }
 
 /// The platform's style without a bevel: what it draws that is not a control of the program looks like one.
@@ -607,19 +507,6 @@ QColor Pressed(const QColor& face)
 bool IsByKeyboard()
 {
     return byKeyboard;
-}
-
-void DrawFocusRing(QPainter& painter, const QRectF& place, double radius)
-{
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(Qt::NoBrush);
-    // Light inside dark: one of the two stands out from any face.
-    painter.setPen(QPen(Accent, 2));
-    painter.drawRoundedRect(place.adjusted(1, 1, -1, -1), radius, radius);
-    painter.setPen(QPen(White, 1));
-    painter.drawRoundedRect(place.adjusted(2.5, 2.5, -2.5, -2.5), radius - 2, radius - 2);
-    painter.restore();
 }
 
 } // namespace tsms::theme
