@@ -83,7 +83,7 @@ void ShowMonths(fpSpread& months, Recordset& records)
         ShowMonth(months, records);
         records.MoveNext();
     }
-    // The same sum in each row, that of the first: it is meant not to follow the row.
+    // Meant: each row shows the sum of the first.
     const QString total = TotalSent(months);
     months.Cells().SetType(MonthTotalColumn, SpreadModel::CellType::Number);
     for (int row = MonthSent; row <= MonthRate; ++row)
@@ -95,23 +95,16 @@ void ShowMonths(fpSpread& months, Recordset& records)
 void InitChargeGrid(fpSpread& grid)
 {
     using enum GridColumn::Format;
-    const GridHelper helper;
-    helper.PrepareGrid(grid);
+    GridHelper().SetUpList(grid, 16, 16,
+                           {{QString(), 7.5, Centred},
+                            {QStringLiteral("충전일시"), 13, Centred, QColor(228, 234, 244)},
+                            {QStringLiteral("건수"), 9, Number, QColor(255, 255, 214)},
+                            {QStringLiteral("금액"), 10, Number, QColor(253, 241, 227)},
+                            {QStringLiteral("단가"), 6, Centred},
+                            {QStringLiteral("메모사항"), 38.7},
+                            {QStringLiteral("등록일시"), 18}});
     grid.SetRowCursor(true);
-    grid.SetRowHeight(0, 16);
-    grid.SetRowHeight(SpreadModel::All, 16);
-    const std::vector<GridColumn> columns{
-        {QString(), 7.5, Centred},
-        {QStringLiteral("충전일시"), 13, Centred, QColor(228, 234, 244)},
-        {QStringLiteral("건수"), 9, Number, QColor(255, 255, 214)},
-        {QStringLiteral("금액"), 10, Number, QColor(253, 241, 227)},
-        {QStringLiteral("단가"), 6, Centred},
-        {QStringLiteral("메모사항"), 38.7},
-        {QStringLiteral("등록일시"), 18},
-    };
-    helper.LayOut(grid, columns);
-    grid.Cells().SetMaxRows(0);
-    helper.HideColumn(grid, ChargeKey);
+    grid.SetColHidden(ChargeKey, true);
 }
 
 void InitMonthGrid(fpSpread& grid)
@@ -134,7 +127,7 @@ void InitMonthGrid(fpSpread& grid)
     for (int month = 1; month <= Months; ++month) {
         grid.Cells().SetText(month, 0, QString::number(month) + QStringLiteral("월"));
         grid.SetColWidth(month, 7);
-        helper.NumberColumn(grid, month);
+        grid.Cells().SetNumber(month, true);
     }
     grid.Cells().SetText(MonthTotalColumn, 0, QStringLiteral("전체합계"));
     grid.SetColWidth(MonthTotalColumn, 8);
@@ -144,7 +137,7 @@ void InitMonthGrid(fpSpread& grid)
     for (const FigureRow& figures : rows) {
         ++row;
         grid.Cells().SetText(0, row, figures.title);
-        helper.SetRangeColors(grid, SpreadModel::All, row, figures.back, figures.text);
+        grid.Cells().SetColors(SpreadModel::All, row, figures.back, figures.text);
     }
 }
 

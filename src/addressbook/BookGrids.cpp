@@ -18,15 +18,10 @@ constexpr QColor NameBack{250, 250, 250};
 void LayOutBook(fpSpread& grid, const std::vector<GridColumn>& columns, CheckPicture tick, int firstButton,
                 const QColor& buttonFace)
 {
-    const GridHelper helper;
-    helper.PrepareGrid(grid);
+    GridHelper().SetUpList(grid, 15, 14, columns);
     grid.Cells().SetPictures(PlainCheckPictures());
     grid.SetRowCursor(true);
-    grid.SetRowHeight(0, 15);
-    grid.SetRowHeight(SpreadModel::All, 14);
-    helper.LayOut(grid, columns);
-    grid.Cells().SetMaxRows(0);
-    helper.HideColumn(grid, 1);
+    grid.SetColHidden(1, true);
     grid.Cells().SetType(2, SpreadModel::CellType::Picture);
     grid.Cells().SetCellPicture(2, SpreadModel::All, tick);
     for (int col = firstButton; col <= grid.Cells().MaxCols(); ++col)

@@ -52,7 +52,8 @@ void ChosenList::HideActiveRow()
 void ChosenList::Clear()
 {
     grid_.SetReDraw(false);
-    GridHelper().ClearGrid(grid_, true);
+    grid_.SetDataSource(nullptr);
+    grid_.Cells().SetMaxRows(0);
     grid_.SetReDraw(true);
     numbers_.Clear();
 }

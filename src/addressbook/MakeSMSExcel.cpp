@@ -19,9 +19,9 @@
 
 #include <QHBoxLayout>
 #include <QHelpEvent>
-#include <QPainter>
 #include <QScopeGuard>
 #include <QStyle>
+#include <QStylePainter>
 #include <QToolTip>
 #include <QVBoxLayout>
 
@@ -50,14 +50,10 @@ DialogFrame ImportFrame()
 
 void InitImportGrid(fpSpread& grid)
 {
-    const GridHelper helper;
-    helper.PrepareGrid(grid);
-    grid.Cells().SetMaxRows(0);
-    grid.SetRowHeight(0, 15);
-    grid.SetRowHeight(SpreadModel::All, 14);
-    helper.LayOut(grid, {{QStringLiteral("수신자명"), 15},
-                         {QStringLiteral("수신 휴대번호"), 15},
-                         {QStringLiteral("휴대번호 점검결과"), 34.5}});
+    GridHelper().SetUpList(grid, 15, 14,
+                           {{QStringLiteral("수신자명"), 15},
+                            {QStringLiteral("수신 휴대번호"), 15},
+                            {QStringLiteral("휴대번호 점검결과"), 34.5}});
 }
 
 /// Room for all columns and some rows.
@@ -85,9 +81,9 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override
     {
-        QPainter painter(this);
-        painter.setPen(TextColor());
-        painter.drawText(contentsRect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, Shown());
+        QStylePainter(this).drawItemText(contentsRect(),
+                                         Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, palette(),
+                                         isEnabled(), Shown(), QPalette::WindowText);
     }
     bool event(QEvent* event) override
     {
@@ -155,16 +151,7 @@ void MakeSMSExcel::BuildNotes()
         QStringLiteral("▒  여러개의 Sheet일 경우 첫번째 Sheet를 가지고 옵니다."),
         QStringLiteral("▒  최대 6만 6천건까지 엑셀파일 불러오기를 제공합니다."),
     };
-    auto* panel = new Panel(&Body(), QStringLiteral("PlNotes"), Panel::Border::Line);
-    auto* column = new QVBoxLayout(panel);
-    column->setContentsMargins(12, 8, 12, 8);
-    column->setSpacing(3);
-    for (int i = 0; i < notes.size(); ++i) {
-        auto* note = new Label(panel, IndexedName(u"Label3", i), notes[i]);
-        note->SetTextColor(theme::Faint);
-        column->addWidget(note);
-    }
-    BodyLayout().addWidget(panel);
+    BodyLayout().addWidget(MakeNotes(Body(), QStringLiteral("PlNotes"), u"Label3", notes));
 }
 
 void MakeSMSExcel::BuildResult()
@@ -242,7 +229,7 @@ void MakeSMSExcel::Import(const QString& path)
 /// The results of the operations are not looked at.
 void MakeSMSExcel::ListSheets(SheetOperations& operations, const QString& path)
 {
-    // Without a separator: it stands beside the application's folder and begins with its name, as is meant.
+    // Meant: without a separator the file lies beside the application's folder and begins with its name.
     const QString log = services_.applicationPath + QStringLiteral("log.txt");
     SheetNames names;
     std::int16_t count = 0;
@@ -254,7 +241,7 @@ void MakeSMSExcel::ListSheets(SheetOperations& operations, const QString& path)
     }
     sheets_->Clear();
     for (int i = 0; i < count; ++i)
-        sheets_->AddItem(names.At(i)); // one or two sheets have no room: the run ends here, as is meant
+        sheets_->AddItem(names.At(i)); // meant: with one or two sheets the run ends here
     if (sheets_->ListCount() == 0)
         throw RuntimeError(InvalidPropertyValue); // an empty list has no first entry to select
     sheets_->SetListIndex(0);

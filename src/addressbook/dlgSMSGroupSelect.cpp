@@ -10,7 +10,6 @@
 #include "addressbook/HandOver.h"
 #include "runtime/Desktop.h"
 #include "runtime/RuntimeError.h"
-#include "runtime/Text.h"
 #include "services/Services.h"
 #include "session/WhenIdle.h"
 #include "store/engine/RecordsetCells.h"
@@ -20,9 +19,7 @@
 #include "toolkit/fields/Naming.h"
 #include "toolkit/fields/RaiseEvent.h"
 #include "toolkit/grid/fpSpread.h"
-#include "toolkit/grid/GridHelper.h"
 #include "toolkit/grid/RowsOnView.h"
-#include "toolkit/look/Pictures.h"
 
 namespace tsms {
 
@@ -103,15 +100,14 @@ void dlgSMSGroupSelect::GiveHeight(int pixels)
 void dlgSMSGroupSelect::OnFirstActivation()
 {
     SetBusy(true);
-    if (services_.db.ConnectDB()) {
+    IfConnected(services_.db, [this] {
         FillGroupCombo();
         GetGroupMst();
-        services_.db.CloseDB();
-    }
+    });
     SetBusy(false);
 }
 
-bool dlgSMSGroupSelect::ShowsMembers() const
+bool dlgSMSGroupSelect::IsShowingMembers() const
 {
     return view_[0]->Value();
 }
@@ -153,7 +149,7 @@ void dlgSMSGroupSelect::GetGroupMst()
     Trapped([this] {
         SetBusy(true);
         services_.db.Select(BrowseStatement(), [this](Recordset&) {
-            if (ShowsMembers())
+            if (IsShowingMembers())
                 book_->ShowMembers(services_.db.ShareRecords());
             else
                 book_->ShowGroups(services_.db.ShareRecords());
@@ -164,7 +160,7 @@ void dlgSMSGroupSelect::GetGroupMst()
 
 Statement dlgSMSGroupSelect::BrowseStatement() const
 {
-    if (!ShowsMembers())
+    if (!IsShowingMembers())
         return BrowseGroups();
     MemberFilter filter{filter_->ListIndex()};
     if (filter.entry >= 1)
@@ -175,7 +171,6 @@ Statement dlgSMSGroupSelect::BrowseStatement() const
 void dlgSMSGroupSelect::LayOutBrowse(bool members)
 {
     browse_->SetReDraw(false);
-    GridHelper().ClearGrid(*browse_, true);
     filter_->setVisible(members);
     if (members)
         InitMemberGrid();
@@ -215,7 +210,7 @@ void dlgSMSGroupSelect::BtnAddClick(int index)
 
 void dlgSMSGroupSelect::BrowseClick(int column)
 {
-    if (ShowsMembers())
+    if (IsShowingMembers())
         BrowseMemberClick(column);
     else
         BrowseGroupClick(column);
@@ -289,7 +284,7 @@ void dlgSMSGroupSelect::DeleteMember()
 void dlgSMSGroupSelect::EditGroup()
 {
     const QString title = QStringLiteral("그룹 수정");
-    // "기타" is told by its place here, and by its empty code where a group is deleted.
+    // "기타" is recognised by its place here, and by its empty code where a group is deleted.
     if (browse_->ActiveRow() == browse_->Cells().MaxRows()) {
         services_.desktop.MsgBox(QStringLiteral("수정확인 : 기타그룹은 수정을 하실수가 없습니다."),
                                  MsgBoxCritical, title);
@@ -352,7 +347,7 @@ void dlgSMSGroupSelect::BtnFuncAddClick(int index)
 
 void dlgSMSGroupSelect::AddTicked()
 {
-    if (ShowsMembers())
+    if (IsShowingMembers())
         list_->AddMembers(book_->TickedMembers());
     else
         AddTickedGroups();

@@ -45,7 +45,7 @@ private:
     void Connect(const BookControls& controls);
     void Load();
 
-    bool ShowsMembers() const;
+    bool IsShowingMembers() const;
     void InitMemberGrid();
     void InitGroupGrid();
     void InitChosenGrid();

@@ -154,16 +154,7 @@ QWidget* ComposePage::BuildNotes()
         QStringLiteral("문구자동변환 : [받는사람]은 수신성명으로 자동변환 되어 발송됩니다."),
         QStringLiteral("문자충전후 반드시 요금현황에서 충전내역을 등록하여 주십시오."),
     };
-    auto* panel = new Panel(this, QStringLiteral("PlNotes"), Panel::Border::Line);
-    auto* column = new QVBoxLayout(panel);
-    column->setContentsMargins(12, 8, 12, 8);
-    column->setSpacing(3);
-    for (int i = 0; i < notes.size(); ++i) {
-        auto* note = new Label(panel, IndexedName(u"Label3", i), notes[i]);
-        note->SetTextColor(theme::Faint);
-        column->addWidget(note);
-    }
-    return panel;
+    return MakeNotes(*this, QStringLiteral("PlNotes"), u"Label3", notes);
 }
 
 void ComposePage::Load()

@@ -114,16 +114,7 @@ QWidget* TemplatePage::BuildNotes()
             "한글은 2Bytes, 영문,숫자 1 Bytes로 책정이 됩니다. (총 80 Bytes 단문 문자메세지 입니다. )"),
         QStringLiteral("자주 사용하시는 문자메시지 문구를 저장하여 사용하시면 됩니다."),
     };
-    auto* panel = new Panel(this, QStringLiteral("PlNotesEdit"), Panel::Border::Line);
-    auto* column = new QVBoxLayout(panel);
-    column->setContentsMargins(12, 8, 12, 8);
-    column->setSpacing(3);
-    for (int i = 0; i < notes.size(); ++i) {
-        auto* note = new Label(panel, IndexedName(u"Label5", i), notes[i]);
-        note->SetTextColor(theme::Faint);
-        column->addWidget(note);
-    }
-    return panel;
+    return MakeNotes(*this, QStringLiteral("PlNotesEdit"), u"Label5", notes);
 }
 
 void TemplatePage::BtnFuncDocClick(int index)

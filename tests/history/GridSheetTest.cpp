@@ -71,7 +71,7 @@ TEST_F(GridSheet, HasRoomForWhatHasRoomInTheGrid)
 TEST_F(GridSheet, KeepsAlignments)
 {
     GridHelper().FormatColumn(grid, 2, 2);
-    GridHelper().NumberColumn(grid, 3);
+    grid.Cells().SetNumber(3, true);
     const Sheet sheet = SheetOf(grid);
     EXPECT_EQ(sheet.columns[2].alignment, SheetAlignment::Right);
     EXPECT_EQ(sheet.columns[0].alignment, SheetAlignment::General);
@@ -80,7 +80,7 @@ TEST_F(GridSheet, KeepsAlignments)
 
 TEST_F(GridSheet, HasNumbersInColumnsOfNumbersInGroupsOrAsTheyStand)
 {
-    GridHelper().NumberColumn(grid, 2);
+    grid.Cells().SetNumber(2, true);
     grid.Cells().SetType(3, SpreadModel::CellType::Number);
     grid.Cells().SetText(3, 1, u"12"_q);
     const Sheet sheet = SheetOf(grid);

@@ -225,6 +225,20 @@ void Panel::mouseReleaseEvent(QMouseEvent* event)
         RaiseEvent(*this, OnClick);
 }
 
+Panel* MakeNotes(QWidget& parent, const QString& name, QStringView base, const QStringList& notes)
+{
+    auto* panel = new Panel(&parent, name, Panel::Border::Line);
+    auto* column = new QVBoxLayout(panel);
+    column->setContentsMargins(12, 8, 12, 8);
+    column->setSpacing(3);
+    for (int i = 0; i < notes.size(); ++i) {
+        auto* note = new Label(panel, IndexedName(base, i), notes[i]);
+        note->SetTextColor(theme::Faint);
+        column->addWidget(note);
+    }
+    return panel;
+}
+
 void FocusPanel::Follow(QWidget& field)
 {
     field_ = &field;

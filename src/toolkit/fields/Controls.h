@@ -148,6 +148,9 @@ private:
     bool dragsWindow_ = false;
 };
 
+/// Hints, one below the other on a framed panel. The labels are named `base`(0) and so on.
+Panel* MakeNotes(QWidget& parent, const QString& name, QStringView base, const QStringList& notes);
+
 /// A panel that shows whether the keyboard is in the field that stands on it.
 class FocusPanel : public Panel
 {

@@ -19,6 +19,16 @@ void GridHelper::PrepareGrid(fpSpread& grid) const
     grid.SetBackgroundColor(theme::White);
 }
 
+void GridHelper::SetUpList(fpSpread& grid, double titleHeight, double rowHeight,
+                           const std::vector<GridColumn>& columns) const
+{
+    PrepareGrid(grid);
+    grid.SetRowHeight(0, titleHeight);
+    grid.SetRowHeight(SpreadModel::All, rowHeight);
+    LayOut(grid, columns);
+    grid.Cells().SetMaxRows(0);
+}
+
 void GridHelper::LayOut(fpSpread& grid, const std::vector<GridColumn>& columns) const
 {
     int col = 0;
@@ -29,9 +39,9 @@ void GridHelper::LayOut(fpSpread& grid, const std::vector<GridColumn>& columns) 
         if (column.format == GridColumn::Format::Centred)
             FormatColumn(grid, col, 2);
         if (column.format == GridColumn::Format::Number)
-            NumberColumn(grid, col);
+            grid.Cells().SetNumber(col, true);
         if (column.back.isValid())
-            SetRangeColors(grid, col, SpreadModel::All, column.back, column.text);
+            grid.Cells().SetColors(col, SpreadModel::All, column.back, column.text);
     }
     grid.Cells().SetMaxCols(col);
 }
@@ -41,29 +51,6 @@ void GridHelper::FormatColumn(fpSpread& grid, int col, int format) const
     grid.Cells().SetAlignment(col, format == 2   ? Qt::AlignHCenter
                                    : format == 1 ? Qt::AlignRight
                                                  : Qt::AlignLeft);
-}
-
-void GridHelper::NumberColumn(fpSpread& grid, int col) const
-{
-    grid.Cells().SetNumber(col, true);
-}
-
-void GridHelper::SetRangeColors(fpSpread& grid, int col, int row, const QColor& back,
-                                const QColor& text) const
-{
-    grid.Cells().SetColors(col, row, back, text);
-}
-
-void GridHelper::HideColumn(fpSpread& grid, int col) const
-{
-    grid.SetColHidden(col, true);
-}
-
-void GridHelper::ClearGrid(fpSpread& grid, bool flag) const
-{
-    if (flag)
-        grid.SetDataSource(nullptr);
-    grid.Cells().SetMaxRows(0);
 }
 
 } // namespace tsms

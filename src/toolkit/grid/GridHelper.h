@@ -32,22 +32,15 @@ public:
     /// column titles and without row titles.
     void PrepareGrid(fpSpread& grid) const;
 
+    /// Makes a grid an empty list of these columns: prepared, with rows of these heights in points.
+    void SetUpList(fpSpread& grid, double titleHeight, double rowHeight,
+                   const std::vector<GridColumn>& columns) const;
+
     /// Makes these all the columns of a grid, from the first on: titles, widths, formats and colours.
     void LayOut(fpSpread& grid, const std::vector<GridColumn>& columns) const;
 
     /// A display format: 0 left, 1 right, 2 centred.
     void FormatColumn(fpSpread& grid, int col, int format) const;
-
-    /// Marks a column as a column of numbers; display only.
-    void NumberColumn(fpSpread& grid, int col) const;
-
-    /// Colours a column (row -1) or a cell.
-    void SetRangeColors(fpSpread& grid, int col, int row, const QColor& back, const QColor& text) const;
-
-    void HideColumn(fpSpread& grid, int col) const;
-
-    /// Removes all rows. The flag says whether the data source is let go as well.
-    void ClearGrid(fpSpread& grid, bool flag) const;
 };
 
 } // namespace tsms
