@@ -14,7 +14,7 @@ int CountChosen(const fpSpread& chosen);
 /// - a row on view is written whether it is ticked or not;
 /// - a hidden row leaves the row that would be its own as it was, mostly blank;
 /// - without a free row the writing begins in row 0, above the list;
-/// - what comes to stand beyond the grown list is lost.
+/// - what would go beyond the grown list is lost.
 void HandOver(const fpSpread& chosen, RecipientList& recipients);
 
 } // namespace tsms

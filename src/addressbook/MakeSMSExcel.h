@@ -14,8 +14,8 @@ class SheetOperations;
 struct Services;
 
 /// The dialog that fills the recipient list from a spreadsheet: choosing a file starts the import at once,
-/// and a good one ends the dialog. Of a workbook with fewer than three sheets, and of a file that is none, it
-/// takes nothing and says nothing, as is meant.
+/// and a good one ends the dialog. Meant: from a workbook with fewer than three sheets, and from a file that
+/// is no workbook, it takes nothing and says nothing.
 class MakeSMSExcel : public DialogForm
 {
     Q_OBJECT

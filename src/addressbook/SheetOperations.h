@@ -13,7 +13,7 @@ namespace tsms {
 class CellSource;
 class Clock;
 
-/// An array of texts whose size is told before it is used, and not at all at first.
+/// An array of texts. It has no size until it is given one.
 class SheetNames
 {
 public:

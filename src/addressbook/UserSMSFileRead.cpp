@@ -75,8 +75,8 @@ PhoneSet NumbersOnView(const RecipientList& list)
     return numbers;
 }
 
-/// Whether a number may come to stand in a row: false when it is listed already. When it may, it is listed
-/// from now on and the one that stands in the row until then is not. A removed row lists nothing.
+/// Lists the number of a row in place of the one that the row had. False, and nothing is changed, when it is
+/// listed already. A removed row lists nothing.
 bool TakeNumber(PhoneSet& listed, const RecipientList& list, int row, const QString& phone)
 {
     if (list.IsRemoved(row))
@@ -103,7 +103,7 @@ bool ReadRecipientFile(const QString& applicationPath, RecipientList& list, Sess
             const QString path = applicationPath + QStringLiteral("/SMSData");
             if (!QFileInfo(path).isFile())
                 return false;
-            session.Busy = false; // cleared and not set, as it is meant
+            session.Busy = false; // meant: cleared, not set
             desktop.SetMousePointer(MousePointer::Hourglass);
             QFile file(path);
             if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))

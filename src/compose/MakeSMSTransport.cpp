@@ -81,7 +81,7 @@ void MakeSMSTransport::EnableReservation(bool enabled)
 
 void MakeSMSTransport::FillTimeLists()
 {
-    // The lists are not cleared first: each tick adds the same items again, as it is meant.
+    // Meant: the lists are not cleared first, so each tick adds the same items again.
     for (const QString& item : HourItems())
         hour_->AddItem(item);
     for (const QString& item : MinuteItems())

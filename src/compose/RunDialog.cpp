@@ -27,7 +27,7 @@ DialogFrame RunFrame(const QString& title, const QString& runCaption)
     return frame;
 }
 
-/// The colour value 0xBBGGRR, as it is told of the number labels.
+/// From a colour value 0xBBGGRR.
 QColor FromBlueGreenRed(unsigned value)
 {
     return QColor(value & 0xFF, (value >> 8) & 0xFF, (value >> 16) & 0xFF);

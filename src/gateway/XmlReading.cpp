@@ -7,7 +7,6 @@
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <cstring>
 #include <optional>
 
 namespace tsms {

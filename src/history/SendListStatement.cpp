@@ -33,7 +33,7 @@ void AddStatus(Statement& query, int status)
         query.Own(u" AND SMSStatus='2'");
         break;
     default:
-        break; // rows of status "0" are found here only, as is meant
+        break; // meant: rows of status "0" are found here only
     }
 }
 

@@ -1,7 +1,5 @@
 #include "runtime/ProcessRules.h"
 
-#include <QByteArray>
-
 #include <cstdlib>
 
 #ifdef Q_OS_LINUX

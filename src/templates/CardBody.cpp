@@ -6,8 +6,6 @@
 
 #include <QKeyEvent>
 
-#include <utility>
-
 namespace tsms {
 
 namespace {

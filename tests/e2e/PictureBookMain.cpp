@@ -13,7 +13,6 @@
 #include <QDir>
 #include <QFile>
 #include <QImage>
-#include <QPixmap>
 
 using namespace tsms;
 using namespace tsms::test;

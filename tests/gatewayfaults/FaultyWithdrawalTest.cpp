@@ -1,8 +1,6 @@
 #include "gatewayfaults/CallFaults.h"
 #include "support/program/HistoryProgram.h"
 
-#include <algorithm>
-
 using namespace tsms;
 using namespace tsms::test;
 

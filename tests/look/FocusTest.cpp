@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
-#include <QPixmap>
 
 using namespace tsms;
 using namespace tsms::test;

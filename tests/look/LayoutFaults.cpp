@@ -11,12 +11,10 @@
 #include <QHeaderView>
 #include <QImage>
 #include <QLineEdit>
-#include <QPixmap>
 #include <QScreen>
 #include <QStyleOptionComboBox>
 #include <QTextDocument>
 
-#include <algorithm>
 #include <cmath>
 #include <optional>
 

@@ -1,7 +1,5 @@
 #include "runtime/NetworkLinks.h"
 
-#include "support/Words.h"
-
 #include <gtest/gtest.h>
 
 #include <arpa/inet.h>

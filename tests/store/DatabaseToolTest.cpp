@@ -1,6 +1,5 @@
 #include "runtime/CodePage949.h"
 #include "session/Session.h"
-#include "store/engine/ConnectionText.h"
 #include "store/engine/Tables.h"
 #include "store/MakeConnections.h"
 #include "support/database/TestDatabase.h"

@@ -2,7 +2,6 @@
 
 #include "session/Session.h"
 #include "store/DBConnect.h"
-#include "store/engine/DatabaseError.h"
 #include "support/database/TestDatabase.h"
 #include "support/ScriptedDesktop.h"
 #include "support/Words.h"

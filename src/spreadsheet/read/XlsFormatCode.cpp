@@ -229,14 +229,14 @@ void AddSigns(std::vector<FormatSection>& sections)
 {
     bool positiveAreTaken = false;
     for (FormatSection& section : sections) {
-        section.signless = positiveAreTaken || section.TakesNoneAboveZero();
-        positiveAreTaken = positiveAreTaken || section.TakesAllAboveZero();
+        section.signless = positiveAreTaken || section.HasNoneAboveZero();
+        positiveAreTaken = positiveAreTaken || section.HasAllAboveZero();
     }
 }
 
 } // namespace
 
-bool FormatSection::Takes(double value) const
+bool FormatSection::CanTake(double value) const
 {
     switch (relation) {
     case Relation::Less:
@@ -257,14 +257,14 @@ bool FormatSection::Takes(double value) const
     return true;
 }
 
-bool FormatSection::TakesNoneAboveZero() const
+bool FormatSection::HasNoneAboveZero() const
 {
     const bool isBelow =
         relation == Relation::Less || relation == Relation::LessOrEqual || relation == Relation::Equal;
     return isBelow && limit <= 0;
 }
 
-bool FormatSection::TakesAllAboveZero() const
+bool FormatSection::HasAllAboveZero() const
 {
     return (relation == Relation::Greater || relation == Relation::GreaterOrEqual) && limit <= 0;
 }

@@ -34,11 +34,11 @@ struct FormatSection
 {
     enum class Relation { None, Less, LessOrEqual, Equal, NotEqual, GreaterOrEqual, Greater };
 
-    bool Takes(double value) const;
+    bool CanTake(double value) const;
 
     /// No number above zero meets the condition, or each one does.
-    bool TakesNoneAboveZero() const;
-    bool TakesAllAboveZero() const;
+    bool HasNoneAboveZero() const;
+    bool HasAllAboveZero() const;
 
     std::vector<FormatToken> tokens;
     Relation relation = Relation::None; ///< the condition that its numbers meet

@@ -245,7 +245,7 @@ QString XlsNumberFormat::Shown(double value, FirstDay firstDay) const
     if (!std::isfinite(value))
         return QStringLiteral("#NUM!");
     const auto section = std::find_if(sections_.begin(), sections_.end(),
-                                      [&](const FormatSection& each) { return each.Takes(value); });
+                                      [&](const FormatSection& each) { return each.CanTake(value); });
     if (section == sections_.end())
         return ShownGeneral(value);
     if (section->date || section->time)

@@ -5,7 +5,7 @@ namespace tsms {
 namespace {
 
 /// Written without a branch, so that the compiler can look at many units at once.
-bool NeedsChange(QStringView text)
+bool HasUnwritable(QStringView text)
 {
     bool found = false;
     for (const QChar c : text) {
@@ -24,7 +24,7 @@ bool IsPairAt(QStringView text, qsizetype at)
 
 QStringView SheetText(QStringView text, QString& changed)
 {
-    if (!NeedsChange(text))
+    if (!HasUnwritable(text))
         return text.first(qMin(text.size(), MaxCellText));
     changed.clear();
     for (qsizetype at = 0; at < text.size() && changed.size() < MaxCellText; ++at) {

@@ -34,7 +34,7 @@ bool IsNull(sqlite3_value* value)
     return sqlite3_value_type(value) == SQLITE_NULL;
 }
 
-bool BeginsCharacter(char c)
+bool IsCharacterStart(char c)
 {
     return (static_cast<unsigned char>(c) & 0xC0U) != 0x80;
 }
@@ -49,7 +49,7 @@ void Left(sqlite3_context* context, int, Arguments values)
         return sqlite3_result_error(context, "Invalid length parameter passed to the left function.", -1);
     std::size_t end = 0;
     for (sqlite3_int64 taken = 0; end < text.size(); ++end)
-        if (BeginsCharacter(text[end]) && taken++ == wanted)
+        if (IsCharacterStart(text[end]) && taken++ == wanted)
             break;
     Answer(context, text.substr(0, end));
 }
@@ -64,7 +64,7 @@ void Right(sqlite3_context* context, int, Arguments values)
         return sqlite3_result_error(context, "Invalid length parameter passed to the right function.", -1);
     std::size_t begin = text.size();
     for (sqlite3_int64 taken = 0; begin > 0 && taken < wanted;)
-        if (BeginsCharacter(text[--begin]))
+        if (IsCharacterStart(text[--begin]))
             ++taken;
     Answer(context, text.substr(begin));
 }

@@ -3,7 +3,6 @@
 #include <QChar>
 
 #include <cstdint>
-#include <string>
 
 namespace tsms {
 

@@ -57,7 +57,7 @@ public:
         if (AtEnd())
             return {};
         for (bool divides = false;;) {
-            while (Takes(u'+') || Takes(u'-'))
+            while (Take(u'+') || Take(u'-'))
                 SkipBlanks();
             const qsizetype from = at_;
             if (!TakeNumber())
@@ -68,7 +68,7 @@ public:
             if (AtEnd())
                 return {};
             divides = text_[at_] == u'/';
-            if (!Takes(u'+') && !Takes(u'-') && !Takes(u'*') && !Takes(u'/'))
+            if (!Take(u'+') && !Take(u'-') && !Take(u'*') && !Take(u'/'))
                 return SyntaxErrorNear(TokenAt(text_, at_));
             SkipBlanks();
         }
@@ -83,7 +83,7 @@ private:
             ++at_;
     }
 
-    bool Takes(char16_t sign)
+    bool Take(char16_t sign)
     {
         if (AtEnd() || text_[at_] != sign)
             return false;
@@ -102,14 +102,14 @@ private:
     bool TakeNumber()
     {
         int digits = TakeDigits();
-        if (Takes(u'.'))
+        if (Take(u'.'))
             digits += TakeDigits();
         if (digits == 0)
             return false;
-        if (!Takes(u'e') && !Takes(u'E'))
+        if (!Take(u'e') && !Take(u'E'))
             return true;
-        if (!Takes(u'+'))
-            Takes(u'-');
+        if (!Take(u'+'))
+            Take(u'-');
         return TakeDigits() > 0;
     }
 

@@ -71,7 +71,7 @@ QString MicrosoftText(const OdbcDriver& driver, const ConnectionParts& parts)
            QStringLiteral(";APP={tsms};Encrypt=no;TrustServerCertificate=yes;");
 }
 
-/// FreeTDS knows a host, and an instance as long as no port is told: it refuses both together, while
+/// FreeTDS knows a host, and an instance as long as no port is given: it refuses both together, while
 /// Microsoft's drivers pass over the instance then. Of the other words that these understand it knows none.
 QString FreeTdsServer(const ConnectionParts& parts)
 {

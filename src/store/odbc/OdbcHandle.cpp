@@ -1,9 +1,7 @@
 #include "store/odbc/OdbcHandle.h"
 
-#include <algorithm>
 #include <array>
 #include <utility>
-#include <vector>
 
 namespace tsms {
 

@@ -10,7 +10,7 @@
 #include <sqlext.h>
 
 #ifdef Q_OS_WIN
-#undef near // of the 16 bits of old
+#undef near // a macro from 16-bit Windows
 #endif
 
 namespace tsms {

@@ -11,7 +11,7 @@ namespace {
 constexpr qsizetype MostSteps = 200;
 constexpr qint64 Pause = 1000; // milliseconds, behind which a person thinks of something else
 
-bool BeginsWord(const QString& text, const Insertion& put)
+bool IsWordStart(const QString& text, const Insertion& put)
 {
     return put.start > 0 && text[put.start - 1].isSpace() && !text[put.start].isSpace();
 }
@@ -36,7 +36,7 @@ void EditHistory::AddKeys(const HeldText& before, const QString& now, qsizetype 
     const Insertion put = FindInsertion(before.text, now, caret);
     const qsizetype removed = before.text.size() + put.length - now.size();
     const bool types = put.length > 0;
-    const bool goesOn = types ? run_ == Run::Typing && put.start == caret_ && !BeginsWord(now, put)
+    const bool goesOn = types ? run_ == Run::Typing && put.start == caret_ && !IsWordStart(now, put)
                               : run_ == Run::Removing && (caret == caret_ || caret + removed == caret_);
     if (paused || !goesOn)
         Push(before);

@@ -6,8 +6,6 @@
 #include <QHeaderView>
 #include <QPointer>
 
-#include <algorithm>
-
 namespace tsms {
 
 namespace {

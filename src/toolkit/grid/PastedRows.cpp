@@ -10,7 +10,7 @@ namespace tsms {
 
 namespace {
 
-bool EndsValue(QChar c)
+bool IsValueEnd(QChar c)
 {
     return c == u'\t' || c == u'\r' || c == u'\n';
 }
@@ -56,7 +56,7 @@ private:
     QString PlainValue()
     {
         const qsizetype start = at_;
-        while (!AtEnd() && !EndsValue(text_[at_]))
+        while (!AtEnd() && !IsValueEnd(text_[at_]))
             ++at_;
         return text_.sliced(start, at_ - start).toString();
     }
@@ -70,7 +70,7 @@ private:
         while (i < text_.size()) {
             if (text_[i++] != u'"')
                 continue;
-            if (i == text_.size() || EndsValue(text_[i]))
+            if (i == text_.size() || IsValueEnd(text_[i]))
                 return i;
             if (text_[i++] != u'"')
                 return -1;
@@ -85,7 +85,7 @@ private:
 /// In quotes where it would be taken for more than a value, or for less.
 QString Quoted(QString value)
 {
-    const bool ends = std::any_of(value.cbegin(), value.cend(), EndsValue);
+    const bool ends = std::any_of(value.cbegin(), value.cend(), IsValueEnd);
     if (!ends && !value.startsWith(u'"'))
         return value;
     value.replace(CrLf.toString(), QStringLiteral("\n"));

@@ -6,7 +6,6 @@
 #include "toolkit/fields/TextField.h"
 #include "toolkit/look/Theme.h"
 
-#include <QApplication>
 #include <QHBoxLayout>
 #include <QShowEvent>
 #include <QVBoxLayout>
@@ -19,12 +18,12 @@ constexpr int FrameWidth = 1;
 constexpr int Margin = 16;
 constexpr int StripHeight = 38;
 
-bool ComesBefore(int key)
+bool IsBackKey(int key)
 {
     return key == Qt::Key_Left || key == Qt::Key_Up;
 }
 
-bool ComesAfter(int key)
+bool IsForwardKey(int key)
 {
     return key == Qt::Key_Right || key == Qt::Key_Down;
 }
@@ -72,8 +71,7 @@ void DialogForm::MakeTitleStrip(const DialogFrame& frame)
     row->setContentsMargins(8, 0, 4, 0);
     row->setSpacing(6);
 
-    // The first one is the sign of the program at the head of the strip; a click on it does nothing, as is
-    // meant.
+    // The first one is the sign of the program at the head of the strip. Meant: a click on it does nothing.
     topFunc_[0] = new PictureButton(strip_, IndexedName(u"BtnTopFunc", 0), QStringLiteral("program"),
                                     QString(), PictureButton::Look::Sign);
     topFunc_[1] = new PictureButton(strip_, IndexedName(u"BtnTopFunc", 1), QStringLiteral("window-close"),
@@ -160,10 +158,10 @@ bool DialogForm::WalkByArrow(int key)
     const auto* field = dynamic_cast<TextField*>(focusWidget());
     if (!field)
         return false;
-    if (ComesBefore(key) && field->SelStart() == 0)
+    if (IsBackKey(key) && field->SelStart() == 0)
         return focusNextPrevChild(false);
-    // Any selection sends the key on at once, as is meant.
-    if (ComesAfter(key) && (field->SelLength() > 0 || field->SelStart() == field->Text().size()))
+    // Meant: any selection sends the key on at once.
+    if (IsForwardKey(key) && (field->SelLength() > 0 || field->SelStart() == field->Text().size()))
         return focusNextPrevChild(true);
     return false;
 }

@@ -69,7 +69,7 @@ QMessageBox::Icon IconOf(MsgBoxStyle style)
     return QMessageBox::NoIcon;
 }
 
-bool Asks(MsgBoxStyle style)
+bool IsQuestion(MsgBoxStyle style)
 {
     return style == MsgBoxCriticalYesNo || style == MsgBoxQuestion;
 }
@@ -281,7 +281,7 @@ MsgBoxAnswer QtDesktop::MsgBox(const QString& text, MsgBoxStyle style, const QSt
     box.setWindowTitle(title);
     box.setText(ShownText(text));
     box.setIcon(IconOf(style));
-    if (Asks(style)) {
+    if (IsQuestion(style)) {
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         box.setDefaultButton(QMessageBox::Yes);
         box.setEscapeButton(QMessageBox::No);
@@ -299,7 +299,7 @@ MsgBoxAnswer QtDesktop::MsgBox(const QString& text, MsgBoxStyle style, const QSt
     // The desk may still be about to give the keyboard to a box that was closed as quickly as it came.
     if (below && below->isVisible())
         below->activateWindow();
-    if (!Asks(style))
+    if (!IsQuestion(style))
         return AnswerOK;
     return answer == QMessageBox::Yes ? AnswerYes : AnswerNo;
 }

@@ -1,7 +1,6 @@
 #include "spreadsheet/read/CountedHeap.h"
 
 #include <atomic>
-#include <cerrno>
 #include <cstddef>
 #include <malloc.h>
 

@@ -5,7 +5,6 @@
 
 #include <QRegularExpression>
 
-#include <cmath>
 #include <limits>
 
 using namespace tsms;

@@ -3,7 +3,6 @@
 #include "spreadsheet/write/TableSheet.h"
 #include "support/Words.h"
 
-#include <QDir>
 #include <QFile>
 #include <QMap>
 #include <QProcess>

@@ -1,7 +1,5 @@
 #include "store/odbc/LinkWatch.h"
 
-#include "support/Words.h"
-
 #include <QElapsedTimer>
 #include <QTcpServer>
 #include <QTcpSocket>

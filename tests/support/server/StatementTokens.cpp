@@ -1,7 +1,5 @@
 #include "support/server/StatementTokens.h"
 
-#include <algorithm>
-
 namespace tsms::test {
 
 namespace {

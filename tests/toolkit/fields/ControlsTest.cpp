@@ -16,7 +16,6 @@
 #include <QPainter>
 #include <QPaintEvent>
 #include <QStyleOptionComboBox>
-#include <QTableView>
 #include <QTest>
 
 #include <gtest/gtest.h>

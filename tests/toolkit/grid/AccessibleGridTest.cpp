@@ -1,5 +1,4 @@
 #include "support/Words.h"
-#include "toolkit/fields/Naming.h"
 #include "toolkit/grid/fpSpread.h"
 #include "toolkit/look/Pictures.h"
 
