@@ -286,18 +286,22 @@ void MakeSMSExcel::TakeRows(std::int32_t total)
     });
 }
 
-/// Shows each row that the screen could show, and the last one that was done, also where a count overflows.
+/// Draws each row that the screen could show. The last one that was done, also where a count overflows, is
+/// drawn by the event loop, to which the import returns at once or in its box.
 MakeSMSExcel::Counts MakeSMSExcel::JudgeRows(std::int32_t total)
 {
     Counts counts;
     int row = 0;
     const auto showLast = qScopeGuard([&] { ShowProgress(total, row, counts); });
     ScreenPace pace;
+    pace.IsDue(); // the dialog has just been drawn as busy
     while (row < sheet_->Cells().MaxRows()) {
         TakeRow(row + 1, counts);
         ++row;
-        if (pace.IsDue())
+        if (pace.IsDue()) {
             ShowProgress(total, row, counts);
+            goodCount_->Refresh(); // and with it whatever else has changed
+        }
     }
     return counts;
 }
@@ -333,7 +337,6 @@ void MakeSMSExcel::ShowProgress(std::int32_t total, int row, const Counts& count
     loseCount_->SetCaption(ImportCount(counts.lose.Value()));
     progress_->SetCaption(ImportProgress(total, row));
     bar_->SetValue(row);
-    goodCount_->Refresh(); // draws whatever has changed in the window, in one go
 }
 
 void MakeSMSExcel::SetRunBusy(bool busy)
