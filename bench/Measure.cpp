@@ -54,6 +54,24 @@ std::string RatioLimit(double ratio, double limit)
     return limit == NoLimit ? std::string("-") : Printed("<= %g", limit) + Verdict(ratio <= limit);
 }
 
+/// The distance between the quartiles as a share of the median.
+double Spread(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    const std::size_t quarter = values.size() / 4;
+    return (values[values.size() - 1 - quarter] - values[quarter]) / Median(values);
+}
+
+/// How far the rounds of the restless side lie apart. A ratio that misses a limit by less says nothing.
+std::string Noise(const Costs& costs)
+{
+    constexpr double restless = 0.2;
+    const double spread = std::max(costs.ours.spread, costs.baseline.spread);
+    if (spread == 0) // of a single round, or of figures that are none of a round's
+        return "-";
+    return Printed("%.0f %%", 100 * spread) + (spread > restless ? " NOISY" : "");
+}
+
 /// The median of each figure over the rounds of one side.
 Cost MedianCost(const std::vector<Cost>& rounds)
 {
@@ -63,7 +81,7 @@ Cost MedianCost(const std::vector<Cost>& rounds)
         times.push_back(round.nanoseconds);
         peaks.push_back(static_cast<double>(round.peakMemory));
     }
-    return {Median(times), std::lround(Median(peaks))};
+    return {Median(times), std::lround(Median(peaks)), Spread(times)};
 }
 
 /// A figure in KiB of what the system tells about this process.
@@ -177,7 +195,7 @@ void PrintRow(const std::string& what, const std::string& size, const Costs& cos
     PrintCells({what, size, Time(costs.ours.nanoseconds), Time(costs.baseline.nanoseconds),
                 Printed("%.3f", ratio),
                 Memory(costs.ours.peakMemory) + " / " + Memory(costs.baseline.peakMemory),
-                std::to_string(costs.rounds), RatioLimit(ratio, limit)});
+                std::to_string(costs.rounds), Noise(costs), RatioLimit(ratio, limit)});
 }
 
 void PrintTimeRow(const std::string& what, const std::string& size, const Costs& costs, double limit)
@@ -185,7 +203,7 @@ void PrintTimeRow(const std::string& what, const std::string& size, const Costs&
     const double ours = costs.ours.nanoseconds;
     const double baseline = costs.baseline.nanoseconds;
     PrintCells({what, size, Time(ours), Time(baseline), Printed("%.3f", ours / baseline), "-",
-                std::to_string(costs.rounds), "< " + Time(limit) + Verdict(ours < limit)});
+                std::to_string(costs.rounds), Noise(costs), "< " + Time(limit) + Verdict(ours < limit)});
 }
 
 void PrintMemoryRow(const std::string& what, const std::string& size, const Held& held, double limit)
@@ -194,12 +212,12 @@ void PrintMemoryRow(const std::string& what, const std::string& size, const Held
     constexpr double mebibyte = 1024 * 1024;
     PrintCells({what, size, Printed("%.2f MiB", held.ours / mebibyte),
                 Printed("%.2f MiB", held.baseline / mebibyte), Printed("%.3f", ratio), "-",
-                std::to_string(held.rounds), RatioLimit(ratio, limit)});
+                std::to_string(held.rounds), "-", RatioLimit(ratio, limit)});
 }
 
 void PrintCountRow(const std::string& what, const std::string& size, int ours, int baseline, int demanded)
 {
-    PrintCells({what, size, std::to_string(ours), std::to_string(baseline), "-", "-", "1",
+    PrintCells({what, size, std::to_string(ours), std::to_string(baseline), "-", "-", "1", "-",
                 "= " + std::to_string(demanded) + Verdict(ours == demanded)});
 }
 

@@ -37,6 +37,7 @@ struct Cost
 {
     double nanoseconds = 0;
     long peakMemory = NotMeasured; ///< KiB
+    double spread = 0; ///< of several rounds: the distance between their quartiles, as a share of the median
 };
 
 /// What both sides cost: the medians of so many rounds.
@@ -94,8 +95,8 @@ private:
     std::map<int, Costs> costs_;
 };
 
-/// Prints a row of the table: both times, their ratio, both peaks, the rounds and whether the ratio keeps
-/// `limit`.
+/// Prints a row of the table: both times, their ratio, both peaks, the rounds, how far these lie apart and
+/// whether the ratio keeps `limit`.
 void PrintRow(const std::string& what, const std::string& size, const Costs& costs, double limit);
 
 /// Prints a row about times of which ours must stay below `limit` nanoseconds, whatever the baseline.
