@@ -1,5 +1,6 @@
 #include "spreadsheet/write/CompoundFile.h"
 
+#include "runtime/DiskFull.h"
 #include "runtime/SyncToDisk.h"
 #include "spreadsheet/Compound.h"
 
@@ -171,27 +172,17 @@ QByteArray TablesOf(const Layout& layout, const QString& stream, const QByteArra
     return tables;
 }
 
-/// Whether the last call to the system failed for want of room.
-bool IsDiskFull()
+long NumberOfOpenFailure(const QSaveFile& file)
 {
-#ifdef EDQUOT
-    if (errno == EDQUOT)
-        return true;
-#endif
-    return errno == ENOSPC || errno == EFBIG; // EFBIG: more than this user may put into one file
-}
-
-long NumberOfOpenFailure(const QString& path)
-{
-    if (IsDiskFull())
+    if (IsForWantOfRoom(file))
         return DiskFull;
-    return QFileInfo(path).absoluteDir().exists() ? PathFileAccess : PathNotFound;
+    return QFileInfo(file.fileName()).absoluteDir().exists() ? PathFileAccess : PathNotFound;
 }
 
 /// Of a write or sync that has just failed.
-long NumberOfDeviceFailure()
+long NumberOfDeviceFailure(const QSaveFile& file)
 {
-    return IsDiskFull() ? DiskFull : DeviceFault;
+    return IsForWantOfRoom(file) ? DiskFull : DeviceFault;
 }
 
 } // namespace
@@ -202,7 +193,7 @@ CompoundFile::CompoundFile(const QString& path, const char* stream, const unsign
     // Unbuffered: what comes is large as a rule, and errno is that of the last write.
     errno = 0;
     if (!file_.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        throw RuntimeError(NumberOfOpenFailure(path));
+        throw RuntimeError(NumberOfOpenFailure(file_));
 }
 
 void CompoundFile::Write(const char* bytes, qsizetype size)
@@ -226,7 +217,7 @@ void CompoundFile::Commit()
     const QByteArray header = HeaderOf(layout);
     WriteAt(0, header.constData(), header.size());
     if (!SyncToDisk(file_))
-        throw RuntimeError(NumberOfDeviceFailure());
+        throw RuntimeError(NumberOfDeviceFailure(file_));
     if (!file_.commit())
         throw RuntimeError(PathFileAccess);
 }
@@ -234,7 +225,7 @@ void CompoundFile::Commit()
 void CompoundFile::WriteAt(qint64 place, const char* bytes, qsizetype size)
 {
     if (!file_.seek(place) || file_.write(bytes, size) != size)
-        throw RuntimeError(NumberOfDeviceFailure());
+        throw RuntimeError(NumberOfDeviceFailure(file_));
 }
 
 RuntimeError FileTooLarge()

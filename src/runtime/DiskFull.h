@@ -1,0 +1,11 @@
+#pragma once
+
+class QFileDevice;
+
+namespace tsms {
+
+/// Whether the last operation on a file, which has failed, failed for want of room: on the disk, or of what
+/// this user may put there or into one file.
+bool IsForWantOfRoom(const QFileDevice& file);
+
+} // namespace tsms
