@@ -1,9 +1,9 @@
 #pragma once
 
+#include <QByteArray>
+#include <QHash>
 #include <QStringView>
-#include <QtGlobal>
 
-#include <memory>
 #include <vector>
 
 namespace tsms {
@@ -19,32 +19,16 @@ public:
     /// larger than a file can be.
     quint32 Add(QStringView text);
 
-    quint32 Count() const { return static_cast<quint32>(places_.size()); } ///< different texts
+    quint32 Count() const { return static_cast<quint32>(texts_.size()); } ///< different texts
 
     /// The table, over as many records as it takes, and the index of its parts behind it.
     void Write(BiffStream& stream) const;
 
 private:
-    /// The texts stand one behind the other in pieces of this size, none of them over an edge.
-    static constexpr int PieceBits = 20;
-    static constexpr quint32 PieceSize = 1u << PieceBits;
-
-    struct Slot
-    {
-        quint32 hash = 0;
-        quint32 number = 0; ///< of a text, from 1; 0: free
-    };
-
-    char* RoomFor(std::size_t bytes);
-    const char* Entry(quint32 number) const;
-    Slot& FindSlot(quint32 hash, const char* entry, std::size_t size);
-    void GrowSlots();
-
-    std::vector<std::unique_ptr<char[]>> pieces_;
-    quint32 used_ = PieceSize;    ///< of the last piece
-    std::vector<quint32> places_; ///< of each text: its piece, and where in it
-    std::vector<Slot> slots_;     ///< by hash, with open addressing
-    quint32 uses_ = 0;            ///< calls of Add
+    QHash<QByteArray, quint32> numbers_; ///< of the texts, from 0
+    std::vector<QByteArray> texts_;      ///< shares them
+    qint64 bytes_ = 0;                   ///< of all of them
+    quint32 uses_ = 0;                   ///< calls of Add
 };
 
 } // namespace tsms
