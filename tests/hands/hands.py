@@ -119,6 +119,12 @@ class Hands:
     def wait_for(self, title):
         self.wait(lambda: self._is_active(title), f"the window '{title}'")
 
+    def choose(self, *keys):
+        """By keys in the menu that was asked for: nothing follows before it has come, and has gone."""
+        self.wait(self._has_menu, "a menu")
+        self.press(*keys)
+        self.wait(lambda: not self._has_menu(), "the menu gone")
+
     def wait_gone(self, title):
         self.wait(lambda: not self.is_there(title), f"'{title}' gone")
 
@@ -210,6 +216,10 @@ class Hands:
     def _is_active(self, title):
         window = self._x("getactivewindow", check=False)
         return window and self._x("getwindowname", window, check=False) == title
+
+    def _has_menu(self):
+        """Over the main window. It has no title to be found by."""
+        return len(self._x("search", "--onlyvisible", "--class", "^tsms$", check=False).split()) > 1
 
     def _still_runs(self):
         if not self.is_running():

@@ -33,9 +33,10 @@ def _drag(hands):
 def _menus(hands):
     recipients = _two_recipients(hands)
     recipients.click(NAME, 1)
-    hands.press("shift+Right", "shift+Down", "Menu", "Down", "Return")
+    hands.press("shift+Right", "shift+Down", "Menu")
+    hands.choose("Down", "Return")
     hands.open_menu(recipients.table.cell(NAME, 5))
-    hands.press("Down", "Down", "Return")
+    hands.choose("Down", "Down", "Return")
     recipients.expect(TWICE)
 
 
@@ -43,7 +44,10 @@ def _menus(hands):
 def _clear(hands):
     recipients = _two_recipients(hands)
     recipients.click(NAME, 2)
-    hands.press("shift+End", "shift+F10", "Escape", "shift+F10", "Up", "Return")
+    hands.press("shift+End", "shift+F10")
+    hands.choose("Escape")
+    hands.press("shift+F10")
+    hands.choose("Up", "Return")
     recipients.expect({1: ("혜진", "010-0000-0001")})
 
 
