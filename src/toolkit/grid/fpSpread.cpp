@@ -303,7 +303,9 @@ void fpSpread::keyPressEvent(QKeyEvent* event)
             ClickCell(currentIndex());
         return;
     }
-    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+    // The key for menus arrives as a key alone where the plugin of ibus has had it.
+    if (event->key() == Qt::Key_Menu ||
+        (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)) {
         CommitEdit();
         OpenMenuAtCell(*this);
         return;

@@ -288,15 +288,18 @@ TEST_F(SpreadBlock, TheMenuPastesAsCtrlVDoes)
     EXPECT_EQ(offered, u"before"_q);
 }
 
-TEST_F(SpreadBlock, ShiftAndF10OpenTheMenuBelowTheActiveCell)
+TEST_F(SpreadBlock, ShiftAndF10AndTheKeyForMenusOpenTheMenuBelowTheActiveCell)
 {
     Open();
     grid.SetActiveCell(2, 2);
-    Press(Qt::Key_F10, Qt::ShiftModifier);
-    QWidget* menu = QApplication::activePopupWidget();
-    ASSERT_NE(menu, nullptr);
-    EXPECT_EQ(menu->pos(), grid.viewport()->mapToGlobal(grid.visualRect(Index(2, 2)).bottomLeft()));
-    menu->close();
+    for (const auto& [key, modifiers] :
+         {std::pair(Qt::Key_F10, Qt::ShiftModifier), {Qt::Key_Menu, Qt::NoModifier}}) {
+        Press(key, modifiers);
+        QWidget* menu = QApplication::activePopupWidget();
+        ASSERT_NE(menu, nullptr);
+        EXPECT_EQ(menu->pos(), grid.viewport()->mapToGlobal(grid.visualRect(Index(2, 2)).bottomLeft()));
+        menu->close();
+    }
 }
 
 TEST_F(SpreadBlock, ShiftAndF10EndAnEditBeforeTheMenuOpens)
