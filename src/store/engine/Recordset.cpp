@@ -93,7 +93,7 @@ void Recordset::AddInteger(std::int64_t value)
 {
     Column& column = Next(Kind::Integer);
     if (column.kind == Kind::Text) {
-        Append(column, QByteArray::number(static_cast<qlonglong>(value)));
+        Append(column, QByteArray::number(static_cast<qlonglong>(value)).toStdString());
     } else if (column.kind == Kind::Real) {
         column.reals.push_back(static_cast<double>(value));
     } else {
@@ -106,7 +106,7 @@ void Recordset::AddReal(double value)
 {
     Column& column = Next(Kind::Real);
     if (column.kind == Kind::Text) {
-        Append(column, QByteArray::number(value, 'g', 15));
+        Append(column, QByteArray::number(value, 'g', 15).toStdString());
     } else {
         column.reals.push_back(value);
     }
@@ -115,7 +115,7 @@ void Recordset::AddReal(double value)
 
 void Recordset::AddText(const char* utf8, qsizetype size)
 {
-    Append(Next(Kind::Text), {utf8, size});
+    Append(Next(Kind::Text), {utf8, static_cast<std::size_t>(size)});
     Filled(false);
 }
 
@@ -155,17 +155,17 @@ void Recordset::Promote(Column& column, Kind kind)
                                                                : 0);
             break;
         case Kind::Text:
-            Append(wider, TextOf(column, row).toUtf8());
+            Append(wider, TextOf(column, row).toStdString());
             break;
         }
     }
     column = std::move(wider);
 }
 
-void Recordset::Append(Column& column, QByteArrayView utf8)
+void Recordset::Append(Column& column, std::string_view utf8)
 {
-    const qsizetype end = column.text.size() + utf8.size();
-    if (end > qsizetype{std::numeric_limits<std::uint32_t>::max()})
+    const std::size_t end = column.text.size() + utf8.size();
+    if (end > std::numeric_limits<std::uint32_t>::max())
         throw RuntimeError(Overflow);
     // By itself the text would double its room: half of that of a long result could be air.
     if (end > column.text.capacity())
@@ -189,7 +189,7 @@ QString Recordset::TextOf(const Column& column, std::size_t row)
         break;
     }
     const std::uint32_t from = row == 0 ? 0 : column.ends[row - 1];
-    return QString::fromUtf8(column.text.constData() + from, column.ends[row] - from);
+    return QString::fromUtf8(column.text.data() + from, column.ends[row] - from);
 }
 
 } // namespace tsms

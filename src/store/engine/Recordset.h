@@ -1,11 +1,12 @@
 #pragma once
 
-#include <QByteArray>
 #include <QString>
 #include <QStringList>
 #include <QStringView>
 
 #include <cstdint>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace tsms {
@@ -52,7 +53,7 @@ private:
         Kind kind = Kind::Nothing;
         std::vector<std::int64_t> integers;
         std::vector<double> reals;
-        QByteArray text;                 ///< all texts of the column, in UTF-8, one behind the other
+        std::string text;                ///< all texts of the column, in UTF-8, one behind the other
         std::vector<std::uint32_t> ends; ///< where each of them ends
         std::vector<bool> nulls;
     };
@@ -60,7 +61,7 @@ private:
     Column& Next(Kind kind);
     void Filled(bool null);
     static void Promote(Column& column, Kind kind);
-    static void Append(Column& column, QByteArrayView utf8);
+    static void Append(Column& column, std::string_view utf8);
     const Column& ColumnAt(int row, int column) const; ///< raises 3021 and 3265 for what is not there
     static QString TextOf(const Column& column, std::size_t row);
 
