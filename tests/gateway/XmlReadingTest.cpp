@@ -46,6 +46,16 @@ TEST(EscapeXml, ALoneSurrogateBecomesABlankAndAPairStays)
     EXPECT_EQ(QString::fromUtf8(EscapeXml(u"😀")), u"😀"_q);
 }
 
+TEST(XmlElement, CountsTheElementsBelowItAndNoFurtherThanItIsAsked)
+{
+    XmlDocument document;
+    ASSERT_TRUE(document.Parse("<a><b>x<c/></b><d/></a>", {}));
+    EXPECT_EQ(document.Root().CountBelow(4), 3);
+    EXPECT_EQ(document.Root().CountBelow(3), 3);
+    EXPECT_EQ(document.Root().CountBelow(2), 2);
+    EXPECT_EQ(document.Root().CountBelow(1), 1);
+}
+
 TEST(XmlDocument, ADeclaredKoreanEncodingIsHonoured)
 {
     for (const char* name : {"EUC-KR", "euc-kr", "CP949", "ks_c_5601-1987", "ms949"}) {
