@@ -185,6 +185,15 @@ TEST_F(Records, StandInTheOrderOfTheFormat)
     EXPECT_EQ(types, expected);
 }
 
+TEST_F(Records, TheBookIsCountedFrom1900WithItsWholePrecisionAndNothingElseIsAskedOfIt)
+{
+    using enum BiffRecord;
+    Write(MixedSheet());
+    for (const BiffRecord setting : {Backup, HideObj, Date1904, RefreshAll, BookBool})
+        EXPECT_EQ(Only(setting).body, QByteArray(2, '\0')) << static_cast<int>(setting);
+    EXPECT_EQ(Only(CalcPrecision).body, QByteArray("\1\0", 2));
+}
+
 TEST_F(Records, AreNoLongerThanTheFormatAllows)
 {
     Write(ColumnSheet({QString(32767, u'가'), QString(32767, u'x')}));
