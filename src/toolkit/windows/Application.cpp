@@ -66,10 +66,10 @@ bool Application::notify(QObject* receiver, QEvent* event)
     const bool handedOn = composing && composing_;
     if (composing && !handedOn && !LetKeysGoFirst(receiver))
         return true;
+    const QScopedValueRollback by(outside_, event->spontaneous() ? EventLoops() : outside_);
     if (!handedOn && composition_.Withholds(*event))
         return true;
     const QScopedValueRollback within(composing_, composing_ || composing);
-    const QScopedValueRollback by(outside_, event->spontaneous() ? EventLoops() : outside_);
     return Deliver(receiver, event);
 }
 
