@@ -18,7 +18,7 @@ PATIENCE = 10.0  # seconds until what does not come is missed
 TO_THE_MOUSE = 0.25  # seconds that a hand takes from the keyboard to the mouse
 DOUBLE_CLICK = 0.5  # seconds within which two clicks are one double click, and some more
 # Milliseconds between two keys: of a person who types well, and where the typing is not what is looked at.
-BRISK, QUICK = 60, 5
+BRISK, QUICK = 30, 5
 
 MAIN = "TSMS문자메시지"
 
