@@ -12,7 +12,7 @@ build_packages=(
 run_packages=(qt6-qpa-plugins qt6-translations-l10n fonts-nanum libodbc2 tdsodbc libsecret-1-0)
 screen_packages=(xvfb openbox xdotool x11-utils x11-xserver-utils imagemagick curl sqlite3)
 # Korean input methods as people have them, what reads the accessibility bus, and a key store.
-hands_packages=(dbus-daemon dbus-bin fcitx5 fcitx5-hangul fcitx5-frontend-qt6 ibus ibus-hangul at-spi2-core
+hands_packages=(dbus-daemon dbus-bin fcitx5 fcitx5-hangul fcitx5-frontend-qt6 ibus ibus-hangul at-spi2-core iproute2
   python3-gi gir1.2-glib-2.0 gnome-keyring)
 office_packages=(libreoffice-calc-nogui) # the tests have it open what the program writes
 picture_packages=(poppler-utils) # a picture of what the office draws
