@@ -43,6 +43,9 @@ public:
     /// Its exit status, -1 when it does not end.
     int ExitCode() { return process.waitForFinished(LongEnough) ? process.exitCode() : -1; }
 
+    /// What it has said on its standard error, with the line ends of Unix.
+    QString Told() { return QString::fromUtf8(process.readAllStandardError().replace("\r\n", "\n")); }
+
     QProcess process;
 };
 
@@ -119,7 +122,7 @@ TEST(GatewayProgram, ATakenPortIsToldAndEndsIt)
     ASSERT_TRUE(taken.Start());
     GatewayProgram program({u"--port"_q, QString::number(taken.Port())});
     EXPECT_EQ(program.ExitCode(), 1);
-    EXPECT_TRUE(QString::fromUtf8(program.process.readAllStandardError()).contains(u"쓸 수 없습니다"));
+    EXPECT_TRUE(program.Told().contains(u"쓸 수 없습니다"));
 }
 
 TEST(GatewayProgram, HelpsInKoreanAlone)
@@ -137,7 +140,7 @@ TEST(GatewayProgram, AnUnknownOptionIsToldInKoreanWithTheHelp)
 {
     GatewayProgram program({u"--bogus"_q});
     EXPECT_EQ(program.ExitCode(), 1);
-    const QString told = QString::fromUtf8(program.process.readAllStandardError());
+    const QString told = program.Told();
     EXPECT_TRUE(told.startsWith(u"알 수 없는 옵션")) << told.toStdString();
     EXPECT_TRUE(told.contains(u"사용법:"));
 }
@@ -162,13 +165,11 @@ TEST(GatewayProgram, AFileThatIsMissingOrBrokenIsToldAndEndsIt)
     const HoldFile broken("[{");
     GatewayProgram reader({u"--port"_q, u"0"_q, u"--hold"_q, broken.Path()});
     EXPECT_EQ(reader.ExitCode(), 1);
-    EXPECT_EQ(QString::fromUtf8(reader.process.readAllStandardError()),
-              u"예약 파일의 내용이 올바르지 않습니다: "_q + broken.Path() + u"\n"_q);
+    EXPECT_EQ(reader.Told(), u"예약 파일의 내용이 올바르지 않습니다: "_q + broken.Path() + u"\n"_q);
     const QString missing = broken.Path() + u".none"_q;
     GatewayProgram seeker({u"--port"_q, u"0"_q, u"--hold"_q, missing});
     EXPECT_EQ(seeker.ExitCode(), 1);
-    EXPECT_EQ(QString::fromUtf8(seeker.process.readAllStandardError()),
-              u"예약 파일을 읽을 수 없습니다: "_q + missing + u"\n"_q);
+    EXPECT_EQ(seeker.Told(), u"예약 파일을 읽을 수 없습니다: "_q + missing + u"\n"_q);
 }
 
 TEST(GatewayProgram, WordsThatItDoesNotKnowEndIt)

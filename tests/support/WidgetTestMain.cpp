@@ -1,3 +1,5 @@
+#include "support/TestEnd.h"
+
 #include <QApplication>
 
 #include <gtest/gtest.h>
@@ -8,5 +10,5 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     ::testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
+    return tsms::test::EndWith(RUN_ALL_TESTS());
 }
