@@ -35,7 +35,7 @@ struct ProgramDesk
     explicit ProgramDesk(const QString& database, const QString& wsdlUrl = {}, const QString& folder = {})
         : sms(session, db, desktop, clock, wsdlUrl), services{session, desktop, clock, db, sms, folder}
     {
-        application->SetDesktop(desktop);
+        application->HandleErrors(session, desktop);
         desktop.AllowBoxes();
         session.DBCatalog = database;
         session.DBServer = QStringLiteral("(embedded)");

@@ -20,7 +20,7 @@ HistoryWindow::HistoryWindow(const QString& database)
       sms_(session_, db_, desktop_, clock_, QString()),
       services_{session_, desktop_, clock_, db_, sms_}
 {
-    application_->SetDesktop(desktop_);
+    application_->HandleErrors(session_, desktop_);
     desktop_.AllowBoxes();
     form_ = Main(database + QStringLiteral("■(embedded)■0■demo■demo■1■demo"), services_).form;
     Application::processEvents(); // the window's first activation
