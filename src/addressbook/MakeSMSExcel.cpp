@@ -294,7 +294,6 @@ MakeSMSExcel::Counts MakeSMSExcel::JudgeRows(std::int32_t total)
     int row = 0;
     const auto showLast = qScopeGuard([&] { ShowProgress(total, row, counts); });
     ScreenPace pace;
-    pace.IsDue(); // the dialog has just been drawn as busy
     while (row < sheet_->Cells().MaxRows()) {
         TakeRow(row + 1, counts);
         ++row;

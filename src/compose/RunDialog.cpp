@@ -124,7 +124,8 @@ void RunDialog::SetBarMaximum(int maximum)
 void RunDialog::SetBarValue(int value)
 {
     bar_->SetValue(value);
-    status_->Refresh(); // the last thing of a row: all that has changed is drawn in one go
+    if (value > 0)          // the beginning is drawn while the run connects
+        status_->Refresh(); // the last thing of a row: all that has changed is drawn in one go
 }
 
 void RunDialog::ShowCounts(const QString& succeeded, const QString& failed)

@@ -13,7 +13,8 @@ public:
     QDate Date() const { return Now().date(); }
 };
 
-/// "YYYY-MM-DD HH:MM:SS" in digits. A row of a run asks for it twice: a pattern costs twenty times as much.
+/// "YYYY-MM-DD HH:MM:SS", of a valid moment of the years 1 to 9999. A row of a run asks for it twice: a
+/// pattern costs twenty times as much.
 QString MomentText(const QDateTime& moment);
 
 /// The machine's clock.

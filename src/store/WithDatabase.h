@@ -23,7 +23,7 @@ template <class Body> auto WithDatabase(DBConnect& db, Body&& body) -> decltype(
     }
 }
 
-/// The frame of the two operations that try to connect once: without a connection nothing is done.
+/// As WithDatabase, without the second try: where it does not connect, nothing is done.
 template <class Body> void IfConnected(DBConnect& db, Body&& body)
 {
     if (!db.ConnectDB())

@@ -51,7 +51,7 @@ bool SaveTemplate(Services& services, bool isNew, std::int32_t category, const Q
                 if (isNew || key != 0)
                     return services.db.ExecuteSQL(isNew ? TemplateInsert(category, title, body)
                                                         : TemplateUpdate(category, title, body, key));
-                services.db.ReportDBError(); // says nothing after a good connection
+                services.db.ReportDBError(); // that it did not connect: otherwise there is no error
                 return false;
             });
         });

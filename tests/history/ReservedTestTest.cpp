@@ -78,6 +78,6 @@ TEST_P(NoDays, RaiseATypeMismatch)
 INSTANTIATE_TEST_SUITE_P(Texts, NoDays,
                          ::testing::Values(u""_q, u"   "_q, u"내일"_q, u"2012-02-30 10:00"_q,
                                            u"2013-02-29 10:00"_q, u"2012-13-01 10:00"_q, u"2012-05-3"_q,
-                                           u"2012053114"_q));
+                                           u"2012053114"_q, u"0000-01-01 10:00"_q));
 
 } // namespace

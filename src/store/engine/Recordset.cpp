@@ -170,7 +170,7 @@ void Recordset::Append(Column& column, std::string_view utf8)
     // By itself the text would double its room: half of that of a long result could be air.
     if (end > column.text.capacity())
         column.text.reserve(end + end / 4 + 64);
-    column.text.append(utf8);
+    column.text.insert(column.text.end(), utf8.begin(), utf8.end());
     column.ends.push_back(static_cast<std::uint32_t>(end));
 }
 

@@ -53,7 +53,7 @@ private:
         Kind kind = Kind::Nothing;
         std::vector<std::int64_t> integers;
         std::vector<double> reals;
-        std::string text;                ///< all texts of the column, in UTF-8, one behind the other
+        std::vector<char> text;          ///< all texts of the column, in UTF-8, one behind the other
         std::vector<std::uint32_t> ends; ///< where each of them ends
         std::vector<bool> nulls;
     };

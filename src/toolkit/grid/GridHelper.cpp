@@ -23,10 +23,10 @@ void GridHelper::SetUpList(fpSpread& grid, double titleHeight, double rowHeight,
                            const std::vector<GridColumn>& columns) const
 {
     PrepareGrid(grid);
+    grid.Cells().SetMaxRows(0); // before the titles: they would take the room of all rows
     grid.SetRowHeight(0, titleHeight);
     grid.SetRowHeight(SpreadModel::All, rowHeight);
     LayOut(grid, columns);
-    grid.Cells().SetMaxRows(0);
 }
 
 void GridHelper::LayOut(fpSpread& grid, const std::vector<GridColumn>& columns) const

@@ -12,6 +12,8 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPointer>
+#include <QScopeGuard>
 
 #include <memory>
 
@@ -25,8 +27,8 @@ bool IsKey(const QEvent& event)
            event.type() == QEvent::ShortcutOverride;
 }
 
-/// Looks and is told of like a line with the focus, which it does without. Knows whether the input method has
-/// something under way in it.
+/// Never has the focus, but looks as if it had, and says so to a screen reader. Knows whether the input
+/// method is composing in it.
 class CellEditor final : public QLineEdit
 {
 public:
@@ -81,7 +83,7 @@ QWidget* SpreadEditing::Editor() const
 
 bool SpreadEditing::IsComposing() const
 {
-    const auto* editor = static_cast<const CellEditor*>(Editor());
+    const auto* editor = dynamic_cast<const CellEditor*>(Editor());
     return editor && editor->IsComposing();
 }
 
@@ -92,10 +94,11 @@ bool SpreadEditing::HasAttention() const
 
 void SpreadEditing::Commit()
 {
-    // Of a composition that it has not seen the keys are still on their way, and belong to the next cell.
+    const QPointer editor = Editor();
+    // The keys of a composition that has not reached the editor yet belong to the next cell.
     if (IsComposing())
         EndComposition();
-    if (QWidget* editor = Editor()) {
+    if (editor && editor == Editor()) { // the end of a composition may let keys in, which walk on
         Q_EMIT commitData(editor);
         Q_EMIT closeEditor(editor, NoHint);
     }
@@ -112,8 +115,11 @@ bool SpreadEditing::HandOn(QEvent& event)
     if (!IsKey(event) || handsOn_ || !Editor())
         return false;
     handsOn_ = true;
+    const auto isBack = qScopeGuard([this, grid = QPointer(&grid_)] { // a key may end the grid
+        if (grid)
+            handsOn_ = false;
+    });
     QCoreApplication::sendEvent(Editor(), &event);
-    handsOn_ = false;
     return true;
 }
 
@@ -181,7 +187,7 @@ void SpreadEditing::updateEditorGeometry(QWidget* editor, const QStyleOptionView
     editor->setGeometry(option.rect.adjusted(1, 1, -1, -1)); // the frame of the active cell stays on view
 }
 
-/// What goes while the focus stands for its own takes the focus with it.
+/// Without this the end of an editor whose proxy is the grid would take the grid's focus.
 void SpreadEditing::destroyEditor(QWidget* editor, const QModelIndex& index) const
 {
     editor->setFocusProxy(nullptr);

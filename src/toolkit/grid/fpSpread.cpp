@@ -390,10 +390,11 @@ void fpSpread::focusOutEvent(QFocusEvent* event)
     QTableView::focusOutEvent(event);
     ShowFocus();
     if (event->reason() == Qt::PopupFocusReason)
-        return; // a menu, such as the editor's own, ends no edit
-    // What is being composed may arrive only after this.
-    const auto when = editing_->IsComposing() ? Qt::QueuedConnection : Qt::DirectConnection;
-    QMetaObject::invokeMethod(this, &fpSpread::CommitEdit, when);
+        return;                  // a menu, such as the editor's own, ends no edit
+    if (editing_->IsComposing()) // what is being composed may arrive only after this
+        QMetaObject::invokeMethod(this, &fpSpread::CommitEdit, Qt::QueuedConnection);
+    else
+        CommitEdit();
 }
 
 void fpSpread::changeEvent(QEvent* event)

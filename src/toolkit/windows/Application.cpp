@@ -1,9 +1,11 @@
 #include "toolkit/windows/Application.h"
 
+#include "session/Session.h"
 #include "toolkit/look/Pictures.h"
 #include "toolkit/windows/Guarded.h"
 
 #include <QAbstractButton>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLibraryInfo>
 #include <QLocale>
@@ -64,8 +66,13 @@ bool Application::notify(QObject* receiver, QEvent* event)
         return true;
     const bool composing = event->type() == QEvent::InputMethod;
     const bool handedOn = composing && composing_;
-    if (composing && !handedOn && !LetKeysGoFirst(receiver))
-        return true;
+    QInputMethodEvent written;
+    if (composing && !handedOn && !LetKeysGoFirst(receiver)) {
+        if (!receiver)
+            return true;
+        written.setCommitString(static_cast<QInputMethodEvent*>(event)->commitString());
+        event = &written; // what was under way in it is past
+    }
     const QScopedValueRollback by(outside_, event->spontaneous() ? EventLoops() : outside_);
     if (!handedOn && composition_.Withholds(*event))
         return true;
@@ -73,12 +80,13 @@ bool Application::notify(QObject* receiver, QEvent* event)
     return Deliver(receiver, event);
 }
 
-/// A key that the input method has no use for comes back to the program. By some methods it waits behind all
-/// else, while what is composed of the keys after it goes straight to the control. Gives who has the focus
-/// when those keys have done their work; false: more was composed meanwhile.
+/// A key that the input method has no use for comes back to the program. By some methods it waits in a queue,
+/// with clicks and all else, while what is composed of the keys after it goes straight to the control.
+/// Empties that queue, but not while an operation runs, which nothing may enter. Gives who has the focus
+/// then; false: nobody, or more was composed meanwhile.
 bool Application::LetKeysGoFirst(QObject*& receiver)
 {
-    if (receiver != focusObject() || outside_ == EventLoops())
+    if (receiver != focusObject() || outside_ == EventLoops() || (session_ && session_->IsBusy()))
         return true; // what an event from outside brings about comes before the next of them
     const int own = ++composed_;
     QWindowSystemInterface::flushWindowSystemEvents();

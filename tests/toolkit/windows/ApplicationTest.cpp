@@ -8,6 +8,7 @@
 #include "support/Words.h"
 
 #include <QEvent>
+#include <QEventLoop>
 #include <QIcon>
 #include <QImage>
 #include <QInputMethodEvent>
@@ -16,6 +17,7 @@
 #include <qpa/qwindowsysteminterface.h>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <QWidget>
 
 #include <gtest/gtest.h>
@@ -49,11 +51,17 @@ Application& TheApplication()
     return *static_cast<Application*>(QCoreApplication::instance());
 }
 
+/// The application keeps it.
+Session& TheSession()
+{
+    static Session session;
+    return session;
+}
+
 TEST(Application, AnErrorThatLeftAnEventHandlerShowsOneBoxAndTheProgramGoesOn)
 {
     ScriptedDesktop desktop;
-    Session session;
-    TheApplication().HandleErrors(session, desktop);
+    TheApplication().HandleErrors(TheSession(), desktop);
     Thrower thrower;
     for (int i = 1; i <= 2; ++i) {
         desktop.Expect({u"프로그램 오류"_q, u"오류번호 : 91\r\n오류내용 : 없음"_q, MsgBoxCritical});
@@ -67,8 +75,7 @@ TEST(Application, AnErrorThatLeftAnEventHandlerShowsOneBoxAndTheProgramGoesOn)
 TEST(Application, AnErrorFromElsewhereEndsInTheBoxToo)
 {
     ScriptedDesktop desktop;
-    Session session;
-    TheApplication().HandleErrors(session, desktop);
+    TheApplication().HandleErrors(TheSession(), desktop);
     Thrower thrower;
     thrower.raise = [] { throw std::bad_alloc(); };
     desktop.Expect(
@@ -84,9 +91,8 @@ TEST(Application, AnErrorThatLeftAnEventHandlerLeavesNoBusyBehind)
 {
     ScriptedDesktop desktop;
     desktop.AllowBoxes();
-    Session session;
-    TheApplication().HandleErrors(session, desktop);
-    Form form(session, desktop, u"frmTest"_q, Form::Kind::Main);
+    TheApplication().HandleErrors(TheSession(), desktop);
+    Form form(TheSession(), desktop, u"frmTest"_q, Form::Kind::Main);
     Thrower thrower;
     thrower.raise = [&] {
         form.SetBusy(true);
@@ -95,7 +101,7 @@ TEST(Application, AnErrorThatLeftAnEventHandlerLeavesNoBusyBehind)
     QCoreApplication::postEvent(&thrower, new QEvent(QEvent::User));
     QCoreApplication::processEvents();
     EXPECT_EQ(desktop.boxes.size(), 1);
-    EXPECT_FALSE(session.IsBusy());
+    EXPECT_FALSE(TheSession().IsBusy());
 }
 
 /// A line of a window, under keys that wait in the queue of the window system.
@@ -141,6 +147,36 @@ TEST(Application, WhatIsComposedBehindATabGoesWhereTheTabLed)
     hand.Queue(Qt::Key_Tab, u"\t"_q);
     hand.Commit(u"안녕"_q);
     EXPECT_EQ(hand.next.text(), u"안녕"_q);
+}
+
+TEST(Application, WhatIsWrittenIsNotLostWhereMoreIsWrittenInABoxOfTheKeyBefore)
+{
+    LineUnderKeys hand;
+    QObject::connect(&hand.line, &QLineEdit::returnPressed, [&] {
+        QEventLoop box;
+        QTimer::singleShot(0, [&] {
+            hand.Commit(u"안"_q);
+            box.quit();
+        });
+        box.exec();
+    });
+    hand.Queue(Qt::Key_Return, u"\r"_q);
+    hand.Commit(u"녕"_q);
+    EXPECT_EQ(hand.line.text(), u"안녕"_q);
+}
+
+TEST(Application, NoKeyEntersAnOperation)
+{
+    ScriptedDesktop desktop;
+    TheApplication().HandleErrors(TheSession(), desktop);
+    LineUnderKeys hand;
+    TheSession().Busy = true;
+    hand.Queue(Qt::Key_A, u"a"_q);
+    hand.Commit(u"안녕"_q);
+    EXPECT_EQ(hand.line.text(), u"안녕"_q);
+    TheSession().Busy = false;
+    QCoreApplication::processEvents();
+    EXPECT_EQ(hand.line.text(), u"안녕a"_q);
 }
 
 TEST(Application, WhatAKeyCommitsItselfGoesBeforeTheNextKey)
