@@ -8,7 +8,7 @@ build_packages=(
   g++ cmake ninja-build ccache pkg-config
   qt6-base-dev qt6-base-private-dev libgl-dev libsqlite3-dev libcurl4-openssl-dev libpugixml-dev
   unixodbc-dev qtkeychain-qt6-dev
-  libgtest-dev libgmock-dev tdsodbc openssl) # the presets build the tests too
+  libgtest-dev libgmock-dev libfreexl-dev tdsodbc openssl) # the presets build the tests too
 run_packages=(qt6-qpa-plugins qt6-translations-l10n fonts-nanum libodbc2 tdsodbc libsecret-1-0)
 screen_packages=(xvfb openbox xdotool x11-utils x11-xserver-utils imagemagick curl sqlite3)
 # Korean input methods as people have them, what reads the accessibility bus, and a key store.
@@ -16,9 +16,9 @@ hands_packages=(dbus-daemon dbus-bin fcitx5 fcitx5-hangul fcitx5-frontend-qt6 ib
   python3-gi gir1.2-glib-2.0 gnome-keyring)
 office_packages=(libreoffice-calc-nogui) # the tests have it open what the program writes
 picture_packages=(poppler-utils) # a picture of what the office draws
-bench_packages=(libfreexl-dev xvfb bsdextrautils)
+bench_packages=(xvfb bsdextrautils)
 sanitize_packages=(clang libclang-rt-dev)
-check_packages=(clang clang-format clang-tidy git python3 libfreexl-dev)
+check_packages=(clang clang-format clang-tidy git python3)
 windows_packages=(g++-mingw-w64-x86-64-posix dpkg-dev qt6-base-dev-tools qt6-translations-l10n tcl librsvg2-bin icoutils
   googletest)
 installer_packages=(nsis zip)
