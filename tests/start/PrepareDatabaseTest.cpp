@@ -121,6 +121,17 @@ TEST_F(PreparedDatabase, IsAsItWasWhenTheServerRefusesOneStatement)
 
 namespace {
 
+/// Ends in an error that no database raises.
+class BrokenConnection final : public Connection
+{
+public:
+    bool IsOpen() const override { return false; }
+    void Open() override { throw std::runtime_error("no words for it"); }
+    void Close() override {}
+    std::unique_ptr<Recordset> Query(const Statement&) override { return nullptr; }
+    void Execute(const Statement&) override {}
+};
+
 class PrepareDialogTest : public PreparedDatabase
 {
 protected:
@@ -237,6 +248,21 @@ TEST_F(PrepareDialogTest, TellsWhatTheServerSays)
     });
 }
 
+TEST_F(PrepareDialogTest, GoesOnBehindAnErrorThatNobodyForesaw)
+{
+    InDialog([this](QWidget& dialog) {
+        TypeOwner(dialog);
+        starter_.Type(dialog, 2, u"2011-2012"_q);
+        starter_.services.makeConnection = [] { return std::make_unique<BrokenConnection>(); };
+        starter_.desktop.Expect(UnforeseenBox(u"no words for it"_q));
+        LookAt(dialog);
+        starter_.services.makeConnection = MakeConnections(starter_.clock);
+        LookAt(dialog);
+        EXPECT_EQ(Shown(dialog), ServerScript(Years));
+        PressKey(dialog, Qt::Key_Escape);
+    });
+}
+
 TEST_F(PrepareDialogTest, CanBeStoppedWhileTheServerIsSilent)
 {
     InDialog([this](QWidget& dialog) {
@@ -344,6 +370,20 @@ TEST_F(PrepareDialogTest, AddsToAFileTheLogsThatItLacks)
     starter_.desktop.Expect(PrepareBox(u"데이터베이스를 준비했습니다."_q, MsgBoxInformation));
     prepare();
     EXPECT_EQ(MissingLogYears(file.Path(), starter_.clock), QList<int>());
+}
+
+TEST_F(PrepareDialogTest, SaysOfAFileThatIsNoDatabaseWhereTheReasonIsSeen)
+{
+    SavedConnection saved;
+    saved.name = u"시험"_q;
+    saved.file = starter_.settings.fileName();
+    starter_.connections.Put(saved);
+    starter_.Open();
+    starter_.desktop.Expect(PrepareBox(u"이 파일에 만들지 못했습니다. \"연결 시험\"에서 원인을 볼 수 "
+                                       "있습니다.\r\n\r\n"_q +
+                                           saved.file,
+                                       MsgBoxCritical));
+    starter_.Click(u"BtnConnection(4)"_q);
 }
 
 TEST_F(PrepareDialogTest, LeavesTheWindowAliveWhileAnotherProgramHoldsTheFile)

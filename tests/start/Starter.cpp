@@ -1,5 +1,6 @@
 #include "start/Starter.h"
 
+#include "runtime/RuntimeError.h"
 #include "store/MakeConnections.h"
 #include "tsms-start/BackgroundWork.h"
 
@@ -107,6 +108,15 @@ void AwaitWork()
 Box StartBox(const QString& words, MsgBoxStyle style)
 {
     return {u"문자메시지 시작하기"_q, words, style};
+}
+
+Box UnforeseenBox(const QString& what)
+{
+    return {u"프로그램 오류"_q,
+            u"오류번호 : %1\r\n오류내용 : 프로그램 내부에서 예기치 않은 오류가 발생하였습니다. (%2)"_q
+                .arg(AutomationError)
+                .arg(what),
+            MsgBoxCritical};
 }
 
 } // namespace tsms::test

@@ -107,4 +107,7 @@ void AwaitWork();
 /// A box of the window itself.
 Box StartBox(const QString& words, MsgBoxStyle style);
 
+/// The box of an error that is none of the program's own.
+Box UnforeseenBox(const QString& what);
+
 } // namespace tsms::test

@@ -172,6 +172,17 @@ TEST_F(TestDialogTest, SaysNothingOfATestThatWasStopped)
     });
 }
 
+TEST_F(TestDialogTest, GoesOnBehindAnErrorThatNobodyForesaw)
+{
+    starter_.services.gateway = []() -> QString { throw std::runtime_error("no words for it"); };
+    starter_.desktop.Expect(UnforeseenBox(u"no words for it"_q));
+    InTest([this](QWidget& dialog) {
+        EXPECT_EQ(Lines(dialog)[6], u"[o] 권한: 이상 없음"_q);
+        EXPECT_EQ(Lines(dialog)[7], u"[ ] 문자메시지 서버: 아직 확인하지 못함"_q);
+        PressKey(dialog, Qt::Key_Escape);
+    });
+}
+
 TEST_F(TestDialogTest, ShowsItsWordsToBeCopiedAndNotChanged)
 {
     InTest([this](QWidget& dialog) {

@@ -1,5 +1,7 @@
 #include "tsms-start/BackgroundWork.h"
 
+#include "toolkit/fields/RaiseEvent.h"
+
 #include <atomic>
 #include <mutex>
 #include <thread>
@@ -16,22 +18,38 @@ struct GivenUp
 
 std::atomic<int> worksLeft = 0;
 
+/// What it lets out; null when that is nothing.
+std::exception_ptr FaultIn(const BackgroundWork::Work& work, const BackgroundWork::Line& line)
+{
+    try {
+        work(line);
+        return nullptr;
+    } catch (const GivenUp&) {
+        throw;
+    } catch (...) {
+        return std::current_exception();
+    }
+}
+
 } // namespace
 
 /// Where a line ends.
-struct BackgroundWork::Line::End
+struct BackgroundWork::Line::Listener
 {
     std::mutex mutex;
-    QObject* listener = nullptr; ///< null when the work was given up
+    HandlerFrame* window = nullptr;
+    QObject* ear = nullptr; ///< null when the work was given up
 };
 
 void BackgroundWork::Line::Say(std::function<void()> say) const
 {
-    const std::lock_guard lock(end_->mutex);
-    if (!end_->listener)
+    const std::lock_guard lock(listener_->mutex);
+    if (!listener_->ear)
         throw GivenUp();
-    if (say)
-        QMetaObject::invokeMethod(end_->listener, std::move(say), Qt::QueuedConnection);
+    if (!say)
+        return;
+    const auto event = [window = listener_->window, say = std::move(say)] { window->RunHandler(say); };
+    QMetaObject::invokeMethod(listener_->ear, event, Qt::QueuedConnection);
 }
 
 void BackgroundWork::Line::GoOn() const
@@ -39,21 +57,23 @@ void BackgroundWork::Line::GoOn() const
     Say({});
 }
 
-void BackgroundWork::Begin(Work work)
+void BackgroundWork::Begin(Work work, const End& end)
 {
     GiveUp();
-    listener_ = std::make_unique<QObject>();
-    line_.end_ = std::make_shared<Line::End>();
-    line_.end_->listener = listener_.get();
-    const auto end = [this](const std::function<void()>& sayEnd) {
+    ear_ = std::make_unique<QObject>();
+    line_.listener_ = std::make_shared<Line::Listener>();
+    line_.listener_->window = &window_;
+    line_.listener_->ear = ear_.get();
+    const auto sayEnd = [this, end](const std::exception_ptr& fault) {
         running_ = false;
-        sayEnd();
+        end(fault);
     };
     linksBefore_ = NetworkLinks();
     ++worksLeft;
-    std::thread([line = line_, work = std::move(work), end]() mutable {
+    std::thread([line = line_, work = std::move(work), sayEnd]() mutable {
         try {
-            line.Say([end, sayEnd = std::exchange(work, {})(line)] { end(sayEnd); });
+            const std::exception_ptr fault = FaultIn(std::exchange(work, {}), line);
+            line.Say([sayEnd, fault] { sayEnd(fault); });
         } catch (const GivenUp&) {
         }
         --worksLeft;
@@ -63,13 +83,13 @@ void BackgroundWork::Begin(Work work)
 
 void BackgroundWork::GiveUp()
 {
-    if (!listener_)
+    if (!ear_)
         return;
     {
-        const std::lock_guard lock(line_.end_->mutex);
-        line_.end_->listener = nullptr;
+        const std::lock_guard lock(line_.listener_->mutex);
+        line_.listener_->ear = nullptr;
     }
-    listener_.reset(); // and with it what was said and not heard yet
+    ear_.reset(); // and with it what was said and not heard yet
     if (!std::exchange(running_, false))
         return;
     for (const NetworkLink& link : NetworkLinks())

@@ -4,15 +4,18 @@
 
 #include <QObject>
 
+#include <exception>
 #include <functional>
 #include <memory>
 
 namespace tsms {
 
+class HandlerFrame;
+
 /// Work that may have to wait for a server, in a thread of its own, while the windows stay alive. What it has
-/// to say is said in the thread that began it. Nobody waits for work that is given up: the network links that
-/// have come since it began are cut, where the system can do that, and it ends as soon as it has something to
-/// say.
+/// to say is said in the thread that began it, as an event of the window. Nobody waits for work that is given
+/// up: the network links that have come since it began are cut, where the system can do that, and it ends as
+/// soon as it has something to say.
 class BackgroundWork
 {
 public:
@@ -29,19 +32,24 @@ public:
 
     private:
         friend class BackgroundWork;
-        struct End;
-        std::shared_ptr<End> end_;
+        struct Listener;
+        std::shared_ptr<Listener> listener_;
     };
-    /// Takes with it what it needs, raises nothing of its own, and gives what is to be said at its end.
-    using Work = std::function<std::function<void()>(const Line&)>;
+    /// Takes with it what it needs.
+    using Work = std::function<void(const Line&)>;
 
-    BackgroundWork() = default;
+    /// Is said at the end of the work, with what it has let out, to be raised here; null when that is
+    /// nothing.
+    using End = std::function<void(const std::exception_ptr& fault)>;
+
+    /// `window` catches what the work's words let out, and outlives it.
+    explicit BackgroundWork(HandlerFrame& window) : window_(window) {}
     ~BackgroundWork() { GiveUp(); }
     BackgroundWork(const BackgroundWork&) = delete;
     BackgroundWork& operator=(const BackgroundWork&) = delete;
 
     /// Begins at once, in place of what still runs.
-    void Begin(Work work);
+    void Begin(Work work, const End& end);
 
     /// Until its end is said.
     bool IsRunning() const { return running_; }
@@ -53,8 +61,9 @@ public:
     static bool IsAnyLeft();
 
 private:
+    HandlerFrame& window_;
     Line line_;
-    std::unique_ptr<QObject> listener_;
+    std::unique_ptr<QObject> ear_;
     QList<NetworkLink> linksBefore_;
     bool running_ = false;
 };

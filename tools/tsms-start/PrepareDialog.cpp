@@ -41,6 +41,18 @@ QString ServersWords(const RuntimeError& error)
     return QStringLiteral("\r\n\r\n서버의 말: ") + error.Description;
 }
 
+/// What the database has raised, if that is what it was. Other errors go on.
+std::optional<RuntimeError> DatabaseFault(const std::exception_ptr& raised)
+{
+    try {
+        if (raised)
+            std::rethrow_exception(raised);
+        return {};
+    } catch (const RuntimeError& error) {
+        return error;
+    }
+}
+
 } // namespace
 
 PrepareDialog::PrepareDialog(StartServices& services, SavedConnection connection, const QString& password,
@@ -149,19 +161,13 @@ void PrepareDialog::Begin(bool makes, const Task& task)
 {
     makes_ = makes;
     const std::shared_ptr<Connection> connection = OwnersConnection();
-    const auto run = [this, connection, task](const BackgroundWork::Line& line) {
-        Fault fault;
-        try {
-            connection->Open();
-            line.GoOn();
-            task(*connection, line);
-        } catch (const RuntimeError& error) {
-            fault = error;
-        }
-        return [this, fault] { End(fault); };
+    const auto run = [connection, task](const BackgroundWork::Line& line) {
+        connection->Open();
+        line.GoOn();
+        task(*connection, line);
     };
     ShowWorking(true);
-    work_.Begin(run);
+    work_.Begin(run, [this](const std::exception_ptr& raised) { End(raised); });
 }
 
 void PrepareDialog::ShowWorking(bool working)
@@ -199,9 +205,12 @@ void PrepareDialog::Run()
     });
 }
 
-void PrepareDialog::End(const Fault& fault)
+void PrepareDialog::End(const std::exception_ptr& raised)
 {
     ShowWorking(false);
+    if (raised && !makes_)
+        ForgetScript();
+    const Fault fault = DatabaseFault(raised);
     if (makes_)
         EndRun(fault);
     else
@@ -215,7 +224,6 @@ void PrepareDialog::EndLook(const Fault& fault)
                                           : QString(script_).replace(u'\n', QStringLiteral("\r\n")));
         return;
     }
-    ForgetScript();
     Tell(QStringLiteral("데이터베이스를 살펴보지 못했습니다. \"연결 시험\"에서 원인을 볼 수 있습니다.") +
              ServersWords(*fault),
          MsgBoxCritical);

@@ -42,7 +42,7 @@ private:
     void Stop();
 
     using Fault = std::optional<RuntimeError>; ///< of the database; nothing when all went well
-    void End(const Fault& fault);
+    void End(const std::exception_ptr& raised);
     void EndLook(const Fault& fault);
     void EndRun(const Fault& fault);
 
@@ -61,7 +61,7 @@ private:
     MemoBox* shown_ = nullptr;
     QString script_;     ///< that stands on view
     bool makes_ = false; ///< what runs, or ran last; otherwise it only looks
-    BackgroundWork work_;
+    BackgroundWork work_{*this};
 };
 
 } // namespace tsms

@@ -278,16 +278,13 @@ void StartWindow::Aside(const std::function<void()>& act)
 {
     std::exception_ptr fault;
     QEventLoop loop;
-    BackgroundWork work;
+    BackgroundWork work(*this);
     SetBusy(true);
-    work.Begin([&](const BackgroundWork::Line&) {
-        try {
-            act();
-        } catch (const RuntimeError&) {
-            fault = std::current_exception();
-        }
-        return [&loop] { loop.quit(); };
-    });
+    work.Begin([&act](const BackgroundWork::Line&) { act(); },
+               [&](const std::exception_ptr& raised) {
+                   fault = raised;
+                   loop.quit();
+               });
     loop.exec();
     SetBusy(false);
     if (fault)

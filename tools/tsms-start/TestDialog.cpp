@@ -122,18 +122,29 @@ void TestDialog::Run()
                                                        services_.makeConnection, services_.gateway);
     const auto run = [this, test](const BackgroundWork::Line& line) {
         test->Run([&] { line.Say([this, steps = test->Steps()] { ShowSteps(steps); }); });
-        return [this] {
-            ShowRunning(false);
-            ChooseFirstFault();
-        };
     };
     ShowRunning(true);
-    work_.Begin(run);
+    work_.Begin(run, [this](const std::exception_ptr& fault) { End(fault); });
+}
+
+void TestDialog::End(const std::exception_ptr& fault)
+{
+    if (fault) {
+        ShowStopped();
+        std::rethrow_exception(fault);
+    }
+    ShowRunning(false);
+    ChooseFirstFault();
 }
 
 void TestDialog::Stop()
 {
     work_.GiveUp();
+    ShowStopped();
+}
+
+void TestDialog::ShowStopped()
+{
     stopped_ = true;
     for (TestStep& step : steps_)
         if (step.verdict == TestStep::Verdict::Trying)

@@ -31,7 +31,9 @@ private:
     void BuildList();
     void BuildWords();
     void Run();
+    void End(const std::exception_ptr& fault);
     void Stop();
+    void ShowStopped();
     void ShowRunning(bool running);
     void ShowSteps(const QList<TestStep>& steps);
     void ShowWords();
@@ -43,7 +45,7 @@ private:
     QString password_;
     QList<TestStep> steps_;
     bool stopped_ = false; ///< before its end
-    BackgroundWork work_;
+    BackgroundWork work_{*this};
     fpSpread* list_ = nullptr;
     MemoBox* words_ = nullptr;
 };
