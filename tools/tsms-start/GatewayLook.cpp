@@ -41,12 +41,10 @@ QString LookAtGateway(const QString& gatewayUrl, std::chrono::milliseconds patie
 {
     const QString url = GatewayDescriptionUrl(gatewayUrl);
     // The client waits for as long as the gateway does. So it has a thread, which is left to itself when
-    // nobody waits any longer; the future of a promise, unlike that of std::async, does not wait for it.
-    std::promise<QString> promise;
-    std::future<QString> fault = promise.get_future();
-    std::thread([url, promise = std::move(promise)]() mutable {
-        promise.set_value(ReadDescription(url));
-    }).detach();
+    // nobody waits any longer; the future of a task, unlike that of std::async, does not wait for it.
+    std::packaged_task<QString()> task([url] { return ReadDescription(url); });
+    std::future<QString> fault = task.get_future();
+    std::thread(std::move(task)).detach();
     if (fault.wait_for(patience) != std::future_status::ready)
         return Advice(url, QStringLiteral("문자메시지 서버가 대답하지 않습니다."));
     const QString words = fault.get();
