@@ -386,7 +386,7 @@ TEST_F(PrepareDialogTest, SaysOfAFileThatIsNoDatabaseWhereTheReasonIsSeen)
     starter_.Click(u"BtnConnection(4)"_q);
 }
 
-TEST_F(PrepareDialogTest, LeavesTheWindowAliveWhileAnotherProgramHoldsTheFile)
+TEST_F(PrepareDialogTest, LeavesTheWindowAliveAndOpenWhileAnotherProgramHoldsTheFile)
 {
     const TestDatabase file(starter_.clock, Years, TestEngine::Embedded);
     starter_.Add(file);
@@ -398,6 +398,8 @@ TEST_F(PrepareDialogTest, LeavesTheWindowAliveWhileAnotherProgramHoldsTheFile)
     other.Execute(u"DELETE FROM SMSCharge"_q);
     QTimer::singleShot(300, [&] {
         EXPECT_TRUE(starter_.window->IsBusy());
+        EXPECT_FALSE(starter_.window->close());
+        EXPECT_TRUE(starter_.window->isVisible());
         other.Execute(u"ROLLBACK TRANSACTION"_q);
     });
     starter_.desktop.Expect(

@@ -22,6 +22,8 @@ public:
     explicit StartWindow(StartServices& services);
 
 protected:
+    /// What changes a file is seen to its end.
+    bool QueryUnload() override { return !IsBusy(); }
     void OnButton(int index) override;
 
 private:
