@@ -88,6 +88,17 @@ TEST_F(StartWindowTest, F12AndADoubleClickStartAsWell)
     EXPECT_EQ(starter_.launched, (QStringList{Line(), Line()}));
 }
 
+TEST_F(StartWindowTest, GoesOnBehindAnErrorOfAStartByDoubleClick)
+{
+    starter_.services.launch = [](const QString&) -> bool { throw std::runtime_error("no words for it"); };
+    starter_.Add(database_);
+    starter_.Open();
+    ExpectPassword(PasswordOf(database_));
+    starter_.desktop.Expect(UnforeseenBox(u"no words for it"_q));
+    DoubleClickCell(starter_.List(), 1, 1);
+    EXPECT_TRUE(starter_.window->IsLoaded());
+}
+
 TEST_F(StartWindowTest, HasTheLastStartedConnectionChosen)
 {
     starter_.Add(database_, u"가"_q);

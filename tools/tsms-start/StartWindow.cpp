@@ -1,9 +1,11 @@
 #include "tsms-start/StartWindow.h"
 
 #include "runtime/RuntimeError.h"
+#include "session/WhenIdle.h"
 #include "store/embedded/EmbeddedTables.h"
 #include "toolkit/fields/Controls.h"
 #include "toolkit/fields/Naming.h"
+#include "toolkit/fields/RaiseEvent.h"
 #include "toolkit/grid/fpSpread.h"
 #include "toolkit/grid/GridHelper.h"
 #include "tsms-start/BackgroundWork.h"
@@ -69,13 +71,14 @@ void StartWindow::BuildList()
     list_->SetColWidth(NameColumn, 20);
     list_->SetColWidth(PlaceColumn, 30);
     list_->SetFillWidth(true);
-    list_->OnKeyPress = [this](int& key) {
-        if (key == u'\r' && !IsBusy())
-            Start();
+    const std::function<void()> start = WhenIdle(*this, [this] { Start(); });
+    list_->OnKeyPress = [start](int& key) {
+        if (key == u'\r')
+            start();
     };
-    connect(list_, &fpSpread::DblClick, this, [this](int, int row) {
-        if (row > 0 && !IsBusy())
-            Start();
+    connect(list_, &fpSpread::DblClick, this, [this, start](int, int row) {
+        if (row > 0)
+            RaiseEvent(*list_, start);
     });
 }
 
@@ -87,10 +90,7 @@ void StartWindow::BuildCommands()
                                 QStringLiteral("연결 시험"), QStringLiteral("데이터베이스 준비")};
     for (int index = New; index <= Prepare; ++index) {
         auto* button = new PushButton(&Body(), IndexedName(u"BtnConnection", index), captions[index]);
-        button->OnClick = [this, index] {
-            if (!IsBusy())
-                Do(static_cast<Command>(index));
-        };
+        button->OnClick = WhenIdle(*this, [this, index] { Do(static_cast<Command>(index)); });
         column->addWidget(button);
     }
     column->addStretch(1);
