@@ -9,8 +9,7 @@
 namespace tsms {
 
 /// Cuts the links of a connection when a call over them takes too long: from its making to its end it gives
-/// the call so many seconds (0: any time). The one thread beside the program's own; it touches nothing but
-/// sockets.
+/// the call so many seconds (0: any time). Its thread touches nothing but sockets.
 class LinkWatch
 {
 public:
