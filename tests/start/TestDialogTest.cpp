@@ -16,7 +16,6 @@ class TestDialogTest : public ::testing::Test
 protected:
     TestDialogTest() : saved_(starter_.Add(database_))
     {
-        sinceStart_.start();
         saved_.keepsPassword = true;
         starter_.connections.Put(saved_);
         starter_.passwords.kept[saved_.id] = PasswordOf(database_);
@@ -26,6 +25,15 @@ protected:
     void DuringTest(const std::function<void(QWidget&)>& act)
     {
         starter_.Within(u"TestDialog"_q, u"BtnConnection(3)"_q, act);
+    }
+    /// While it runs; behind it nobody waits until the driver gives a silent server up.
+    void DuringSilence(const std::function<void(QWidget&)>& act)
+    {
+        constexpr int DriversPatience = 10'000;
+        QElapsedTimer waited;
+        waited.start();
+        DuringTest(act);
+        EXPECT_LT(waited.elapsed(), DriversPatience);
     }
     /// At its end.
     void InTest(const std::function<void(QWidget&)>& act)
@@ -60,7 +68,6 @@ protected:
     Starter starter_;
     TestDatabase database_{starter_.clock, {2012, 2012}, TestEngine::Server};
     SavedConnection saved_;
-    QElapsedTimer sinceStart_;
 };
 
 } // namespace
@@ -120,31 +127,33 @@ TEST_F(TestDialogTest, TestsAgainOnF12)
 TEST_F(TestDialogTest, ShowsWhatIsTriedWhileTheServerIsSilent)
 {
     Server().StaySilentAtPreLogIn();
-    DuringTest([this](QWidget& dialog) {
+    DuringSilence([this](QWidget& dialog) {
         EXPECT_TRUE(AwaitLine(dialog, 1, u"[ ] 서버 응답: 확인하는 중…"_q));
         EXPECT_EQ(RunButton(dialog), u"멈춤(F12)"_q);
         ClickCell(Steps(dialog), 2, 2);
         EXPECT_EQ(Words(dialog), u"서버 응답: 확인하고 있습니다. 대답이 없으면 \"멈춤\"을 누르십시오."_q);
         PressKey(dialog, Qt::Key_Escape);
+        EXPECT_FALSE(dialog.isVisible());
+        EXPECT_EQ(Lines(dialog)[1], u"[ ] 서버 응답: 확인하는 중…"_q);
     });
-    EXPECT_LT(sinceStart_.elapsed(), 5000);
 }
 
 TEST_F(TestDialogTest, ShowsALineWhileTheServerStillOwesTheNextOne)
 {
     Server().StaySilent();
-    DuringTest([this](QWidget& dialog) {
+    DuringSilence([this](QWidget& dialog) {
         EXPECT_TRUE(AwaitLine(dialog, 4, u"[ ] 테이블: 확인하는 중…"_q));
         EXPECT_EQ(Lines(dialog)[3], u"[o] 데이터베이스: 이상 없음"_q);
         PressKey(dialog, Qt::Key_Escape);
+        EXPECT_FALSE(dialog.isVisible());
+        EXPECT_EQ(Lines(dialog)[4], u"[ ] 테이블: 확인하는 중…"_q);
     });
-    EXPECT_LT(sinceStart_.elapsed(), 5000);
 }
 
 TEST_F(TestDialogTest, StopsOnF12AndBeginsAgainOnTheNext)
 {
     Server().StaySilentAtPreLogIn();
-    DuringTest([this](QWidget& dialog) {
+    DuringSilence([this](QWidget& dialog) {
         EXPECT_TRUE(AwaitLine(dialog, 1, u"[ ] 서버 응답: 확인하는 중…"_q));
         PressKey(dialog, Qt::Key_F12);
         EXPECT_EQ(RunButton(dialog), u"다시 시험(F12)"_q);
@@ -157,12 +166,11 @@ TEST_F(TestDialogTest, StopsOnF12AndBeginsAgainOnTheNext)
         EXPECT_EQ(Lines(dialog)[6], u"[o] 권한: 이상 없음"_q);
         PressKey(dialog, Qt::Key_Escape);
     });
-    EXPECT_LT(sinceStart_.elapsed(), 5000);
 }
 
 TEST_F(TestDialogTest, SaysNothingOfATestThatWasStopped)
 {
-    Server().AnswerLate(300);
+    Server().StaySilent();
     DuringTest([this](QWidget& dialog) {
         EXPECT_TRUE(AwaitLine(dialog, 4, u"[ ] 테이블: 확인하는 중…"_q));
         PressKey(dialog, Qt::Key_F12);
