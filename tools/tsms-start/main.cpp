@@ -17,20 +17,19 @@
 
 #include <cstdlib>
 
-int main(int argc, char** argv)
-{
-    using namespace tsms;
-    KeepMemoryPrivate(); // passwords are typed here
-    FillStandardStreams();
-    TakeWriteFaultsAsErrors();
-    TakeWordsAsUtf8();
+namespace tsms {
 
+namespace {
+
+/// From the coming of the window to its closing.
+void RunStarter(int& argc, char** argv)
+{
+    static const SystemClock clock; // work that was given up may read it to the end of the process
+    QtDesktop desktop;
+    Session session;
     Application application(argc, argv);
     theme::ApplyTheme(application);
-    QtDesktop desktop;
-    const SystemClock clock;
-    Session session;
-    application.HandleErrors(session, desktop);
+    application.HandleErrors(session, desktop); // which are there until it is gone
     QSettings settings(QStringLiteral("tsms"), QStringLiteral("tsms-start"));
     ConnectionList connections(settings);
     KeychainPasswords passwords;
@@ -42,12 +41,26 @@ int main(int argc, char** argv)
         connections,
         passwords,
         MakeConnections(clock),
-        [&gateway] { return LookAtGateway(gateway); },
+        [gateway] { return LookAtGateway(gateway); },
         [](const QString& line) { return LaunchProgram(Application::applicationDirPath(), line); },
         gateway == QStringLiteral("http://127.0.0.1:8790"),
         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/tsms")};
     StartWindow(services).ShowModal();
+}
+
+} // namespace
+
+} // namespace tsms
+
+int main(int argc, char** argv)
+{
+    using namespace tsms;
+    KeepMemoryPrivate(); // passwords are typed here
+    FillStandardStreams();
+    TakeWriteFaultsAsErrors();
+    TakeWordsAsUtf8();
+    RunStarter(argc, argv);
     if (BackgroundWork::IsAnyLeft())
-        std::_Exit(EXIT_SUCCESS); // it waits for a server, with all of this in its hands
+        std::_Exit(EXIT_SUCCESS); // it waits for a server, and needs what is static until then
     return EXIT_SUCCESS;
 }
