@@ -129,8 +129,8 @@ QList<GuardedField> HistoryFields()
         {"SearchedName", 0}, {"SearchedNumber", 1}, {"SearchedMessage", 2}};
     for (const auto& [name, index] : searches)
         fields += {.name = name,
-                   .work = [index = index](GuardBench& bench, const QString& text,
-                                           Way way) { bench.SearchHistory(index, text, way); },
+                   .work = [at = index](GuardBench& bench, const QString& text,
+                                        Way way) { bench.SearchHistory(at, text, way); },
                    .tail = u") ORDER BY SendTime DESC "_q};
     return fields;
 }

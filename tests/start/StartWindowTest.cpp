@@ -241,8 +241,8 @@ TEST_F(StartPassword, IsAskedForWithTheReasonWhenTheKeyStoreHasNone)
     for (const auto& [outcome, why] : cases) {
         starter_.passwords.outcome = outcome;
         Open(true);
-        WhenShown(u"PasswordDialog"_q, [&, why = why](QWidget& dialog) {
-            EXPECT_EQ(starter_.On<Label>(dialog, u"lblWhy"_q).Caption(), why);
+        WhenShown(u"PasswordDialog"_q, [&, words = why](QWidget& dialog) {
+            EXPECT_EQ(starter_.On<Label>(dialog, u"lblWhy"_q).Caption(), words);
             PressKey(dialog, Qt::Key_Escape);
         });
         Start();

@@ -153,7 +153,7 @@ int OdbcConnection::DriverSeconds() const
 
 /// FreeTDS counts its time anew at everything that it waits for, and once more for the cancellation. A server
 /// that stands still would hold the program for twice as long, and one that trickles for ever.
-template <class Act> auto OdbcConnection::InTime(Act act)
+template <class Act> auto OdbcConnection::InTime(const Act& act)
 {
     const LinkWatch watch(links_, CommandTimeout);
     try {

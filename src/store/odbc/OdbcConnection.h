@@ -32,7 +32,7 @@ private:
 
     bool OpenBy(const OdbcDriver& driver);
     int DriverSeconds() const; ///< after which the driver cancels a statement
-    template <class Act> auto InTime(Act act);
+    template <class Act> auto InTime(const Act& act);
 
     QList<OdbcDriver> drivers_;
     OdbcHandle handle_;        ///< set while connected

@@ -113,8 +113,8 @@ struct LineUnderKeys
 
     LineUnderKeys()
     {
-        TheApplication().setActiveWindow(&window);
         window.show();
+        window.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
         line.setFocus();
     }
