@@ -24,10 +24,13 @@ bool IsLatin1(QStringView text)
     return all <= 0xFF;
 }
 
-QByteArray Encoded(QStringView text)
+/// Lays the entry of a text into `entry`, which grows to what it needs.
+QByteArrayView Encode(QStringView text, std::vector<char>& entry)
 {
     const bool wide = !IsLatin1(text);
-    QByteArray entry(static_cast<qsizetype>(EntryHead) + (wide ? 2 : 1) * text.size(), Qt::Uninitialized);
+    const std::size_t size = EntryHead + (wide ? 2U : 1U) * static_cast<std::size_t>(text.size());
+    if (entry.size() < size)
+        entry.resize(size);
     qToLittleEndian(static_cast<quint16>(text.size()), entry.data());
     entry[2] = wide ? WideFlag : 0;
     char* characters = entry.data() + EntryHead;
@@ -36,7 +39,7 @@ QByteArray Encoded(QStringView text)
     else
         for (const QChar c : text)
             *characters++ = static_cast<char>(c.unicode());
-    return entry;
+    return {entry.data(), static_cast<qsizetype>(size)};
 }
 
 void Continue(BiffStream& stream)
@@ -59,12 +62,12 @@ std::size_t FittingBytes(const char* characters, std::size_t left, std::size_t r
 
 /// The head and the first character share a record; the others may go on in the next, which then begins with
 /// the flags once more.
-void WriteEntry(BiffStream& stream, const QByteArray& entry)
+void WriteEntry(BiffStream& stream, QByteArrayView entry)
 {
     const std::size_t unit = entry[2] == WideFlag ? 2 : 1;
-    const char* characters = entry.constData() + EntryHead;
+    const char* characters = entry.data() + EntryHead;
     std::size_t left = static_cast<std::size_t>(entry.size()) - EntryHead;
-    stream.Bytes(entry.constData(), EntryHead);
+    stream.Bytes(entry.data(), EntryHead);
     for (;;) {
         const std::size_t part =
             FittingBytes(characters, left, static_cast<std::size_t>(stream.Room()), unit);
@@ -108,14 +111,16 @@ void WriteIndex(BiffStream& stream, quint32 textsInPart, const std::vector<Part>
 quint32 SharedStrings::Add(QStringView text)
 {
     ++uses_;
-    const QByteArray entry = Encoded(text);
+    const QByteArrayView entry = Encode(text, entry_);
     if (const auto known = numbers_.constFind(entry); known != numbers_.cend())
         return *known;
     bytes_ += entry.size();
     if (bytes_ > CompoundFile::MaxStream)
         throw FileTooLarge();
-    numbers_.insert(entry, Count());
-    texts_.push_back(entry);
+    char* place = static_cast<char*>(memory_.allocate(static_cast<std::size_t>(entry.size()), 1));
+    std::copy(entry.begin(), entry.end(), place);
+    texts_.emplace_back(place, entry.size());
+    numbers_.insert(texts_.back(), Count() - 1);
     return Count() - 1;
 }
 
@@ -127,7 +132,7 @@ void SharedStrings::Write(BiffStream& stream) const
     stream.U32(uses_);
     stream.U32(Count());
     for (quint32 number = 0; number < Count(); ++number) {
-        const QByteArray& entry = texts_[number];
+        const QByteArrayView entry = texts_[number];
         if (stream.Room() < LeastRoom)
             Continue(stream);
         if (number % textsInPart == 0)

@@ -1,9 +1,10 @@
 #pragma once
 
-#include <QByteArray>
+#include <QByteArrayView>
 #include <QHash>
 #include <QStringView>
 
+#include <memory_resource>
 #include <vector>
 
 namespace tsms {
@@ -25,10 +26,12 @@ public:
     void Write(BiffStream& stream) const;
 
 private:
-    QHash<QByteArray, quint32> numbers_; ///< of the texts, from 0
-    std::vector<QByteArray> texts_;      ///< shares them
-    qint64 bytes_ = 0;                   ///< of all of them
-    quint32 uses_ = 0;                   ///< calls of Add
+    std::pmr::monotonic_buffer_resource memory_; ///< of the texts, one behind the other
+    std::vector<QByteArrayView> texts_;
+    QHash<QByteArrayView, quint32> numbers_; ///< of the texts, from 0
+    std::vector<char> entry_;                ///< the text that is being looked for
+    qint64 bytes_ = 0;                       ///< of all texts
+    quint32 uses_ = 0;                       ///< calls of Add
 };
 
 } // namespace tsms
