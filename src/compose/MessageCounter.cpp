@@ -55,6 +55,7 @@ MessageCounter::MessageCounter(TextField& field, FieldLimit limit, const QString
     field_.OnKeyUp = [this](int key, int shift) { KeyUp(key, shift); };
     field_.Widget().installEventFilter(this);
     ShowNone();
+    ShowState();
 }
 
 void MessageCounter::KeyUp(int, int)
@@ -63,28 +64,26 @@ void MessageCounter::KeyUp(int, int)
     const int bytes = ByteCount(text);
     number_->Tag = QString::number(bytes);
     number_->SetCaption(number_->Tag + QStringLiteral(" /"));
-    warns_ = bytes > MessageLimit || limit_.measure.length(text) >= limit_.most;
-    ShowState();
+    SetState(bytes > MessageLimit || limit_.measure.length(text) >= limit_.most, refused_);
 }
 
 void MessageCounter::ShowNone()
 {
     number_->SetCaption(QStringLiteral("0 /"));
-    warns_ = refused_ = false;
-    ShowState();
+    SetState(false, false);
 }
 
 bool MessageCounter::eventFilter(QObject*, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::KeyPress:
-        SetRefused(!HasRoomFor(TextOf(static_cast<QKeyEvent&>(*event))));
+        SetState(warns_, !HasRoomFor(TextOf(static_cast<QKeyEvent&>(*event))));
         break;
     case QEvent::InputMethod:
-        SetRefused(!HasRoomFor(static_cast<QInputMethodEvent*>(event)->commitString()));
+        SetState(warns_, !HasRoomFor(static_cast<QInputMethodEvent*>(event)->commitString()));
         break;
     case QEvent::FocusOut:
-        SetRefused(false);
+        SetState(warns_, false);
         break;
     default:
         break;
@@ -101,10 +100,11 @@ bool MessageCounter::HasRoomFor(const QString& put) const
     return length(field_.Text()) - length(field_.SelText()) + length(text) <= limit_.most;
 }
 
-void MessageCounter::SetRefused(bool refused)
+void MessageCounter::SetState(bool warns, bool refused)
 {
-    if (refused == refused_)
-        return;
+    if (warns == warns_ && refused == refused_)
+        return; // most keys: to set the colours anew costs more than all else that a key does here
+    warns_ = warns;
     refused_ = refused;
     ShowState();
 }

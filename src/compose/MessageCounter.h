@@ -42,7 +42,7 @@ public:
 
 private:
     bool HasRoomFor(const QString& put) const;
-    void SetRefused(bool refused);
+    void SetState(bool warns, bool refused);
     void ShowState();
 
     TextField& field_;
