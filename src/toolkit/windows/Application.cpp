@@ -1,5 +1,6 @@
 #include "toolkit/windows/Application.h"
 
+#include "runtime/VectorRegisters.h"
 #include "session/Session.h"
 #include "toolkit/look/Pictures.h"
 #include "toolkit/windows/Guarded.h"
@@ -77,7 +78,9 @@ bool Application::notify(QObject* receiver, QEvent* event)
     if (!handedOn && composition_.Withholds(*event))
         return true;
     const QScopedValueRollback within(composing_, composing_ || composing);
-    return Deliver(receiver, event);
+    const bool isTaken = Deliver(receiver, event);
+    ReleaseVectorRegisters(); // which painting leaves in use
+    return isTaken;
 }
 
 /// A key that the input method has no use for comes back to the program. By some methods it waits in a queue,

@@ -25,6 +25,10 @@
 #include <functional>
 #include <new>
 
+#ifdef __x86_64__
+#include <cpuid.h>
+#endif
+
 using namespace tsms;
 using namespace tsms::test;
 
@@ -235,6 +239,47 @@ TEST(Application, EnterThatIsPressedTwicePressesAButtonTwice)
     }
     EXPECT_EQ(hand.clicks, 2);
 }
+
+#ifdef __x86_64__
+/// Of the vector registers. The processor tells it: XINUSE, "Intel 64 and IA-32 Architectures", volume
+/// 1, 13.6.
+bool AreUpperHalvesInUse()
+{
+    constexpr unsigned avxState = 1U << 2U;
+    unsigned low = 0;
+    unsigned high = 0;
+    asm volatile("xgetbv" : "=a"(low), "=d"(high) : "c"(1));
+    return (low & avxState) != 0;
+}
+
+bool TellsWhatIsInUse()
+{
+    unsigned a = 0;
+    unsigned b = 0;
+    unsigned c = 0;
+    unsigned d = 0;
+    constexpr unsigned xgetbvOfOne = 1U << 2U;
+    return __builtin_cpu_supports("avx") && __get_cpuid_count(0xD, 1, &a, &b, &c, &d) != 0 &&
+           (a & xgetbvOfOne) != 0;
+}
+
+TEST(Application, NoEventLeavesTheUpperHalvesOfVectorRegistersInUse)
+{
+    if (!TellsWhatIsInUse())
+        GTEST_SKIP() << "the processor does not tell what is in use";
+    bool used = false;
+    Thrower filler;
+    filler.raise = [&] {
+        asm volatile("vpcmpeqd %%xmm15, %%xmm15, %%xmm15\n\tvinsertf128 $1, %%xmm15, %%ymm15, %%ymm15" ::
+                         : "xmm15");
+        used = AreUpperHalvesInUse();
+    };
+    QEvent event(QEvent::User);
+    QCoreApplication::sendEvent(&filler, &event);
+    EXPECT_TRUE(used);
+    EXPECT_FALSE(AreUpperHalvesInUse());
+}
+#endif
 
 TEST(Application, AWindowBearsTheIconOfTheProgram)
 {
