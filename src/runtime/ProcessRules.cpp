@@ -1,5 +1,7 @@
 #include "runtime/ProcessRules.h"
 
+#include <QByteArray>
+
 #include <cstdlib>
 
 #ifdef Q_OS_LINUX
