@@ -2,23 +2,38 @@
 
 #include <QFileDevice>
 
+#include <cerrno>
+
 #ifdef Q_OS_WIN
 #include <qt_windows.h>
-#else
-#include <cerrno>
+
+#include <algorithm>
+#include <iterator>
 #endif
 
 namespace tsms {
 
 #ifdef Q_OS_WIN
 
+namespace {
+
+constexpr DWORD DiskQuotaExceeded = 1295; // as in winerror.h, which mingw-w64 has without it
+constexpr DWORD ErrorsOfRoom[] = {ERROR_DISK_FULL, ERROR_HANDLE_DISK_FULL, DiskQuotaExceeded};
+
+} // namespace
+
+bool IsForWantOfRoom(unsigned long error)
+{
+    return std::find(std::begin(ErrorsOfRoom), std::end(ErrorsOfRoom), error) != std::end(ErrorsOfRoom);
+}
+
 bool IsForWantOfRoom(const QFileDevice& file)
 {
-    constexpr DWORD diskQuotaExceeded = 1295; // as in winerror.h, which mingw-w64 has without it
-    // There errno tells nothing, and the number of the error is gone: the file keeps its words alone.
-    const QString words = file.errorString();
-    return words == qt_error_string(ERROR_DISK_FULL) || words == qt_error_string(ERROR_HANDLE_DISK_FULL) ||
-           words == qt_error_string(diskQuotaExceeded);
+    // There the toolkit's operations leave errno alone, and the number of their error is gone: the file keeps
+    // its words.
+    return errno == ENOSPC || std::any_of(std::begin(ErrorsOfRoom), std::end(ErrorsOfRoom), [&](DWORD error) {
+               return file.errorString() == qt_error_string(static_cast<int>(error));
+           });
 }
 
 #else

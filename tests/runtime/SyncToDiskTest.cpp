@@ -6,7 +6,14 @@
 
 #include <gtest/gtest.h>
 
+#ifdef Q_OS_WIN
+#include "runtime/DiskFull.h"
+
+#include <cerrno>
+#include <qt_windows.h>
+#else
 #include <unistd.h>
+#endif
 
 using namespace tsms;
 using namespace tsms::test;
@@ -20,6 +27,37 @@ TEST(SyncToDisk, IsTrueForAFileThatWasWritten)
     file.write("x");
     EXPECT_TRUE(SyncToDisk(file));
 }
+
+#ifdef Q_OS_WIN
+
+TEST(SyncToDisk, IsFalseForAFileThatMayOnlyBeRead)
+{
+    QTemporaryFile written;
+    ASSERT_TRUE(written.open());
+    QFile file(written.fileName());
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_FALSE(SyncToDisk(file));
+    EXPECT_EQ(errno, EIO);
+    EXPECT_FALSE(IsForWantOfRoom(file));
+}
+
+TEST(SyncToDisk, AFullDiskIsToldByErrnoTooWhereTheFileHasNoWordsOfIt)
+{
+    const QFile file;
+    errno = ENOSPC;
+    EXPECT_TRUE(IsForWantOfRoom(file));
+    errno = 0;
+    EXPECT_FALSE(IsForWantOfRoom(file));
+}
+
+TEST(SyncToDisk, ErrorsOfRoomAreToldFromOthers)
+{
+    EXPECT_TRUE(IsForWantOfRoom(ERROR_DISK_FULL));
+    EXPECT_TRUE(IsForWantOfRoom(ERROR_HANDLE_DISK_FULL));
+    EXPECT_FALSE(IsForWantOfRoom(ERROR_ACCESS_DENIED));
+}
+
+#else
 
 TEST(SyncToDisk, IsTrueWhereTheSystemCannotSay)
 {
@@ -47,5 +85,7 @@ TEST(SyncToDisk, IsFalseWhenTheFileIsGone)
     close(handle);
     EXPECT_FALSE(SyncToDisk(file));
 }
+
+#endif
 
 } // namespace
