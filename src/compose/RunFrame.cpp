@@ -2,6 +2,7 @@
 
 #include "compose/RunDisplay.h"
 #include "gateway/ModSMS.h"
+#include "runtime/StayAwake.h"
 #include "store/WithDatabase.h"
 
 namespace tsms {
@@ -9,6 +10,7 @@ namespace tsms {
 void InRunFrame(DBConnect& db, ModSMS& sms, RunDisplay& display, std::int32_t total,
                 const std::function<void()>& walk)
 {
+    const StayAwake awake; // a call that sleep cuts off takes all rows behind it along
     WithHandler(
         [&] {
             display.SetRunBusy(true);

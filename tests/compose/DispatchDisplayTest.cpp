@@ -1,7 +1,12 @@
 #include "compose/DispatchRun.h"
 #include "compose/Draft.h"
+#include "compose/RunFrame.h"
 #include "compose/RunTest.h"
 #include "support/ListOfRows.h"
+
+#ifdef Q_OS_WIN
+#include <qt_windows.h>
+#endif
 
 using namespace tsms;
 using namespace tsms::test;
@@ -42,6 +47,21 @@ TEST_F(DispatchDisplay, WhenNothingWentOutNothingIsDebited)
     ShownFor({{.phone = u"02-000-0001"_q}});
     EXPECT_EQ(connections.Statements(), QStringList());
 }
+
+#ifdef Q_OS_WIN
+TEST_F(DispatchDisplay, TheMachineStaysAwakeAsLongAsTheRunGoesOn)
+{
+    const auto isAwake = [] {
+        return (::SetThreadExecutionState(ES_SYSTEM_REQUIRED) & ES_SYSTEM_REQUIRED) != 0;
+    };
+    ::SetThreadExecutionState(ES_CONTINUOUS);
+    bool wasAwake = false;
+    RecordedDisplay display;
+    InRunFrame(db, sms, display, 1, [&] { wasAwake = isAwake(); });
+    EXPECT_TRUE(wasAwake);
+    EXPECT_FALSE(isAwake());
+}
+#endif
 
 TEST_F(DispatchDisplay, CountsAnewInEachRun)
 {
