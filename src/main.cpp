@@ -18,6 +18,7 @@ int main(int argc, char** argv)
     KeepMemoryPrivate(); // the launch line holds a password
     FillStandardStreams();
     TakeWriteFaultsAsErrors();
+    KeepWaitingWindows();
     TakeWordsAsUtf8();
 
     // The launch line is all there is on the command line: the toolkit gets to see none of it.

@@ -60,6 +60,13 @@ void TakeWriteFaultsAsErrors()
 #endif
 }
 
+void KeepWaitingWindows()
+{
+#ifdef Q_OS_WIN
+    ::DisableProcessWindowsGhosting();
+#endif
+}
+
 void TakeWordsAsUtf8()
 {
 #ifdef Q_OS_UNIX

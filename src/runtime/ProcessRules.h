@@ -15,6 +15,10 @@ void FillStandardStreams();
 /// do not end the process. Programs that it starts are not concerned.
 void TakeWriteFaultsAsErrors();
 
+/// Leaves on view a window of the program that waits for a server: after some seconds Windows would lay one
+/// of its own over it, whose closing ends the program in the middle of its work. Nothing elsewhere.
+void KeepWaitingWindows();
+
 /// Has Qt read and write words in UTF-8, as it does anyway, without a warning at each start where the locale
 /// says otherwise, and has a console of Windows show them. Call it before Qt's application is made.
 void TakeWordsAsUtf8();
