@@ -149,8 +149,13 @@ TEST_F(ServerConnectionTest, TicksEverythingForSomebodyWithTheGrantsAlone)
 
 TEST_F(ServerConnectionTest, WithoutADriverNamesThePackage)
 {
+#ifdef Q_OS_WIN
+    const QString package = u" msodbcsql.msi"_q;
+#else
+    const QString package = u"    apt-get install libodbc2 tdsodbc\r\n"_q;
+#endif
     Run([] { return std::make_unique<Unopened>(NoDriver, WantedOdbcDrivers()); });
-    ExpectFault(u"x......o"_q, u"    apt-get install libodbc2 tdsodbc\r\n"_q);
+    ExpectFault(u"x......o"_q, package);
     EXPECT_TRUE(Words(*test_).startsWith(WantedOdbcDrivers()));
 }
 

@@ -47,12 +47,20 @@ QString ServerSays(const QString& words)
     return QStringLiteral("\r\n\r\n서버의 말: ") + words;
 }
 
+#ifdef Q_OS_WIN
+QString DriverWords(const QString& words)
+{
+    return words + QStringLiteral("\r\n\r\n마이크로소프트가 나누어 주는 64비트용 설치 파일 msodbcsql.msi를 "
+                                  "관리자 권한으로 실행하십시오.");
+}
+#else
 QString DriverWords(const QString& words)
 {
     return words + QStringLiteral("\r\n\r\n관리자 권한으로 다음 명령을 실행하여 설치하십시오.\r\n"
                                   "    apt-get install libodbc2 tdsodbc\r\n"
                                   "마이크로소프트의 msodbcsql18이 설치되어 있으면 그것을 씁니다.");
 }
+#endif
 
 QString NoAnswerWords(const SavedConnection& connection, const QString& words)
 {

@@ -14,6 +14,12 @@ namespace tsms {
 
 namespace {
 
+#ifdef Q_OS_WIN
+constexpr bool IsWindows = true;
+#else
+constexpr bool IsWindows = false;
+#endif
+
 struct KnownDriver
 {
     QStringView name;
@@ -141,11 +147,9 @@ QStringList FreeTdsPlaces(const QString& architecture)
 QList<OdbcDriver> InstalledOdbcDrivers()
 {
     QStringList files;
-#ifndef Q_OS_WIN
     for (const QString& place : FreeTdsPlaces(QSysInfo::buildCpuArchitecture()))
-        if (QFileInfo::exists(place))
+        if (!IsWindows && QFileInfo::exists(place))
             files += place;
-#endif
     return SuitableOdbcDrivers(RegisteredDrivers(), files);
 }
 
@@ -159,10 +163,15 @@ QString WantedOdbcDrivers()
 {
     QStringList names;
     for (const KnownDriver& known : KnownDrivers)
-        names += known.name.toString();
-    return QStringLiteral("SQL Server에 연결할 ODBC 드라이버가 없습니다. 다음 가운데 하나를 설치하여 "
-                          "주십시오: ") +
-           names.join(QStringLiteral(", "));
+        if (!IsWindows)
+            names += known.name.toString();
+        else if (known.kind == OdbcDriver::Kind::Microsoft) // the other can hardly be had there
+            names += QStringLiteral("Microsoft ") + known.name.toString();
+    const QString words = QStringLiteral(
+        "SQL Server에 연결할 ODBC 드라이버가 없습니다. 다음 가운데 하나를 설치하여 주십시오: ");
+    const QString old =
+        QStringLiteral(" (Windows에 들어 있는 예전 드라이버 \"SQL Server\"로는 연결하지 않습니다.)");
+    return words + names.join(QStringLiteral(", ")) + (IsWindows ? old : QString());
 }
 
 } // namespace tsms

@@ -35,7 +35,7 @@ QList<OdbcDriver> InstalledOdbcDrivers();
 /// for a value that the driver cannot be told.
 QString OdbcConnectionText(const OdbcDriver& driver, const ConnectionParts& parts);
 
-/// Says which drivers would do.
+/// Says which drivers would do, of those that can be had on this system.
 QString WantedOdbcDrivers();
 
 } // namespace tsms

@@ -34,13 +34,14 @@ OdbcLibrary Load()
     OdbcLibrary loaded;
 #ifdef Q_OS_WIN
     QLibrary library(QStringLiteral("odbc32"));
+    const QString missing = QStringLiteral("Windows의 ODBC 관리자(odbc32.dll)를 불러오지 못하였습니다.");
 #else
     QLibrary library(QStringLiteral("odbc"), 2); // of its binary interface
+    const QString missing =
+        QStringLiteral("SQL Server에 연결하는 데 필요한 ODBC 관리자(unixODBC)가 설치되어 있지 않습니다.");
 #endif
     if (!library.load() || !ResolveAll(library, loaded))
-        throw RuntimeError(
-            NoDriver, QStringLiteral(
-                          "SQL Server에 연결하는 데 필요한 ODBC 관리자(unixODBC)가 설치되어 있지 않습니다."));
+        throw RuntimeError(NoDriver, missing);
     return loaded;
 }
 

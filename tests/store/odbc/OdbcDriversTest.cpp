@@ -66,6 +66,11 @@ TEST(OdbcDrivers, DriversOfOtherDatabasesWillNotDo)
     EXPECT_EQ(SuitableOdbcDrivers({u"PostgreSQL"_q, u"MySQL"_q}, {}), QList<OdbcDriver>());
 }
 
+TEST(OdbcDrivers, TheOldOneOfWindowsWillNotDo)
+{
+    EXPECT_EQ(SuitableOdbcDrivers({u"SQL Server"_q}, {}), QList<OdbcDriver>());
+}
+
 TEST(OdbcDrivers, FreeTdsLiesInTheFolderOfTheArchitecture)
 {
     struct Case
@@ -182,9 +187,15 @@ TEST(OdbcDrivers, AValueThatWouldEndItsBracesIsRefusedForFreeTds)
 
 TEST(OdbcDrivers, TheMessageNamesEveryDriverThatWouldDo)
 {
+#ifdef Q_OS_WIN
+    EXPECT_EQ(
+        WantedOdbcDrivers(),
+        u"SQL Server에 연결할 ODBC 드라이버가 없습니다. 다음 가운데 하나를 설치하여 주십시오: Microsoft ODBC Driver 18 for SQL Server, Microsoft ODBC Driver 17 for SQL Server (Windows에 들어 있는 예전 드라이버 \"SQL Server\"로는 연결하지 않습니다.)"_q);
+#else
     EXPECT_EQ(
         WantedOdbcDrivers(),
         u"SQL Server에 연결할 ODBC 드라이버가 없습니다. 다음 가운데 하나를 설치하여 주십시오: ODBC Driver 18 for SQL Server, ODBC Driver 17 for SQL Server, FreeTDS"_q);
+#endif
 }
 
 } // namespace tsms::test
