@@ -453,7 +453,8 @@ QColor PhoneScreen(bool on, bool touched)
 QFont Font()
 {
     QFont font;
-    font.setFamilies({QStringLiteral("굴림"), QStringLiteral("Gulim"), QStringLiteral("NanumGothic"),
+    font.setFamilies({QStringLiteral("굴림"), QStringLiteral("Gulim"), QStringLiteral("맑은 고딕"),
+                      QStringLiteral("Malgun Gothic"), QStringLiteral("NanumGothic"),
                       QStringLiteral("Noto Sans CJK KR")});
     font.setPointSize(9);
     return font;

@@ -74,7 +74,8 @@ TEST(Theme, AFaceUnderTheMouseAndPressedLooksDifferent)
 TEST(Theme, TheFontsAreTriedInOrder)
 {
     EXPECT_EQ(theme::Font().families(),
-              (QStringList{u"굴림"_q, u"Gulim"_q, u"NanumGothic"_q, u"Noto Sans CJK KR"_q}));
+              (QStringList{u"굴림"_q, u"Gulim"_q, u"맑은 고딕"_q, u"Malgun Gothic"_q, u"NanumGothic"_q,
+                           u"Noto Sans CJK KR"_q}));
     EXPECT_EQ(theme::Font().pointSize(), 9);
 }
 
