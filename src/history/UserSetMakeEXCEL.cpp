@@ -30,6 +30,16 @@ bool CanWrite(Desktop& desktop, const QString& file, const QString& title, const
     return true;
 }
 
+/// Behind the name of a file that could not be written: what a person can do something about.
+QString ReasonOfFailure()
+{
+    if (Err().Number == DiskFull)
+        return QStringLiteral(" (디스크가 꽉 찼습니다.)");
+    if (Err().Number == PathFileAccess)
+        return QStringLiteral(" (다른 프로그램이 이 파일을 열고 있거나, 쓸 수 없는 폴더입니다.)");
+    return {};
+}
+
 /// True when the file is there. A former one goes when the new one is whole, and not before.
 bool ExportToExcel(const fpSpread& grid, const QString& file)
 {
@@ -56,7 +66,7 @@ QString MakeExcel(Services& services, const fpSpread& grid, const QString& title
     if (!CanWrite(services.desktop, file, title, today))
         return {};
     if (!ExportToExcel(grid, file))
-        return QStringLiteral("저장하지 못했습니다 : ") + QDir::toNativeSeparators(file);
+        return QStringLiteral("저장하지 못했습니다 : ") + QDir::toNativeSeparators(file) + ReasonOfFailure();
     services.desktop.OpenDocument(file);
     SetScreenBusy(services, false);
     return QStringLiteral("저장하였습니다 : ") + QDir::toNativeSeparators(file);
