@@ -278,12 +278,14 @@ void Form::mouseMoveEvent(QMouseEvent* event)
     moving_ = true;
 }
 
-/// Wayland leaves it to the desk where a window stands. Elsewhere the form moves itself: a window manager
-/// that is asked waits for the release of the left button, and keeps the window at the pointer when that
-/// release was over before it heard of the move.
+/// Wayland leaves it to the desk where a window stands, and Windows brings one to a screen of another scale
+/// without a jump. Elsewhere the form moves itself: a window manager that is asked waits for the release of
+/// the left button, and keeps the window at the pointer when that release was over before it heard of the
+/// move.
 bool Form::HandOverMove()
 {
-    return held_ == Qt::LeftButton && QGuiApplication::platformName().startsWith(u"wayland") &&
+    const QString platform = QGuiApplication::platformName();
+    return held_ == Qt::LeftButton && (platform.startsWith(u"wayland") || platform == u"windows") &&
            windowHandle() && windowHandle()->startSystemMove();
 }
 
