@@ -224,7 +224,13 @@ void CompoundFile::Commit()
 
 void CompoundFile::WriteAt(qint64 place, const char* bytes, qsizetype size)
 {
-    if (!file_.seek(place) || file_.write(bytes, size) != size)
+    bool isDone = file_.seek(place);
+    for (qint64 at = 0; isDone && at < size;) { // a full disk that took a part says so at the rest
+        const qint64 written = file_.write(bytes + at, size - at);
+        isDone = written > 0;
+        at += written;
+    }
+    if (!isDone)
         throw RuntimeError(NumberOfDeviceFailure(file_));
 }
 
