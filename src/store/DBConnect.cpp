@@ -55,6 +55,7 @@ bool DBConnect::ConnectDB()
             OpenConnection().ConnectionTimeout = ConnectSeconds;
             DoEvents();
             OpenConnection().CommandTimeout = CommandSeconds;
+            OpenConnection().WhileReading = DoEvents;
             DoEvents();
             OpenConnection().Open();
             DoEvents();
@@ -85,9 +86,7 @@ void DBConnect::CloseDB2()
 void DBConnect::Release(Objects& objects)
 {
     objects.records.reset();
-    if (objects.connection && objects.connection->IsOpen())
-        objects.connection->Close();
-    objects.connection.reset();
+    objects.connection.reset(); // which closes it, unless a query is being read over it
 }
 
 bool DBConnect::OpenRecordset(const Statement& statement)
@@ -96,9 +95,11 @@ bool DBConnect::OpenRecordset(const Statement& statement)
         [this, &statement] {
             objects_.records.reset();
             DoEvents();
-            Connection& connection = OpenConnection();
+            OpenConnection();
             RefuseFaults(statement);
-            objects_.records = connection.Query(statement);
+            // Windows live on while a long result is read, and one that closes lets the connection go.
+            const std::shared_ptr<Connection> kept = objects_.connection;
+            objects_.records = kept->Query(statement);
             DoEvents();
             return true;
         },

@@ -51,7 +51,7 @@ private:
     struct Objects
     {
         std::shared_ptr<Recordset> records;
-        std::unique_ptr<Connection> connection;
+        std::shared_ptr<Connection> connection;
     };
 
     static void Release(Objects& objects);

@@ -24,6 +24,7 @@ public:
         engine_->ConnectionString = ConnectionString;
         engine_->ConnectionTimeout = ConnectionTimeout;
         engine_->CommandTimeout = CommandTimeout;
+        engine_->WhileReading = WhileReading;
         engine_->Open();
     }
 

@@ -145,6 +145,66 @@ TEST_F(DBConnectTest, SharedRecordsSurviveTheConnectionAndTheNextQuery)
     EXPECT_EQ(kept->Text(0, 0), u"12"_q);
 }
 
+namespace {
+
+/// Works on a result that takes a while to be read: each group beside each other one.
+class ALongRead : public DBConnectTest
+{
+protected:
+    ALongRead()
+    {
+        QStringList rows;
+        for (int group = 1; group <= Groups; ++group)
+            rows += u"'%1'"_q.arg(group);
+        database.Insert(u"SMSGroupMst (GroupNm)"_q, rows);
+        db.ConnectDB();
+    }
+
+    /// The queued call `during` is what waits when the read begins.
+    bool Read(const std::function<void()>& during)
+    {
+        connections.BeforeStatement([during](const QString&) {
+            QMetaObject::invokeMethod(qApp, during, Qt::QueuedConnection);
+            QThread::msleep(20); // events are due again after the pace of a screen
+        });
+        return db.OpenRecordset(u"SELECT a.GroupNm FROM SMSGroupMst a, SMSGroupMst b");
+    }
+
+    bool IsRead()
+    {
+        try {
+            db.Records();
+            return true;
+        } catch (const RuntimeError&) {
+            return false;
+        }
+    }
+
+    static constexpr int Groups = 400;
+};
+
+} // namespace
+
+TEST_F(ALongRead, LetsTheWindowsLiveOn)
+{
+    bool wasRead = true;
+    EXPECT_TRUE(Read([&] { wasRead = IsRead(); }));
+    EXPECT_FALSE(wasRead);
+    EXPECT_TRUE(IsRead());
+}
+
+TEST_F(ALongRead, IsReadToItsEndOverAConnectionThatIsLetGoMeanwhile)
+{
+    int openMeanwhile = 0;
+    EXPECT_TRUE(Read([&] {
+        db.CloseDB();
+        openMeanwhile = connections.OpenNow();
+    }));
+    EXPECT_EQ(openMeanwhile, 1);
+    EXPECT_EQ(db.Records().RecordCount(), Groups * Groups);
+    EXPECT_EQ(connections.OpenNow(), 0);
+}
+
 TEST_F(DBConnectTest, ThereAreNoRecordsAfterClosing)
 {
     db.ConnectDB();

@@ -50,6 +50,30 @@ QString WithLiteralsInServersCharacters(const QString& sql)
     return pieces.join(u'\'');
 }
 
+/// For as long as it lives, the engine calls a function between its steps, some hundred times a second.
+class Interludes
+{
+public:
+    Interludes(sqlite3* handle, const std::function<void()>& call) : handle_(handle)
+    {
+        constexpr int steps = 20'000;
+        if (call)
+            sqlite3_progress_handler(handle_, steps, &Call, const_cast<std::function<void()>*>(&call));
+    }
+    ~Interludes() { sqlite3_progress_handler(handle_, 0, nullptr, nullptr); }
+    Interludes(const Interludes&) = delete;
+    Interludes& operator=(const Interludes&) = delete;
+
+private:
+    static int Call(void* call)
+    {
+        (*static_cast<const std::function<void()>*>(call))();
+        return 0; // go on
+    }
+
+    sqlite3* handle_;
+};
+
 } // namespace
 
 /// One statement that runs, with its values bound.
@@ -215,6 +239,7 @@ sqlite3_stmt* EmbeddedConnection::Prepare(const QString& words) const
 std::unique_ptr<Recordset> EmbeddedConnection::Query(const Statement& statement)
 {
     Running running(*this, statement);
+    const Interludes interludes(handle_, WhileReading);
     bool hasRow = running.Step(); // which also brings the fields of a table that has changed since
     auto records = std::make_unique<Recordset>(running.FieldNames());
     for (; hasRow; hasRow = running.Step())

@@ -24,6 +24,10 @@ public:
     int ConnectionTimeout = 15; ///< seconds that Open may take
     int CommandTimeout = 30;    ///< seconds that a statement may take
 
+    /// Called every so often while Query reads a long result. It does not end the connection: who lets it go
+    /// in there keeps it until Query has returned.
+    std::function<void()> WhileReading;
+
     virtual bool IsOpen() const = 0;
     virtual void Open() = 0;
     virtual void Close() = 0; ///< raises nothing

@@ -41,14 +41,15 @@ public:
     }
 
     /// The rows of the first result that has columns, or null where `take` has none.
-    std::unique_ptr<Recordset> FirstRows(decltype(&TakeOdbcRows) take)
+    std::unique_ptr<Recordset> FirstRows(decltype(&TakeOdbcRows) take,
+                                         const std::function<void()>& whileReading)
     {
         std::vector<OdbcColumn> columns = Columns();
         while (columns.empty() && NextResult())
             columns = Columns();
         if (columns.empty())
             return std::make_unique<Recordset>();
-        std::unique_ptr<Recordset> records = take(statement_, columns);
+        std::unique_ptr<Recordset> records = take(statement_, columns, whileReading);
         if (records)
             DropTheRest();
         return records;
@@ -168,8 +169,8 @@ template <class Act> auto OdbcConnection::InTime(const Act& act)
 std::unique_ptr<Recordset> OdbcConnection::Query(const Statement& statement)
 {
     return InTime([this, sql = statement.Text()] {
-        std::unique_ptr<Recordset> records = Running(*this, sql).FirstRows(TakeOdbcRows);
-        return records ? std::move(records) : Running(*this, sql).FirstRows(TakeLongOdbcRows);
+        std::unique_ptr<Recordset> records = Running(*this, sql).FirstRows(TakeOdbcRows, WhileReading);
+        return records ? std::move(records) : Running(*this, sql).FirstRows(TakeLongOdbcRows, WhileReading);
     });
 }
 

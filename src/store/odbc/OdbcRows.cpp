@@ -55,7 +55,8 @@ std::size_t RoomOf(const OdbcColumn& column)
 class Filler
 {
 public:
-    explicit Filler(const std::vector<OdbcColumn>& columns)
+    Filler(const std::vector<OdbcColumn>& columns, const std::function<void()>& whileReading)
+        : whileReading_(whileReading)
     {
         QStringList names;
         for (const OdbcColumn& column : columns)
@@ -64,6 +65,13 @@ public:
     }
 
     std::unique_ptr<Recordset> Take() { return std::move(records_); }
+
+    /// Between what is fetched and what is fetched next.
+    void Pause() const
+    {
+        if (whileReading_)
+            whileReading_();
+    }
 
     void AddNull() { records_->AddNull(); }
 
@@ -96,6 +104,7 @@ public:
 private:
     void AddBytes(const QByteArray& text) { records_->AddText(text.constData(), text.size()); }
 
+    const std::function<void()>& whileReading_;
     std::unique_ptr<Recordset> records_;
     QStringEncoder utf8_{QStringConverter::Utf8, QStringConverter::Flag::Stateless};
     std::vector<char> bytes_;
@@ -134,10 +143,12 @@ public:
     /// False when a value without a limit has no room.
     bool TakeAll(Filler& filler)
     {
-        while (Next())
+        while (Next()) {
             for (std::size_t row = 0; row < fetched_; ++row)
                 if (!TakeRow(row, filler))
                     return false;
+            filler.Pause();
+        }
         return true;
     }
 
@@ -229,9 +240,11 @@ public:
 
     void TakeAll(Filler& filler)
     {
-        while (statement_.Pass(OdbcLibrary::Get().Fetch(statement_.Get())))
+        while (statement_.Pass(OdbcLibrary::Get().Fetch(statement_.Get()))) {
             for (std::size_t column = 0; column < columns_.size(); ++column)
                 TakeValue(static_cast<SQLUSMALLINT>(column + 1), columns_[column].form, filler);
+            filler.Pause();
+        }
     }
 
 private:
@@ -281,16 +294,18 @@ private:
 
 } // namespace
 
-std::unique_ptr<Recordset> TakeOdbcRows(const OdbcHandle& statement, const std::vector<OdbcColumn>& columns)
+std::unique_ptr<Recordset> TakeOdbcRows(const OdbcHandle& statement, const std::vector<OdbcColumn>& columns,
+                                        const std::function<void()>& whileReading)
 {
-    Filler filler(columns);
+    Filler filler(columns, whileReading);
     return BlockFetch(statement, columns).TakeAll(filler) ? filler.Take() : nullptr;
 }
 
 std::unique_ptr<Recordset> TakeLongOdbcRows(const OdbcHandle& statement,
-                                            const std::vector<OdbcColumn>& columns)
+                                            const std::vector<OdbcColumn>& columns,
+                                            const std::function<void()>& whileReading)
 {
-    Filler filler(columns);
+    Filler filler(columns, whileReading);
     PieceFetch(statement, columns).TakeAll(filler);
     return filler.Take();
 }

@@ -27,6 +27,7 @@ public:
         inner_->ConnectionString = ConnectionString;
         inner_->ConnectionTimeout = ConnectionTimeout;
         inner_->CommandTimeout = CommandTimeout;
+        inner_->WhileReading = WhileReading;
         inner_->Open();
         generation_ = owner_.generation_;
         ++owner_.connected_;
