@@ -13,6 +13,8 @@
 #include "store/DBConnect.h"
 #include "store/engine/Statement.h"
 
+#include <QStringBuilder>
+
 namespace tsms {
 
 DispatchRun::DispatchRun(Session& session, DBConnect& db, ModSMS& sms, const Draft& draft,
@@ -73,8 +75,7 @@ void DispatchRun::DebitBalance()
 
 QString DispatchStatus(std::int32_t total, const QString& done)
 {
-    return QStringLiteral("총 발송건수 : ") + QString::number(total) +
-           QStringLiteral("건 / 현 발송 건수 : ") + done + QStringLiteral("건");
+    return u"총 발송건수 : " % QString::number(total) % u"건 / 현 발송 건수 : " % done % u"건";
 }
 
 } // namespace tsms

@@ -18,21 +18,6 @@ const CurlLibrary& Curl()
     return CurlLibrary::Get();
 }
 
-class HeaderList
-{
-public:
-    HeaderList() = default;
-    ~HeaderList() { Curl().FreeAll(first_); }
-    HeaderList(const HeaderList&) = delete;
-    HeaderList& operator=(const HeaderList&) = delete;
-
-    void Add(const char* line) { first_ = Curl().Append(first_, line); }
-    curl_slist* Get() const { return first_; }
-
-private:
-    curl_slist* first_ = nullptr;
-};
-
 struct Incoming
 {
     HttpReply reply;
@@ -98,6 +83,30 @@ SoapFault FaultOf(CURLcode code, const char* words, bool tooLong)
 
 } // namespace
 
+/// The head lines of calls, as the library takes them.
+class HttpLink::HeaderList
+{
+public:
+    explicit HeaderList(const QList<QByteArray>& lines) : lines_(lines)
+    {
+        for (const QByteArray& line : lines)
+            Add(line.constData());
+        Add("Expect:"); // empty: no asking first, which costs a round trip for each message
+    }
+    ~HeaderList() { Curl().FreeAll(first_); }
+    HeaderList(const HeaderList&) = delete;
+    HeaderList& operator=(const HeaderList&) = delete;
+
+    bool IsOf(const QList<QByteArray>& lines) const { return lines_ == lines; }
+    curl_slist* Get() const { return first_; }
+
+private:
+    void Add(const char* line) { first_ = Curl().Append(first_, line); }
+
+    QList<QByteArray> lines_;
+    curl_slist* first_ = nullptr;
+};
+
 /// Its kept connection goes with it.
 struct HttpLink::Handle
 {
@@ -162,12 +171,9 @@ HttpReply HttpLink::Post(const QString& url, const QList<QByteArray>& headers, c
     handle_->Set(CURLOPT_POSTFIELDS, body.constData()); // head and body leave in one piece
     handle_->Set(CURLOPT_PREREQFUNCTION, &RefuseSecondTime);
     handle_->Set(CURLOPT_PREREQDATA, &isOut);
-
-    HeaderList list;
-    for (const QByteArray& header : headers)
-        list.Add(header.constData());
-    list.Add("Expect:"); // empty: no asking first, which costs a round trip for each message
-    handle_->Set(CURLOPT_HTTPHEADER, list.Get());
+    if (!headers_ || !headers_->IsOf(headers))
+        headers_ = std::make_unique<HeaderList>(headers);
+    handle_->Set(CURLOPT_HTTPHEADER, headers_->Get());
     HttpReply reply = Perform(url);
     if (!std::exchange(isTried_, true))
         listening_.setRemainingTime(ListeningMilliseconds, Qt::PreciseTimer);

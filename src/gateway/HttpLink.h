@@ -47,10 +47,12 @@ public:
 
 private:
     struct Handle;
+    class HeaderList;
     void PrepareConnection();
     HttpReply Perform(const QString& url);
 
     QByteArray authorities_;
+    std::unique_ptr<HeaderList> headers_; ///< of the last Post, which calls of a run share
     std::unique_ptr<Handle> handle_;
     QDeadlineTimer listening_;    ///< until then the kept connection is on trial
     bool isTried_ = false;        ///< a Post has been answered over the kept connection

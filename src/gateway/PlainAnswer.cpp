@@ -2,6 +2,7 @@
 
 #include "gateway/XmlReading.h"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -9,26 +10,18 @@ namespace tsms {
 
 namespace {
 
-bool IsPadding(char c)
-{
-    return c == ' ' || c == '\t' || c == '\n';
-}
+constexpr auto IsPadding = [](char c) { return c == ' ' || c == '\t' || c == '\n'; };
 
 /// True for what stands for itself, in a text and in the value of an attribute.
-bool IsLiteralCharacter(char c)
-{
-    return c != '<' && c != '&' && c != '\r' && c != '\0';
-}
+constexpr auto IsLiteralCharacter = [](char c) { return c != '<' && c != '&' && c != '\r' && c != '\0'; };
 
-bool IsNameBeginning(char c)
-{
+constexpr auto IsNameBeginning = [](char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
-}
+};
 
-bool IsNameCharacter(char c)
-{
+constexpr auto IsNameCharacter = [](char c) {
     return IsNameBeginning(c) || (c >= '0' && c <= '9') || c == '-' || c == '.' || c == ':';
-}
+};
 
 /// A start tag; it has no name where none of the plain kind stands.
 struct StartTag
@@ -90,11 +83,9 @@ public:
 private:
     template <class Is> std::string_view TakeWhile(Is is)
     {
-        std::size_t size = 0;
-        while (size < rest_.size() && is(rest_[size]))
-            ++size;
-        const std::string_view taken = rest_.substr(0, size);
-        rest_.remove_prefix(size);
+        const auto end = std::find_if_not(rest_.begin(), rest_.end(), is);
+        const std::string_view taken(rest_.begin(), end);
+        rest_.remove_prefix(taken.size());
         return taken;
     }
 

@@ -29,10 +29,21 @@ FetchedDocument Fetch(HttpLink& link, const QUrl& url)
     return {reply.body, reply.contentType};
 }
 
-QByteArray ActionHeader(const QString& action)
+/// What is the same in all calls of one operation.
+struct Operation
 {
-    return "SOAPAction: \"" + action.toUtf8() + '"';
-}
+    explicit Operation(const CallShape& described)
+        : shape(described),
+          envelope(described),
+          headers{QByteArrayLiteral("Content-Type: text/xml; charset=utf-8"),
+                  "SOAPAction: \"" + described.action.toUtf8() + '"'}
+    {
+    }
+
+    CallShape shape;
+    CallEnvelope envelope;
+    QList<QByteArray> headers;
+};
 
 /// The result of an answer that came with an error status can only be the fault that it carries.
 void RaiseFaultOf(const CallShape& shape, const HttpReply& reply)
@@ -45,16 +56,15 @@ void RaiseFaultOf(const CallShape& shape, const HttpReply& reply)
     }
 }
 
-QString Exchange(HttpLink& link, const QString& endpoint, const CallShape& shape, const QByteArray& envelope)
+QString Exchange(HttpLink& link, const QString& endpoint, const Operation& operation,
+                 const QStringList& arguments)
 {
-    const HttpReply reply = link.Post(
-        endpoint, {QByteArrayLiteral("Content-Type: text/xml; charset=utf-8"), ActionHeader(shape.action)},
-        envelope);
+    const HttpReply reply = link.Post(endpoint, operation.headers, operation.envelope.With(arguments));
     if (reply.status == HttpServerError)
-        RaiseFaultOf(shape, reply);
+        RaiseFaultOf(operation.shape, reply);
     if (reply.status != HttpOk)
         throw StatusFault(reply.status);
-    return ReadAnswer(shape, reply.body, reply.contentType);
+    return ReadAnswer(operation.shape, reply.body, reply.contentType);
 }
 
 } // namespace
@@ -66,11 +76,11 @@ struct SoapClient30::Service
     HttpLink link;
     ServiceDescription description;
     QString endpoint;
-    std::map<QString, CallEnvelope> envelopes; ///< of the operations called so far
+    std::map<QString, Operation> operations; ///< called so far
 
-    const CallEnvelope& EnvelopeOf(const QString& operation, const CallShape& shape)
+    const Operation& OperationOf(const QString& name, const CallShape& shape)
     {
-        return envelopes.try_emplace(operation, shape).first->second;
+        return operations.try_emplace(name, shape).first->second;
     }
 };
 
@@ -119,8 +129,8 @@ QString SoapClient30::Call(const QString& operation, const QStringList& argument
         if (shape->parts.size() != arguments.size())
             throw LocalFault(QStringLiteral("문자메시지 서비스의 인수 개수가 맞지 않습니다."), operation,
                              WrongArgumentCount);
-        return Exchange(service_->link, service_->endpoint, *shape,
-                        service_->EnvelopeOf(operation, *shape).With(arguments));
+        return Exchange(service_->link, service_->endpoint, service_->OperationOf(operation, *shape),
+                        arguments);
     });
 }
 

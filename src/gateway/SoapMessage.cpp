@@ -152,7 +152,7 @@ QByteArray CallEnvelope::With(const QStringList& arguments) const
     envelope.reserve(4096);
     for (qsizetype i = 0; i < ahead_.size(); ++i) {
         envelope += ahead_[i];
-        envelope += EscapeXml(arguments[i]);
+        AppendEscapedXml(envelope, arguments[i]);
     }
     envelope += behind_;
     return envelope;

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <string_view>
 
 namespace tsms {
 
@@ -86,6 +87,44 @@ bool IsXmlCharacter(QStringView text, qsizetype i)
     if (c.isLowSurrogate())
         return i > 0 && text[i - 1].isHighSurrogate();
     return c == u'\t' || c == u'\n' || c == u'\r' || (c >= u' ' && c < u'\xFFFE');
+}
+
+/// What stands for a character that cannot stand for itself; nothing for any other.
+std::string_view EscapeOf(char16_t c)
+{
+    switch (c) {
+    case u'&':
+        return "&amp;";
+    case u'<':
+        return "&lt;";
+    case u'>':
+        return "&gt;";
+    case u'"':
+        return "&quot;";
+    case u'\r':
+        return "&#13;"; // a parser turns a bare CR LF into LF
+    default:
+        return {};
+    }
+}
+
+/// Writes a character at `end` and gives the end behind it.
+char* PutUtf8(char* end, char32_t code)
+{
+    const auto put = [&](char32_t lead, int shift) {
+        *end++ = static_cast<char>(lead | (code >> shift));
+        while ((shift -= 6) >= 0)
+            *end++ = static_cast<char>(0x80 | ((code >> shift) & 0x3F));
+    };
+    if (code < 0x80)
+        put(0, 0);
+    else if (code < 0x800)
+        put(0xC0, 6);
+    else if (code < 0x10000)
+        put(0xE0, 12);
+    else
+        put(0xF0, 18);
+    return end;
 }
 
 } // namespace
@@ -246,32 +285,31 @@ int XmlElement::CountBelow(int most) const
 
 QByteArray EscapeXml(QStringView text)
 {
-    QString escaped;
-    qsizetype taken = 0;
-    const auto replace = [&](qsizetype at, QStringView by) {
-        escaped += text.sliced(taken, at - taken);
-        escaped += by;
-        taken = at + 1;
-    };
+    QByteArray escaped;
+    AppendEscapedXml(escaped, text);
+    return escaped;
+}
+
+void AppendEscapedXml(QByteArray& into, QStringView text)
+{
+    constexpr qsizetype mostBytes = 6; // that come of a unit: "&quot;"
+    const qsizetype from = into.size();
+    into.resize(from + mostBytes * text.size());
+    char* end = into.data() + from;
     for (qsizetype i = 0; i < text.size(); ++i) {
-        const QChar c = text[i];
-        if (c == u'&')
-            replace(i, u"&amp;");
-        else if (c == u'<')
-            replace(i, u"&lt;");
-        else if (c == u'>')
-            replace(i, u"&gt;");
-        else if (c == u'"')
-            replace(i, u"&quot;");
-        else if (c == u'\r')
-            replace(i, u"&#13;"); // a parser turns a bare CR LF into LF
-        else if ((c < u' ' || c >= u'\xD800') && !IsXmlCharacter(text, i))
-            replace(i, u" ");
+        const char16_t c = text[i].unicode();
+        if (const std::string_view escape = EscapeOf(c); !escape.empty())
+            end = std::copy(escape.begin(), escape.end(), end);
+        else if (c >= u' ' && c < 0x80)
+            *end++ = static_cast<char>(c);
+        else if (!IsXmlCharacter(text, i))
+            *end++ = ' ';
+        else if (QChar::isHighSurrogate(c))
+            end = PutUtf8(end, QChar::surrogateToUcs4(c, text[++i].unicode()));
+        else
+            end = PutUtf8(end, c);
     }
-    if (taken == 0)
-        return text.toUtf8();
-    escaped += text.sliced(taken);
-    return escaped.toUtf8();
+    into.resize(end - into.constData());
 }
 
 } // namespace tsms

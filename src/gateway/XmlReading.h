@@ -112,5 +112,6 @@ private:
 /// Text as content or attribute value of an XML document in UTF-8. What XML 1.0 cannot hold becomes a
 /// blank; a carriage return survives.
 QByteArray EscapeXml(QStringView text);
+void AppendEscapedXml(QByteArray& into, QStringView text); ///< the same, behind what is there
 
 } // namespace tsms

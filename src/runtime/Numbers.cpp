@@ -118,7 +118,12 @@ double RoundHalfToEven(double value, int decimals)
 
 QString FormatCount(std::int64_t n)
 {
-    return n == 0 ? QString() : GroupDigits(QString::number(n));
+    if (n == 0)
+        return {};
+    QString text = QString::number(n);
+    for (qsizetype at = text.size() - 3; at > (n < 0 ? 1 : 0); at -= 3)
+        text.insert(at, u',');
+    return text;
 }
 
 QString GroupDigits(QStringView text)

@@ -8,6 +8,7 @@
 #include "store/engine/DatabaseError.h"
 
 #include <QFileInfo>
+#include <QStringEncoder>
 
 #include <sqlite3.h>
 
@@ -30,16 +31,17 @@ QString FirstToken(const QString& text)
     return trimmed.left(qMax(end, 1));
 }
 
-/// ASCII and the syllables of Hangul, all of which stand in the code page.
-bool IsInCodePage(QChar c)
+/// Of ASCII and the syllables of Hangul alone, all of which stand in the code page.
+bool IsInCodePage(const QString& text)
 {
-    return c < u'\x80' || (c >= u'\xAC00' && c <= u'\xD7A3');
+    return std::all_of(text.begin(), text.end(),
+                       [](QChar c) { return c < u'\x80' || (c >= u'\xAC00' && c <= u'\xD7A3'); });
 }
 
 /// A plain literal is in the code page of the server's database, whatever becomes of it.
 QString InServersCharacters(const QString& text)
 {
-    return std::all_of(text.begin(), text.end(), IsInCodePage) ? text : FromCodePage949(ToCodePage949(text));
+    return IsInCodePage(text) ? text : FromCodePage949(ToCodePage949(text));
 }
 
 QString WithLiteralsInServersCharacters(const QString& sql)
@@ -136,21 +138,36 @@ public:
 private:
     void Bind(const QList<Statement::Value>& values)
     {
+        char* end = MakeRoom(values);
         int place = 0;
         for (const Statement::Value& value : values) {
-            const QByteArray text = InServersCharacters(value.text.value_or(QString())).toUtf8();
-            const int result = value.text ? sqlite3_bind_text64(statement_, ++place, text.constData(),
-                                                                static_cast<sqlite3_uint64>(text.size()),
-                                                                SQLITE_TRANSIENT, SQLITE_UTF8)
+            const char* const from = end;
+            if (value.text)
+                end = utf8_.appendToBuffer(end, InServersCharacters(*value.text));
+            const int result = value.text ? sqlite3_bind_text64(statement_, ++place, from,
+                                                                static_cast<sqlite3_uint64>(end - from),
+                                                                SQLITE_STATIC, SQLITE_UTF8)
                                           : sqlite3_bind_null(statement_, ++place);
             if (result != SQLITE_OK)
                 throw EmbeddedError(connection_.handle_, connection_.path_, words_);
         }
     }
 
+    /// Room for all texts, one behind the other. The server's characters make none longer.
+    char* MakeRoom(const QList<Statement::Value>& values)
+    {
+        qsizetype units = 0;
+        for (const Statement::Value& value : values)
+            units += value.text ? value.text->size() : 0;
+        bytes_.resize(utf8_.requiredSpace(units));
+        return bytes_.data();
+    }
+
     EmbeddedConnection& connection_;
     QString words_;
     sqlite3_stmt* statement_;
+    QStringEncoder utf8_{QStringConverter::Utf8, QStringConverter::Flag::Stateless};
+    QByteArray bytes_; ///< of the bound texts
 };
 
 EmbeddedConnection::EmbeddedConnection(const Clock& clock) : clock_(clock) {}

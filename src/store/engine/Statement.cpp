@@ -3,6 +3,7 @@
 #include "runtime/Text.h"
 #include "store/engine/DatabaseError.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tsms {
@@ -27,6 +28,13 @@ bool IsWordCharacter(QChar c)
 bool IsCutByDrivers(QStringView text)
 {
     return text.contains(QChar(QChar::Null)) || !text.isValidUtf16();
+}
+
+/// A value without an apostrophe and without anything that a driver could cut it at, as nearly all are.
+bool IsHarmless(QStringView value)
+{
+    return std::none_of(value.begin(), value.end(),
+                        [](QChar c) { return c == Apostrophe || c == QChar::Null || c.isSurrogate(); });
 }
 
 /// The word or the sign at a position: what a syntax error names.
@@ -152,17 +160,19 @@ Statement& Statement::Own(QStringView words)
     return *this;
 }
 
-Statement& Statement::Quoted(QStringView value)
+Statement& Statement::Quoted(const QString& value)
 {
-    const QStringView trimmed = Trimmed(value);
+    const QString trimmed = Trim(value);
     return trimmed.isEmpty() ? Add(std::nullopt) : InQuotes(trimmed);
 }
 
-Statement& Statement::InQuotes(QStringView value)
+Statement& Statement::InQuotes(const QString& value)
 {
-    isCut_ = isCut_ || IsCutByDrivers(value);
-    hasApostrophe_ = hasApostrophe_ || value.contains(Apostrophe);
-    return Add(value.toString());
+    if (!IsHarmless(value)) {
+        isCut_ = isCut_ || IsCutByDrivers(value);
+        hasApostrophe_ = hasApostrophe_ || value.contains(Apostrophe);
+    }
+    return Add(value);
 }
 
 Statement& Statement::Bare(QStringView value)
@@ -176,7 +186,10 @@ Statement& Statement::Bare(QStringView value)
 
 Statement& Statement::Add(std::optional<QString> value)
 {
-    values_ += Value{words_.size(), std::move(value)};
+    constexpr qsizetype usual = 16; // the row of a send has fewer
+    if (values_.isEmpty())
+        values_.reserve(usual);
+    values_.emplaceBack(words_.size(), std::move(value));
     words_ += Mark;
     return *this;
 }

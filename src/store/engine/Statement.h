@@ -23,10 +23,12 @@ public:
     Statement& Own(QStringView words);
 
     /// The rule of optional texts: trimmed; the word Null if nothing is left, else between apostrophes.
-    Statement& Quoted(QStringView value);
+    Statement& Quoted(const QString& value);
+    Statement& Quoted(QStringView value) { return Quoted(value.toString()); }
 
     /// A value from outside, between apostrophes.
-    Statement& InQuotes(QStringView value);
+    Statement& InQuotes(const QString& value);
+    Statement& InQuotes(QStringView value) { return InQuotes(value.toString()); }
 
     /// A value from outside that stands bare: numbers, and + - * / between them. Anything else is a fault,
     /// except nothing at all, which the server refuses by itself.

@@ -118,7 +118,8 @@ void Label::SetCaption(const QString& caption)
         return;
     const bool wasBlank = IsBlank(caption_);
     caption_ = caption;
-    setText(QString(caption).replace(CrLf.toString(), QStringLiteral("\n")));
+    setText(caption.contains(CrLf) ? QString(caption).replace(CrLf.toString(), QStringLiteral("\n"))
+                                   : caption);
     setAccessibleName(caption);
     if (IsBlank(caption) != wasBlank && isVisible()) {
         QAccessibleEvent event(this, wasBlank ? QAccessible::ObjectShow : QAccessible::ObjectHide);
