@@ -15,6 +15,8 @@
 
 #include <QStringBuilder>
 
+#include <utility>
+
 namespace tsms {
 
 DispatchRun::DispatchRun(Session& session, DBConnect& db, ModSMS& sms, const Draft& draft,
@@ -35,35 +37,53 @@ void DispatchRun::SendAllRows()
 {
     const int lastRow = draft_.recipients.Rows();
     for (int row = 1; row <= lastRow; ++row) {
-        if (!draft_.recipients.IsRemoved(row)) {
-            SendRow(row);
-            ShowDone();
-        }
-        display_.SetBarValue(row);
+        const bool isRemoved = draft_.recipients.IsRemoved(row);
+        const bool isSent = !isRemoved && SendRow(row);
+        ShowNow();
+        done_ += isRemoved ? 0 : 1;
+        unshown_ = [=, this] {
+            if (isSent)
+                ShowCounts();
+            if (!isRemoved)
+                ShowDone();
+            display_.SetBarValue(row);
+        };
     }
+    ShowNow();
     DebitBalance();
 }
 
-void DispatchRun::SendRow(int row)
+bool DispatchRun::SendRow(int row)
 {
     const QString phone = Trim(draft_.recipients.Phone(row));
     if (!IsMobileNumber(phone))
-        return;
+        return false;
     const QString name = Trim(draft_.recipients.Name(row));
     const QString text = WithRecipient(WithSender(draft_.message, session_.SMSOrgNm), name);
     const bool accepted = sms_.SubmitSMS(name, phone, draft_.senderNumber, text, draft_.reservation,
-                                         QString(), QString(), QString());
+                                         QString(), QString(), QString(), [this] { ShowNow(); });
     if (accepted)
         ++CountOK;
     else
         ++CountFail;
+    return true;
+}
+
+void DispatchRun::ShowCounts()
+{
     display_.ShowCounts(FormatCount(CountOK), FormatCount(CountFail));
 }
 
 void DispatchRun::ShowDone()
 {
-    ++done_;
     display_.ShowStatus(DispatchStatus(draft_.total, FormatCount(done_)));
+}
+
+/// A row is shown while the answer of the next one is on its way: drawing costs the run no time.
+void DispatchRun::ShowNow()
+{
+    if (const std::function<void()> row = std::exchange(unshown_, nullptr))
+        row();
 }
 
 void DispatchRun::DebitBalance()

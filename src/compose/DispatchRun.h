@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <functional>
 
 namespace tsms {
 
@@ -26,8 +27,10 @@ public:
 
 private:
     void SendAllRows();
-    void SendRow(int row);
+    bool SendRow(int row); ///< false when there was nothing to send
+    void ShowCounts();
     void ShowDone();
+    void ShowNow();
     void DebitBalance();
 
     Session& session_;
@@ -36,6 +39,7 @@ private:
     const Draft& draft_;
     RunDisplay& display_;
     std::int32_t done_ = 0;
+    std::function<void()> unshown_; ///< shows the last row, unless that is done
 };
 
 /// The progress line of a send: "총 발송건수 : <total>건 / 현 발송 건수 : <done>건".

@@ -83,6 +83,34 @@ SoapFault FaultOf(CURLcode code, const char* words, bool tooLong)
 
 } // namespace
 
+/// What there is to do while an answer is awaited: once.
+class HttpLink::Meanwhile
+{
+public:
+    explicit Meanwhile(const std::function<void()>& work) : work_(work) {}
+    ~Meanwhile() { Run(); }
+    Meanwhile(const Meanwhile&) = delete;
+    Meanwhile& operator=(const Meanwhile&) = delete;
+
+    void Run()
+    {
+        if (!std::exchange(isDone_, true) && work_)
+            work_();
+    }
+
+    /// The library asks with each step of a transfer whether it should go on.
+    static int OnProgress(void* meanwhile, curl_off_t, curl_off_t, curl_off_t size, curl_off_t sent)
+    {
+        if (size > 0 && sent == size)
+            static_cast<Meanwhile*>(meanwhile)->Run();
+        return 0;
+    }
+
+private:
+    const std::function<void()>& work_;
+    bool isDone_ = false;
+};
+
 /// The head lines of calls, as the library takes them.
 class HttpLink::HeaderList
 {
@@ -141,6 +169,8 @@ private:
         Set(CURLOPT_TCP_KEEPALIVE, 1L); // notices a dead host, and leaves a slow one its time
         Set(CURLOPT_NOSIGNAL, 1L);
         Set(CURLOPT_USERAGENT, "tsms");
+        Set(CURLOPT_NOPROGRESS, 0L);
+        Set(CURLOPT_XFERINFOFUNCTION, &Meanwhile::OnProgress);
         Set(CURLOPT_HEADERFUNCTION, &ReceiveHead);
         Set(CURLOPT_WRITEFUNCTION, &ReceiveBody);
     }
@@ -159,12 +189,20 @@ HttpReply HttpLink::Get(const QString& url)
     handle_->Set(CURLOPT_HTTPGET, 1L);
     handle_->Set(CURLOPT_PREREQFUNCTION, curl_prereq_callback(nullptr)); // may be asked for again
     handle_->Set(CURLOPT_HTTPHEADER, static_cast<curl_slist*>(nullptr));
-    return Perform(url);
+    const std::function<void()> nothing;
+    Meanwhile meanwhile(nothing);
+    return Perform(url, meanwhile);
 }
 
-HttpReply HttpLink::Post(const QString& url, const QList<QByteArray>& headers, const QByteArray& body)
+HttpReply HttpLink::Post(const QString& url, const QList<QByteArray>& headers, const QByteArray& body,
+                         const std::function<void()>& meanwhile)
 {
+    Meanwhile during(meanwhile);
+    if (!listening_.hasExpired())
+        during.Run();
     PrepareConnection();
+    if (KeptSocket() < 0)
+        during.Run();
     bool isOut = false;
     handle_->Set(CURLOPT_POST, 1L);
     handle_->Set(CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(body.size()));
@@ -174,7 +212,7 @@ HttpReply HttpLink::Post(const QString& url, const QList<QByteArray>& headers, c
     if (!headers_ || !headers_->IsOf(headers))
         headers_ = std::make_unique<HeaderList>(headers);
     handle_->Set(CURLOPT_HTTPHEADER, headers_->Get());
-    HttpReply reply = Perform(url);
+    HttpReply reply = Perform(url, during);
     if (!std::exchange(isTried_, true))
         listening_.setRemainingTime(ListeningMilliseconds, Qt::PreciseTimer);
     return reply;
@@ -183,11 +221,8 @@ HttpReply HttpLink::Post(const QString& url, const QList<QByteArray>& headers, c
 /// Leaves a kept connection that does not wait for a request in silence.
 void HttpLink::PrepareConnection()
 {
-    curl_socket_t socket = CURL_SOCKET_BAD;
-    Curl().GetInfo(handle_->curl, CURLINFO_ACTIVESOCKET, &socket);
-    if (socket != CURL_SOCKET_BAD) {
-        const IdleSocket kept =
-            WatchIdleSocket(static_cast<qintptr>(socket), static_cast<int>(listening_.remainingTime()));
+    if (const qintptr socket = KeptSocket(); socket >= 0) {
+        const IdleSocket kept = WatchIdleSocket(socket, static_cast<int>(listening_.remainingTime()));
         if (kept == IdleSocket::Speaks)
             answersUnasked_ = true;
         if (kept != IdleSocket::Quiet)
@@ -195,13 +230,21 @@ void HttpLink::PrepareConnection()
     }
 }
 
-HttpReply HttpLink::Perform(const QString& url)
+qintptr HttpLink::KeptSocket() const
+{
+    curl_socket_t socket = CURL_SOCKET_BAD;
+    Curl().GetInfo(handle_->curl, CURLINFO_ACTIVESOCKET, &socket);
+    return socket == CURL_SOCKET_BAD ? -1 : static_cast<qintptr>(socket);
+}
+
+HttpReply HttpLink::Perform(const QString& url, Meanwhile& meanwhile)
 {
     Incoming in;
     std::array<char, CURL_ERROR_SIZE> words{};
     const QByteArray address = url.toUtf8();
     handle_->Set(CURLOPT_URL, address.constData());
     handle_->Set(CURLOPT_FORBID_REUSE, answersUnasked_ ? 1L : 0L);
+    handle_->Set(CURLOPT_XFERINFODATA, &meanwhile);
     handle_->Set(CURLOPT_HEADERDATA, &in);
     handle_->Set(CURLOPT_WRITEDATA, &in);
     handle_->Set(CURLOPT_ERRORBUFFER, words.data());

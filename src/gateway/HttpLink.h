@@ -5,6 +5,7 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 namespace tsms {
@@ -43,13 +44,18 @@ public:
     HttpReply Get(const QString& url);
 
     /// Puts `body` on the wire once. A connection that dies under it ends in a fault, never in a repetition.
-    HttpReply Post(const QString& url, const QList<QByteArray>& headers, const QByteArray& body);
+    /// `meanwhile`, which raises nothing, is called once before this returns or raises: while the answer is
+    /// on its way, or earlier where it takes a while until the request can go out.
+    HttpReply Post(const QString& url, const QList<QByteArray>& headers, const QByteArray& body,
+                   const std::function<void()>& meanwhile = {});
 
 private:
     struct Handle;
     class HeaderList;
+    class Meanwhile;
     void PrepareConnection();
-    HttpReply Perform(const QString& url);
+    qintptr KeptSocket() const; ///< -1: none
+    HttpReply Perform(const QString& url, Meanwhile& meanwhile);
 
     QByteArray authorities_;
     std::unique_ptr<HeaderList> headers_; ///< of the last Post, which calls of a run share

@@ -70,14 +70,16 @@ void ModSMS::ReleaseAfterFailure()
 
 bool ModSMS::SubmitSMS(const QString& recvNm, const QString& recvTelNo, const QString& senderTelNo,
                        const QString& content, const QString& sendTime, const QString& extra1,
-                       const QString& extra2, const QString& extra3)
+                       const QString& extra2, const QString& extra3, const std::function<void()>& meanwhile)
 {
     Reply reply;
     const bool isAccepted = WithHandler(
         [&] {
-            const QString answer = Client().Call(
-                QStringLiteral("SendSMS"), {session_.SMSID, session_.SMSPWD, session_.SMSDNS, senderTelNo,
-                                            recvTelNo, content, QString(), sendTime, extra1, extra2, extra3});
+            const QString answer =
+                Client().Call(QStringLiteral("SendSMS"),
+                              {session_.SMSID, session_.SMSPWD, session_.SMSDNS, senderTelNo, recvTelNo,
+                               content, QString(), sendTime, extra1, extra2, extra3},
+                              meanwhile);
             ReadReply(answer, reply);
             const LogEntry entry{recvNm, recvTelNo, senderTelNo, content, LogTime(sendTime, clock_.Now())};
             // Meant: a message that left counts as sent also when its log row could not be written.
@@ -88,6 +90,8 @@ bool ModSMS::SubmitSMS(const QString& recvNm, const QString& recvTelNo, const QS
     if (isAccepted)
         return true;
 
+    if (meanwhile)
+        meanwhile(); // there may have been no client to do it
     desktop_.MsgBox(QStringLiteral("문자발송 실패!!! :  실패코드 = ") + reply.ErrorCode +
                         QStringLiteral(" 실패사유 = ") + reply.ErrorMsg,
                     MsgBoxCritical, QStringLiteral("문자메시지 발송실패!!!"));

@@ -57,9 +57,10 @@ void RaiseFaultOf(const CallShape& shape, const HttpReply& reply)
 }
 
 QString Exchange(HttpLink& link, const QString& endpoint, const Operation& operation,
-                 const QStringList& arguments)
+                 const QStringList& arguments, const std::function<void()>& meanwhile)
 {
-    const HttpReply reply = link.Post(endpoint, operation.headers, operation.envelope.With(arguments));
+    const HttpReply reply =
+        link.Post(endpoint, operation.headers, operation.envelope.With(arguments), meanwhile);
     if (reply.status == HttpServerError)
         RaiseFaultOf(operation.shape, reply);
     if (reply.status != HttpOk)
@@ -117,7 +118,8 @@ void SoapClient30::mssoapinit(const QString& wsdlUrl, const QString& service, co
     });
 }
 
-QString SoapClient30::Call(const QString& operation, const QStringList& arguments)
+QString SoapClient30::Call(const QString& operation, const QStringList& arguments,
+                           const std::function<void()>& meanwhile)
 {
     return KeepingFaults([&] {
         if (!service_)
@@ -130,7 +132,7 @@ QString SoapClient30::Call(const QString& operation, const QStringList& argument
             throw LocalFault(QStringLiteral("문자메시지 서비스의 인수 개수가 맞지 않습니다."), operation,
                              WrongArgumentCount);
         return Exchange(service_->link, service_->endpoint, service_->OperationOf(operation, *shape),
-                        arguments);
+                        arguments, meanwhile);
     });
 }
 

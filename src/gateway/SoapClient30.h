@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
 namespace tsms {
@@ -26,8 +27,10 @@ public:
     void mssoapinit(const QString& wsdlUrl, const QString& service, const QString& port, const QString& wsml);
 
     /// Calls an operation with text arguments in the order of the description and gives its one text result.
-    /// Raises a SoapFault, whose texts the client keeps. Sets no time-out.
-    QString Call(const QString& operation, const QStringList& arguments);
+    /// `meanwhile` is called as HttpLink::Post does. Raises a SoapFault, whose texts the client keeps. Sets
+    /// no time-out.
+    QString Call(const QString& operation, const QStringList& arguments,
+                 const std::function<void()>& meanwhile = {});
 
     /// The texts of the last fault; empty after a success.
     QString FaultCode() const { return faultCode_; }

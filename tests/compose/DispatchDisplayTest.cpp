@@ -42,6 +42,24 @@ TEST_F(DispatchDisplay, ShowsCountsForWhatWasAskedAStatusForWhatWasSeenAndTheBar
     EXPECT_EQ(gateway.CallCount(), 1);
 }
 
+TEST_F(DispatchDisplay, ShowsARowBeforeTheBoxOfTheNextOne)
+{
+    const ListOfRows rows(std::vector<ListOfRows::Row>(3, {.phone = u"010-0000-0001"_q}));
+    RecordedDisplay display;
+    gateway.Fail(FaultKind::Refuse, 2);
+    const auto expectAfter = [&](const QString& code, const QString& words, const QString& last) {
+        desktop.Expect({u"문자메시지 발송실패!!!"_q,
+                        u"문자발송 실패!!! :  실패코드 = %1 실패사유 = %2"_q.arg(code, words),
+                        MsgBoxCritical},
+                       AnswerOK, [&display, last] { EXPECT_EQ(display.shown.last(), last); });
+    };
+    expectAfter(u"E99"_q, u"수신이 거부된 번호입니다."_q, u"bar 1"_q);
+    expectAfter({}, {}, u"bar 2"_q);
+    DispatchRun(session, db, sms, {rows, 3, u"안녕"_q, u"02-1234-5678"_q}, display).RunSend();
+    EXPECT_EQ(display.shown.filter(u"counts"_q),
+              QStringList({u"counts [1] []"_q, u"counts [1] [1]"_q, u"counts [1] [2]"_q}));
+}
+
 TEST_F(DispatchDisplay, WhenNothingWentOutNothingIsDebited)
 {
     ShownFor({{.phone = u"02-000-0001"_q}});

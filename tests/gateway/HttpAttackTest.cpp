@@ -193,6 +193,49 @@ TEST(HttpAttack, AConnectionThatHasBeenQuietOnceIsListenedToNoMore)
     EXPECT_EQ(gateway.ConnectionCount(), 1);
 }
 
+TEST(HttpAttack, WhatThereIsToDoMeanwhileIsDoneWhileTheAnswerIsOnItsWay)
+{
+    std::atomic<bool> isDone = false;
+    std::atomic<bool> wasDoneInTime = false;
+    ReplyGateway gateway([&](int call) {
+        QElapsedTimer time;
+        for (time.start(); call == 3 && !isDone && time.elapsed() < 5000;)
+            QThread::msleep(1);
+        wasDoneInTime = call == 3 && isDone;
+        return ReplyGateway::Replying(Numbered(call));
+    });
+    SoapClient30 client;
+    client.mssoapinit(gateway.WsdlUrl(), {}, {}, {});
+    for (int call = 1; call < 3; ++call)
+        ResultOf(client);
+    int times = 0;
+    client.Call(u"SendSMS"_q, ShortMessage, [&] {
+        ++times;
+        isDone = true;
+    });
+    EXPECT_TRUE(wasDoneInTime);
+    EXPECT_EQ(times, 1);
+}
+
+TEST(HttpAttack, WhatThereIsToDoMeanwhileDoesNotWaitForAConnectionThatIsListenedTo)
+{
+    ReplyGateway gateway([](int call) { return ReplyGateway::Replying(Numbered(call)); });
+    SoapClient30 client;
+    client.mssoapinit(gateway.WsdlUrl(), {}, {}, {});
+    ResultOf(client);
+    int before = 0;
+    client.Call(u"SendSMS"_q, ShortMessage, [&] { before = gateway.CallCount(); });
+    EXPECT_EQ(before, 1);
+}
+
+TEST(HttpAttack, WhatThereIsToDoMeanwhileIsDoneAlsoWhenNobodyAnswers)
+{
+    HttpLink link;
+    int times = 0;
+    EXPECT_THROW(link.Post(u"http://127.0.0.1:1/"_q, {}, "x", [&] { ++times; }), SoapFault);
+    EXPECT_EQ(times, 1);
+}
+
 TEST(HttpAttack, AKeptConnectionThatWasClosedInBetweenIsMadeAnew)
 {
     ReplyGateway gateway([](int) {
