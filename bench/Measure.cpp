@@ -72,18 +72,6 @@ std::string Noise(const Costs& costs)
     return Printed("%.0f %%", 100 * spread) + (spread > restless ? " NOISY" : "");
 }
 
-/// The median of each figure over the rounds of one side.
-Cost MedianCost(const std::vector<Cost>& rounds)
-{
-    std::vector<double> times;
-    std::vector<double> peaks;
-    for (const Cost& round : rounds) {
-        times.push_back(round.nanoseconds);
-        peaks.push_back(static_cast<double>(round.peakMemory));
-    }
-    return {Median(times), std::lround(Median(peaks)), Spread(times)};
-}
-
 /// A figure in KiB of what the system tells about this process.
 long StatusOf(const std::string& name)
 {
@@ -134,6 +122,17 @@ double Median(std::vector<double> values)
     if (values.size() % 2 == 1)
         return *middle;
     return (*middle + *std::max_element(values.begin(), middle)) / 2;
+}
+
+Cost MedianCost(const std::vector<Cost>& rounds)
+{
+    std::vector<double> times;
+    std::vector<double> peaks;
+    for (const Cost& round : rounds) {
+        times.push_back(round.nanoseconds);
+        peaks.push_back(static_cast<double>(round.peakMemory));
+    }
+    return {Median(times), std::lround(Median(peaks)), Spread(times)};
 }
 
 int RoundsOf(const Comparison& comparison)

@@ -60,6 +60,9 @@ struct Comparison
     bool warmUp = true;     ///< a round before the others brings programs and files into the system's caches
 };
 
+/// The median of each figure over the rounds of one side, and how far they lie apart.
+Cost MedianCost(const std::vector<Cost>& rounds);
+
 /// One run of one side.
 using Run = std::function<Cost()>;
 

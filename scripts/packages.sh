@@ -16,7 +16,8 @@ hands_packages=(dbus-daemon dbus-bin fcitx5 fcitx5-hangul fcitx5-frontend-qt6 ib
   python3-gi gir1.2-glib-2.0 gnome-keyring)
 office_packages=(libreoffice-calc-nogui) # the tests have it open what the program writes
 picture_packages=(poppler-utils) # a picture of what the office draws
-bench_packages=(xvfb bsdextrautils)
+bench_packages=(xvfb bsdextrautils
+  python3-xlrd python3-xlwt libreoffice-calc-nogui sqlite3 unixodbc) # what a user could take instead
 sanitize_packages=(clang libclang-rt-dev)
 check_packages=(clang clang-format clang-tidy git python3)
 windows_packages=(g++-mingw-w64-x86-64-posix dpkg-dev qt6-base-dev-tools qt6-translations-l10n tcl librsvg2-bin icoutils

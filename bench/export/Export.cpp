@@ -2,10 +2,13 @@
 #include "bench/export/Cells.h"
 #include "bench/export/PlainText.h"
 #include "bench/Measure.h"
+#include "bench/OtherTool.h"
 
+#include "spreadsheet/read/ReadWorkbook.h"
 #include "spreadsheet/write/WriteWorkbook.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 
@@ -13,6 +16,7 @@ namespace tsms::bench {
 
 namespace {
 
+constexpr int ToolRounds = 3;        // of seconds each
 constexpr double DemandedTime = 3;   // of the plain text's
 constexpr double DemandedMemory = 3; // of the workbook's own size
 
@@ -69,9 +73,53 @@ void CompareIn(const std::string& where, const QString& folder)
     growth.PrintRows();
 }
 
+/// Ends this process unless a tool's workbook has the message of each row. Takes it away for the next tool.
+void TakeBook(const QString& path, const Cells& cells)
+{
+    QFile file(path);
+    Demand(file.open(QIODevice::ReadOnly), "bench_export: a tool has written no workbook");
+    const std::shared_ptr<const CellSource> sheet = ReadWorkbook(file, Cells::Columns).firstSheet;
+    bool whole = sheet && sheet->Rows() == cells.Rows();
+    constexpr int messageColumn = 7;
+    for (int row = 1; whole && row <= cells.Rows(); ++row)
+        whole = sheet->Text(messageColumn, row) == cells.Text(messageColumn, row);
+    Demand(whole && file.remove(), "bench_export: a tool has not written all rows");
+}
+
+void CompareWithTools()
+{
+    const bool hasXlwt = HasPython("python3-xlwt", QStringLiteral("xlwt"));
+    const bool hasOffice =
+        HasTool("libreoffice-calc-nogui", QStringLiteral("soffice"), {QStringLiteral("--version")});
+    const QTemporaryDir folder;
+    const QString text = folder.filePath(QStringLiteral("list.csv"));
+    const QString book = folder.filePath(QStringLiteral("list.xls"));
+    for (const int rows : ToolSizes) {
+        const Cells cells(rows);
+        WritePlainText(text, cells);
+        const std::string size = std::to_string(rows) + " rows of " + std::to_string(Cells::Columns);
+        const Run ours = [&] { return RunOnce("workbook", rows, QDir::tempPath()).cost; };
+        if (hasXlwt) {
+            CompareWithScript({.what = "export, beside xlwt", .size = size, .rounds = ToolRounds}, ours, [&] {
+                return RunScript(QStringLiteral("export/write_by_xlwt.py"), {text, book}, rows);
+            });
+            TakeBook(book, cells);
+        }
+        if (hasOffice) {
+            Compare({.what = "export, beside LibreOffice", .size = size, .rounds = ToolRounds}, ours, [&] {
+                return ConvertInOffice(folder.filePath(QStringLiteral("office")), text,
+                                       {QStringLiteral("--infilter=CSV:44,34,76"),
+                                        QStringLiteral("--convert-to"), QStringLiteral("xls")});
+            });
+            TakeBook(book, cells);
+        }
+    }
+}
+
 void CompareAll()
 {
     CompareIn("file on disk", QDir::tempPath());
+    CompareWithTools();
     if (const QString memory = QStringLiteral("/dev/shm"); QFileInfo(memory).isWritable())
         CompareIn("file in memory", memory);
     PrintNote("export: each side in a process of its own; peak memory is what came on top of the cells");

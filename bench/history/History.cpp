@@ -3,6 +3,7 @@
 #include "bench/history/Search.h"
 #include "bench/history/SendLog.h"
 #include "bench/Measure.h"
+#include "bench/OtherTool.h"
 
 #include <QTemporaryDir>
 
@@ -72,6 +73,24 @@ Costs CompareSearches(const QString& database, const std::string& size, bool lim
     return costs;
 }
 
+void CompareWithShell(const QString& database, const std::string& size)
+{
+    if (!HasTool("sqlite3", QStringLiteral("sqlite3"), {QStringLiteral("-version")}))
+        return;
+    Side page("page");
+    Search shell;
+    Compare(
+        {.what = "search, beside sqlite3", .size = size, .rounds = Rounds},
+        [&] { return page.Run(database); },
+        [&] {
+            shell = SearchInShell(database);
+            return shell.cost;
+        },
+        [&] {
+            Demand(shell.texts == page.Texts(), "bench_history: the page and sqlite3 did not find as much");
+        });
+}
+
 /// Times of the same places in several rounds: of each place the median, so that a round in which something
 /// else had the processor does not count.
 class PlaceTimes
@@ -127,6 +146,8 @@ void CompareAll()
         const std::string size = std::to_string(rows) + " rows";
         growth.Add(rows, CompareSearches(database, size, rows == LargestSize));
         CompareScrolling(database, size);
+        if (rows == LargestSize)
+            CompareWithShell(database, size);
     }
     growth.PrintRows();
     PrintNote("send log: each side in a fresh process; bytes of texts in UTF-8");

@@ -24,4 +24,9 @@ Search SearchOnPage(const QString& database, int searchesBefore);
 /// and collation, its texts laid one behind the other into memory.
 Search FetchBare(const QString& database);
 
+/// The same rows as a person asks the engine's own shell for them, which knows neither the program's
+/// functions nor its collation: with functions of the engine, and sorted by it. The whole process of the
+/// shell; neither its memory nor the digest is told.
+Search SearchInShell(const QString& database);
+
 } // namespace tsms::bench

@@ -1,5 +1,6 @@
 #include "bench/ChildProcess.h"
 #include "bench/import/BareRead.h"
+#include "bench/OtherTool.h"
 #include "bench/ProgramDesk.h"
 
 #include "addressbook/MakeSMSExcel.h"
@@ -21,6 +22,8 @@ namespace tsms::bench {
 namespace {
 
 constexpr int Rounds = 9;
+constexpr int ToolRounds = 5;
+constexpr int OfficeRounds = 3; // of seconds each
 constexpr double DemandedRatio = 1.5;
 constexpr int FewRecords = 10'000;
 constexpr int ManyRecords = 100'000;
@@ -153,6 +156,47 @@ void CompareImports(const QString& folder)
     growth.PrintRows();
 }
 
+void CompareWithXlrd(const QString& folder, int rows)
+{
+    CompareWithScript(
+        {.what = "spreadsheet import, beside xlrd",
+         .size = std::to_string(rows) + " rows of 3",
+         .rounds = ToolRounds},
+        SideOn("import", folder, rows),
+        [&] { return RunScript(QStringLiteral("import/read_by_xlrd.py"), {BookPath(folder)}, 3 * rows); });
+}
+
+void CompareWithOffice(const QString& folder, const QString& profile, int rows)
+{
+    Compare({.what = "spreadsheet import, beside LibreOffice",
+             .size = std::to_string(rows) + " rows of 3",
+             .rounds = OfficeRounds},
+            SideOn("import", folder, rows), [&] {
+                const Cost cost =
+                    ConvertInOffice(profile, BookPath(folder),
+                                    {QStringLiteral("--convert-to"),
+                                     QStringLiteral("csv:Text - txt - csv (StarCalc):44,34,76")});
+                QFile text(folder + QStringLiteral("/book.csv"));
+                Demand(text.open(QIODevice::ReadOnly) && text.readAll().count('\n') == rows,
+                       "bench_import: LibreOffice has not converted all rows");
+                return cost;
+            });
+}
+
+void CompareWithTools(const QString& folder, const QString& profile)
+{
+    const bool hasXlrd = HasPython("python3-xlrd", QStringLiteral("xlrd"));
+    const bool hasOffice =
+        HasTool("libreoffice-calc-nogui", QStringLiteral("soffice"), {QStringLiteral("--version")});
+    for (const int rows : ToolSizes) {
+        WriteFile(BookPath(folder), Workbook(rows));
+        if (hasXlrd)
+            CompareWithXlrd(folder, rows);
+        if (hasOffice)
+            CompareWithOffice(folder, profile, rows);
+    }
+}
+
 void CompareRecordFiles(const QString& folder)
 {
     Growth growth("recipient file", "records");
@@ -175,6 +219,7 @@ void CompareAll()
     const QString folder = whole.filePath(QStringLiteral("program")); // the log of an import stands beside it
     Demand(QDir().mkdir(folder), "bench_import: no folder can be made");
     CompareImports(folder);
+    CompareWithTools(folder, whole.filePath(QStringLiteral("office")));
     CompareRecordFiles(folder);
     PrintNote("import and recipient file: each side in a process of its own");
 }

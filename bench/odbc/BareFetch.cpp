@@ -117,10 +117,15 @@ Arena FetchFrom(const QString& server, const QString& sql)
 
 } // namespace
 
+QString DriverText(const Session& session)
+{
+    return OdbcConnectionText(InstalledOdbcDrivers().first(),
+                              ParseConnectionText(AssembleConnectionText(session)));
+}
+
 Search FetchBare(const Session& session)
 {
-    const QString server = OdbcConnectionText(InstalledOdbcDrivers().first(),
-                                              ParseConnectionText(AssembleConnectionText(session)));
+    const QString server = DriverText(session);
     const QString sql = WholeYear().Text();
     const std::int64_t from = Nanoseconds();
     const Arena arena = FetchFrom(server, sql);

@@ -2,6 +2,7 @@
 #include "bench/history/SendLog.h"
 #include "bench/Measure.h"
 #include "bench/odbc/Search.h"
+#include "bench/OtherTool.h"
 
 #include "session/Session.h"
 #include "support/database/TestDatabase.h"
@@ -17,6 +18,7 @@ namespace tsms::bench {
 namespace {
 
 constexpr int Rows = 32000;
+constexpr int ShellRounds = 4;
 constexpr double DemandedRatio = 1.3;
 
 /// One side, and what it found last.
@@ -55,6 +57,42 @@ void CompareSides(const test::TestServer& server, const std::string& what)
         });
 }
 
+Session SessionOn(const QString& port)
+{
+    const test::ServerAccount account;
+    Session session;
+    session.DBServer = QStringLiteral("127.0.0.1");
+    session.DBPort = port;
+    session.DBCatalog = account.Database;
+    session.DBUser = account.User;
+    session.DBPassword = account.Password;
+    return session;
+}
+
+/// The page's statement by the driver manager's shell, which prints the rows as they come.
+Cost SearchInShell(const QString& port)
+{
+    const ToolRun run = RunTool(QStringLiteral("isql"),
+                                {QStringLiteral("-k"), DriverText(SessionOn(port)), QStringLiteral("-b"),
+                                 QStringLiteral("-e"), QStringLiteral("-d|")},
+                                WholeYear().Text().toUtf8() + '\n');
+    Demand(run.output.count("|010-") == Rows, "bench_odbc: isql did not find all rows");
+    return run.cost;
+}
+
+void CompareWithShell(const test::TestServer& server)
+{
+    if (!HasTool("unixodbc", QStringLiteral("isql"), {QStringLiteral("--version")}))
+        return;
+    const QString port = QString::number(server.Port());
+    Side ours("program");
+    Compare(
+        {.what = "search over ODBC, beside isql",
+         .size = std::to_string(Rows) + " rows",
+         .rounds = ShellRounds},
+        [&] { return ours.Run(port); }, [&] { return SearchInShell(port); });
+}
+
 void CompareAll()
 {
     const test::FixedClock clock(Moment());
@@ -63,6 +101,7 @@ void CompareAll()
     MakeSendLog(database.Path(), Rows);
     test::TestServer server(database.Path(), clock);
     CompareSides(server, "search over ODBC");
+    CompareWithShell(server);
 
     const QString sql = WholeYear().Text();
     test::ServerDatabases databases(server.Account().Database, database.Path(), clock);
@@ -79,13 +118,7 @@ void CompareAll()
 /// "program" or "bare", and the server's port.
 void BeSide(const QStringList& arguments)
 {
-    const test::ServerAccount account;
-    Session session;
-    session.DBServer = QStringLiteral("127.0.0.1");
-    session.DBPort = arguments[1];
-    session.DBCatalog = account.Database;
-    session.DBUser = account.User;
-    session.DBPassword = account.Password;
+    Session session = SessionOn(arguments[1]);
     const Search search = arguments[0] == u"program" ? SearchByProgram(session) : FetchBare(session);
     TellCost({search.nanoseconds, PeakMemory()}, QByteArray::number(search.texts) + ' ' + search.digest);
 }

@@ -24,4 +24,7 @@ Search SearchByProgram(Session& session);
 /// the other into memory as they come in UTF-16.
 Search FetchBare(const Session& session);
 
+/// What the first driver of this machine is told to reach the session's server.
+QString DriverText(const Session& session);
+
 } // namespace tsms::bench
