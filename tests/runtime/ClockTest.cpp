@@ -18,4 +18,9 @@ TEST(MomentText, FillsSmallNumbersWithZeros)
     EXPECT_EQ(MomentText({QDate(987, 1, 2), QTime(0, 3, 4)}), u"0987-01-02 00:03:04"_q);
 }
 
+TEST(MomentText, SaysMidnightInZeros)
+{
+    EXPECT_EQ(MomentText({QDate(2030, 10, 20), QTime(0, 0)}), u"2030-10-20 00:00:00"_q);
+}
+
 } // namespace
