@@ -78,17 +78,12 @@ void ShowNothingCancelledBox(Desktop& desktop)
                    MsgBoxCritical, QStringLiteral("문자메시지 취소 실패!!!"));
 }
 
-bool CheckAccountAtLoad(Desktop& desktop, const Session& session)
+void CheckAccountAtLoad(Desktop& desktop, const Session& session)
 {
-    if (IsBlank(session.SMSID)) {
+    if (IsBlank(session.SMSID))
         ShowSignUpBox(desktop, session);
-        return true;
-    }
-    if (session.SMSRemainCnt == 0) {
+    else if (session.SMSRemainCnt == 0)
         ShowChargeBox(desktop, session);
-        return true;
-    }
-    return false;
 }
 
 } // namespace tsms

@@ -19,7 +19,7 @@ void ShowRefusal(Desktop& desktop, const Session& session, Refusal refusal);
 /// Tells that no message could be withdrawn.
 void ShowNothingCancelledBox(Desktop& desktop);
 
-/// The account checks at the load of the main window. True when one of them fired.
-bool CheckAccountAtLoad(Desktop& desktop, const Session& session);
+/// The account checks at the load of the main window: an account that is not there, or has no messages left.
+void CheckAccountAtLoad(Desktop& desktop, const Session& session);
 
 } // namespace tsms

@@ -74,7 +74,6 @@ void ComposePage::BuildMessage(QVBoxLayout& phone, QWidget& parent)
     heading->setMinimumHeight(theme::ControlHeight(heading->fontMetrics()));
     message_ = new MemoBox(&parent, QStringLiteral("TxtPerSendMsg"));
     DescribeBy(*message_, QStringLiteral("문자메시지 내용"));
-    message_->SetBorder(false);
     message_->SetBackColor(theme::Phone);
     message_->SetImeMode(ImeMode::Hangul);
     message_->SetByteLimit(MessageLimit);

@@ -78,7 +78,6 @@ void TemplateEditor::BuildFields()
 
     body_ = new MemoBox(this, QStringLiteral("txtEditBox"));
     DescribeBy(*body_, QStringLiteral("문자메시지 내용"));
-    body_->SetBorder(false);
     body_->SetBackColor(theme::Phone);
     body_->SetMaxLength(BodyCharacters);
     body_->SetImeMode(ImeMode::Hangul);

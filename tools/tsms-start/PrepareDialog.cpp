@@ -94,11 +94,13 @@ void PrepareDialog::BuildScript()
     look_ = new PushButton(&Body(), QStringLiteral("BtnLook"), QStringLiteral("살펴보기"));
     look_->OnClick = [this] { Look(); };
     BodyLayout().addWidget(look_, 0, Qt::AlignLeft);
-    shown_ = new MemoBox(&Body(), QStringLiteral("txtScript"));
+    auto* backing = new FieldPanel(&Body(), QStringLiteral("PLtxtScript"));
+    backing->setFixedSize(Room);
+    shown_ = new MemoBox(backing, QStringLiteral("txtScript"));
     shown_->setReadOnly(true);
-    shown_->setFixedSize(Room);
     DescribeBy(*shown_, QStringLiteral("실행할 스크립트"));
-    BodyLayout().addWidget(shown_);
+    backing->Hold(*shown_);
+    BodyLayout().addWidget(backing);
     ForgetScript();
 }
 

@@ -71,7 +71,7 @@ void StartWindow::BuildList()
     list_->SetColWidth(NameColumn, 20);
     list_->SetColWidth(PlaceColumn, 30);
     list_->SetFillWidth(true);
-    const std::function<void()> start = WhenIdle(*this, [this] { Start(); });
+    const std::function<void()> start = WhenIdle(*this, [this] { WithSelected(&StartWindow::Start); });
     list_->OnKeyPress = [start](int& key) {
         if (key == u'\r')
             start();
@@ -117,21 +117,23 @@ void StartWindow::ShowList()
     first->setFocus(Qt::OtherFocusReason);
 }
 
-const SavedConnection* StartWindow::Selected() const
+void StartWindow::WithSelected(void (StartWindow::*act)(const SavedConnection&))
 {
     const int at = list_->ActiveRow() - 1;
     const QList<SavedConnection>& all = services_.connections.All();
-    if (at >= 0 && at < all.size())
-        return &all[at];
-    services_.desktop.MsgBox(QStringLiteral("먼저 \"새 연결\"을 눌러 연결을 만드십시오."), MsgBoxInformation,
-                             QStringLiteral("문자메시지 시작하기"));
-    return nullptr;
+    if (at < 0 || at >= all.size()) {
+        services_.desktop.MsgBox(QStringLiteral("먼저 \"새 연결\"을 눌러 연결을 만드십시오."),
+                                 MsgBoxInformation, QStringLiteral("문자메시지 시작하기"));
+        return;
+    }
+    const SavedConnection selected = all[at]; // the list may change meanwhile
+    (this->*act)(selected);
 }
 
 void StartWindow::OnButton(int index)
 {
     if (index == 0)
-        Start();
+        WithSelected(&StartWindow::Start);
     else
         DialogForm::OnButton(index);
 }
@@ -143,27 +145,22 @@ void StartWindow::Do(Command command)
         Edit({});
         break;
     case Change:
-        if (const SavedConnection* selected = Selected())
-            Edit(*selected);
+        WithSelected(&StartWindow::Edit);
         break;
     case Remove:
-        RemoveSelected();
+        WithSelected(&StartWindow::RemoveConnection);
         break;
     case Test:
-        TestSelected();
+        WithSelected(&StartWindow::TestConnection);
         break;
     case Prepare:
-        PrepareSelected();
+        WithSelected(&StartWindow::PrepareConnection);
         break;
     }
 }
 
-void StartWindow::Start()
+void StartWindow::Start(const SavedConnection& connection)
 {
-    const SavedConnection* selected = Selected();
-    if (!selected)
-        return;
-    const SavedConnection connection = *selected;
     const std::optional<QString> password = PasswordFor(connection);
     if (!password)
         return;
@@ -182,9 +179,9 @@ void StartWindow::Start()
             MsgBoxCritical, QStringLiteral("문자메시지 시작하기"));
 }
 
-void StartWindow::Edit(SavedConnection connection)
+void StartWindow::Edit(const SavedConnection& connection)
 {
-    ConnectionDialog dialog(services_, std::move(connection), this);
+    ConnectionDialog dialog(services_, connection, this);
     dialog.ShowModal();
     if (!dialog.Saved())
         return;
@@ -196,12 +193,8 @@ void StartWindow::Edit(SavedConnection connection)
     ShowList();
 }
 
-void StartWindow::RemoveSelected()
+void StartWindow::RemoveConnection(const SavedConnection& connection)
 {
-    const SavedConnection* selected = Selected();
-    if (!selected)
-        return;
-    const SavedConnection connection = *selected;
     const QString question = QStringLiteral("연결 \"%1\"을(를) 지우시겠습니까?\r\n\r\n"
                                             "데이터베이스와 그 안의 자료는 그대로 남습니다.")
                                  .arg(connection.name);
@@ -214,12 +207,8 @@ void StartWindow::RemoveSelected()
     ShowList();
 }
 
-void StartWindow::TestSelected()
+void StartWindow::TestConnection(const SavedConnection& connection)
 {
-    const SavedConnection* selected = Selected();
-    if (!selected)
-        return;
-    const SavedConnection connection = *selected;
     const std::optional<QString> password = PasswordFor(connection);
     if (!password)
         return;
@@ -229,15 +218,12 @@ void StartWindow::TestSelected()
         passwords_.remove(connection.id);
 }
 
-void StartWindow::PrepareSelected()
+void StartWindow::PrepareConnection(const SavedConnection& connection)
 {
-    const SavedConnection* selected = Selected();
-    if (!selected)
-        return;
-    if (selected->IsServer())
-        PrepareDialog(services_, *selected, passwords_.value(selected->id), this).ShowModal();
+    if (connection.IsServer())
+        PrepareDialog(services_, connection, passwords_.value(connection.id), this).ShowModal();
     else
-        PrepareFile(selected->file);
+        PrepareFile(connection.file);
 }
 
 void StartWindow::PrepareFile(const QString& file)

@@ -32,14 +32,15 @@ private:
     void BuildList();
     void BuildCommands();
     void ShowList();
-    const SavedConnection* Selected() const;
     void Do(Command command);
+    /// Does it with the connection that is selected, or says that there is none.
+    void WithSelected(void (StartWindow::*act)(const SavedConnection&));
 
-    void Start();
-    void Edit(SavedConnection connection);
-    void RemoveSelected();
-    void TestSelected();
-    void PrepareSelected();
+    void Start(const SavedConnection& connection);
+    void Edit(const SavedConnection& connection);
+    void RemoveConnection(const SavedConnection& connection);
+    void TestConnection(const SavedConnection& connection);
+    void PrepareConnection(const SavedConnection& connection);
     void PrepareFile(const QString& file);
     void AddLogs(const QString& file);
     void Aside(const std::function<void()>& act);

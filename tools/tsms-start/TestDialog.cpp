@@ -94,11 +94,13 @@ void TestDialog::BuildList()
 void TestDialog::BuildWords()
 {
     constexpr int WordsHeight = 170;
-    words_ = new MemoBox(&Body(), QStringLiteral("txtWords"));
+    auto* backing = new FieldPanel(&Body(), QStringLiteral("PLtxtWords"));
+    backing->setFixedHeight(WordsHeight);
+    words_ = new MemoBox(backing, QStringLiteral("txtWords"));
     words_->setReadOnly(true);
-    words_->setFixedHeight(WordsHeight);
     DescribeBy(*words_, QStringLiteral("할 일"));
-    BodyLayout().addWidget(words_);
+    backing->Hold(*words_);
+    BodyLayout().addWidget(backing);
 }
 
 void TestDialog::OnFirstActivation()

@@ -278,10 +278,8 @@ void FieldPanel::Hold(TextField& field)
     setMinimumHeight(theme::ControlHeight(fontMetrics()));
     if (auto* line = qobject_cast<QLineEdit*>(&field.Widget()))
         line->setFrame(false);
-    if (auto* memo = qobject_cast<QPlainTextEdit*>(&field.Widget())) {
-        memo->setFrameShape(QFrame::NoFrame);
+    if (auto* memo = qobject_cast<QPlainTextEdit*>(&field.Widget()))
         memo->document()->setDocumentMargin(2); // as much as a line has
-    }
     field.SetFocusBacking(*this);
     Follow(field.Widget());
 }

@@ -20,6 +20,7 @@ namespace tsms {
 
 MemoBox::MemoBox(QWidget* parent) : QPlainTextEdit(parent)
 {
+    setFrameShape(QFrame::NoFrame);
     setTabChangesFocus(true);
     setUndoRedoEnabled(false); // it would undo key by key, and a correction apart from its change
     connect(this, &QPlainTextEdit::textChanged, this, [this] { TellChange(); });
@@ -28,11 +29,6 @@ MemoBox::MemoBox(QWidget* parent) : QPlainTextEdit(parent)
 MemoBox::MemoBox(QWidget* parent, const QString& name) : MemoBox(parent)
 {
     SetName(*this, name);
-}
-
-void MemoBox::SetBorder(bool border)
-{
-    setFrameShape(border ? QFrame::StyledPanel : QFrame::NoFrame);
 }
 
 void MemoBox::MarkFrom(int position, const QColor& ground)

@@ -6,7 +6,8 @@
 
 namespace tsms {
 
-/// The multi-line text box. Enter makes a line break, Tab leaves the box.
+/// The multi-line text box. Enter makes a line break, Tab leaves the box. It has no border: the panel that it
+/// stands on draws one.
 class MemoBox : public QPlainTextEdit, public TextField
 {
     Q_OBJECT
@@ -14,9 +15,6 @@ class MemoBox : public QPlainTextEdit, public TextField
 public:
     explicit MemoBox(QWidget* parent = nullptr);
     MemoBox(QWidget* parent, const QString& name);
-
-    /// Without its border, as on a coloured panel.
-    void SetBorder(bool border);
 
     /// Gives the text from there on a ground of its own.
     void MarkFrom(int position, const QColor& ground);
