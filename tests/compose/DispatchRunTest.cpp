@@ -1,3 +1,4 @@
+#include "compose/RunDialog.h"
 #include "support/database/SqlServerWords.h"
 #include "support/program/Program.h"
 #include "toolkit/fields/ComboBox.h"
@@ -9,6 +10,8 @@
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
+#include <QEvent>
+#include <QTest>
 
 using namespace tsms;
 using namespace tsms::test;
@@ -82,6 +85,38 @@ protected:
     std::function<void()> atTheEnd; ///< when the dialog is about to go
 };
 
+/// What a label showed each time that it was drawn.
+class DrawnCaptions : public QObject
+{
+public:
+    explicit DrawnCaptions(Label& label) : label_(label) { label.installEventFilter(this); }
+
+    QStringList all;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+            all += label_.Caption();
+        return false;
+    }
+
+private:
+    Label& label_;
+};
+
+/// A dialog whose rows a test plays.
+class RowByRow : public RunDialog
+{
+public:
+    explicit RowByRow(Services& services) : RunDialog(services, {}, 3, nullptr) {}
+    using RunDialog::SetBarValue;
+    using RunDialog::ShowStatus;
+
+protected:
+    void Run() override {}
+};
+
 using DispatchInSqlServerWords = InSqlServerWords<Dispatch>;
 
 TEST_F(Dispatch, AFilteredRowCountsAsDoneAndTheBalanceFallsByWhatLeft)
@@ -100,6 +135,18 @@ TEST_F(Dispatch, AFilteredRowCountsAsDoneAndTheBalanceFallsByWhatLeft)
     EXPECT_EQ(shown[3], u"0"_q);
     EXPECT_EQ(program.Balance(), 97);
     EXPECT_EQ(program.LogRows(), 3);
+}
+
+TEST_F(Dispatch, TheFirstRowIsDrawnAtOnce)
+{
+    RowByRow dialog(program.services);
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+    DrawnCaptions drawn(program.On<Label>(dialog, u"lblStatus"_q));
+    dialog.SetBarValue(0); // where a run begins
+    dialog.ShowStatus(u"첫째"_q);
+    dialog.SetBarValue(1);
+    EXPECT_EQ(drawn.all, QStringList(u"첫째"_q));
 }
 
 TEST_F(Dispatch, TheBarRunsByRowsAndStandsFullPastItsMaximum)
