@@ -62,6 +62,16 @@ TEST_F(GridHelperTest, PrepareGridBeginsAnew)
     EXPECT_EQ(grid.font().pointSizeF(), 9.0);
 }
 
+TEST_F(GridHelperTest, SetUpListLeavesTheTitlesAndNoRow)
+{
+    grid.Cells().SetMaxRows(3);
+    grid.Cells().SetText(1, 1, u"가"_q);
+    helper.SetUpList(grid, 16, 14, {{u"번호"_q, 3}, {u"이름"_q, 9}});
+    EXPECT_EQ(grid.Cells().MaxRows(), 0);
+    EXPECT_EQ(grid.Cells().MaxCols(), 2);
+    EXPECT_EQ(grid.Cells().Text(2, 0), u"이름"_q);
+}
+
 TEST_F(GridHelperTest, FormatTwoCentresAColumn)
 {
     helper.FormatColumn(grid, 3, 2);
