@@ -1,13 +1,10 @@
 #include "toolkit/fields/MemoBox.h"
 
 #include "runtime/Text.h"
-#include "toolkit/fields/KeyFilter.h"
 #include "toolkit/fields/LimitRule.h"
 #include "toolkit/fields/Naming.h"
 
 #include <QContextMenuEvent>
-#include <QInputMethodEvent>
-#include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
 #include <QTextBlock>
@@ -18,7 +15,7 @@
 
 namespace tsms {
 
-MemoBox::MemoBox(QWidget* parent) : QPlainTextEdit(parent)
+MemoBox::MemoBox(QWidget* parent) : TextControl(parent)
 {
     setFrameShape(QFrame::NoFrame);
     setTabChangesFocus(true);
@@ -119,57 +116,20 @@ int MemoBox::ToDocument(int textPosition) const
     return last;
 }
 
-bool MemoBox::event(QEvent* event)
+void MemoBox::Press(QKeyEvent& key)
 {
-    if (SwallowsTab(*event, [this](QStringView key) { return PassKeys(key); }))
-        return true;
-    return QPlainTextEdit::event(event);
-}
-
-void MemoBox::keyPressEvent(QKeyEvent* event)
-{
-    if (TakesBack(*event))
-        return;
-    SendFilteredKey(
-        *event, [this](QStringView keys) { return WithRoom(PassKeys(keys)); },
-        [this](QKeyEvent* key) {
-            // With Shift the control would put in a break of its own kind, which no text of ours knows.
-            QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
-            const bool shifted = key->key() == Qt::Key_Return && key->modifiers() == Qt::ShiftModifier;
-            EditByKey(*key, [&] { QPlainTextEdit::keyPressEvent(shifted ? &enter : key); });
-        });
-}
-
-void MemoBox::keyReleaseEvent(QKeyEvent* event)
-{
-    QPlainTextEdit::keyReleaseEvent(event);
-    if (!event->isAutoRepeat())
-        TellKeyUp(event->key(), static_cast<int>(event->modifiers()));
+    // With Shift the control would put in a break of its own kind, which no text of ours knows.
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
+    const bool shifted = key.key() == Qt::Key_Return && key.modifiers() == Qt::ShiftModifier;
+    EditByKey(key, [&] { QPlainTextEdit::keyPressEvent(shifted ? &enter : &key); });
 }
 
 void MemoBox::inputMethodEvent(QInputMethodEvent* event)
 {
-    SeeComposed(*event);
-    SendFilteredCommit(
-        *event, [this](QStringView keys) { return PassKeys(keys); },
-        [this](QInputMethodEvent* commit) {
-            EditByCommit([&] { QPlainTextEdit::inputMethodEvent(commit); });
-        });
+    TextControl::inputMethodEvent(event);
     // A syllable that a click finishes comes without a key of its own, and the counters go by keys.
     if (!event->commitString().isEmpty())
         TellKeyUp(0, 0);
-}
-
-void MemoBox::focusInEvent(QFocusEvent* event)
-{
-    QPlainTextEdit::focusInEvent(event);
-    TellFocus(true, event->reason());
-}
-
-void MemoBox::focusOutEvent(QFocusEvent* event)
-{
-    QPlainTextEdit::focusOutEvent(event);
-    TellFocus(false, event->reason());
 }
 
 void MemoBox::contextMenuEvent(QContextMenuEvent* event)

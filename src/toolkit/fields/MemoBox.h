@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/fields/TextField.h"
+#include "toolkit/fields/TextControl.h"
 
 #include <QPlainTextEdit>
 
@@ -8,7 +8,7 @@ namespace tsms {
 
 /// The multi-line text box. Enter makes a line break, Tab leaves the box. It has no border: the panel that it
 /// stands on draws one.
-class MemoBox : public QPlainTextEdit, public TextField
+class MemoBox : public TextControl<QPlainTextEdit>
 {
     Q_OBJECT
 
@@ -24,19 +24,15 @@ public:
     void SetSelStart(int position) override;
     int SelLength() const override;
     void Select(int start, int length) override;
-    QWidget& Widget() override { return *this; }
 
 protected:
     void Load(const QString& text) override;
     void Replace(const QString& text, int caret) override;
     int Caret() const override;
 
-    bool event(QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void keyReleaseEvent(QKeyEvent* event) override;
+    void Press(QKeyEvent& key) override;
+
     void inputMethodEvent(QInputMethodEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
 

@@ -1,13 +1,10 @@
 #include "toolkit/fields/TextBox.h"
 
-#include "toolkit/fields/KeyFilter.h"
 #include "toolkit/fields/LimitRule.h"
 #include "toolkit/fields/Naming.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
-#include <QInputMethodEvent>
-#include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
 
@@ -15,7 +12,7 @@
 
 namespace tsms {
 
-TextBox::TextBox(QWidget* parent) : QLineEdit(parent)
+TextBox::TextBox(QWidget* parent) : TextControl(parent)
 {
     // Its own limit works on what was put in; the control's would cut without telling where.
     QLineEdit::setMaxLength(MostGiven);
@@ -63,23 +60,10 @@ void TextBox::Replace(const QString& text, int caret)
     setCursorPosition(caret);
 }
 
-bool TextBox::event(QEvent* event)
+void TextBox::Press(QKeyEvent& key)
 {
-    if (SwallowsTab(*event, [this](QStringView key) { return PassKeys(key); }))
-        return true;
-    return QLineEdit::event(event);
-}
-
-void TextBox::keyPressEvent(QKeyEvent* event)
-{
-    if (TakesBack(*event))
-        return;
-    SendFilteredKey(
-        *event, [this](QStringView keys) { return WithRoom(PassKeys(keys)); },
-        [this](QKeyEvent* key) {
-            StepOverSeparator(*key);
-            EditByKey(*key, [&] { QLineEdit::keyPressEvent(key); });
-        });
+    StepOverSeparator(key);
+    EditByKey(key, [&] { QLineEdit::keyPressEvent(&key); });
 }
 
 void TextBox::StepOverSeparator(const QKeyEvent& key)
@@ -93,21 +77,6 @@ void TextBox::StepOverSeparator(const QKeyEvent& key)
         setCursorPosition(caret + 1);
 }
 
-void TextBox::keyReleaseEvent(QKeyEvent* event)
-{
-    QLineEdit::keyReleaseEvent(event);
-    if (!event->isAutoRepeat())
-        TellKeyUp(event->key(), static_cast<int>(event->modifiers()));
-}
-
-void TextBox::inputMethodEvent(QInputMethodEvent* event)
-{
-    SeeComposed(*event);
-    SendFilteredCommit(
-        *event, [this](QStringView keys) { return PassKeys(keys); },
-        [this](QInputMethodEvent* commit) { EditByCommit([&] { QLineEdit::inputMethodEvent(commit); }); });
-}
-
 void TextBox::focusInEvent(QFocusEvent* event)
 {
     const int caret = cursorPosition();
@@ -117,12 +86,6 @@ void TextBox::focusInEvent(QFocusEvent* event)
         SetSelStart(caret);
     TellFocus(true, event->reason());
     keepsMark_ = event->reason() == Qt::MouseFocusReason && SelLength() > 0;
-}
-
-void TextBox::focusOutEvent(QFocusEvent* event)
-{
-    QLineEdit::focusOutEvent(event);
-    TellFocus(false, event->reason());
 }
 
 void TextBox::mousePressEvent(QMouseEvent* event)

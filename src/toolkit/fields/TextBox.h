@@ -1,13 +1,13 @@
 #pragma once
 
-#include "toolkit/fields/TextField.h"
+#include "toolkit/fields/TextControl.h"
 
 #include <QLineEdit>
 
 namespace tsms {
 
 /// The single-line text box. Of a pasted text it takes what stands before the first line break.
-class TextBox : public QLineEdit, public TextField
+class TextBox : public TextControl<QLineEdit>
 {
     Q_OBJECT
 
@@ -20,19 +20,15 @@ public:
     void SetSelStart(int position) override;
     int SelLength() const override;
     void Select(int start, int length) override;
-    QWidget& Widget() override { return *this; }
 
 protected:
     void Load(const QString& text) override;
     void Replace(const QString& text, int caret) override;
     int Caret() const override { return cursorPosition(); }
 
-    bool event(QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void keyReleaseEvent(QKeyEvent* event) override;
-    void inputMethodEvent(QInputMethodEvent* event) override;
+    void Press(QKeyEvent& key) override;
+
     void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
