@@ -34,8 +34,9 @@ public:
 
     /// Sends one message and writes its log row. True when the reply names no failure, whatever becomes of
     /// the log row. Any failure shows a box, releases the client and closes the database. `sendTime` is
-    /// blank for at once, else "YYYY:MM:DD:HH:MM". `meanwhile` is called before this ends and before it shows
-    /// anything, as a rule while the answer is on its way, and perhaps more than once. Never raises.
+    /// blank for at once, else "YYYY:MM:DD:HH:MM"; `extra1` to `extra3` go to the gateway as they are.
+    /// `meanwhile` is called before this ends and before it shows anything, as a rule while the answer is on
+    /// its way, and perhaps more than once. Never raises.
     bool SubmitSMS(const QString& recvNm, const QString& recvTelNo, const QString& senderTelNo,
                    const QString& content, const QString& sendTime, const QString& extra1,
                    const QString& extra2, const QString& extra3, const std::function<void()>& meanwhile = {});

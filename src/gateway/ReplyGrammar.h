@@ -17,8 +17,9 @@ struct Reply
     bool IsAccepted() const;
 };
 
-/// Reads items 0, 3, 7 and 8 of `text`, in this order, into `into`, which is emptied first. Raises 13 when
-/// the truth value is none and 9 at the first of these items that is missing; what was read before stays.
+/// Reads items 0, 3, 7 and 8 of `text`, between which ";" stands, in this order into `into`, which is emptied
+/// first. Raises 13 when the truth value is none and 9 at the first of these items that is missing; what was
+/// read before stays.
 void ReadReply(QStringView text, Reply& into);
 
 } // namespace tsms

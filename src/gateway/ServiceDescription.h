@@ -41,12 +41,13 @@ struct ServiceDescription
     QMap<QString, CallShape> operations;
 };
 
-/// Gives the bytes of a document, and its content type.
+/// A document as it came.
 struct FetchedDocument
 {
     QByteArray bytes;
     QByteArray contentType;
 };
+/// Fetches a document. Raises a SoapFault when it cannot.
 using DocumentSource = std::function<FetchedDocument(const QUrl&)>;
 
 /// Reads the description at `url` and the imports that lie on the same host (at most MaxDocuments in all;

@@ -11,7 +11,8 @@
 namespace tsms {
 
 /// One direction of the platform's conversion between a code page, by its number in Windows, and UTF-16 in
-/// the machine's byte order. To be made once and kept.
+/// the machine's byte order. To be made once and kept. With a code page that the platform does not know it
+/// converts nothing.
 class CodePageConverter
 {
 public:

@@ -18,8 +18,8 @@ enum MsgBoxAnswer : int { AnswerOK = 1, AnswerYes = 6, AnswerNo = 7 };
 /// Mouse pointers, by the numbers that operations use.
 enum class MousePointer : int { Default = 0, Hourglass = 11 };
 
-/// All that the program asks of the desk it runs on. The Qt side is toolkit/QtDesktop; tests script their
-/// own.
+/// All that the program asks of the desk it runs on. The Qt side is toolkit/windows/QtDesktop; tests
+/// script their own.
 class Desktop
 {
 public:

@@ -34,7 +34,7 @@ QString FormatCount(std::int64_t n);
 /// is.
 QString GroupDigits(QStringView text);
 
-/// The same number without its separators.
+/// The text without any comma, wherever it stands.
 QString WithoutSeparators(QStringView text);
 
 /// A 16-bit counter. Raises 6 where a step leaves its range.

@@ -19,19 +19,20 @@ class DBConnect
 public:
     DBConnect(Session& session, Desktop& desktop, ConnectionMaker makeConnection);
 
+    /// Opens a new connection by the session's launch fields, in place of the one that stands.
     bool ConnectDB();
 
     /// The beginning of every operation: ConnectDB, and once more if that failed. The second result is
     /// not looked at.
     void ConnectWithRetry();
 
-    void CloseDB();
+    void CloseDB();  ///< lets the recordset and the connection go, if they stand
     void CloseDB2(); ///< the second set of objects, which nothing opens
 
     /// Replaces the current recordset by the result of a SELECT.
     bool OpenRecordset(const Statement& statement);
 
-    /// OpenRecordset, and when that succeeded, `read` with the result.
+    /// OpenRecordset, and when that succeeded, `read` with the result. What `read` raises passes by.
     bool Select(const Statement& statement, const std::function<void(Recordset&)>& read);
 
     /// Runs one statement.

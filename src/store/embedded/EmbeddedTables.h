@@ -18,7 +18,8 @@ void CreateEmbeddedDatabase(const QString& path, YearRange years, const Clock& c
 /// The statements that make one table with its indexes, in the engine's own language.
 QString EmbeddedTableScript(const TableDescription& table);
 
-/// Adds the send log of one more year. Raises a RuntimeError when it is there already.
+/// Adds the send log of one more year. Raises a RuntimeError when it is there already, and when the file
+/// cannot be opened or written.
 void AddEmbeddedLogYear(const QString& path, int year, const Clock& clock);
 
 } // namespace tsms

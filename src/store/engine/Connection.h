@@ -29,7 +29,7 @@ public:
     std::function<void()> WhileReading;
 
     virtual bool IsOpen() const = 0;
-    virtual void Open() = 0;
+    virtual void Open() = 0;  ///< what ConnectionString names
     virtual void Close() = 0; ///< raises nothing
 
     /// Runs a SELECT and takes all of its result.

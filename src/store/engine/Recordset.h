@@ -25,13 +25,14 @@ public:
     /// The position (from 0) of a field; case is ignored. Raises ItemNotFound.
     int FieldIndex(QStringView name) const;
 
-    /// One value by row and column, both from 0. Numbers come in plain digits, a NULL as empty text.
+    /// One value by row and column, both from 0. Numbers come in plain digits, a NULL as empty text. Raises
+    /// NoCurrentRecord and ItemNotFound outside.
     QString Text(int row, int column) const;
     bool IsNull(int row, int column) const;
 
     // The cursor. It stands on the first record of a new result.
     bool Eof() const { return current_ >= rows_; }
-    void MoveNext();
+    void MoveNext(); ///< does nothing at the end
 
     /// A value of the current record. Raises ItemNotFound, and NoCurrentRecord when there is none.
     QString Field(QStringView name) const;
