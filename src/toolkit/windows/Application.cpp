@@ -1,6 +1,7 @@
 #include "toolkit/windows/Application.h"
 
-#include "runtime/VectorRegisters.h"
+#include "runtime/WideRegisters.h"
+#include "runtime/WideRegisters.h"
 #include "session/Session.h"
 #include "toolkit/look/Pictures.h"
 #include "toolkit/windows/Guarded.h"
@@ -12,6 +13,7 @@
 #include <QLocale>
 #include <qpa/qwindowsysteminterface.h>
 #include <QScopedValueRollback>
+#include <QScopeGuard>
 #include <QTextStream>
 #include <QThread>
 
@@ -78,9 +80,7 @@ bool Application::notify(QObject* receiver, QEvent* event)
     if (!handedOn && composition_.Withholds(*event))
         return true;
     const QScopedValueRollback within(composing_, composing_ || composing);
-    const bool isTaken = Deliver(receiver, event);
-    ReleaseVectorRegisters(); // which painting leaves in use
-    return isTaken;
+    return Deliver(receiver, event);
 }
 
 /// A key that the input method has no use for comes back to the program. By some methods it waits in a queue,
@@ -116,6 +116,7 @@ bool Application::IsHeldOnButton(const QObject& receiver, const QEvent& event)
 
 bool Application::Deliver(QObject* receiver, QEvent* event)
 {
+    const auto release = qScopeGuard(ReleaseWideRegisters); // events within an operation draw
     if (!desktop_)
         return QApplication::notify(receiver, event);
     bool isTaken = true;
