@@ -25,6 +25,8 @@
 #include <QToolTip>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace tsms {
 
 namespace {
@@ -293,11 +295,12 @@ MakeSMSExcel::Counts MakeSMSExcel::JudgeRows(std::int32_t total)
     Counts counts;
     int row = 0;
     const auto showLast = qScopeGuard([&] { ShowProgress(total, row, counts); });
+    constexpr int rowsBetweenLooks = 32; // at the clock, which take as long as the reading of a row
     ScreenPace pace;
     while (row < sheet_->Cells().MaxRows()) {
         TakeRow(row + 1, counts);
         ++row;
-        if (pace.IsDue()) {
+        if (row % rowsBetweenLooks == 0 && pace.IsDue()) {
             ShowProgress(total, row, counts);
             goodCount_->Refresh(); // and with it whatever else has changed
         }
@@ -307,11 +310,11 @@ MakeSMSExcel::Counts MakeSMSExcel::JudgeRows(std::int32_t total)
 
 void MakeSMSExcel::TakeRow(int row, Counts& counts)
 {
-    const QString name = SheetText(SheetName, row);
-    const QString phone = SheetText(SheetPhone, row);
+    QString name = SheetText(SheetName, row);
+    QString phone = SheetText(SheetPhone, row);
     switch (JudgeImportRow(name, phone)) {
     case ImportVerdict::Good:
-        WriteGoodRow(row, name, phone, counts);
+        WriteGoodRow(row, std::move(name), std::move(phone), counts);
         break;
     case ImportVerdict::Lost:
         ++counts.lose;
@@ -321,12 +324,12 @@ void MakeSMSExcel::TakeRow(int row, Counts& counts)
     }
 }
 
-void MakeSMSExcel::WriteGoodRow(int row, const QString& name, const QString& phone, Counts& counts)
+void MakeSMSExcel::WriteGoodRow(int row, QString name, QString phone, Counts& counts)
 {
     ++counts.good; // where it overflows, the row is not written
     const int to = counts.good.Value();
     recipients_.WriteRunningNumber(to, TwoDigits(to));
-    recipients_.Write(to, Trim(name), Trim(phone));
+    recipients_.Write(to, Trim(std::move(name)), Trim(std::move(phone)));
     recipients_.WriteThirdValue(to, Trim(SheetText(SheetThird, row)));
 }
 

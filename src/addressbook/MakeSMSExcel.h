@@ -47,7 +47,7 @@ private:
     void TakeRows(std::int32_t total);
     Counts JudgeRows(std::int32_t total);
     void TakeRow(int row, Counts& counts);
-    void WriteGoodRow(int row, const QString& name, const QString& phone, Counts& counts);
+    void WriteGoodRow(int row, QString name, QString phone, Counts& counts);
     void ShowProgress(std::int32_t total, int row, const Counts& counts);
     void SetRunBusy(bool busy);
     QString SheetText(int column, int row) const;

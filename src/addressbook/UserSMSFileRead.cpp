@@ -124,11 +124,11 @@ void ReadRecipientRecords(QIODevice& file, RecipientList& list)
     RecordReader reader(file);
     int target = 1;
     for (int i = 1; i <= records; ++i) {
-        const RecipientRecord record = reader.Next();
+        RecipientRecord record = reader.Next();
         if (!HasMobilePrefix(record.phone) || !TakeNumber(listed, list, target, record.phone))
             continue;
         list.WriteRunningNumber(target, QString::number(target));
-        list.Write(target, record.name, record.phone);
+        list.Write(target, std::move(record.name), std::move(record.phone));
         ++target;
     }
 }

@@ -6,6 +6,7 @@
 #include "toolkit/look/Theme.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tsms {
 
@@ -97,10 +98,10 @@ void GridRecipientList::Resize(int rows)
     grid_.Cells().SetMaxRows(rows);
 }
 
-void GridRecipientList::Write(int row, const QString& name, const QString& phone)
+void GridRecipientList::Write(int row, QString name, QString phone)
 {
-    grid_.Cells().SetText(NameColumn, row, name);
-    grid_.Cells().SetText(PhoneColumn, row, phone);
+    grid_.Cells().SetText(NameColumn, row, std::move(name));
+    grid_.Cells().SetText(PhoneColumn, row, std::move(phone));
 }
 
 void GridRecipientList::WriteRunningNumber(int row, const QString& number)
@@ -108,9 +109,9 @@ void GridRecipientList::WriteRunningNumber(int row, const QString& number)
     grid_.Cells().SetText(RunningNumberColumn, row, number);
 }
 
-void GridRecipientList::WriteThirdValue(int row, const QString& value)
+void GridRecipientList::WriteThirdValue(int row, QString value)
 {
-    grid_.Cells().SetText(ThirdValueColumn, row, value);
+    grid_.Cells().SetText(ThirdValueColumn, row, std::move(value));
 }
 
 void GridRecipientList::InOneGo(const std::function<void()>& changes)

@@ -30,9 +30,9 @@ public:
     bool IsRemoved(int row) const override;
     void Reset() override;
     void Resize(int rows) override;
-    void Write(int row, const QString& name, const QString& phone) override;
+    void Write(int row, QString name, QString phone) override;
     void WriteRunningNumber(int row, const QString& number) override;
-    void WriteThirdValue(int row, const QString& value) override;
+    void WriteThirdValue(int row, QString value) override;
     void InOneGo(const std::function<void()>& changes) override;
 
     /// Hides the active row, which keeps what it holds, and numbers the rows that are left. Raises 6 beyond

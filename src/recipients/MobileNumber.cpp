@@ -20,9 +20,9 @@ bool HasMobilePrefix(QStringView number)
                        [&](QStringView prefix) { return number.startsWith(prefix); });
 }
 
-bool IsMobileNumber(const QString& number)
+bool IsMobileNumber(QStringView number)
 {
-    const QString trimmed = Trim(number);
+    const QStringView trimmed = Trimmed(number);
     return HasMobilePrefix(trimmed) && trimmed.size() >= MobileNumberLength;
 }
 

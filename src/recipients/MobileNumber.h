@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QString>
 #include <QStringView>
 
 namespace tsms {
@@ -11,6 +10,6 @@ bool HasMobilePrefix(QStringView number);
 
 /// True when a number, blanks about it apart, begins like a mobile number and has 10 characters or more,
 /// whatever these are.
-bool IsMobileNumber(const QString& number);
+bool IsMobileNumber(QStringView number);
 
 } // namespace tsms

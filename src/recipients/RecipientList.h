@@ -25,9 +25,9 @@ public:
     /// Rows beyond a smaller size are lost; new ones are empty and without a running number.
     virtual void Resize(int rows) = 0;
 
-    virtual void Write(int row, const QString& name, const QString& phone) = 0;
+    virtual void Write(int row, QString name, QString phone) = 0;
     virtual void WriteRunningNumber(int row, const QString& number) = 0;
-    virtual void WriteThirdValue(int row, const QString& value) = 0; ///< out of sight, and read by nothing
+    virtual void WriteThirdValue(int row, QString value) = 0; ///< out of sight, and read by nothing
 
     /// Makes changes of many rows. What is on view follows when they are done, also where they raise.
     virtual void InOneGo(const std::function<void()>& changes) = 0;

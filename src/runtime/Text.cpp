@@ -1,5 +1,7 @@
 #include "runtime/Text.h"
 
+#include <utility>
+
 namespace tsms {
 
 QStringView Trimmed(QStringView text)
@@ -20,6 +22,12 @@ QString Trim(const QString& text)
 {
     const QStringView trimmed = Trimmed(text);
     return trimmed.size() == text.size() ? text : trimmed.toString();
+}
+
+QString Trim(QString&& text)
+{
+    const QStringView trimmed = Trimmed(text);
+    return trimmed.size() == text.size() ? std::move(text) : trimmed.toString();
 }
 
 bool IsBlank(QStringView text)

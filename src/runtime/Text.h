@@ -12,6 +12,7 @@ inline constexpr QLatin1StringView CrLf("\r\n");
 /// Without leading and trailing blanks. Only the character 0x20 is a blank: tabs and line breaks stay.
 QString Trim(QStringView text);
 QString Trim(const QString& text);     ///< shares the text where there is nothing to take away
+QString Trim(QString&& text);          ///< gives it on where there is nothing to take away
 QStringView Trimmed(QStringView text); ///< the same as a part of the text
 
 /// True when nothing is left of `text` after Trim.

@@ -2,6 +2,7 @@
 
 #include "recipients/RecipientList.h"
 
+#include <utility>
 #include <vector>
 
 namespace tsms::test {
@@ -28,13 +29,13 @@ public:
     bool IsRemoved(int row) const override { return At(row).removed; }
     void Reset() override { rows.assign(20, {}); }
     void Resize(int count) override { rows.resize(static_cast<std::size_t>(count)); }
-    void Write(int row, const QString& name, const QString& phone) override
+    void Write(int row, QString name, QString phone) override
     {
-        At(row).name = name;
-        At(row).phone = phone;
+        At(row).name = std::move(name);
+        At(row).phone = std::move(phone);
     }
     void WriteRunningNumber(int row, const QString& number) override { At(row).number = number; }
-    void WriteThirdValue(int, const QString&) override {}
+    void WriteThirdValue(int, QString) override {}
     void InOneGo(const std::function<void()>& changes) override { changes(); }
 
     std::vector<Row> rows;

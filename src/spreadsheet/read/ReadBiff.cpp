@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <utility>
 
 namespace tsms {
 
@@ -14,17 +13,19 @@ namespace {
 
 enum TextFlag : quint8 { Wide = 0x01, HasExtension = 0x04, HasRuns = 0x08 };
 
-/// As many characters as the present record holds of `most`, in no more memory than they take.
-QString Characters(BiffReader& reader, qsizetype most, bool wide)
+/// As many characters as the present record holds of `most`.
+void AppendCharacters(BiffReader& reader, qsizetype most, bool wide, QString& to)
 {
     const qsizetype size = wide ? 2 : 1;
     const qsizetype count = std::min(most, reader.Left() / size);
     const QByteArrayView bytes = reader.Bytes(count * size);
-    if (!wide)
-        return QString::fromLatin1(bytes);
-    QString text(count, Qt::Uninitialized);
-    qFromLittleEndian<char16_t>(bytes.data(), count, text.data());
-    return text;
+    if (!wide) {
+        to += QLatin1String(bytes.data(), bytes.size());
+        return;
+    }
+    const qsizetype begin = to.size();
+    to.resize(begin + count);
+    qFromLittleEndian<char16_t>(bytes.data(), count, to.data() + begin);
 }
 
 /// Where the present record ends in the middle of something, on to the part in the next one.
@@ -38,16 +39,17 @@ void SkipOver(BiffReader& reader, qint64 size)
     reader.Skip(static_cast<qsizetype>(size));
 }
 
-RecordText TextOfParts(BiffReader& reader, int length, quint8 flags)
+/// Whether it is whole.
+bool AppendParts(BiffReader& reader, int length, quint8 flags, QString& to)
 {
-    QString text = Characters(reader, length, flags & Wide);
+    const qsizetype end = to.size() + length;
+    AppendCharacters(reader, length, flags & Wide, to);
     // Half a character never stands at an edge.
-    while (text.size() < length && reader.Left() == 0 && reader.NextPart()) {
+    while (to.size() < end && reader.Left() == 0 && reader.NextPart()) {
         const bool wide = reader.U8() & Wide; // each part has flags of its own
-        text += Characters(reader, length - text.size(), wide);
+        AppendCharacters(reader, end - to.size(), wide, to);
     }
-    const bool whole = text.size() == length;
-    return {std::move(text), whole};
+    return to.size() == end;
 }
 
 } // namespace
@@ -140,19 +142,21 @@ QByteArrayView BiffReader::Bytes(qsizetype size)
 
 RecordText ReadUnicodeText(BiffReader& reader, int length)
 {
-    return TextOfParts(reader, length, reader.U8());
+    RecordText text;
+    text.whole = AppendParts(reader, length, reader.U8(), text.text);
+    return text;
 }
 
-RecordText ReadRichText(BiffReader& reader)
+bool AppendRichText(BiffReader& reader, QString& to)
 {
     const int length = reader.U16();
     const quint8 flags = reader.U8();
     const qint64 runs = flags & HasRuns ? reader.U16() : 0;
     const qint64 extension = flags & HasExtension ? reader.U32() : 0;
-    RecordText text = TextOfParts(reader, length, flags);
+    const bool whole = AppendParts(reader, length, flags, to);
     if (runs > 0 || extension > 0)
         SkipOver(reader, 4 * runs + extension);
-    return text;
+    return whole;
 }
 
 } // namespace tsms

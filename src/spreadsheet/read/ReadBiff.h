@@ -85,7 +85,8 @@ struct RecordText
 /// A text of `length` characters that begins with its flags.
 RecordText ReadUnicodeText(BiffReader& reader, int length);
 
-/// A text with its length of 16 bits in front and, where it has them, formats of its parts behind.
-RecordText ReadRichText(BiffReader& reader);
+/// Appends a text with its length of 16 bits in front and, where it has them, formats of its parts behind.
+/// False for one that is cut.
+bool AppendRichText(BiffReader& reader, QString& to);
 
 } // namespace tsms

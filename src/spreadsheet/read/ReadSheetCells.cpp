@@ -19,37 +19,67 @@ constexpr qint64 MostCharacters = 32 << 20;
 /// Of all cells with numbers, which share no texts: ten bytes of the file may show as hundreds of characters.
 constexpr qint64 MostNumberCharacters = 6 << 20;
 
+/// The number of no text: an empty cell's.
+constexpr quint32 NoText = 0xFFFFFFFF;
+
+/// Cells hold the numbers of their texts: those that the workbook shares, and behind them those of single
+/// cells.
 class TextCells final : public CellSource
 {
 public:
-    explicit TextCells(int columns) : columns_(static_cast<std::size_t>(columns)) {}
+    TextCells(int columns, TextTable shared)
+        : shared_(std::move(shared)), columns_(static_cast<std::size_t>(columns))
+    {
+    }
 
     int Rows() const override { return rows_; }
     int Cols() const override { return static_cast<int>(columns_.size()); }
 
     QString Text(int col, int row) const override
     {
-        const std::vector<QString>& column = columns_[static_cast<std::size_t>(col) - 1];
+        const std::vector<quint32>& column = columns_[static_cast<std::size_t>(col) - 1];
         const auto place = static_cast<std::size_t>(row) - 1;
-        return place < column.size() ? column[place] : QString();
+        if (place >= column.size() || column[place] == NoText)
+            return {};
+        return IsShared(column[place]) ? shared_.At(column[place]).toString() : Own(column[place]);
     }
 
-    /// Both numbers from 0, as the file has them.
-    void SetText(int col, int row, QString text)
+    bool IsShared(quint32 number) const { return number < shared_.Size(); }
+
+    qsizetype LengthOf(quint32 number) const
     {
-        std::vector<QString>& column = columns_[static_cast<std::size_t>(col)];
+        return number == NoText ? 0 : IsShared(number) ? shared_.At(number).size() : Own(number).size();
+    }
+
+    /// Gives its number.
+    quint32 AddOwn(QString text)
+    {
+        if (text.isEmpty())
+            return NoText;
+        own_.push_back(std::move(text));
+        return static_cast<quint32>(shared_.Size() + own_.size() - 1);
+    }
+
+    /// Column and row from 0, as the file has them.
+    void SetText(int col, int row, quint32 number)
+    {
+        std::vector<quint32>& column = columns_[static_cast<std::size_t>(col)];
         const auto place = static_cast<std::size_t>(row);
         if (place >= column.size()) {
-            if (text.isEmpty())
+            if (LengthOf(number) == 0)
                 return;
-            column.resize(place + 1);
+            column.resize(place + 1, NoText);
             rows_ = std::max(rows_, row + 1);
         }
-        column[place] = std::move(text);
+        column[place] = number;
     }
 
 private:
-    std::vector<std::vector<QString>> columns_;
+    const QString& Own(quint32 number) const { return own_[number - shared_.Size()]; }
+
+    TextTable shared_;
+    std::vector<QString> own_;
+    std::vector<std::vector<quint32>> columns_;
     int rows_ = 0;
 };
 
@@ -100,8 +130,11 @@ QString TruthText(quint8 truth)
 class CellsReader
 {
 public:
-    CellsReader(BiffReader& reader, const WorkbookTables& tables, int columns)
-        : reader_(reader), tables_(tables), columns_(columns), cells_(std::make_shared<TextCells>(columns))
+    CellsReader(BiffReader& reader, WorkbookTables& tables, int columns)
+        : reader_(reader),
+          tables_(tables),
+          columns_(columns),
+          cells_(std::make_shared<TextCells>(columns, std::move(tables.strings)))
     {
     }
 
@@ -126,26 +159,26 @@ private:
     {
         switch (reader_.Record()) {
         case BiffRecord::LabelSst:
-            ReadCell(4, [this] { return SharedText(); });
+            ReadCell(4, [this] { SetShared(reader_.U32()); });
             break;
         case BiffRecord::Label:
         case BiffRecord::RString:
-            ReadCell(2, [this] { return OwnText(); });
+            ReadCell(2, [this] { SetOwn(OwnText()); });
             break;
         case BiffRecord::Number:
-            ReadCell(8, [this] { return Shown(reader_.F64()); });
+            ReadCell(8, [this] { SetOwn(Shown(reader_.F64())); });
             break;
         case BiffRecord::RK:
-            ReadCell(4, [this] { return Shown(NumberOfRK(reader_.U32())); });
+            ReadCell(4, [this] { SetOwn(Shown(NumberOfRK(reader_.U32()))); });
             break;
         case BiffRecord::MulRK:
             ReadRow();
             break;
         case BiffRecord::BoolErr:
-            ReadCell(2, [this] { return TruthOrError(); });
+            ReadCell(2, [this] { SetOwn(TruthOrError()); });
             break;
         case BiffRecord::Formula:
-            ReadCell(8, [this] { return FormulaResult(); });
+            ReadCell(8, [this] { SetOwn(FormulaResult()); });
             break;
         case BiffRecord::String:
             ReadFormulaText();
@@ -157,7 +190,7 @@ private:
 
     /// A record about one cell, with `least` bytes behind its head: a shorter one says nothing about its
     /// cell. Texts of columns that nobody wants are not read.
-    template <class TextOf> void ReadCell(qsizetype least, TextOf&& text)
+    template <class SetCell> void ReadCell(qsizetype least, SetCell&& setCell)
     {
         constexpr qsizetype headBytes = 6;
         waiting_.reset();
@@ -167,14 +200,19 @@ private:
         const int col = reader_.U16();
         head_ = {row, col, reader_.U16()};
         if (head_.col < columns_)
-            SetText(text());
+            setCell();
     }
 
-    void SetText(QString text)
+    /// Nothing where the table has no such text.
+    void SetShared(quint32 number) { SetText(cells_->IsShared(number) ? number : NoText); }
+
+    void SetOwn(QString text) { SetText(cells_->AddOwn(std::move(text))); }
+
+    void SetText(quint32 number)
     {
-        characters_ += text.size();
+        characters_ += cells_->LengthOf(number);
         Demand(characters_ <= MostCharacters);
-        cells_->SetText(head_.col, head_.row, std::move(text));
+        cells_->SetText(head_.col, head_.row, number);
     }
 
     QString Shown(double number)
@@ -183,13 +221,6 @@ private:
         numberCharacters_ += text.size();
         Demand(numberCharacters_ <= MostNumberCharacters);
         return text;
-    }
-
-    /// Nothing where the table has no such text.
-    QString SharedText()
-    {
-        const quint32 number = reader_.U32();
-        return number < tables_.strings.size() ? tables_.strings[number] : QString();
     }
 
     /// [MS-XLS] 2.4.148; its formats, where it has some, stand behind it. Of one that is cut the part that
@@ -233,7 +264,7 @@ private:
             return;
         head_ = *waiting_;
         waiting_.reset();
-        SetText(OwnText());
+        SetOwn(OwnText());
     }
 
     /// [MS-XLS] 2.4.175: numbers side by side; the last column of all ends the record.
@@ -245,7 +276,7 @@ private:
         head_.col = reader_.U16();
         for (; reader_.Left() >= cellBytes && head_.col < columns_; ++head_.col) {
             head_.format = reader_.U16();
-            SetText(Shown(NumberOfRK(reader_.U32())));
+            SetOwn(Shown(NumberOfRK(reader_.U32())));
         }
     }
 
@@ -288,7 +319,7 @@ void MoveToSheet(BiffReader& reader, const SheetPlace& sheet, const WorkbookTabl
 } // namespace
 
 std::shared_ptr<const CellSource> ReadSheetCells(BiffReader& reader, const SheetPlace& sheet,
-                                                 const WorkbookTables& tables, int columns)
+                                                 WorkbookTables& tables, int columns)
 {
     MoveToSheet(reader, sheet, tables);
     return CellsReader(reader, tables, columns).Read();

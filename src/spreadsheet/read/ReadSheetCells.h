@@ -17,7 +17,9 @@ struct WorkbookTables;
 /// Raises 321 where the records of the sheet do not follow one another to its end, and where its texts are
 /// larger than a sheet of recipients could ever be. Of a text that is cut the part that there is comes; a
 /// record too short for its number or its place says nothing, and a shared text that there is not is empty.
+///
+/// The cells take over the shared texts of `tables`.
 std::shared_ptr<const CellSource> ReadSheetCells(BiffReader& reader, const SheetPlace& sheet,
-                                                 const WorkbookTables& tables, int columns);
+                                                 WorkbookTables& tables, int columns);
 
 } // namespace tsms

@@ -15,7 +15,7 @@ WorkbookTexts ReadWorkbook(QIODevice& file, int columns)
 WorkbookTexts ReadWorkbookStream(const QByteArray& stream, int columns)
 {
     BiffReader reader(stream);
-    const WorkbookTables tables = ReadWorkbookTables(reader);
+    WorkbookTables tables = ReadWorkbookTables(reader);
     WorkbookTexts texts;
     for (const SheetPlace& sheet : tables.worksheets)
         texts.sheets += sheet.name;

@@ -121,14 +121,10 @@ private:
         reader_.Skip(4);                    // how often they are used
         const std::size_t told = reader_.U32();
         const auto possible = static_cast<std::size_t>(reader_.LeftInStream() / leastBytes);
-        tables_.strings.reserve(std::min({told, possible, MostStrings}));
-        while (reader_.Left() > 0 || reader_.NextPart()) {
-            RecordText text = ReadRichText(reader_);
-            if (!text.whole)
-                return;
-            Demand(tables_.strings.size() < MostStrings);
-            tables_.strings.push_back(std::move(text.text));
-        }
+        tables_.strings.Reserve(std::min({told, possible, MostStrings}));
+        const auto append = [this](QString& to) { return AppendRichText(reader_, to); };
+        while ((reader_.Left() > 0 || reader_.NextPart()) && tables_.strings.AddBy(append))
+            Demand(tables_.strings.Size() <= MostStrings);
     }
 
     /// [MS-XLS] 2.4.353

@@ -2,6 +2,7 @@
 
 #include "runtime/CodePages.h"
 #include "spreadsheet/read/ReadBiff.h"
+#include "spreadsheet/read/TextTable.h"
 #include "spreadsheet/read/XlsNumberFormat.h"
 
 #include <QString>
@@ -28,7 +29,7 @@ struct WorkbookTables
     FirstDay firstDay = FirstDay::Of1900; ///< of dates
     std::vector<bool> koreanFonts;      ///< whether a cell's font is Korean, by the number that a cell tells
     std::vector<SheetPlace> worksheets; ///< in their order, hidden ones too; charts and macros are none
-    std::vector<QString> strings;       ///< which cells share
+    TextTable strings;                  ///< which cells share
     std::vector<std::shared_ptr<const XlsNumberFormat>> formats; ///< by the number that a cell tells
     quint32 end = 0;                                             ///< where the sheets' records begin
 

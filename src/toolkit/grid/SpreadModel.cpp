@@ -25,7 +25,9 @@ template <class Value> Value& Reach(std::vector<Value>& values, int row, int row
     const auto place = static_cast<std::size_t>(row);
     if (place >= values.capacity())
         values.reserve(std::max(static_cast<std::size_t>(rows) + 1, 2 * place));
-    if (place >= values.size())
+    if (place == values.size())
+        values.push_back(empty);
+    else if (place > values.size())
         values.resize(place + 1, empty);
     return values[place];
 }
@@ -115,14 +117,14 @@ QString SpreadModel::Text(int col, int row) const
     return column ? column->caption : QString();
 }
 
-void SpreadModel::SetText(int col, int row, const QString& text)
+void SpreadModel::SetText(int col, int row, QString text)
 {
     if (!Has(col, row))
         return;
     QString& own = Reach(At(col).texts, row, maxRows_, QString());
     if (!own.isNull() && own == text)
         return;
-    own = text.isNull() ? QStringLiteral("") : text;
+    own = text.isNull() ? QStringLiteral("") : std::move(text);
     Announce(col, row);
 }
 

@@ -44,7 +44,7 @@ public:
 
     // Content.
     QString Text(int col, int row) const;
-    void SetText(int col, int row, const QString& text);
+    void SetText(int col, int row, QString text);
     void EnterText(int col, int row, const QString& text); ///< as a person does: up to the column's limit
 
     /// Shows the source's rows by position, from row 1 and column 1. Neither size changes. Texts set before

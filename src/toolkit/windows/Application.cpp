@@ -1,7 +1,6 @@
 #include "toolkit/windows/Application.h"
 
 #include "runtime/WideRegisters.h"
-#include "runtime/WideRegisters.h"
 #include "session/Session.h"
 #include "toolkit/look/Pictures.h"
 #include "toolkit/windows/Guarded.h"
