@@ -1,6 +1,7 @@
 #include "toolkit/fields/TextField.h"
 
 #include "runtime/CodePage949.h"
+#include "toolkit/fields/HangulMode.h"
 #include "toolkit/fields/KeyFilter.h"
 #include "toolkit/fields/LimitRule.h"
 #include "toolkit/fields/RaiseEvent.h"
@@ -68,6 +69,7 @@ void TextField::SetBackColor(const QColor& color)
 
 void TextField::SetImeMode(ImeMode mode)
 {
+    imeMode_ = mode;
     Widget().setAttribute(Qt::WA_InputMethodEnabled, mode != ImeMode::Off);
     if (mode == ImeMode::Off)
         return;
@@ -248,6 +250,8 @@ void TextField::TellFocus(bool gained, Qt::FocusReason reason)
     if (gained == focused_)
         return;
     focused_ = gained;
+    if (gained && (imeMode_ == ImeMode::Hangul || imeMode_ == ImeMode::Latin))
+        AskForHangul(Widget(), imeMode_ == ImeMode::Hangul);
     if (backing_ && (gained ? BackColor() == theme::White : BackColor() != theme::White)) {
         const QColor color = gained ? theme::Focus : theme::White;
         SetBackColor(color);

@@ -149,7 +149,8 @@ private:
     QChar separator_;
     Author author_ = Author::Person;
     bool overSelection_ = false; // the keys that make the change
-    bool focused_ = false;       // as it was told
+    ImeMode imeMode_ = ImeMode::NoControl;
+    bool focused_ = false; // as it was told
 };
 
 } // namespace tsms
