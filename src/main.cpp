@@ -15,6 +15,7 @@
 int main(int argc, char** argv)
 {
     using namespace tsms;
+    EndThreadsInOrder();
     KeepMemoryPrivate(); // the launch line holds a password
     FillStandardStreams();
     TakeWriteFaultsAsErrors();

@@ -4,6 +4,9 @@
 
 #include <cstdlib>
 
+#ifdef Q_CC_MINGW
+#include <cxxabi.h>
+#endif
 #ifdef Q_OS_LINUX
 #include <sys/prctl.h>
 #endif
@@ -23,6 +26,17 @@ extern "C" HRESULT WINAPI WerSetFlags(DWORD flags);
 #endif
 
 namespace tsms {
+
+void EndThreadsInOrder()
+{
+#ifdef Q_CC_MINGW
+    // Both are destructors of keys of winpthreads, which calls them by rising key: libstdc++ takes its key
+    // here, libgcc that of the memory (emutls) with the first variable. A destructor that finds its memory
+    // gone faults; in a thread that winpthreads has not begun the system passes over that, and the lock of
+    // the keys stays, for which the process waits at its end.
+    abi::__cxa_thread_atexit([](void*) {}, nullptr, nullptr);
+#endif
+}
 
 void KeepMemoryPrivate()
 {

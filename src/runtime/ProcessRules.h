@@ -2,6 +2,11 @@
 
 namespace tsms {
 
+/// Has what a thread keeps (thread_local) destroyed at its end before its memory is given back, in all
+/// libraries of the process. The compiler's own libraries for Windows do the two in the order in which they
+/// were first needed, and would first need the memory. Call it before anything else.
+void EndThreadsInOrder();
+
 /// Keeps the memory of the process to itself: the system keeps no core of it, and no other program of the
 /// same user may look into it. Under Windows it is only left out of what the system reports of a crash.
 /// Programs that it starts are not concerned. Call it before any secret is read.

@@ -1,14 +1,15 @@
 // Prints where each named control stands, for a driver that works the real program with a real mouse:
 //   control-map "<launch line>"
 // A line is "<window>\t<control>\t<x>\t<y>", the middle of the control counted from its window's corner.
-// Cells of the recipient list and of the lists of the address book are "fpSpread[column,row]" by the name of
-// their grid. The windows are those of the program, laid out on the same screen with the same fonts, and
-// never shown.
+// Cells of the recipient list, of the sent messages and of the lists of the address book are
+// "fpSpread[column,row]" by the name of their grid. The windows are those of the program, laid out on the
+// same screen with the same fonts, and never shown.
 #include "account/dlgSMSCharge.h"
 #include "account/dlgSMSSetup.h"
 #include "addressbook/dlgSMSGroupMst.h"
 #include "addressbook/dlgSMSGroupSelect.h"
 #include "addressbook/dlgSMSGroupSub.h"
+#include "addressbook/MakeSMSExcel.h"
 #include "compose/MakeSMSTransport.h"
 #include "gateway/ModSMS.h"
 #include "recipients/GridRecipientList.h"
@@ -96,6 +97,9 @@ int main(int argc, char** argv)
     frmSMSMain window(services);
     window.Load();
     PrintControls(window);
+    auto* sent = window.findChild<fpSpread*>(QStringLiteral("fpSpreadSendList"));
+    sent->Cells().SetMaxRows(5);
+    PrintCells(window, *sent);
     auto* grid = window.findChild<fpSpread*>(QStringLiteral("fpSpread"));
     PrintCells(window, *grid);
     GridRecipientList recipients(*grid);
@@ -106,5 +110,7 @@ int main(int argc, char** argv)
     dlgSMSSetup settings(services);
     PrintDialog(settings);
     PrintAddressBook(services, recipients);
+    MakeSMSExcel import(services, recipients);
+    PrintDialog(import);
     return 0;
 }

@@ -1,4 +1,4 @@
-#include "support/TestEnd.h"
+#include "runtime/ProcessRules.h"
 
 #include <QCoreApplication>
 
@@ -6,7 +6,8 @@
 
 int main(int argc, char** argv)
 {
+    tsms::EndThreadsInOrder();
     const QCoreApplication application(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
-    return tsms::test::EndWith(RUN_ALL_TESTS());
+    return RUN_ALL_TESTS();
 }

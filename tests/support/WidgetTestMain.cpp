@@ -1,4 +1,4 @@
-#include "support/TestEnd.h"
+#include "runtime/ProcessRules.h"
 
 #include <QApplication>
 
@@ -6,9 +6,10 @@
 
 int main(int argc, char** argv)
 {
+    tsms::EndThreadsInOrder();
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     ::testing::InitGoogleTest(&argc, argv);
-    return tsms::test::EndWith(RUN_ALL_TESTS());
+    return RUN_ALL_TESTS();
 }

@@ -46,6 +46,7 @@ int Fail(const QString& words)
 
 int main(int argc, char** argv)
 {
+    tsms::EndThreadsInOrder();
     tsms::TakeWordsAsUtf8();
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("tsms-gateway"));

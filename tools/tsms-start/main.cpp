@@ -55,6 +55,7 @@ void RunStarter(int& argc, char** argv)
 int main(int argc, char** argv)
 {
     using namespace tsms;
+    EndThreadsInOrder();
     KeepMemoryPrivate(); // passwords are typed here
     FillStandardStreams();
     TakeWriteFaultsAsErrors();
