@@ -92,6 +92,7 @@ title_of() {
     dlgSMSGroupSelect) echo '주소록' ;;
     dlgSMSGroupMst) echo '그룹 등록' ;;
     dlgSMSGroupSub) echo '구성원 등록' ;;
+    MakeSMSExcel) echo '문자메시지 엑셀 가져오기' ;;
   esac
 }
 click() { # FORM CONTROL [SIDESTEP]
@@ -115,4 +116,15 @@ write() {
 key() {
   xdotool key --delay 60 "$@"
   sleep 0.2
+}
+# Presses Return in a window until it is gone: one that has just come may not have the keys yet.
+confirm() { # TITLE
+  local tries
+  wait_for "$1"
+  for tries in 1 2 3 4; do
+    key Return
+    until_true 3 no_window "$1" && return 0
+  done
+  picture missing
+  fail "still there after $tries presses: $1"
 }
