@@ -39,7 +39,6 @@ class DialogForm : public Form
 public:
     DialogForm(Session& session, Desktop& desktop, const DialogFrame& frame, QWidget* owner = nullptr);
 
-    Label& TitleLabel() const { return *titleLabel_; }
     Label* NoteLabel() const { return noteLabel_; }
     void SetTitle(const QString& title);
     /// Null where the frame has no such button.

@@ -103,7 +103,7 @@ TEST_F(DialogFormTest, HasItsFrameByName)
         ASSERT_NE(Find(name), nullptr) << name.toStdString();
         EXPECT_TRUE(Find(name)->isVisible()) << name.toStdString();
     }
-    EXPECT_EQ(dialog->TitleLabel().Caption(), u"그룹 등록"_q);
+    EXPECT_EQ(dialog->findChild<Label*>(u"lblTitle(1)"_q)->Caption(), u"그룹 등록"_q);
     EXPECT_EQ(dialog->NoteLabel()->Caption(), u"문자메시지 발송그룹을 설정합니다."_q);
     EXPECT_EQ(dialog->Button(0)->Caption(), u"저장(F12)"_q);
     EXPECT_EQ(dialog->Button(1)->Caption(), u"취소(ESC)"_q);
@@ -212,7 +212,7 @@ TEST_F(DialogFormTest, TitleStripTitleAndSurfaceMoveTheWindowAlsoWhileBusy)
     const QRect memo(dialog->memo->mapTo(dialog.get(), QPoint()), dialog->memo->size());
     for (const auto button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
         EXPECT_EQ(Drag(Find(u"Picture1"_q)->geometry().topLeft() + QPoint(2, 2), button), QPoint(15, 10));
-        EXPECT_EQ(Drag(PlaceIn(dialog->TitleLabel()), button), QPoint(15, 10));
+        EXPECT_EQ(Drag(PlaceIn(*Find(u"lblTitle(1)"_q)), button), QPoint(15, 10));
         EXPECT_EQ(Drag(memo.topLeft() - QPoint(3, 3), button), QPoint(15, 10));
     }
     session.Busy = false;
