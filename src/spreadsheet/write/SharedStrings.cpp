@@ -25,7 +25,7 @@ bool IsLatin1(QStringView text)
 }
 
 /// Lays the entry of a text into `entry`, which grows to what it needs.
-QByteArrayView Encode(QStringView text, std::vector<char>& entry)
+std::string_view Encode(QStringView text, std::vector<char>& entry)
 {
     const bool wide = !IsLatin1(text);
     const std::size_t size = EntryHead + (wide ? 2U : 1U) * static_cast<std::size_t>(text.size());
@@ -39,7 +39,7 @@ QByteArrayView Encode(QStringView text, std::vector<char>& entry)
     else
         for (const QChar c : text)
             *characters++ = static_cast<char>(c.unicode());
-    return {entry.data(), static_cast<qsizetype>(size)};
+    return {entry.data(), size};
 }
 
 void Continue(BiffStream& stream)
@@ -62,11 +62,11 @@ std::size_t FittingBytes(const char* characters, std::size_t left, std::size_t r
 
 /// The head and the first character share a record; the others may go on in the next, which then begins with
 /// the flags once more.
-void WriteEntry(BiffStream& stream, QByteArrayView entry)
+void WriteEntry(BiffStream& stream, std::string_view entry)
 {
     const std::size_t unit = entry[2] == WideFlag ? 2 : 1;
     const char* characters = entry.data() + EntryHead;
-    std::size_t left = static_cast<std::size_t>(entry.size()) - EntryHead;
+    std::size_t left = entry.size() - EntryHead;
     stream.Bytes(entry.data(), EntryHead);
     for (;;) {
         const std::size_t part =
@@ -111,15 +111,15 @@ void WriteIndex(BiffStream& stream, quint32 textsInPart, const std::vector<Part>
 quint32 SharedStrings::Add(QStringView text)
 {
     ++uses_;
-    const QByteArrayView entry = Encode(text, entry_);
+    const Entry entry{Encode(text, entry_)};
     if (const auto known = numbers_.constFind(entry); known != numbers_.cend())
         return *known;
-    bytes_ += entry.size();
+    bytes_ += entry.bytes.size();
     if (bytes_ > CompoundFile::MaxStream)
         throw FileTooLarge();
-    char* place = static_cast<char*>(memory_.allocate(static_cast<std::size_t>(entry.size()), 1));
-    std::copy(entry.begin(), entry.end(), place);
-    texts_.emplace_back(place, entry.size());
+    char* place = static_cast<char*>(memory_.allocate(entry.bytes.size(), 1));
+    entry.bytes.copy(place, entry.bytes.size());
+    texts_.push_back({{place, entry.bytes.size()}});
     numbers_.insert(texts_.back(), Count() - 1);
     return Count() - 1;
 }
@@ -132,7 +132,7 @@ void SharedStrings::Write(BiffStream& stream) const
     stream.U32(uses_);
     stream.U32(Count());
     for (quint32 number = 0; number < Count(); ++number) {
-        const QByteArrayView entry = texts_[number];
+        const std::string_view entry = texts_[number].bytes;
         if (stream.Room() < LeastRoom)
             Continue(stream);
         if (number % textsInPart == 0)

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QByteArrayView>
 #include <QHash>
 #include <QStringView>
 
 #include <memory_resource>
+#include <string_view>
 #include <vector>
 
 namespace tsms {
@@ -26,12 +26,25 @@ public:
     void Write(BiffStream& stream) const;
 
 private:
+    /// A text as it goes out.
+    struct Entry
+    {
+        std::string_view bytes;
+
+        bool operator==(const Entry& other) const { return bytes == other.bytes; }
+        /// The toolkit's own leaves the processor's wide registers in use, which costs more than the hash.
+        friend std::size_t qHash(const Entry& entry, std::size_t)
+        {
+            return std::hash<std::string_view>()(entry.bytes);
+        }
+    };
+
     std::pmr::monotonic_buffer_resource memory_; ///< of the texts, one behind the other
-    std::vector<QByteArrayView> texts_;
-    QHash<QByteArrayView, quint32> numbers_; ///< of the texts, from 0
-    std::vector<char> entry_;                ///< the text that is being looked for
-    qint64 bytes_ = 0;                       ///< of all texts
-    quint32 uses_ = 0;                       ///< calls of Add
+    std::vector<Entry> texts_;
+    QHash<Entry, quint32> numbers_; ///< of the texts, from 0
+    std::vector<char> entry_;       ///< the text that is being looked for
+    std::size_t bytes_ = 0;         ///< of all texts
+    quint32 uses_ = 0;              ///< calls of Add
 };
 
 } // namespace tsms
