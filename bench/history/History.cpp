@@ -17,6 +17,9 @@ constexpr int Rounds = 6;                // each side begins equally often
 constexpr double DemandedTimes = 2;      // of the bare fetch
 constexpr double DemandedMemory = 3;     // of the texts' own bytes
 constexpr double DemandedRepaint = 16e6; // nanoseconds
+constexpr int Year = 1'000'000;          // rows of a very large office
+constexpr double DemandedStall = 300e6;  // nanoseconds
+constexpr double DemandedYearsMemory = 2.5;
 
 /// What one side took in its rounds.
 class Side
@@ -24,16 +27,18 @@ class Side
 public:
     explicit Side(const char* name) : name_(name) {}
 
-    Cost Run(const QString& database)
+    Cost Run(const QString& database, int rows)
     {
-        const SideReport report = RunSide({QString::fromLatin1(name_), database}, 3);
+        const SideReport report = RunSide({QString::fromLatin1(name_), database, QString::number(rows)}, 4);
         memory_.push_back(report.words[0].toDouble());
         texts_ = report.words[1].toLongLong();
         digest_ = report.words[2];
+        stall_ = report.words[3].toDouble();
         return report.cost;
     }
     double Memory() const { return Median(memory_); }
     qint64 Texts() const { return texts_; }
+    double Stall() const { return stall_; } ///< of the last round
     bool HasFoundWhat(const Side& other) const { return texts_ > 0 && digest_ == other.digest_; }
 
 private:
@@ -41,11 +46,14 @@ private:
     std::vector<double> memory_;
     qint64 texts_ = 0;
     QByteArray digest_;
+    double stall_ = 0;
 };
 
 /// What our first search and the bare fetch cost.
-Costs CompareSearches(const QString& database, const std::string& size, bool limited)
+Costs CompareSearches(const QString& database, int rows)
 {
+    const std::string size = std::to_string(rows) + " rows";
+    const bool limited = rows == LargestSize;
     Side first("page");
     Side again("again");
     Side bare("bare");
@@ -55,8 +63,8 @@ Costs CompareSearches(const QString& database, const std::string& size, bool lim
                                 .limit = limited ? DemandedTimes : NoLimit};
     const std::vector<Cost> medians =
         RunInTurn(comparison,
-                  {[&] { return first.Run(database); }, [&] { return again.Run(database); },
-                   [&] { return bare.Run(database); }},
+                  {[&] { return first.Run(database, rows); }, [&] { return again.Run(database, rows); },
+                   [&] { return bare.Run(database, rows); }},
                   [&] {
                       Demand(first.HasFoundWhat(bare) && again.HasFoundWhat(bare),
                              "bench_history: the page and the bare fetch did not find the same");
@@ -73,15 +81,15 @@ Costs CompareSearches(const QString& database, const std::string& size, bool lim
     return costs;
 }
 
-void CompareWithShell(const QString& database, const std::string& size)
+void CompareWithShell(const QString& database, int rows)
 {
     if (!HasTool("sqlite3", QStringLiteral("sqlite3"), {QStringLiteral("-version")}))
         return;
     Side page("page");
     Search shell;
     Compare(
-        {.what = "search, beside sqlite3", .size = size, .rounds = Rounds},
-        [&] { return page.Run(database); },
+        {.what = "search, beside sqlite3", .size = std::to_string(rows) + " rows", .rounds = Rounds},
+        [&] { return page.Run(database, rows); },
         [&] {
             shell = SearchInShell(database);
             return shell.cost;
@@ -89,6 +97,22 @@ void CompareWithShell(const QString& database, const std::string& size)
         [&] {
             Demand(shell.texts == page.Texts(), "bench_history: the page and sqlite3 did not find as much");
         });
+}
+
+/// A search of so many rows that it takes seconds: the window lives on, and the list costs little beside its
+/// texts. A single round of each side.
+void CompareYear(const QString& database)
+{
+    const std::string size = std::to_string(Year) + " rows";
+    Side page("page");
+    Side bare("bare");
+    const Costs costs{page.Run(database, Year), bare.Run(database, Year), 1};
+    Demand(page.HasFoundWhat(bare), "bench_history: the page and the bare fetch did not find the same");
+    PrintRow("search into an empty list", size, costs, NoLimit);
+    PrintTimeRow("longest stall of the window / bare fetch", size, {{page.Stall()}, costs.baseline, 1},
+                 DemandedStall);
+    PrintMemoryRow("memory of a search / its texts alone", size,
+                   {page.Memory(), static_cast<double>(bare.Texts()), 1}, DemandedYearsMemory);
 }
 
 /// Times of the same places in several rounds: of each place the median, so that a round in which something
@@ -143,12 +167,14 @@ void CompareAll()
     for (const int rows : Sizes) {
         const QString database = folder.filePath(QStringLiteral("%1.db").arg(rows));
         MakeSendLog(database, rows);
-        const std::string size = std::to_string(rows) + " rows";
-        growth.Add(rows, CompareSearches(database, size, rows == LargestSize));
-        CompareScrolling(database, size);
+        growth.Add(rows, CompareSearches(database, rows));
+        CompareScrolling(database, std::to_string(rows) + " rows");
         if (rows == LargestSize)
-            CompareWithShell(database, size);
+            CompareWithShell(database, rows);
     }
+    const QString year = folder.filePath(QStringLiteral("year.db"));
+    MakeSendLog(year, Year);
+    CompareYear(year);
     growth.PrintRows();
     PrintNote("send log: each side in a fresh process; bytes of texts in UTF-8");
 }
@@ -169,10 +195,11 @@ void TellScrolling(const QString& database)
 
 void TellSearch(const Search& search)
 {
-    TellCost(search.cost, Words({search.memory}) + QByteArray::number(search.texts) + ' ' + search.digest);
+    TellCost(search.cost, Words({search.memory}) + QByteArray::number(search.texts) + ' ' + search.digest +
+                              ' ' + QByteArray::number(search.stall, 'f', 0));
 }
 
-/// "page", "again", "bare" or "scroll", and a database.
+/// "page", "again", "bare" or "scroll", a database, and how many rows a search finds.
 void BeSide(const QStringList& arguments)
 {
     const QString& side = arguments[0];
@@ -182,7 +209,7 @@ void BeSide(const QStringList& arguments)
     else if (side == u"bare")
         TellSearch(FetchBare(database));
     else
-        TellSearch(SearchOnPage(database, side == u"again" ? 1 : 0));
+        TellSearch(SearchOnPage(database, arguments[2].toInt(), side == u"again" ? 1 : 0));
 }
 
 } // namespace

@@ -33,11 +33,13 @@ HistoryWindow::HistoryWindow(const QString& database)
 
 HistoryWindow::~HistoryWindow() = default;
 
-void HistoryWindow::ClickSearch()
+void HistoryWindow::ClickSearch(int boxes)
 {
+    desktop_.boxes.clear();
     The<PushButton>(QStringLiteral("BtnSendListSerch")).Click();
     Application::processEvents();
-    DemandNoBox();
+    if (desktop_.boxes.size() != boxes)
+        EndWithBoxes();
 }
 
 fpSpread& HistoryWindow::List()
@@ -56,8 +58,12 @@ template <class W> W& HistoryWindow::The(const QString& name)
 
 void HistoryWindow::DemandNoBox() const
 {
-    if (form_ && desktop_.boxes.isEmpty())
-        return;
+    if (!form_ || !desktop_.boxes.isEmpty())
+        EndWithBoxes();
+}
+
+void HistoryWindow::EndWithBoxes() const
+{
     for (const test::Box& box : desktop_.boxes)
         std::fprintf(stderr, "%s: %s\n", qPrintable(box.title), qPrintable(box.text));
     std::exit(1);

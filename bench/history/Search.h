@@ -14,11 +14,12 @@ struct Search
     double memory = 0; ///< the most bytes that the process held beyond those before the first search
     qint64 texts = 0;  ///< bytes of all that was found, in UTF-8
     QByteArray digest; ///< the same for the same texts in the same order
+    double stall = 0;  ///< the most nanoseconds for which the window did not live
 };
 
 /// A click on the search button of the page in the main window, until it has returned and the window has been
-/// painted. `searchesBefore` searches for the same have filled the list before it.
-Search SearchOnPage(const QString& database, int searchesBefore);
+/// painted. It finds `rows`. `searchesBefore` searches for the same have filled the list before it.
+Search SearchOnPage(const QString& database, int rows, int searchesBefore);
 
 /// The page's statement run by the engine's own interface on an open database, with the program's functions
 /// and collation, its texts laid one behind the other into memory.
