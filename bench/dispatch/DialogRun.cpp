@@ -1,4 +1,5 @@
 #include "bench/dispatch/Workload.h"
+#include "bench/Heart.h"
 #include "bench/ProgramDesk.h"
 
 #include "compose/MakeSMSTransport.h"
@@ -34,7 +35,7 @@ void DemandOneBox(const test::ScriptedDesktop& desktop, MsgBoxStyle style)
 
 } // namespace
 
-Cost RunThroughDialog(const World& world)
+Sending RunThroughDialog(const World& world)
 {
     ProgramDesk desk(world.database, world.wsdlUrl);
     desk.session.UserData1 = UserData1;
@@ -44,17 +45,20 @@ Cost RunThroughDialog(const World& world)
     Fill(recipients, world.rows);
     MakeSMSTransport dialog(desk.services, {recipients, world.rows, MessageTemplate(), SenderNumber()});
 
-    Cost cost;
+    Sending sending;
     constexpr int settledMilliseconds = 300; // by then the dialog has been painted and nothing is left to do
     QTimer::singleShot(settledMilliseconds, [&] {
+        Heart heart;
         const std::int64_t from = Nanoseconds();
         dialog.Button(0)->Click();
-        cost.nanoseconds = static_cast<double>(Nanoseconds() - from);
+        sending.cost.nanoseconds = static_cast<double>(Nanoseconds() - from);
+        heart.Beat();
+        sending.stall = heart.Longest();
     });
     dialog.ShowModal();
     DemandOneBox(desk.desktop, MsgBoxInformation);
-    cost.peakMemory = PeakMemory();
-    return cost;
+    sending.cost.peakMemory = PeakMemory();
+    return sending;
 }
 
 } // namespace tsms::bench

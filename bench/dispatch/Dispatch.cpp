@@ -17,6 +17,7 @@ namespace tsms::bench {
 namespace {
 
 constexpr double DemandedRatio = 1.15;
+constexpr double DemandedStall = 50e6; // nanoseconds, the wait for the gateway and the disk included
 
 enum Side { Ours, Baseline };
 
@@ -47,6 +48,7 @@ public:
                                     .rounds = rounds,
                                     .limit = demandedRatio,
                                     .warmUp = rows == Sizes[0]};
+        stalls_.clear();
         const Costs costs = Compare(
             comparison, [&] { return RunOnce(Ours, rows); }, [&] { return RunOnce(Baseline, rows); },
             [this] {
@@ -54,6 +56,8 @@ public:
                        "bench_dispatch: the two sides did not send and log the same");
             });
         growth_.Add(rows, costs);
+        PrintTimeRow("longest stall of the window, " + what_, size,
+                     {{Median(stalls_)}, {costs.baseline.nanoseconds / rows}, costs.rounds}, DemandedStall);
         PrintCountRow("gateway connections, " + what_, size, traces_[Ours].connections,
                       traces_[Baseline].connections - 1,
                       1); // less the one that read the description beforehand
@@ -80,11 +84,13 @@ private:
         Demand(gateway.Start(), "bench_dispatch: the simulated gateway found no port");
         const QTemporaryDir folder(disk_ + QStringLiteral("/bench_dispatch-XXXXXX"));
         const QString database = MakeDatabase(folder);
-        const Cost cost = RunSide({side == Ours ? QStringLiteral("dialog") : QStringLiteral("bare"), database,
-                                   gateway.Url() + DescriptionPath(), QString::number(rows)})
-                              .cost;
+        const QString name = side == Ours ? QStringLiteral("dialog") : QStringLiteral("bare");
+        const SideReport report = RunSide(
+            {name, database, gateway.Url() + DescriptionPath(), QString::number(rows)}, side == Ours ? 1 : 0);
+        if (side == Ours)
+            stalls_.push_back(report.words[0].toDouble());
         traces_[side] = {LogOf(database), CallsOf(gateway), gateway.ConnectionCount()};
-        return cost;
+        return report.cost;
     }
 
     QStringList LogOf(const QString& database) const
@@ -117,6 +123,7 @@ private:
     Growth growth_;
     SystemClock clock_;
     Traces traces_[2];
+    std::vector<double> stalls_; ///< of each run of ours
 };
 
 void CompareAll()
@@ -141,7 +148,12 @@ void CompareAll()
 void BeSide(const QStringList& arguments)
 {
     const World world{arguments[1], arguments[2], arguments[3].toInt()};
-    TellCost(arguments[0] == u"dialog" ? RunThroughDialog(world) : RunBareLoop(world));
+    if (arguments[0] != u"dialog") {
+        TellCost(RunBareLoop(world));
+        return;
+    }
+    const Sending sending = RunThroughDialog(world);
+    TellCost(sending.cost, QByteArray::number(sending.stall, 'f', 0));
 }
 
 } // namespace

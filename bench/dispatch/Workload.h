@@ -24,8 +24,15 @@ struct World
     int rows = 0;
 };
 
+/// What a send through the dialog took.
+struct Sending
+{
+    Cost cost;
+    double stall = 0; ///< the most nanoseconds for which the window did not live
+};
+
 /// Sends all rows through the dialog, the gateway module and the database object.
-Cost RunThroughDialog(const World& world);
+Sending RunThroughDialog(const World& world);
 
 /// Posts the same envelopes over one kept connection and inserts the same rows by a prepared statement.
 Cost RunBareLoop(const World& world);

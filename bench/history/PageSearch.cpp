@@ -1,5 +1,6 @@
 #include "bench/history/Search.h"
 
+#include "bench/Heart.h"
 #include "bench/history/HistoryWindow.h"
 #include "bench/history/TextSum.h"
 #include "bench/Measure.h"
@@ -7,8 +8,6 @@
 #include "toolkit/grid/fpSpread.h"
 #include "toolkit/grid/GridHelper.h"
 #include "toolkit/look/Pictures.h"
-
-#include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
@@ -20,32 +19,6 @@ namespace {
 
 constexpr int MarkColumn = 2;
 constexpr int MostMarks = 32'767; // a longer list ends in a box
-
-/// Beats with each turn of the event loop, and tells the longest time between two beats.
-class Heart
-{
-public:
-    Heart()
-    {
-        QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Beat(); });
-        timer_.start(0);
-        last_ = Nanoseconds();
-    }
-
-    void Beat()
-    {
-        const std::int64_t now = Nanoseconds();
-        longest_ = std::max(longest_, now - last_);
-        last_ = now;
-    }
-
-    double Longest() const { return static_cast<double>(longest_); }
-
-private:
-    QTimer timer_;
-    std::int64_t last_ = 0;
-    std::int64_t longest_ = 0;
-};
 
 /// Each row that is marked has its mark, and there are marks of both kinds.
 void DemandMarks(const fpSpread& list)
