@@ -117,22 +117,26 @@ public:
 
     void TakeRow(Recordset& into) const
     {
-        for (int column = 0; column < into.FieldCount(); ++column)
-            switch (sqlite3_column_type(statement_, column)) {
+        for (int column = 0; column < into.FieldCount(); ++column) {
+            // Asked for once: each question about a column is guarded anew. A handle without a mutex allows
+            // it.
+            sqlite3_value* const value = sqlite3_column_value(statement_, column);
+            switch (sqlite3_value_type(value)) {
             case SQLITE_NULL:
                 into.AddNull();
                 break;
             case SQLITE_INTEGER:
-                into.AddInteger(sqlite3_column_int64(statement_, column));
+                into.AddInteger(sqlite3_value_int64(value));
                 break;
             case SQLITE_FLOAT:
-                into.AddReal(sqlite3_column_double(statement_, column));
+                into.AddReal(sqlite3_value_double(value));
                 break;
             default: {
-                const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_, column));
-                into.AddText(text, sqlite3_column_bytes(statement_, column));
+                const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+                into.AddText(text, sqlite3_value_bytes(value));
             }
             }
+        }
     }
 
 private:

@@ -46,7 +46,7 @@ QString Recordset::Text(int row, int column) const
 
 bool Recordset::IsNull(int row, int column) const
 {
-    return ColumnAt(row, column).nulls[static_cast<std::size_t>(row)];
+    return IsNull(ColumnAt(row, column), static_cast<std::size_t>(row));
 }
 
 void Recordset::MoveNext()
@@ -73,6 +73,8 @@ bool Recordset::IsNull(QStringView name) const
 void Recordset::AddNull()
 {
     Column& column = Next(Kind::Nothing);
+    column.nulls.resize(static_cast<std::size_t>(rows_));
+    column.nulls.push_back(true);
     switch (column.kind) {
     case Kind::Nothing:
         break;
@@ -86,7 +88,7 @@ void Recordset::AddNull()
         Append(column, {});
         break;
     }
-    Filled(true);
+    Filled();
 }
 
 void Recordset::AddInteger(std::int64_t value)
@@ -99,7 +101,7 @@ void Recordset::AddInteger(std::int64_t value)
     } else {
         column.integers.push_back(value);
     }
-    Filled(false);
+    Filled();
 }
 
 void Recordset::AddReal(double value)
@@ -110,13 +112,13 @@ void Recordset::AddReal(double value)
     } else {
         column.reals.push_back(value);
     }
-    Filled(false);
+    Filled();
 }
 
 void Recordset::AddText(const char* utf8, qsizetype size)
 {
     Append(Next(Kind::Text), {utf8, static_cast<std::size_t>(size)});
-    Filled(false);
+    Filled();
 }
 
 Recordset::Column& Recordset::Next(Kind kind)
@@ -127,9 +129,8 @@ Recordset::Column& Recordset::Next(Kind kind)
     return column;
 }
 
-void Recordset::Filled(bool null)
+void Recordset::Filled()
 {
-    columns_[static_cast<std::size_t>(filling_)].nulls.push_back(null);
     if (++filling_ == FieldCount()) {
         filling_ = 0;
         ++rows_;
@@ -137,9 +138,9 @@ void Recordset::Filled(bool null)
 }
 
 // A column takes the widest of the types that its values came in.
-void Recordset::Promote(Column& column, Kind kind)
+void Recordset::Promote(Column& column, Kind kind) const
 {
-    const std::size_t rows = column.nulls.size();
+    const auto rows = static_cast<std::size_t>(rows_);
     Column wider;
     wider.kind = kind;
     wider.nulls = column.nulls;
@@ -174,9 +175,14 @@ void Recordset::Append(Column& column, std::string_view utf8)
     column.ends.push_back(static_cast<std::uint32_t>(end));
 }
 
+bool Recordset::IsNull(const Column& column, std::size_t row)
+{
+    return row < column.nulls.size() && column.nulls[row];
+}
+
 QString Recordset::TextOf(const Column& column, std::size_t row)
 {
-    if (column.nulls[row])
+    if (IsNull(column, row))
         return {};
     switch (column.kind) {
     case Kind::Nothing:

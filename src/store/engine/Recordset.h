@@ -56,12 +56,13 @@ private:
         std::vector<double> reals;
         std::vector<char> text;          ///< all texts of the column, in UTF-8, one behind the other
         std::vector<std::uint32_t> ends; ///< where each of them ends
-        std::vector<bool> nulls;
+        std::vector<bool> nulls;         ///< down to the last that is one
     };
 
     Column& Next(Kind kind);
-    void Filled(bool null);
-    static void Promote(Column& column, Kind kind);
+    void Filled();
+    void Promote(Column& column, Kind kind) const;
+    static bool IsNull(const Column& column, std::size_t row);
     static void Append(Column& column, std::string_view utf8);
     const Column& ColumnAt(int row, int column) const; ///< raises 3021 and 3265 for what is not there
     static QString TextOf(const Column& column, std::size_t row);
