@@ -5,6 +5,7 @@
 #include "toolkit/look/Strokes.h"
 
 #include <QApplication>
+#include <QFontDatabase>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPalette>
@@ -12,6 +13,7 @@
 #include <QStyleOption>
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <utility>
 
@@ -450,12 +452,22 @@ QColor PhoneScreen(bool on, bool touched)
     return touched ? Hovered(screen) : screen;
 }
 
+QStringList FontFamilies(const QStringList& installed)
+{
+    const QStringList families{QStringLiteral("굴림"),        QStringLiteral("Gulim"),
+                               QStringLiteral("맑은 고딕"),   QStringLiteral("Malgun Gothic"),
+                               QStringLiteral("NanumGothic"), QStringLiteral("Noto Sans CJK KR")};
+    QStringList found;
+    std::copy_if(families.begin(), families.end(), std::back_inserter(found),
+                 [&](const QString& family) { return installed.contains(family, Qt::CaseInsensitive); });
+    return found.isEmpty() ? families : found;
+}
+
 QFont Font()
 {
+    static const QStringList families = FontFamilies(QFontDatabase::families());
     QFont font;
-    font.setFamilies({QStringLiteral("굴림"), QStringLiteral("Gulim"), QStringLiteral("맑은 고딕"),
-                      QStringLiteral("Malgun Gothic"), QStringLiteral("NanumGothic"),
-                      QStringLiteral("Noto Sans CJK KR")});
+    font.setFamilies(families);
     font.setPointSize(9);
     return font;
 }

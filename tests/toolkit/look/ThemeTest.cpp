@@ -9,6 +9,7 @@
 #include <QDateEdit>
 #include <QDialog>
 #include <QFileDialog>
+#include <QFontDatabase>
 #include <QLineEdit>
 #include <QProxyStyle>
 #include <QPushButton>
@@ -73,10 +74,20 @@ TEST(Theme, AFaceUnderTheMouseAndPressedLooksDifferent)
 
 TEST(Theme, TheFontsAreTriedInOrder)
 {
-    EXPECT_EQ(theme::Font().families(),
-              (QStringList{u"굴림"_q, u"Gulim"_q, u"맑은 고딕"_q, u"Malgun Gothic"_q, u"NanumGothic"_q,
-                           u"Noto Sans CJK KR"_q}));
+    const QStringList inOrder{u"굴림"_q,          u"Gulim"_q,       u"맑은 고딕"_q,
+                              u"Malgun Gothic"_q, u"NanumGothic"_q, u"Noto Sans CJK KR"_q};
+    const QStringList sorted{u"Dejavu Sans"_q,      u"Gulim"_q, u"Malgun Gothic"_q, u"NanumGothic"_q,
+                             u"Noto Sans CJK KR"_q, u"굴림"_q,  u"맑은 고딕"_q};
+    EXPECT_EQ(theme::FontFamilies(sorted), inOrder);
+    EXPECT_EQ(theme::FontFamilies({u"Dejavu Sans"_q}), inOrder);
     EXPECT_EQ(theme::Font().pointSize(), 9);
+}
+
+TEST(Theme, AFontThatIsNotInstalledIsNotTried)
+{
+    EXPECT_EQ(theme::FontFamilies({u"NanumGothic"_q, u"Dejavu Sans"_q, u"gulim"_q}),
+              (QStringList{u"Gulim"_q, u"NanumGothic"_q}));
+    EXPECT_EQ(theme::Font().families(), theme::FontFamilies(QFontDatabase::families()));
 }
 
 TEST(Theme, ItIsAppliedWithoutAStyleSheet)
