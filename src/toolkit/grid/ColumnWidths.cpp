@@ -34,7 +34,7 @@ double ColumnWidths::Width(int col) const
 
 double ColumnWidths::WidthInDigits(int col) const
 {
-    return Width(col) * Unit() / DigitWidth(grid_);
+    return Width(col) * unit_ / DigitWidth(grid_);
 }
 
 void ColumnWidths::SetHidden(int col, bool hidden)
@@ -64,7 +64,8 @@ void ColumnWidths::KeepFirst(int columns)
 void ColumnWidths::Apply()
 {
     applying_ = true;
-    grid_.horizontalHeader()->setDefaultSectionSize(qRound(DefaultColWidth * Unit()));
+    unit_ = std::max(8, qRound(DigitWidth(grid_) * 1.25));
+    grid_.horizontalHeader()->setDefaultSectionSize(qRound(DefaultColWidth * unit_));
     grid_.verticalHeader()->setFixedWidth(Pixels(0));
     const int content = ContentWidth();
     const int room = grid_.viewport()->width();
@@ -100,15 +101,9 @@ int ColumnWidths::Columns() const
     return grid_.model()->columnCount();
 }
 
-/// A digit and the air about it, so that a phone number with its hyphens stands in 10.5 units.
-int ColumnWidths::Unit() const
-{
-    return std::max(8, qRound(DigitWidth(grid_) * 1.25));
-}
-
 int ColumnWidths::Pixels(int col) const
 {
-    return qRound(Width(col) * Unit());
+    return qRound(Width(col) * unit_);
 }
 
 /// The width of the columns on view as they were set; 0 while some of them were not.

@@ -27,12 +27,12 @@ public:
 
 private:
     int Columns() const;
-    int Unit() const;
     int Pixels(int col) const;
     int ContentWidth() const;
 
     QTableView& grid_;
     std::map<int, double> widths_; // as they were set
+    int unit_ = 0; // pixels: a digit and the air about it; a phone number with its hyphens stands in 10.5
     bool fill_ = false;
     bool applying_ = false; // a column's change is one of several
 };
