@@ -33,8 +33,12 @@
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QScopedValueRollback>
+#include <QTimer>
 
 #include <algorithm>
+#include <functional>
+#include <utility>
 
 namespace tsms {
 
@@ -51,17 +55,28 @@ constexpr int HeadHeight = FromTwips(1200); // title and toolbar, down to the pa
 class Background final : public Panel
 {
 public:
-    explicit Background(QWidget* parent) : Panel(parent, QStringLiteral("PictBg")) { SetDragsWindow(true); }
+    /// `whenShown` runs once, behind the first picture of the window.
+    Background(QWidget* parent, std::function<void()> whenShown)
+        : Panel(parent, QStringLiteral("PictBg")), whenShown_(std::move(whenShown))
+    {
+        SetDragsWindow(true);
+        setAttribute(Qt::WA_OpaquePaintEvent);
+    }
 
 protected:
     void paintEvent(QPaintEvent*) override
     {
+        if (whenShown_)
+            QTimer::singleShot(0, this, std::exchange(whenShown_, nullptr));
         QPainter painter(this);
         painter.fillRect(rect(), theme::Ground);
         painter.fillRect(QRect(0, 0, width(), HeadHeight - 1), theme::Strip);
         painter.setPen(theme::Frame);
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
+
+private:
+    std::function<void()> whenShown_;
 };
 
 } // namespace
@@ -70,11 +85,11 @@ frmSMSMain::frmSMSMain(Services& services)
     : Form(services.session, services.desktop, QStringLiteral("frmSMSMain"), Kind::Main), services_(services)
 {
     SetCaption(QStringLiteral("TSMS문자메시지"));
-    ground_ = new Background(this);
+    ground_ = new Background(this, [this] { BuildOtherPages(); });
     BuildHead();
     BuildToolbar();
     BuildBalance();
-    BuildPages();
+    BuildComposePage();
     SetHeight(WindowSize.height());
     services_.session.BalanceListener = [this] { ShowBalance(); };
 }
@@ -137,7 +152,7 @@ void frmSMSMain::BuildToolbar()
     }
 }
 
-void frmSMSMain::BuildPages()
+void frmSMSMain::BuildComposePage()
 {
     templateCache_ = Named(new fpSpread(this), QStringLiteral("fpSpreadHidden"));
     templateCache_->hide();
@@ -152,6 +167,17 @@ void frmSMSMain::BuildPages()
         ground_);
     picker_ = std::make_unique<TemplatePicker>(services_, *templateCache_, *cards_,
                                                [this](int card) { TakeTemplate(card); });
+    pages_[0] = compose_;
+    compose_->FocusMessage();
+}
+
+/// The pages that nobody sees at first. They are there when the window has been drawn, or before if somebody
+/// is quicker.
+void frmSMSMain::BuildOtherPages()
+{
+    if (history_)
+        return;
+    const QScopedValueRollback nobodyChooses(services_.session.Busy, true); // what their lists begin with
     const auto exportGrid = [this](const fpSpread& grid, const QString& title) {
         return MakeExcel(services_, grid, title);
     };
@@ -165,9 +191,13 @@ void frmSMSMain::BuildPages()
         services_, *templateCache_,
         {editor_, editor_->Body(), editor_->Subject(), [this] { editor_->Clear(); }}, ground_);
     pages_ = {compose_, history_, account_, templates_};
-    for (QWidget* page : pages_)
-        page->setVisible(page == compose_);
-    compose_->FocusMessage();
+    for (QWidget* page : {pages_[1], pages_[2], pages_[3]}) {
+        page->hide();
+        page->move(PageCorner);
+    }
+    SetHeight(height());
+    history_->Load();
+    account_->Load();
 }
 
 void frmSMSMain::BuildBalance()
@@ -210,19 +240,17 @@ void frmSMSMain::SetHeight(int height)
     setFixedSize(WindowSize.width(), height);
     ground_->setGeometry(rect());
     for (QWidget* page : pages_)
-        page->resize(PageSize.width(), PageSize.height() - less);
+        if (page)
+            page->resize(PageSize.width(), PageSize.height() - less);
     version_->move(width() - 15 - version_->width(), height - 26);
 }
 
 void frmSMSMain::Load()
 {
     SetBusy(true);
-    for (QWidget* page : pages_)
-        page->move(PageCorner);
+    compose_->move(PageCorner);
     InitTemplateCache(*templateCache_);
     compose_->Load();
-    history_->Load();
-    account_->Load();
     ShowBalance();
     SetBusy(false);
     CheckAccountAtLoad(services_.desktop, services_.session);
@@ -267,6 +295,7 @@ void frmSMSMain::ShowBalance()
 void frmSMSMain::BtnToolbarDisClick(int index)
 {
     // Not guarded by Busy.
+    BuildOtherPages();
     for (int j = 0; j < Positions; ++j) {
         const auto slot = static_cast<std::size_t>(j);
         idle_[slot]->setVisible(j != index);

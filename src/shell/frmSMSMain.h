@@ -22,6 +22,7 @@ class TemplatePicker;
 struct Services;
 
 /// The program's one main window: toolbar, four pages on one spot, window and web buttons, balance, version.
+/// It begins with the compose page; the others are built when it has been drawn, or when one is entered.
 /// Which page is current lies in what is visible and nowhere else.
 class frmSMSMain : public Form
 {
@@ -46,7 +47,8 @@ private:
     void BuildHead();
     void BuildBalance();
     void BuildToolbar();
-    void BuildPages();
+    void BuildComposePage();
+    void BuildOtherPages();
     void SetHeight(int height);
 
     void BtnToolbarDisClick(int index);

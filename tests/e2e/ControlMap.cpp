@@ -96,6 +96,8 @@ int main(int argc, char** argv)
     LoadSMSSetup(session, db);
     frmSMSMain window(services);
     window.Load();
+    window.grab(); // the first picture, behind which the other pages come
+    QCoreApplication::processEvents();
     PrintControls(window);
     auto* sent = window.findChild<fpSpread*>(QStringLiteral("fpSpreadSendList"));
     sent->Cells().SetMaxRows(5);

@@ -1,5 +1,6 @@
 #include "compose/MessageCounter.h"
 #include "compose/TemplateEditor.h"
+#include "shell/Main.h"
 #include "support/program/Program.h"
 #include "toolkit/fields/Controls.h"
 #include "toolkit/windows/Form.h"
@@ -94,6 +95,21 @@ TEST_F(MainWindow, AnIdleButtonSelectsItsPage)
         EXPECT_EQ(Toolbar()[i], u'S');
         EXPECT_EQ(Toolbar().count(u'S'), 1);
     }
+}
+
+TEST(MainWindowAtStart, BuildsAPageThatIsEnteredAheadOfTheFirstPicture)
+{
+    Program program;
+    program.form = Main(program.LaunchLine(), program.services).form;
+    ASSERT_TRUE(program.form);
+    EXPECT_FALSE(program.form->findChild<QWidget*>(u"PlToolBg(1)"_q));
+
+    program.Click(u"BtnToolbarDis(1)"_q);
+
+    EXPECT_TRUE(program.Control(u"PlToolBg(1)"_q).isVisible());
+    EXPECT_EQ(program.Control(u"PlToolBg(1)"_q).geometry().topLeft(), QPoint(15, 84));
+    EXPECT_EQ(program.Control(u"PlToolBg(1)"_q).size(), program.Control(u"PlToolBg(0)"_q).size());
+    EXPECT_FALSE(program.Control(u"PlToolBg(0)"_q).isVisible());
 }
 
 TEST_F(MainWindow, ASelectedButtonDoesNothing)

@@ -103,6 +103,8 @@ bool Program::Start(const QString& command)
     if (form) {
         form->activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        // The pages that come when the window has been drawn.
+        EXPECT_TRUE(QTest::qWaitFor([this] { return form->findChild<QWidget*>(u"PlToolBg(3)"_q); }));
     }
     return form != nullptr;
 }
