@@ -95,11 +95,11 @@ void PrepareDialog::BuildScript()
     look_->OnClick = [this] { Look(); };
     BodyLayout().addWidget(look_, 0, Qt::AlignLeft);
     auto* backing = new FieldPanel(&Body(), QStringLiteral("PLtxtScript"));
-    backing->setFixedSize(Room);
     shown_ = new MemoBox(backing, QStringLiteral("txtScript"));
     shown_->setReadOnly(true);
     DescribeBy(*shown_, QStringLiteral("실행할 스크립트"));
     backing->Hold(*shown_);
+    backing->setFixedSize(Room);
     BodyLayout().addWidget(backing);
     ForgetScript();
 }

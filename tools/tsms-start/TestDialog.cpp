@@ -95,11 +95,11 @@ void TestDialog::BuildWords()
 {
     constexpr int WordsHeight = 170;
     auto* backing = new FieldPanel(&Body(), QStringLiteral("PLtxtWords"));
-    backing->setFixedHeight(WordsHeight);
     words_ = new MemoBox(backing, QStringLiteral("txtWords"));
     words_->setReadOnly(true);
     DescribeBy(*words_, QStringLiteral("할 일"));
     backing->Hold(*words_);
+    backing->setFixedHeight(WordsHeight);
     BodyLayout().addWidget(backing);
 }
 
