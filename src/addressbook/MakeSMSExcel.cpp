@@ -295,7 +295,7 @@ MakeSMSExcel::Counts MakeSMSExcel::JudgeRows(std::int32_t total)
     Counts counts;
     int row = 0;
     const auto showLast = qScopeGuard([&] { ShowProgress(total, row, counts); });
-    constexpr int rowsBetweenLooks = 32; // at the clock, which take as long as the reading of a row
+    constexpr int rowsBetweenLooks = 32; // at the clock: each takes as long as the reading of a row
     ScreenPace pace;
     while (row < sheet_->Cells().MaxRows()) {
         TakeRow(row + 1, counts);

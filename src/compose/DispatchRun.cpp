@@ -30,6 +30,7 @@ void DispatchRun::RunSend()
     CountOK = 0;
     CountFail = 0;
     done_ = 0;
+    unshown_ = nullptr;
     InRunFrame(db_, sms_, display_, draft_.total, [&] { SendAllRows(); });
 }
 

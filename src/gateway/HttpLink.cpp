@@ -99,7 +99,7 @@ public:
     }
 
     /// The library asks with each step of a transfer whether it should go on.
-    static int OnProgress(void* meanwhile, curl_off_t, curl_off_t, curl_off_t size, curl_off_t sent)
+    static int OnProgress(void* meanwhile, curl_off_t, curl_off_t, curl_off_t size, curl_off_t sent) noexcept
     {
         if (size > 0 && sent == size)
             static_cast<Meanwhile*>(meanwhile)->Run();

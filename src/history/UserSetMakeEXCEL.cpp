@@ -36,7 +36,7 @@ QString ReasonOfFailure()
     if (Err().Number == DiskFull)
         return QStringLiteral(" (디스크가 꽉 찼습니다.)");
     if (Err().Number == PathFileAccess)
-        return QStringLiteral(" (다른 프로그램이 이 파일을 열고 있거나, 쓸 수 없는 폴더입니다.)");
+        return QStringLiteral(" (다른 프로그램이 열고 있거나, 쓸 수 없는 곳입니다.)");
     return {};
 }
 

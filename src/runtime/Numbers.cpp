@@ -64,6 +64,13 @@ double BeyondDouble(QStringView text)
     return QLocale::c().toDouble(text) == 0.0 ? 0.0 : std::numeric_limits<double>::infinity();
 }
 
+/// Between the digits from `begin` to `end`.
+void SeparateThousands(QString& text, qsizetype begin, qsizetype end)
+{
+    for (qsizetype at = end - 3; at > begin; at -= 3)
+        text.insert(at, u',');
+}
+
 } // namespace
 
 std::optional<double> NumberOf(QStringView text)
@@ -121,8 +128,7 @@ QString FormatCount(std::int64_t n)
     if (n == 0)
         return {};
     QString text = QString::number(n);
-    for (qsizetype at = text.size() - 3; at > (n < 0 ? 1 : 0); at -= 3)
-        text.insert(at, u',');
+    SeparateThousands(text, n < 0 ? 1 : 0, text.size());
     return text;
 }
 
@@ -139,13 +145,9 @@ QString GroupDigits(QStringView text)
             return text.toString();
     if (wholeDigits == 0)
         return text.toString();
-    QString grouped = text.first(begin).toString();
-    for (qsizetype i = 0; i < wholeDigits; ++i) {
-        if (i > 0 && (wholeDigits - i) % 3 == 0)
-            grouped += u',';
-        grouped += plain[i];
-    }
-    return grouped + plain.sliced(wholeDigits);
+    QString grouped = text.first(begin).toString() + plain;
+    SeparateThousands(grouped, begin, begin + wholeDigits);
+    return grouped;
 }
 
 QString WithoutSeparators(QStringView text)

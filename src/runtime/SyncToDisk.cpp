@@ -25,8 +25,10 @@ bool Sync(int file)
     if (::FlushFileBuffers(reinterpret_cast<HANDLE>(::_get_osfhandle(file))))
         return true;
     const DWORD error = ::GetLastError();
+    if (error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED)
+        return true;
     errno = IsForWantOfRoom(error) ? ENOSPC : EIO;
-    return error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED;
+    return false;
 }
 #else
 bool Sync(int file)

@@ -8,6 +8,8 @@
 #include "store/engine/ConnectionText.h"
 #include "store/engine/DatabaseError.h"
 
+#include <QScopedValueRollback>
+
 namespace tsms {
 
 namespace {
@@ -55,7 +57,10 @@ bool DBConnect::ConnectDB()
             OpenConnection().ConnectionTimeout = ConnectSeconds;
             DoEvents();
             OpenConnection().CommandTimeout = CommandSeconds;
-            OpenConnection().WhileReading = DoEvents;
+            OpenConnection().WhileReading = [this] {
+                const QScopedValueRollback reads(session_.Busy, true); // nothing enters it, set or not
+                DoEvents();
+            };
             DoEvents();
             OpenConnection().Open();
             DoEvents();

@@ -1,10 +1,11 @@
 #include "compose/DispatchRun.h"
 #include "compose/Draft.h"
-#include "compose/RunFrame.h"
 #include "compose/RunTest.h"
 #include "support/ListOfRows.h"
 
 #ifdef Q_OS_WIN
+#include "compose/RunFrame.h"
+
 #include <qt_windows.h>
 #endif
 

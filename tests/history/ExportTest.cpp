@@ -190,7 +190,7 @@ TEST_F(Export, TheButtonTellsWhyAFileCannotBeReplaced)
     ASSERT_TRUE(QDir().mkpath(File()));
     Click();
     EXPECT_EQ(Tip(), u"저장하지 못했습니다 : "_q + QDir::toNativeSeparators(File()) +
-                         u" (다른 프로그램이 이 파일을 열고 있거나, 쓸 수 없는 폴더입니다.)"_q);
+                         u" (다른 프로그램이 열고 있거나, 쓸 수 없는 곳입니다.)"_q);
 }
 
 #ifdef Q_OS_WIN
@@ -222,7 +222,7 @@ TEST_F(Export, AWorkbookThatAnotherProgramHoldsStays)
         EXPECT_EQ(Content(), "the former one") << others;
         EXPECT_EQ(FolderContent(), QStringList{FileName}) << others;
         EXPECT_EQ(program.desktop.documents, QStringList()) << others;
-        EXPECT_TRUE(Tip().contains(u"다른 프로그램이 이 파일을 열고 있거나"_q)) << others;
+        EXPECT_TRUE(Tip().contains(u"다른 프로그램이 열고 있거나"_q)) << others;
     }
     program.desktop.Expect(StandsBox(), AnswerYes);
     Click();

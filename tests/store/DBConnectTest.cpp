@@ -193,6 +193,14 @@ TEST_F(ALongRead, LetsTheWindowsLiveOn)
     EXPECT_TRUE(IsRead());
 }
 
+TEST_F(ALongRead, IsEnteredByNothingThatWaitsForAnIdleProgram)
+{
+    bool wasBusy = false;
+    EXPECT_TRUE(Read([&] { wasBusy = session.IsBusy(); }));
+    EXPECT_TRUE(wasBusy);
+    EXPECT_FALSE(session.IsBusy());
+}
+
 TEST_F(ALongRead, IsReadToItsEndOverAConnectionThatIsLetGoMeanwhile)
 {
     int openMeanwhile = 0;

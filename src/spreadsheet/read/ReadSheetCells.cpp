@@ -51,9 +51,15 @@ public:
         return number == NoText ? 0 : IsShared(number) ? shared_.At(number).size() : Own(number).size();
     }
 
-    /// Gives its number.
-    quint32 AddOwn(QString text)
+    /// Gives its number: that of the cell's former text where it had one of its own. Column and row from 0.
+    quint32 TakeOwn(int col, int row, QString text)
     {
+        const std::vector<quint32>& column = columns_[static_cast<std::size_t>(col)];
+        const auto place = static_cast<std::size_t>(row);
+        if (place < column.size() && column[place] != NoText && !IsShared(column[place])) {
+            own_[column[place] - shared_.Size()] = std::move(text);
+            return column[place];
+        }
         if (text.isEmpty())
             return NoText;
         own_.push_back(std::move(text));
@@ -206,7 +212,7 @@ private:
     /// Nothing where the table has no such text.
     void SetShared(quint32 number) { SetText(cells_->IsShared(number) ? number : NoText); }
 
-    void SetOwn(QString text) { SetText(cells_->AddOwn(std::move(text))); }
+    void SetOwn(QString text) { SetText(cells_->TakeOwn(head_.col, head_.row, std::move(text))); }
 
     void SetText(quint32 number)
     {

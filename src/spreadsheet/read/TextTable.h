@@ -23,12 +23,6 @@ public:
         return QStringView(characters_).sliced(begin, ends_[number] - begin);
     }
 
-    void Add(QStringView text)
-    {
-        characters_ += text;
-        EndText();
-    }
-
     /// Adds what `append` appends to the text that it is given. Where it answers false, nothing.
     template <class Append> bool AddBy(Append&& append)
     {
@@ -37,13 +31,11 @@ public:
             characters_.truncate(before);
             return false;
         }
-        EndText();
+        ends_.push_back(static_cast<quint32>(characters_.size()));
         return true;
     }
 
 private:
-    void EndText() { ends_.push_back(static_cast<quint32>(characters_.size())); }
-
     QString characters_;
     std::vector<quint32> ends_; // a workbook has fewer characters
 };

@@ -9,6 +9,7 @@
 
 #include <QFileInfo>
 #include <QStringEncoder>
+#include <QVarLengthArray>
 
 #include <sqlite3.h>
 
@@ -67,7 +68,7 @@ public:
     Interludes& operator=(const Interludes&) = delete;
 
 private:
-    static int Call(void* call)
+    static int Call(void* call) noexcept
     {
         (*static_cast<const std::function<void()>*>(call))();
         return 0; // go on
@@ -92,7 +93,11 @@ public:
     }
     Running(const Running&) = delete;
     Running& operator=(const Running&) = delete;
-    ~Running() { sqlite3_reset(statement_); }
+    ~Running()
+    {
+        sqlite3_reset(statement_);
+        sqlite3_clear_bindings(statement_); // their texts go with this
+    }
 
     /// False at the end.
     bool Step()
@@ -142,29 +147,24 @@ public:
 private:
     void Bind(const QList<Statement::Value>& values)
     {
-        char* end = MakeRoom(values);
-        int place = 0;
+        QVarLengthArray<QString, 16> texts; // the row of a send has fewer
+        qsizetype units = 0;
         for (const Statement::Value& value : values) {
+            texts.append(InServersCharacters(value.text.value_or(QString())));
+            units += texts.back().size();
+        }
+        bytes_.resize(utf8_.requiredSpace(units)); // one behind the other
+        char* end = bytes_.data();
+        for (int at = 0; at < texts.size(); ++at) {
             const char* const from = end;
-            if (value.text)
-                end = utf8_.appendToBuffer(end, InServersCharacters(*value.text));
-            const int result = value.text ? sqlite3_bind_text64(statement_, ++place, from,
-                                                                static_cast<sqlite3_uint64>(end - from),
-                                                                SQLITE_STATIC, SQLITE_UTF8)
-                                          : sqlite3_bind_null(statement_, ++place);
+            end = utf8_.appendToBuffer(end, texts[at]);
+            const int result = values[at].text ? sqlite3_bind_text64(statement_, at + 1, from,
+                                                                     static_cast<sqlite3_uint64>(end - from),
+                                                                     SQLITE_STATIC, SQLITE_UTF8)
+                                               : sqlite3_bind_null(statement_, at + 1);
             if (result != SQLITE_OK)
                 throw EmbeddedError(connection_.handle_, connection_.path_, words_);
         }
-    }
-
-    /// Room for all texts, one behind the other. The server's characters make none longer.
-    char* MakeRoom(const QList<Statement::Value>& values)
-    {
-        qsizetype units = 0;
-        for (const Statement::Value& value : values)
-            units += value.text ? value.text->size() : 0;
-        bytes_.resize(utf8_.requiredSpace(units));
-        return bytes_.data();
     }
 
     EmbeddedConnection& connection_;

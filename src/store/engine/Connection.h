@@ -25,7 +25,7 @@ public:
     int CommandTimeout = 30;    ///< seconds that a statement may take
 
     /// Called every so often while Query reads a long result. It does not end the connection: who lets it go
-    /// in there keeps it until Query has returned.
+    /// in there keeps it until Query has returned. Its time counts among the statement's. Raises nothing.
     std::function<void()> WhileReading;
 
     virtual bool IsOpen() const = 0;

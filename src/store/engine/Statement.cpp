@@ -189,7 +189,7 @@ Statement& Statement::Add(std::optional<QString> value)
     constexpr qsizetype usual = 16; // the row of a send has fewer
     if (values_.isEmpty())
         values_.reserve(usual);
-    values_.emplaceBack(words_.size(), std::move(value));
+    values_.append(Value{words_.size(), std::move(value)});
     words_ += Mark;
     return *this;
 }

@@ -259,8 +259,11 @@ bool TellsWhatIsInUse()
     unsigned c = 0;
     unsigned d = 0;
     constexpr unsigned xgetbvOfOne = 1U << 2U;
-    return __builtin_cpu_supports("avx") && __get_cpuid_count(0xD, 1, &a, &b, &c, &d) != 0 &&
-           (a & xgetbvOfOne) != 0;
+    if (!__builtin_cpu_supports("avx") || __get_cpuid_count(0xD, 1, &a, &b, &c, &d) == 0 ||
+        (a & xgetbvOfOne) == 0)
+        return false;
+    asm volatile("vzeroupper");
+    return !AreUpperHalvesInUse(); // some say always that they are
 }
 
 TEST(Application, NoEventLeavesTheUpperHalvesOfVectorRegistersInUse)
