@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QFontMetrics>
 #include <QHelpEvent>
+#include <QTest>
 #include <QToolTip>
 
 using namespace tsms;
@@ -99,7 +100,8 @@ protected:
 
     QString ToolTip()
     {
-        QToolTip::hideText();
+        QToolTip::hideText(); // soon
+        EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
         QHelpEvent event(QEvent::ToolTip, QPoint(5, 5), label.mapToGlobal(QPoint(5, 5)));
         QApplication::sendEvent(&label, &event);
         return QToolTip::isVisible() ? QToolTip::text() : QString();
