@@ -680,6 +680,25 @@ TEST_F(SendHistoryInSqlServerWords, ADayThatTheServerCannotReadFailsTheFilterOfT
     EXPECT_EQ(List().Cells().MaxRows(), 0);
 }
 
+TEST_F(SendHistory, AWindowThatIsClosedInTheMiddleOfALongSearchLetsItEnd)
+{
+    LogMany(20000);
+    program.connections.BeforeStatement([this](const QString& statement) {
+        if (!statement.startsWith(u"SELECT  SMSKey"_q))
+            return;
+        QMetaObject::invokeMethod(program.form.get(), &QWidget::close, Qt::QueuedConnection);
+        QTest::qSleep(20); // events are due again after the pace of a screen
+    });
+    program.desktop.Expect(
+        {u"프로그램 종료"_q, u"프로그램 종료 : 타른리프 문자메시지을 종료하시겠습니까?"_q, MsgBoxQuestion},
+        AnswerYes, [this] { EXPECT_EQ(List().Cells().MaxRows(), 0); });
+    Enter();
+    EXPECT_EQ(List().Cells().MaxRows(), 20000);
+    EXPECT_FALSE(program.form->isVisible());
+    EXPECT_FALSE(program.session.IsBusy());
+    EXPECT_EQ(program.connections.OpenNow(), 0);
+}
+
 TEST_F(SendHistory, AsManyRowsAsTheCounterHoldsAreListed)
 {
     LogMany(32767);
