@@ -295,8 +295,9 @@ MakeSMSExcel::Counts MakeSMSExcel::JudgeRows(std::int32_t total)
     Counts counts;
     int row = 0;
     const auto showLast = qScopeGuard([&] { ShowProgress(total, row, counts); });
-    constexpr int rowsBetweenLooks = 32; // at the clock: each takes as long as the reading of a row
+    constexpr int rowsBetweenLooks = 32; // at the clock: a look takes as long as some rows
     ScreenPace pace;
+    pace.IsDue(); // it begins now: the start of the run has just been drawn
     while (row < sheet_->Cells().MaxRows()) {
         TakeRow(row + 1, counts);
         ++row;

@@ -1,6 +1,6 @@
 #include "runtime/ProcessRules.h"
 
-#include <QByteArray>
+#include <QByteArray> // tells which system this is, too
 
 #include <cstdlib>
 

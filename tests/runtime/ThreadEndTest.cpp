@@ -42,6 +42,7 @@ TEST(ThreadEnd, WhatAThreadKeepsIsWholeUntilItsEnd)
     EXPECT_EQ(told, u"가나다"_q);
 }
 
+#ifdef Q_OS_WIN // elsewhere the toolkit does not wait for what a thread does at its end
 TEST(ThreadEnd, SoItIsInAThreadOfTheToolkit)
 {
     QString told;
@@ -50,6 +51,7 @@ TEST(ThreadEnd, SoItIsInAThreadOfTheToolkit)
     thread->wait();
     EXPECT_EQ(told, u"가나다"_q);
 }
+#endif
 
 TEST(ThreadEnd, AThreadThatHasReadCodePagesEnds)
 {
