@@ -3,6 +3,8 @@
 #include "runtime/CodePage949.h"
 #include "runtime/Text.h"
 
+#include <utility>
+
 namespace tsms {
 
 namespace {
@@ -24,7 +26,7 @@ QString FieldText(QByteArrayView field)
     QString text = FromCodePage949(QByteArray::fromRawData(bytes.data(), bytes.size()));
     if (text.endsWith(QChar::ReplacementCharacter))
         text.chop(1);
-    return Trim(text);
+    return Trim(std::move(text));
 }
 
 } // namespace
