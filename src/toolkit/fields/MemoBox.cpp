@@ -121,7 +121,7 @@ void MemoBox::Press(QKeyEvent& key)
     // With Shift the control would put in a break of its own kind, which no text of ours knows.
     QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
     const bool shifted = key.key() == Qt::Key_Return && key.modifiers() == Qt::ShiftModifier;
-    EditByKey(key, [&] { QPlainTextEdit::keyPressEvent(shifted ? &enter : &key); });
+    TextControl::Press(shifted ? enter : key);
 }
 
 void MemoBox::inputMethodEvent(QInputMethodEvent* event)

@@ -63,7 +63,7 @@ void TextBox::Replace(const QString& text, int caret)
 void TextBox::Press(QKeyEvent& key)
 {
     StepOverSeparator(key);
-    EditByKey(key, [&] { QLineEdit::keyPressEvent(&key); });
+    TextControl::Press(key);
 }
 
 void TextBox::StepOverSeparator(const QKeyEvent& key)
@@ -77,14 +77,18 @@ void TextBox::StepOverSeparator(const QKeyEvent& key)
         setCursorPosition(caret + 1);
 }
 
-void TextBox::focusInEvent(QFocusEvent* event)
+/// The control marks its text when Tab comes to it; here the caret stays where it was left.
+void TextBox::TakeFocus(QFocusEvent& event)
 {
     const int caret = cursorPosition();
-    QLineEdit::focusInEvent(event);
-    // The control marks its text when Tab comes to it; here the caret stays where it was left.
-    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
+    TextControl::TakeFocus(event);
+    if (event.reason() == Qt::TabFocusReason || event.reason() == Qt::BacktabFocusReason)
         SetSelStart(caret);
-    TellFocus(true, event->reason());
+}
+
+void TextBox::focusInEvent(QFocusEvent* event)
+{
+    TextControl::focusInEvent(event);
     keepsMark_ = event->reason() == Qt::MouseFocusReason && SelLength() > 0;
 }
 

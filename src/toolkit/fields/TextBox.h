@@ -27,6 +27,7 @@ protected:
     int Caret() const override { return cursorPosition(); }
 
     void Press(QKeyEvent& key) override;
+    void TakeFocus(QFocusEvent& event) override;
 
     void focusInEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;

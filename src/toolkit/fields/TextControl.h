@@ -19,7 +19,12 @@ public:
 
 protected:
     /// What a key does that the filter and the limits let through.
-    virtual void Press(QKeyEvent& key) = 0;
+    virtual void Press(QKeyEvent& key)
+    {
+        EditByKey(key, [&] { Control::keyPressEvent(&key); });
+    }
+    /// What the control does by itself when the focus comes.
+    virtual void TakeFocus(QFocusEvent& event) { Control::focusInEvent(&event); }
 
     bool event(QEvent* event) override
     {
@@ -49,7 +54,7 @@ protected:
     }
     void focusInEvent(QFocusEvent* event) override
     {
-        Control::focusInEvent(event);
+        TakeFocus(*event);
         TellFocus(true, event->reason());
     }
     void focusOutEvent(QFocusEvent* event) override
