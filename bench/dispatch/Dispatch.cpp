@@ -16,7 +16,7 @@ namespace tsms::bench {
 
 namespace {
 
-constexpr double DemandedRatio = 1.15;
+constexpr double DemandedRatio = 1.1;
 constexpr double DemandedStall = 50e6; // nanoseconds, the wait for the gateway and the disk included
 
 enum Side { Ours, Baseline };
