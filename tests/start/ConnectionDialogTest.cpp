@@ -140,9 +140,9 @@ TEST_F(ConnectionDialogTest, SaysWhyAFileCannotBeMade)
         starter_.Type(dialog, Name, u"연습"_q);
         starter_.Type(dialog, File, file);
         starter_.desktop.Expect(MakeBox(file), AnswerYes);
-        starter_.desktop.Expect(NewBox(
-            u"데이터베이스를 만들지 못했습니다.\r\n\r\n이 위치에 파일을 쓸 수 없습니다: "_q + file,
-            MsgBoxCritical));
+        starter_.desktop.Expect(
+            NewBox(u"데이터베이스를 만들지 못했습니다.\r\n\r\n이 위치에 파일을 쓸 수 없습니다: "_q + file,
+                   MsgBoxCritical));
         Save(dialog);
         EXPECT_TRUE(dialog.isVisible());
         PressKey(dialog, Qt::Key_Escape);
