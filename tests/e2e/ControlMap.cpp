@@ -98,6 +98,8 @@ int main(int argc, char** argv)
     window.Load();
     window.grab(); // the first picture, behind which the other pages come
     QCoreApplication::processEvents();
+    // A picture lays out what waits for its size; the ground, on which they stand, has had its own.
+    window.findChild<QWidget*>(QStringLiteral("PictBg"))->setAttribute(Qt::WA_PendingResizeEvent);
     PrintControls(window);
     auto* sent = window.findChild<fpSpread*>(QStringLiteral("fpSpreadSendList"));
     sent->Cells().SetMaxRows(5);
