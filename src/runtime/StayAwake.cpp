@@ -8,18 +8,25 @@
 
 namespace tsms {
 
-StayAwake::StayAwake()
+namespace {
+
+void KeepAwake([[maybe_unused]] bool awake)
 {
 #ifdef Q_OS_WIN
-    ::SetThreadExecutionState(ES_CONTINUOUS | ES_SYSTEM_REQUIRED);
+    ::SetThreadExecutionState(ES_CONTINUOUS | (awake ? ES_SYSTEM_REQUIRED : 0));
 #endif
+}
+
+} // namespace
+
+StayAwake::StayAwake()
+{
+    KeepAwake(true);
 }
 
 StayAwake::~StayAwake()
 {
-#ifdef Q_OS_WIN
-    ::SetThreadExecutionState(ES_CONTINUOUS);
-#endif
+    KeepAwake(false);
 }
 
 } // namespace tsms
