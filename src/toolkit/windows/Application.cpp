@@ -13,6 +13,7 @@
 #include <qpa/qwindowsysteminterface.h>
 #include <QScopedValueRollback>
 #include <QScopeGuard>
+#include <QSessionManager>
 #include <QTextStream>
 #include <QThread>
 
@@ -60,6 +61,14 @@ Application::Application(int& argc, char** argv) : QApplication(AwaitDisplay(arg
     if (words_.load(korean, QStringLiteral("qtbase"), QStringLiteral("_"),
                     QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         installTranslator(&words_);
+    connect(this, &QGuiApplication::commitDataRequest, this, &Application::PutOffEndWhileBusy,
+            Qt::DirectConnection);
+}
+
+void Application::PutOffEndWhileBusy(QSessionManager& desk)
+{
+    if (session_ && session_->IsBusy() && desk.allowsInteraction())
+        desk.cancel();
 }
 
 bool Application::notify(QObject* receiver, QEvent* event)

@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <QTranslator>
 
+class QSessionManager;
+
 namespace tsms {
 
 class Desktop;
@@ -21,7 +23,8 @@ public:
     /// Without a display it ends the process in order: with a line on stderr and status 1.
     Application(int& argc, char** argv);
 
-    /// Where unhandled errors are shown, and whose Busy they end; without it they end the program.
+    /// Where unhandled errors are shown, and whose Busy they end; without it they end the program. While Busy
+    /// is on, the end of the desk's session is put off: it would cut a run off in its middle.
     void HandleErrors(Session& session, Desktop& desktop)
     {
         session_ = &session;
@@ -34,6 +37,7 @@ private:
     bool LetKeysGoFirst(QObject*& receiver);
     bool IsHeldOnButton(const QObject& receiver, const QEvent& event);
     bool Deliver(QObject* receiver, QEvent* event);
+    void PutOffEndWhileBusy(QSessionManager& desk);
 
     QTranslator words_; // where the platform has none, those menus stay English
     Session* session_ = nullptr;
