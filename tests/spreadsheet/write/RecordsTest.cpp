@@ -194,6 +194,25 @@ TEST_F(Records, TheBookIsCountedFrom1900WithItsWholePrecisionAndNothingElseIsAsk
     EXPECT_EQ(Only(CalcPrecision).body, QByteArray("\1\0", 2));
 }
 
+TEST_F(Records, TheWindowIsSeenWithItsScrollBarsAndTabsOnItsOnlySheet)
+{
+    Write(TableSheet({{u"가"_q}}));
+    const Record window = Only(BiffRecord::Window1);
+    EXPECT_EQ(window.U16(8), 0x0038);
+    const QList<quint16> sheets{window.U16(10), window.U16(12), window.U16(14)};
+    EXPECT_EQ(sheets, (QList<quint16>{0, 0, 1})); // the one on view, the first tab, how many are chosen
+}
+
+TEST_F(Records, TheSheetCalculatesByItselfAndItsColumnsHaveLetters)
+{
+    using enum BiffRecord;
+    Write(TableSheet({{u"가"_q}}));
+    EXPECT_EQ(Only(CalcMode).U16(0), 1);
+    EXPECT_EQ(Only(CalcRefMode).U16(0), 1);
+    EXPECT_EQ(Only(CalcSaveRecalc).U16(0), 1);
+    EXPECT_EQ(Only(CalcIter).U16(0), 0);
+}
+
 TEST_F(Records, AreNoLongerThanTheFormatAllows)
 {
     Write(ColumnSheet({QString(32767, u'가'), QString(32767, u'x')}));
