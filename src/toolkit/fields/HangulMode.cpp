@@ -14,16 +14,23 @@
 
 namespace tsms {
 
+namespace {
+
+constexpr quint32 Hangul = 0x01;
+constexpr quint32 FullWidth = 0x08;
+
+} // namespace
+
+quint32 WithHangul(quint32 conversion, bool hangul)
+{
+    return (conversion & ~(Hangul | FullWidth)) | (hangul ? Hangul : 0);
+}
+
 #ifdef Q_OS_WIN
 
 namespace {
 
-/// Letters and blanks are of half width, each a byte of a message.
-DWORD WithHangul(DWORD conversion, bool hangul)
-{
-    constexpr DWORD wide = IME_CMODE_FULLSHAPE;
-    return (conversion & ~(IME_CMODE_HANGUL | wide)) | (hangul ? IME_CMODE_HANGUL : 0);
-}
+static_assert(Hangul == IME_CMODE_HANGUL && FullWidth == IME_CMODE_FULLSHAPE);
 
 void SetHangul(HWND window, bool hangul)
 {
