@@ -22,6 +22,7 @@
 #include "store/DBConnect.h"
 #include "store/LoadSMSSetup.h"
 #include "store/MakeConnections.h"
+#include "toolkit/fields/Controls.h"
 #include "toolkit/grid/fpSpread.h"
 #include "toolkit/look/Theme.h"
 #include "toolkit/windows/Application.h"
@@ -96,10 +97,9 @@ int main(int argc, char** argv)
     LoadSMSSetup(session, db);
     frmSMSMain window(services);
     window.Load();
-    window.grab(); // the first picture, behind which the other pages come
-    QCoreApplication::processEvents();
-    // A picture lays out what waits for its size; the ground, on which they stand, has had its own.
-    window.findChild<QWidget*>(QStringLiteral("PictBg"))->setAttribute(Qt::WA_PendingResizeEvent);
+    // Who is quicker than the first picture has the other pages before it.
+    for (const char* button : {"BtnToolbarDis(3)", "BtnToolbarDis(0)"})
+        window.findChild<PictureButton*>(QLatin1String(button))->OnClick();
     PrintControls(window);
     auto* sent = window.findChild<fpSpread*>(QStringLiteral("fpSpreadSendList"));
     sent->Cells().SetMaxRows(5);
