@@ -46,6 +46,12 @@ TEST(EscapeXml, ALoneSurrogateBecomesABlankAndAPairStays)
     EXPECT_EQ(QString::fromUtf8(EscapeXml(u"😀")), u"😀"_q);
 }
 
+TEST(EscapeXml, CharactersOfOneToFourBytesAreThoseOfUtf8)
+{
+    const QString text = u"a\u007F\u0080·Ω\u07FF\u0800가\uFFFD\U00010000😀\U0010FFFF"_q;
+    EXPECT_EQ(EscapeXml(text), text.toUtf8());
+}
+
 TEST(XmlElement, CountsTheElementsBelowItAndNoFurtherThanItIsAsked)
 {
     XmlDocument document;
