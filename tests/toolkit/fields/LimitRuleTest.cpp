@@ -37,6 +37,7 @@ INSTANTIATE_TEST_SUITE_P(
                     InsertionRow{u"abcdef"_q, u"abXef"_q, 3, {2, 1}},      // over a selection
                     InsertionRow{u"abcdef"_q, u"abcXef"_q, 4, {3, 1}},     // beginning as before
                     InsertionRow{u"abc"_q, u"ab"_q, 2, {2, 0}},            // something removed
+                    InsertionRow{u"abc"_q, u"bc"_q, 0, {0, 0}},            // and at the beginning
                     InsertionRow{u"abc"_q, u"XYabc"_q, 0, {0, 2}},         // the caret left behind
                     InsertionRow{u"a\r\nb"_q, u"a\r\n\r\nb"_q, 3, {1, 2}}, // a line break more
                     InsertionRow{u"\U0001F600"_q, u"\U0001F601"_q, 2, {0, 2}}));

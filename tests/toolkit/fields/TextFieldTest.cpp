@@ -165,6 +165,14 @@ TYPED_TEST(AnyTextField, EditingCommandsPassTheFilterUntouched)
     EXPECT_EQ(asked, 0);
 }
 
+TYPED_TEST(AnyTextField, ACharacterMadeWithAltGrIsFilteredAsAnyOther)
+{
+    this->field.OnKeyPress = [](char16_t& key) { key = key == u'@' ? u'X' : u'?'; };
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_At, Qt::ControlModifier | Qt::AltModifier, u"@"_q);
+    QApplication::sendEvent(&this->field, &press);
+    EXPECT_EQ(this->field.Text(), u"X"_q);
+}
+
 TYPED_TEST(AnyTextField, EveryReleaseOfAKeyIsTold)
 {
     QList<int> released;
