@@ -167,7 +167,7 @@ int SpreadModel::MaxLength(int col) const
 void SpreadModel::SetMaxLength(int col, int characters)
 {
     if (Has(col, 0))
-        At(col).maxLength = std::max(characters, 0);
+        At(col).maxLength = characters;
 }
 
 Qt::Alignment SpreadModel::Alignment(int col) const
