@@ -9,6 +9,18 @@ namespace tsms {
 
 namespace {
 
+constexpr std::size_t BlockRows = 1024;
+
+std::size_t BlockAt(int row)
+{
+    return static_cast<std::size_t>(row) / BlockRows;
+}
+
+std::size_t PlaceAt(int row)
+{
+    return static_cast<std::size_t>(row) % BlockRows;
+}
+
 RuntimeError NoSuchItem()
 {
     return RuntimeError(
@@ -41,12 +53,12 @@ const Recordset::Column& Recordset::ColumnAt(int row, int column) const
 
 QString Recordset::Text(int row, int column) const
 {
-    return TextOf(ColumnAt(row, column), static_cast<std::size_t>(row));
+    return TextOf(ColumnAt(row, column), row);
 }
 
 bool Recordset::IsNull(int row, int column) const
 {
-    return IsNull(ColumnAt(row, column), static_cast<std::size_t>(row));
+    return IsNull(ColumnAt(row, column), row);
 }
 
 void Recordset::MoveNext()
@@ -79,13 +91,13 @@ void Recordset::AddNull()
     case Kind::Nothing:
         break;
     case Kind::Integer:
-        column.integers.push_back(0);
+        BlockFor(column, rows_).integers.push_back(0);
         break;
     case Kind::Real:
-        column.reals.push_back(0);
+        BlockFor(column, rows_).reals.push_back(0);
         break;
     case Kind::Text:
-        Append(column, {});
+        Append(BlockFor(column, rows_), {});
         break;
     }
     Filled();
@@ -94,12 +106,13 @@ void Recordset::AddNull()
 void Recordset::AddInteger(std::int64_t value)
 {
     Column& column = Next(Kind::Integer);
+    Block& block = BlockFor(column, rows_);
     if (column.kind == Kind::Text) {
-        Append(column, QByteArray::number(static_cast<qlonglong>(value)).toStdString());
+        Append(block, QByteArray::number(static_cast<qlonglong>(value)).toStdString());
     } else if (column.kind == Kind::Real) {
-        column.reals.push_back(static_cast<double>(value));
+        block.reals.push_back(static_cast<double>(value));
     } else {
-        column.integers.push_back(value);
+        block.integers.push_back(value);
     }
     Filled();
 }
@@ -107,17 +120,18 @@ void Recordset::AddInteger(std::int64_t value)
 void Recordset::AddReal(double value)
 {
     Column& column = Next(Kind::Real);
+    Block& block = BlockFor(column, rows_);
     if (column.kind == Kind::Text) {
-        Append(column, QByteArray::number(value, 'g', 15).toStdString());
+        Append(block, QByteArray::number(value, 'g', 15).toStdString());
     } else {
-        column.reals.push_back(value);
+        block.reals.push_back(value);
     }
     Filled();
 }
 
 void Recordset::AddText(const char* utf8, qsizetype size)
 {
-    Append(Next(Kind::Text), {utf8, static_cast<std::size_t>(size)});
+    Append(BlockFor(Next(Kind::Text), rows_), {utf8, static_cast<std::size_t>(size)});
     Filled();
 }
 
@@ -140,62 +154,81 @@ void Recordset::Filled()
 // A column takes the widest of the types that its values came in.
 void Recordset::Promote(Column& column, Kind kind) const
 {
-    const auto rows = static_cast<std::size_t>(rows_);
+    const auto integerAt = [&column](int row) {
+        return column.kind == Kind::Integer ? column.blocks[BlockAt(row)].integers[PlaceAt(row)] : 0;
+    };
     Column wider;
     wider.kind = kind;
     wider.nulls = column.nulls;
-    for (std::size_t row = 0; row < rows; ++row) {
+    for (int row = 0; row < rows_; ++row) {
+        Block& block = BlockFor(wider, row);
         switch (kind) {
         case Kind::Nothing:
             break;
         case Kind::Integer:
-            wider.integers.push_back(0);
+            block.integers.push_back(0);
             break;
         case Kind::Real:
-            wider.reals.push_back(column.kind == Kind::Integer ? static_cast<double>(column.integers[row])
-                                                               : 0);
+            block.reals.push_back(static_cast<double>(integerAt(row)));
             break;
         case Kind::Text:
-            Append(wider, TextOf(column, row).toStdString());
+            Append(block, TextOf(column, row).toStdString());
             break;
         }
     }
     column = std::move(wider);
 }
 
-void Recordset::Append(Column& column, std::string_view utf8)
+/// A new block gets the room that the one before it took: rows of one result are much alike.
+Recordset::Block& Recordset::BlockFor(Column& column, int row)
 {
-    const std::size_t end = column.text.size() + utf8.size();
+    std::vector<Block>& blocks = column.blocks;
+    if (BlockAt(row) < blocks.size())
+        return blocks.back();
+    Block next;
+    if (!blocks.empty()) {
+        const Block& former = blocks.back();
+        next.integers.reserve(former.integers.size());
+        next.reals.reserve(former.reals.size());
+        next.text.reserve(former.text.size() + former.text.size() / 8);
+        next.ends.reserve(former.ends.size());
+    }
+    return blocks.emplace_back(std::move(next));
+}
+
+void Recordset::Append(Block& block, std::string_view utf8)
+{
+    const std::size_t end = block.text.size() + utf8.size();
     if (end > std::numeric_limits<std::uint32_t>::max())
         throw RuntimeError(Overflow);
-    // By itself the text would double its room: half of that of a long result could be air.
-    if (end > column.text.capacity())
-        column.text.reserve(end + end / 4 + 64);
-    column.text.insert(column.text.end(), utf8.begin(), utf8.end());
-    column.ends.push_back(static_cast<std::uint32_t>(end));
+    block.text.insert(block.text.end(), utf8.begin(), utf8.end());
+    block.ends.push_back(static_cast<std::uint32_t>(end));
 }
 
-bool Recordset::IsNull(const Column& column, std::size_t row)
+bool Recordset::IsNull(const Column& column, int row)
 {
-    return row < column.nulls.size() && column.nulls[row];
+    const auto place = static_cast<std::size_t>(row);
+    return place < column.nulls.size() && column.nulls[place];
 }
 
-QString Recordset::TextOf(const Column& column, std::size_t row)
+QString Recordset::TextOf(const Column& column, int row)
 {
-    if (IsNull(column, row))
+    if (IsNull(column, row) || column.kind == Kind::Nothing)
         return {};
+    const Block& block = column.blocks[BlockAt(row)];
+    const std::size_t place = PlaceAt(row);
     switch (column.kind) {
     case Kind::Nothing:
-        return {};
+        break;
     case Kind::Integer:
-        return QString::number(static_cast<qlonglong>(column.integers[row]));
+        return QString::number(static_cast<qlonglong>(block.integers[place]));
     case Kind::Real:
-        return QString::number(column.reals[row], 'g', 15);
+        return QString::number(block.reals[place], 'g', 15);
     case Kind::Text:
         break;
     }
-    const std::uint32_t from = row == 0 ? 0 : column.ends[row - 1];
-    return QString::fromUtf8(column.text.data() + from, column.ends[row] - from);
+    const std::uint32_t from = place == 0 ? 0 : block.ends[place - 1];
+    return QString::fromUtf8(block.text.data() + from, block.ends[place] - from);
 }
 
 } // namespace tsms

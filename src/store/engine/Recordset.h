@@ -12,7 +12,8 @@
 namespace tsms {
 
 /// The result of a SELECT: a snapshot on the client's side with an exact count, read by position or through a
-/// cursor. Each column is stored in one piece by its type.
+/// cursor. Each column is stored by its type, in blocks of many rows: what stands in one does not move while
+/// more is read.
 class Recordset
 {
 public:
@@ -40,7 +41,7 @@ public:
     bool IsNull(QStringView name) const;
 
     // Filling, by the engines: values in the order of the fields, record by record. Raises 6 when the texts
-    // of a column pass 4 GiB.
+    // of a column pass 4 GiB in one block.
     void AddNull();
     void AddInteger(std::int64_t value);
     void AddReal(double value);
@@ -49,23 +50,29 @@ public:
 private:
     enum class Kind { Nothing, Integer, Real, Text };
 
+    /// The values of a column in some rows.
+    struct Block
+    {
+        std::vector<std::int64_t> integers;
+        std::vector<double> reals;
+        std::vector<char> text;          ///< all texts, in UTF-8, one behind the other
+        std::vector<std::uint32_t> ends; ///< where each of them ends
+    };
     struct Column
     {
         Kind kind = Kind::Nothing;
-        std::vector<std::int64_t> integers;
-        std::vector<double> reals;
-        std::vector<char> text;          ///< all texts of the column, in UTF-8, one behind the other
-        std::vector<std::uint32_t> ends; ///< where each of them ends
-        std::vector<bool> nulls;         ///< down to the last that is one
+        std::vector<Block> blocks;
+        std::vector<bool> nulls; ///< down to the last that is one
     };
 
     Column& Next(Kind kind);
     void Filled();
     void Promote(Column& column, Kind kind) const;
-    static bool IsNull(const Column& column, std::size_t row);
-    static void Append(Column& column, std::string_view utf8);
+    static bool IsNull(const Column& column, int row);
+    static Block& BlockFor(Column& column, int row); ///< for its value, which comes next
+    static void Append(Block& block, std::string_view utf8);
     const Column& ColumnAt(int row, int column) const; ///< raises 3021 and 3265 for what is not there
-    static QString TextOf(const Column& column, std::size_t row);
+    static QString TextOf(const Column& column, int row);
 
     QStringList names_;
     std::vector<Column> columns_;

@@ -165,6 +165,43 @@ TEST(Recordset, EachTextStandsInItsRow)
     EXPECT_EQ(records.Text(2, 0), u"u"_q);
 }
 
+TEST(Recordset, ALongResultHasEachValueInItsRow)
+{
+    constexpr int rows = 3000; // of several blocks
+    Recordset records({u"number"_q, u"text"_q});
+    for (int row = 0; row < rows; ++row) {
+        records.AddInteger(row);
+        const QByteArray text = QByteArray::number(3 * row);
+        records.AddText(text.constData(), text.size());
+    }
+    ASSERT_EQ(records.RecordCount(), rows);
+    for (int row = 0; row < rows; ++row) {
+        ASSERT_EQ(records.Text(row, 0), QString::number(row));
+        ASSERT_EQ(records.Text(row, 1), QString::number(3 * row));
+    }
+}
+
+TEST(Recordset, AColumnThatTakesAWiderTypeLateKeepsTheValuesOfItsRows)
+{
+    constexpr int rows = 3000;
+    Recordset records({u"x"_q, u"y"_q});
+    for (int row = 0; row < rows; ++row) {
+        records.AddInteger(row);
+        records.AddNull();
+    }
+    records.AddReal(0.5);
+    records.AddText("a", 1);
+    records.AddText("b", 1);
+    records.AddNull();
+    for (int row = 0; row < rows; ++row) {
+        ASSERT_EQ(records.Text(row, 0), QString::number(row));
+        ASSERT_TRUE(records.IsNull(row, 1));
+    }
+    EXPECT_EQ(records.Text(rows, 0) + records.Text(rows + 1, 0), u"0.5b"_q);
+    EXPECT_EQ(records.Text(rows, 1), u"a"_q);
+    EXPECT_TRUE(records.IsNull(rows + 1, 1));
+}
+
 TEST(Recordset, APositionOutsideRaises)
 {
     EXPECT_EQ(NumberOf([] { TwoPeople().Text(0, 2); }), ItemNotFound);
