@@ -62,11 +62,11 @@ private:
     qint64 end_ = 0; // of what was read into it
 };
 
-PhoneSet NumbersOnView(const RecipientList& list)
+/// The numbers on view among so many rows, which are all that hold one, with room for those of all rows.
+PhoneSet NumbersOnView(const RecipientList& list, int rows)
 {
-    const int rows = list.Rows();
     PhoneSet numbers;
-    numbers.Reserve(rows);
+    numbers.Reserve(list.Rows());
     for (int row = 1; row <= rows; ++row) {
         const QString phone = list.Phone(row);
         if (!phone.isEmpty() && !list.IsRemoved(row))
@@ -77,7 +77,7 @@ PhoneSet NumbersOnView(const RecipientList& list)
 
 /// Lists the number of a row in place of the one that the row had. False, and nothing is changed, when it is
 /// listed already. A removed row lists nothing.
-bool TakeNumber(PhoneSet& listed, const RecipientList& list, int row, const QString& phone)
+bool ReplaceNumber(PhoneSet& listed, const RecipientList& list, int row, const QString& phone)
 {
     if (list.IsRemoved(row))
         return !listed.Contains(phone);
@@ -119,13 +119,18 @@ void ReadRecipientRecords(QIODevice& file, RecipientList& list)
     const double records = static_cast<double>(file.size()) / RecipientRecord::Size;
     if (records > MostRecords)
         throw RuntimeError(Overflow);
+    const int before = list.Rows();
     list.Resize(RowsFor(records));
-    PhoneSet listed = NumbersOnView(list);
+    const int kept = std::min(before, list.Rows());
+    PhoneSet listed = NumbersOnView(list, kept);
+    const auto takeNumber = [&](int row, const QString& phone) { // a new row has none
+        return row > kept ? listed.InsertNew(phone) : ReplaceNumber(listed, list, row, phone);
+    };
     RecordReader reader(file);
     int target = 1;
     for (int i = 1; i <= records; ++i) {
         RecipientRecord record = reader.Next();
-        if (!HasMobilePrefix(record.phone) || !TakeNumber(listed, list, target, record.phone))
+        if (!HasMobilePrefix(record.phone) || !takeNumber(target, record.phone))
             continue;
         list.WriteRunningNumber(target, QString::number(target));
         list.Write(target, std::move(record.name), std::move(record.phone));

@@ -104,9 +104,9 @@ void GridRecipientList::Write(int row, QString name, QString phone)
     grid_.Cells().SetText(PhoneColumn, row, std::move(phone));
 }
 
-void GridRecipientList::WriteRunningNumber(int row, const QString& number)
+void GridRecipientList::WriteRunningNumber(int row, QString number)
 {
-    grid_.Cells().SetText(RunningNumberColumn, row, number);
+    grid_.Cells().SetText(RunningNumberColumn, row, std::move(number));
 }
 
 void GridRecipientList::WriteThirdValue(int row, QString value)

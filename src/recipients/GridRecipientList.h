@@ -31,7 +31,7 @@ public:
     void Reset() override;
     void Resize(int rows) override;
     void Write(int row, QString name, QString phone) override;
-    void WriteRunningNumber(int row, const QString& number) override;
+    void WriteRunningNumber(int row, QString number) override;
     void WriteThirdValue(int row, QString value) override;
     void InOneGo(const std::function<void()>& changes) override;
 

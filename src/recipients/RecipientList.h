@@ -26,7 +26,7 @@ public:
     virtual void Resize(int rows) = 0;
 
     virtual void Write(int row, QString name, QString phone) = 0;
-    virtual void WriteRunningNumber(int row, const QString& number) = 0;
+    virtual void WriteRunningNumber(int row, QString number) = 0;
     virtual void WriteThirdValue(int row, QString value) = 0; ///< out of sight, and read by nothing
 
     /// Makes changes of many rows. What is on view follows when they are done, also where they raise.

@@ -34,7 +34,7 @@ public:
         At(row).name = std::move(name);
         At(row).phone = std::move(phone);
     }
-    void WriteRunningNumber(int row, const QString& number) override { At(row).number = number; }
+    void WriteRunningNumber(int row, QString number) override { At(row).number = std::move(number); }
     void WriteThirdValue(int, QString) override {}
     void InOneGo(const std::function<void()>& changes) override { changes(); }
 
