@@ -63,10 +63,10 @@ bool DispatchRun::SendRow(int row)
     const QString text = WithRecipient(WithSender(draft_.message, session_.SMSOrgNm), name);
     const bool accepted = sms_.SubmitSMS(name, phone, draft_.senderNumber, text, draft_.reservation,
                                          QString(), QString(), QString(), [this] { ShowNow(); });
-    if (accepted)
-        ++CountOK;
-    else
+    if (!accepted)
         ++CountFail;
+    else if (++CountOK == 1)
+        db_.ExpectChanges(draft_.recipients.Rows() - row); // here, where the gateway is listened to
     return true;
 }
 

@@ -139,6 +139,12 @@ bool DBConnect::ExecuteSQL(const Statement& statement)
         });
 }
 
+void DBConnect::ExpectChanges(int changes)
+{
+    if (objects_.connection)
+        objects_.connection->ExpectChanges(changes);
+}
+
 void DBConnect::ReportDBError()
 {
     const CurrentError error = Err();

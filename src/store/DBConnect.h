@@ -38,6 +38,9 @@ public:
     /// Runs one statement.
     bool ExecuteSQL(const Statement& statement);
 
+    /// Tells the connection, if there is one, that so many statements that change a row follow.
+    void ExpectChanges(int changes);
+
     /// Closes the database objects, clears Busy and tells the user of the current error: nothing when there
     /// is none, and a quiet new connection instead of a box when an object was not set.
     void ReportDBError();

@@ -34,6 +34,11 @@ public:
         return Engine().Query(statement);
     }
     void Execute(const Statement& statement) override { Engine().Execute(statement); }
+    void ExpectChanges(int changes) override
+    {
+        if (engine_)
+            engine_->ExpectChanges(changes);
+    }
 
 private:
     std::unique_ptr<Connection> Choose() const

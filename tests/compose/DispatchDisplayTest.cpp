@@ -67,6 +67,15 @@ TEST_F(DispatchDisplay, WhenNothingWentOutNothingIsDebited)
     EXPECT_EQ(connections.Statements(), QStringList());
 }
 
+TEST_F(DispatchDisplay, ItsFirstMessageTellsTheDatabaseHowManyMayFollow)
+{
+    ShownFor({{.phone = u"02-000-0001"_q},
+              {.phone = u"010-0000-0001"_q},
+              {.phone = u"010-0000-0002"_q},
+              {.phone = u" "_q}});
+    EXPECT_EQ(connections.Expected(), QList<int>({2}));
+}
+
 #ifdef Q_OS_WIN
 TEST_F(DispatchDisplay, TheMachineStaysAwakeAsLongAsTheRunGoesOn)
 {

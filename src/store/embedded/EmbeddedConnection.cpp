@@ -4,6 +4,7 @@
 #include "runtime/RuntimeError.h"
 #include "store/embedded/EmbeddedDialect.h"
 #include "store/embedded/EmbeddedErrors.h"
+#include "store/embedded/WriteAheadRoom.h"
 #include "store/engine/ConnectionText.h"
 #include "store/engine/DatabaseError.h"
 
@@ -273,6 +274,15 @@ void EmbeddedConnection::Execute(const Statement& statement)
     Running running(*this, statement);
     while (running.Step()) {
     }
+}
+
+void EmbeddedConnection::ExpectChanges(int changes)
+{
+    if (!handle_)
+        return;
+    sqlite3_busy_timeout(handle_, 0);
+    MakeWriteAheadRoom(handle_, changes);
+    sqlite3_busy_timeout(handle_, CommandTimeout * 1000);
 }
 
 void EmbeddedConnection::ExecuteNative(const QString& sql)

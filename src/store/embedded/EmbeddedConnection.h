@@ -23,6 +23,7 @@ public:
     void Close() override;
     std::unique_ptr<Recordset> Query(const Statement& statement) override;
     void Execute(const Statement& statement) override;
+    void ExpectChanges(int changes) override;
 
     /// Opens a file by its name. `make` makes it when it is missing.
     void OpenFile(const QString& path, bool make = false);

@@ -8,6 +8,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
@@ -194,6 +195,83 @@ TEST_F(EmbeddedConnectionTest, TwoWritersAtOnceLoseNothing)
     write(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 7"_q);
     other.join();
     EXPECT_EQ(database.Value(u"SELECT SMSRemainCnt FROM SMSSetup"_q), u"500"_q);
+}
+
+/// An open connection that has written a row, and the log that is written ahead of its file.
+class RoomForChanges : public EmbeddedConnectionTest
+{
+protected:
+    void SetUp() override
+    {
+        connection.OpenFile(database.Path());
+        Add();
+    }
+
+    void Add() { connection.Execute(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1"_q); }
+    static QString LogOf(const QString& path) { return path + u"-wal"_q; }
+    qint64 LogBytes() const { return QFileInfo(LogOf(database.Path())).size(); }
+
+    static constexpr qint64 PageBytes = 4096;
+    TestDatabase database{clock, {2010, 2010}, TestEngine::Embedded};
+    EmbeddedConnection connection{clock};
+};
+
+TEST_F(RoomForChanges, IsMadeOnceForAllOfThem)
+{
+    connection.ExpectChanges(100);
+    const qint64 bytes = LogBytes();
+    EXPECT_GT(bytes, 100 * PageBytes);
+    for (int change = 0; change < 100; ++change)
+        Add();
+    EXPECT_EQ(LogBytes(), bytes);
+    EXPECT_EQ(database.Value(u"SELECT SMSRemainCnt FROM SMSSetup"_q), u"101"_q);
+}
+
+TEST_F(RoomForChanges, IsNoMoreThanTheEngineUses)
+{
+    connection.ExpectChanges(1'000'000);
+    EXPECT_LT(LogBytes(), 1100 * PageBytes);
+}
+
+TEST_F(RoomForChanges, HidesNothingFromWhoReadsWhatACrashHasLeft)
+{
+    connection.ExpectChanges(100);
+    Add();
+    ASSERT_TRUE(QFile::copy(database.Path(), In(u"left.db"_q)));
+    ASSERT_TRUE(QFile::copy(LogOf(database.Path()), LogOf(In(u"left.db"_q))));
+    EmbeddedConnection after(clock);
+    after.OpenFile(In(u"left.db"_q));
+    EXPECT_EQ(after.Query(u"SELECT SMSRemainCnt FROM SMSSetup"_q)->Field(0), u"2"_q);
+}
+
+TEST_F(RoomForChanges, IsNotMadeWhileAnotherWrites)
+{
+    const qint64 before = LogBytes();
+    database.Execute(u"BEGIN IMMEDIATE"_q);
+    connection.ExpectChanges(100);
+    database.Execute(u"ROLLBACK"_q);
+    EXPECT_EQ(LogBytes(), before);
+}
+
+TEST_F(RoomForChanges, LeavesALockToBeWaitedForAgain)
+{
+    database.Execute(u"BEGIN IMMEDIATE"_q);
+    connection.ExpectChanges(100);
+    std::thread release([this] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        database.Execute(u"COMMIT"_q);
+    });
+    EXPECT_EQ(ErrorOf(connection, u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1"_q).Number, NoError);
+    release.join();
+}
+
+TEST_F(RoomForChanges, IsNotMadeWhereNothingIsWrittenAhead)
+{
+    connection.ExecuteNative(u"PRAGMA journal_mode=DELETE"_q);
+    connection.ExpectChanges(100);
+    EXPECT_FALSE(QFile::exists(LogOf(database.Path())));
+    Add();
+    EXPECT_EQ(database.Value(u"SELECT SMSRemainCnt FROM SMSSetup"_q), u"2"_q);
 }
 
 TEST_F(EmbeddedConnectionTest, ASecondStatementIsRefusedAndNothingIsDone)

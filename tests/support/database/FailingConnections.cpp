@@ -52,6 +52,12 @@ public:
         inner_->Execute(statement);
     }
 
+    void ExpectChanges(int changes) override
+    {
+        owner_.expected_ += changes;
+        inner_->ExpectChanges(changes);
+    }
+
 private:
     FailingConnections& owner_;
     std::unique_ptr<Connection> inner_;

@@ -89,7 +89,8 @@ public:
     const QStringList& Statements() const
     {
         return statements_;
-    } ///< that reached a connection, in their order
+    }                                                        ///< that reached a connection, in their order
+    const QList<int>& Expected() const { return expected_; } ///< changes that were told of ahead
 
 private:
     class Wrapped;
@@ -98,6 +99,7 @@ private:
     ConnectionMaker inner_;
     std::function<void(const QString&)> look_;
     QStringList statements_;
+    QList<int> expected_;
     int opens_ = 0;
     int connected_ = 0;
     int openNow_ = 0;
