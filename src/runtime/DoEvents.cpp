@@ -6,13 +6,27 @@
 
 namespace tsms {
 
+namespace {
+
+/// A run calls DoEvents many times between two pictures of the screen, and each call would lay out and paint
+/// what nobody sees. What the run draws by itself at the screen's pace comes a little before this.
+ScreenPace& EventPace()
+{
+    static ScreenPace pace(ScreenPace::PictureMilliseconds + 2);
+    return pace;
+}
+
+} // namespace
+
 void DoEvents()
 {
-    // A run calls this many times between two pictures of the screen, and each call would lay out and paint
-    // what nobody sees.
-    static ScreenPace pace;
-    if (pace.IsDue())
+    if (EventPace().IsDue())
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void FollowDrawing()
+{
+    EventPace().MakeDue();
 }
 
 } // namespace tsms

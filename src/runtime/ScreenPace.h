@@ -8,17 +8,23 @@ namespace tsms {
 class ScreenPace
 {
 public:
+    static constexpr int PictureMilliseconds = 16;
+
+    explicit ScreenPace(int milliseconds = PictureMilliseconds) : milliseconds_(milliseconds) {}
+
     /// True when the screen could show another picture since the last time that this was true.
     bool IsDue()
     {
-        constexpr int pictureMilliseconds = 16;
-        if (last_.isValid() && last_.elapsed() < pictureMilliseconds)
+        if (last_.isValid() && last_.elapsed() < milliseconds_)
             return false;
         last_.start();
         return true;
     }
 
+    void MakeDue() { last_.invalidate(); }
+
 private:
+    int milliseconds_;
     QElapsedTimer last_;
 };
 

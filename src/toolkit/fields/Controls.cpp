@@ -1,5 +1,6 @@
 #include "toolkit/fields/Controls.h"
 
+#include "runtime/DoEvents.h"
 #include "runtime/Text.h"
 #include "toolkit/fields/Naming.h"
 #include "toolkit/fields/RaiseEvent.h"
@@ -129,8 +130,10 @@ void Label::SetCaption(const QString& caption)
 
 void Label::Refresh()
 {
-    if (pace_.IsDue())
-        repaint();
+    if (!pace_.IsDue())
+        return;
+    repaint();
+    FollowDrawing();
 }
 
 void Label::KeepSize()

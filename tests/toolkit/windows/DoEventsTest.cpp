@@ -30,4 +30,18 @@ TEST(DoEvents, PaintsAtThePaceOfTheScreen)
     EXPECT_EQ(window.paints, 1);
 }
 
+TEST(DoEvents, DoesSomethingRightBehindADrawing)
+{
+    PaintedWindow window;
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    QTest::qSleep(20);
+    DoEvents();
+    window.paints = 0;
+    window.update();
+    FollowDrawing();
+    DoEvents();
+    EXPECT_EQ(window.paints, 1);
+}
+
 } // namespace
