@@ -235,6 +235,16 @@ TEST_F(RecipientGrid, TheKeyboardComesToTheFirstEmptyRowOnView)
     EXPECT_EQ(Grid().ActiveRow(), 5);
 }
 
+TEST_F(RecipientGrid, TheKeyboardComesToTheLastRowWhereThatAloneIsEmpty)
+{
+    Grid().Cells().SetMaxRows(2);
+    program.List({{u"가"_q, u"010-1"_q}});
+    program.Control(u"txtSendNo"_q).setFocus();
+    Grid().setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(Grid().ActiveCol(), 2);
+    EXPECT_EQ(Grid().ActiveRow(), 2);
+}
+
 TEST_F(RecipientGrid, TheKeyboardComesToANameAlsoInAFullList)
 {
     Grid().Cells().SetMaxRows(1);
