@@ -1,8 +1,6 @@
 #include "store/embedded/WriteAheadRoom.h"
 
-#include "runtime/SyncToDisk.h"
-
-#include <QFile>
+#include <QByteArray>
 
 #include <sqlite3.h>
 
@@ -12,25 +10,38 @@ namespace tsms {
 
 namespace {
 
-constexpr qint64 FrameBytes = 24 + 4096; ///< a page and its head
-constexpr qint64 ChangeFrames = 4;       ///< the row, its indexes, the last key
-constexpr qint64 MostFrames = 1000 + 16; ///< about there the engine begins at the front again
+constexpr int FrameBytes = 24 + 4096;           ///< a page and its head
+constexpr sqlite3_int64 ChangeFrames = 4;       ///< the row, its indexes, the last key
+constexpr sqlite3_int64 MostFrames = 1000 + 16; ///< about there the engine begins at the front again
 
 bool Run(sqlite3* handle, const char* sql)
 {
     return sqlite3_exec(handle, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
 }
 
-/// In zeros, which the engine takes for the end of the log.
-void Lengthen(QFile& log, int changes)
+/// As it begins, by https://sqlite.org/fileformat2.html#walformat; a journal of another kind does not.
+bool IsWrittenAhead(sqlite3_file& log)
 {
-    const qint64 before = log.size();
-    const qint64 wanted = std::min(before + changes * ChangeFrames * FrameBytes, MostFrames * FrameBytes);
-    if (wanted <= before || !log.seek(before))
+    QByteArray magic(4, '\0');
+    return log.pMethods->xRead(&log, magic.data(), int(magic.size()), 0) == SQLITE_OK &&
+           (magic == "\x37\x7f\x06\x82" || magic == "\x37\x7f\x06\x83");
+}
+
+/// In zeros, which the engine takes for the end of the log.
+void Lengthen(sqlite3_file& log, int changes)
+{
+    const sqlite3_io_methods& file = *log.pMethods;
+    sqlite3_int64 before = 0;
+    if (file.xFileSize(&log, &before) != SQLITE_OK)
         return;
-    const QByteArray zeros(wanted - before, '\0');
-    if (log.write(zeros) != zeros.size() || !SyncToDisk(log))
-        log.resize(before);
+    const sqlite3_int64 frames = std::min(changes * ChangeFrames, MostFrames - before / FrameBytes);
+    // Frame by frame: the engine's files take no more than 128 KiB at once.
+    const QByteArray zeros(FrameBytes, '\0');
+    bool done = true;
+    for (sqlite3_int64 frame = 0; frame < frames && done; ++frame)
+        done = file.xWrite(&log, zeros.constData(), FrameBytes, before + frame * FrameBytes) == SQLITE_OK;
+    if (!done || (frames > 0 && file.xSync(&log, SQLITE_SYNC_NORMAL) != SQLITE_OK))
+        file.xTruncate(&log, before);
 }
 
 } // namespace
@@ -39,9 +50,10 @@ void MakeWriteAheadRoom(sqlite3* handle, int changes)
 {
     if (!Run(handle, "BEGIN IMMEDIATE")) // nobody else may append meanwhile
         return;
-    QFile log(QString::fromUtf8(sqlite3_filename_wal(sqlite3_db_filename(handle, "main"))));
-    if (log.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered))
-        Lengthen(log, changes);
+    sqlite3_file* log = nullptr;
+    sqlite3_file_control(handle, "main", SQLITE_FCNTL_JOURNAL_POINTER, static_cast<void*>(&log));
+    if (log && log->pMethods && IsWrittenAhead(*log))
+        Lengthen(*log, changes);
     Run(handle, "ROLLBACK");
 }
 
