@@ -49,10 +49,10 @@ void CancelRun::Withdraw(int row, const QString& number)
 {
     const QString key = Trim(rows_.KeyText(row));
     const QString year = Trim(rows_.TimeText(row)).left(4);
-    if (sms_.WithdrawSMS(key, number, year, QString(), QString(), QString()))
-        ++CountOK;
-    else
+    if (!sms_.WithdrawSMS(key, number, year, QString(), QString(), QString()))
         ++CountFail;
+    else if (++CountOK == 1)
+        db_.ExpectChanges(total_ - done_ - 1); // here, where the gateway is listened to
     display_.ShowCounts(FormatCount(CountOK), FormatCount(CountFail));
 }
 

@@ -90,6 +90,16 @@ TEST_F(CancelRunTest, ShowsTheCountsBehindEachRowThatWasTried)
     EXPECT_EQ(gateway.CallCount(), callsBefore + 2);
 }
 
+TEST_F(CancelRunTest, ItsFirstWithdrawalTellsTheDatabaseHowManyMayFollow)
+{
+    ReserveOne();
+    const Rows rows({{}, {.number = u"100001"_q}, {.ticked = false}, {}, {}});
+    RecordedDisplay display;
+    CancelRun run(db, sms, rows, display);
+    run.RunCancel(4);
+    EXPECT_EQ(connections.Expected(), QList<int>({2}));
+}
+
 TEST_F(CancelRunTest, GroupsTheNumberOfRowsDoneAndLeavesTheTotalPlain)
 {
     const Rows rows(std::vector<Rows::Row>(1000));
