@@ -8,6 +8,7 @@
 #include "shell/frmSMSMain.h"
 #include "store/DBConnect.h"
 #include "store/MakeConnections.h"
+#include "toolkit/look/Fonts.h"
 #include "toolkit/look/Theme.h"
 #include "toolkit/windows/Application.h"
 #include "toolkit/windows/QtDesktop.h"
@@ -21,6 +22,7 @@ int main(int argc, char** argv)
     TakeWriteFaultsAsErrors();
     KeepWaitingWindows();
     TakeWordsAsUtf8();
+    theme::ReadFontsAhead();
 
     // The launch line is all there is on the command line: the toolkit gets to see none of it.
     const QString command = TakeCommandLine(argc, argv);

@@ -3,6 +3,7 @@
 #include "runtime/Numbers.h"
 #include "runtime/Text.h"
 #include "toolkit/grid/fpSpread.h"
+#include "toolkit/look/Fonts.h"
 #include "toolkit/look/Theme.h"
 
 #include <algorithm>

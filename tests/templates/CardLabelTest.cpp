@@ -1,7 +1,7 @@
 #include "templates/CardLabel.h"
 #include "support/Words.h"
 #include "toolkit/fields/LimitRule.h"
-#include "toolkit/look/Theme.h"
+#include "toolkit/look/Fonts.h"
 
 #include <gtest/gtest.h>
 

@@ -3,6 +3,7 @@
 #include "runtime/ProcessRules.h"
 #include "session/Session.h"
 #include "store/MakeConnections.h"
+#include "toolkit/look/Fonts.h"
 #include "toolkit/look/Theme.h"
 #include "toolkit/windows/Application.h"
 #include "toolkit/windows/QtDesktop.h"
@@ -60,6 +61,7 @@ int main(int argc, char** argv)
     FillStandardStreams();
     TakeWriteFaultsAsErrors();
     TakeWordsAsUtf8();
+    theme::ReadFontsAhead();
     RunStarter(argc, argv);
     if (BackgroundWork::IsAnyLeft())
         std::_Exit(EXIT_SUCCESS); // it waits for a server, and needs what is static until then

@@ -1,6 +1,7 @@
 #include "toolkit/grid/GridHelper.h"
 
 #include "toolkit/grid/fpSpread.h"
+#include "toolkit/look/Fonts.h"
 #include "toolkit/look/Theme.h"
 
 namespace tsms {

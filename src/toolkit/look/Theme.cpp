@@ -1,11 +1,11 @@
 #include "toolkit/look/Theme.h"
 
 #include "toolkit/look/Elements.h"
+#include "toolkit/look/Fonts.h"
 #include "toolkit/look/Pictures.h"
 #include "toolkit/look/Strokes.h"
 
 #include <QApplication>
-#include <QFontDatabase>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPalette>
@@ -13,7 +13,6 @@
 #include <QStyleOption>
 
 #include <algorithm>
-#include <iterator>
 #include <optional>
 #include <utility>
 
@@ -450,26 +449,6 @@ QColor PhoneScreen(bool on, bool touched)
 {
     const QColor screen = on ? Phone : Ground;
     return touched ? Hovered(screen) : screen;
-}
-
-QStringList FontFamilies(const QStringList& installed)
-{
-    const QStringList families{QStringLiteral("굴림"),        QStringLiteral("Gulim"),
-                               QStringLiteral("맑은 고딕"),   QStringLiteral("Malgun Gothic"),
-                               QStringLiteral("NanumGothic"), QStringLiteral("Noto Sans CJK KR")};
-    QStringList found;
-    std::copy_if(families.begin(), families.end(), std::back_inserter(found),
-                 [&](const QString& family) { return installed.contains(family, Qt::CaseInsensitive); });
-    return found.isEmpty() ? families : found;
-}
-
-QFont Font()
-{
-    static const QStringList families = FontFamilies(QFontDatabase::families());
-    QFont font;
-    font.setFamilies(families);
-    font.setPointSize(9);
-    return font;
 }
 
 void ApplyTheme(QApplication& application)

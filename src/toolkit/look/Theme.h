@@ -1,8 +1,6 @@
 #pragma once
 
 #include <QColor>
-#include <QFont>
-#include <QStringList>
 
 class QApplication;
 class QFontMetrics;
@@ -35,13 +33,6 @@ inline constexpr int FieldPadding = 8;     ///< between the edge of a field and 
 
 /// How high buttons, fields and lists are that stand in one row.
 int ControlHeight(const QFontMetrics& metrics);
-
-/// Those of the program's font families that are installed, in the order in which they are tried; all of them
-/// where none is. For one that is not, the toolkit would look for the next best font, for each style anew.
-QStringList FontFamilies(const QStringList& installed);
-
-/// The program's font, size 9.
-QFont Font();
 
 /// Style, palette and font of the whole program. The style draws all buttons, fields, lists, marks and scroll
 /// bars, also those of message boxes and pickers.

@@ -1,4 +1,5 @@
 #include "toolkit/look/Theme.h"
+#include "toolkit/look/Fonts.h"
 
 #include "support/Words.h"
 #include "toolkit/look/Pictures.h"
