@@ -145,6 +145,14 @@ TEST_F(MessageEditor, ARefusedKeyShowsInTheCounterUntilTheNextOneThatFindsRoom)
     EXPECT_EQ(CounterColors(), Warning);
 }
 
+TEST_F(MessageEditor, ARefusalIsForgottenWhenTheFocusLeaves)
+{
+    program.Write(QString(80, u'a'));
+    program.Write(u"b"_q);
+    program.Control(u"txtSendNo"_q).setFocus();
+    EXPECT_EQ(CounterColors(), Warning);
+}
+
 TEST_F(MessageEditor, AltWithALetterPutsNothingInAndIsNoRefusal)
 {
     PressKey(Message(), Qt::Key_B, Qt::AltModifier);
