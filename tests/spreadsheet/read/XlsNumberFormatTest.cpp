@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 
 #include <limits>
+#include <utility>
 
 using namespace tsms;
 using namespace tsms::test;
@@ -224,13 +225,25 @@ TEST(XlsNumberFormat, FractionsAndExponentsAreShownInFull)
 
 TEST(XlsNumberFormat, FormatsThatNeedNoCodeAreKnown)
 {
-    EXPECT_EQ(XlsNumberFormat(XlsNumberFormat::BuiltInCode(0)).Shown(1012345678), u"1012345678"_q);
-    EXPECT_EQ(XlsNumberFormat(XlsNumberFormat::BuiltInCode(3)).Shown(1012345678), u"1,012,345,678"_q);
-    EXPECT_EQ(XlsNumberFormat(XlsNumberFormat::BuiltInCode(14)).Shown(41059), u"2012-05-30"_q);
-    EXPECT_EQ(XlsNumberFormat(XlsNumberFormat::BuiltInCode(45)).Shown(1.5), u"12:00:00"_q);
-    EXPECT_EQ(XlsNumberFormat(XlsNumberFormat::BuiltInCode(46)).Shown(1.5), u"36:00:00"_q);
-    EXPECT_EQ(XlsNumberFormat(XlsNumberFormat::BuiltInCode(47)).Shown(1.5), u"12:00:00"_q);
-    EXPECT_EQ(XlsNumberFormat(XlsNumberFormat::BuiltInCode(49)).Shown(1012345678), u"1012345678"_q);
+    const std::pair<QString, QList<int>> known[] = {
+        {u"41060"_q, {1}},
+        {u"41059.50"_q, {2}},
+        {u"41,060"_q, {3, 5, 6, 37, 38, 41, 42}},
+        {u"41,059.50"_q, {4, 7, 8, 39, 40, 43, 44}},
+        {u"4105950%"_q, {9}},
+        {u"4105950.00%"_q, {10}},
+        {u"2012-05-30"_q,
+         {14, 15, 16, 17, 27, 28, 29, 30, 31, 34, 35, 36, 50, 51, 52, 53, 54, 55, 56, 57, 58}},
+        {u"12:00:00"_q, {18, 19, 20, 21, 32, 33, 45, 47}},
+        {u"2012-05-30 12:00:00"_q, {22}},
+        {u"985428:00:00"_q, {46}}};
+    QStringList expected(60, u"41059.5"_q); // of a format that is General
+    for (const auto& [shown, numbers] : known)
+        for (const int number : numbers)
+            expected[number] = shown;
+    for (int number = 0; number < expected.size(); ++number)
+        EXPECT_EQ(XlsNumberFormat(XlsNumberFormat::BuiltInCode(number)).Shown(41059.5), expected[number])
+            << number;
     EXPECT_EQ(XlsNumberFormat(XlsNumberFormat::BuiltInCode(4711)).Shown(5), u"5"_q);
 }
 
