@@ -354,13 +354,25 @@ void ProgressBar::Show()
     // A range of nothing would be drawn as "busy"; here it is a bar that the first step fills.
     const int most = std::max(1, max_);
     const int value = std::clamp(value_, 0, most);
-    if (most == maximum() && FilledPixels(value) == FilledPixels(this->value()))
+    const int before = FilledPixels(this->value());
+    const bool isStep = most == maximum();
+    if (isStep && FilledPixels(value) == before)
         return;
     setAttribute(Qt::WA_UpdatesDisabled); // the base would paint at once, at no pace
     setRange(0, most);
     setValue(value);
     setAttribute(Qt::WA_UpdatesDisabled, false);
-    update();
+    update(isStep ? Between(before, FilledPixels(value)) : rect());
+}
+
+/// What a step changes: the round ends of both fillings and what lies between them.
+QRect ProgressBar::Between(int before, int after) const
+{
+    constexpr int end = 12; // more than the round end and the border take
+    const auto [least, most] = std::minmax(before, after);
+    const int left = static_cast<int>(least / devicePixelRatioF()) - end;
+    const int right = static_cast<int>(most / devicePixelRatioF()) + end;
+    return left > end ? QRect(left, 0, right - left, height()) : rect(); // a short filling changes as a whole
 }
 
 int ProgressBar::FilledPixels(int value) const

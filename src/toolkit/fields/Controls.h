@@ -217,6 +217,7 @@ public:
 private:
     void Show(); // the base hears of a value that fills another pixel
     int FilledPixels(int value) const;
+    QRect Between(int before, int after) const;
 
     int max_ = 100;
     int value_ = 0;

@@ -338,6 +338,52 @@ TEST(ProgressBar, PassesOnTheStepsThatFillAnotherPixel)
     EXPECT_EQ(bar.value(), 32'000);
 }
 
+/// What of a widget was drawn since it was last asked.
+class DrawnRegion : public QObject
+{
+public:
+    explicit DrawnRegion(QWidget& widget) { widget.installEventFilter(this); }
+    QRegion Take() { return std::exchange(drawn_, {}); }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+            drawn_ += static_cast<QPaintEvent*>(event)->region();
+        return false;
+    }
+
+private:
+    QRegion drawn_;
+};
+
+TEST(ProgressBar, AStepDrawsAllThatItChangesAndNotTheWholeBar)
+{
+    ProgressBar bar(nullptr, u"PB"_q);
+    bar.resize(200, 14);
+    bar.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&bar));
+    const auto whole = [&bar] {
+        QImage image(bar.size(), QImage::Format_RGB32);
+        image.fill(Qt::white);
+        bar.render(&image);
+        return image;
+    };
+    QImage screen = whole();
+    DrawnRegion region(bar);
+    for (const int value : {1, 2, 3, 10, 11, 13, 50, 51, 90, 99, 100, 97, 60, 5, 1, 0}) {
+        bar.SetValue(value);
+        QApplication::processEvents();
+        const QRegion drawn = region.Take();
+        bar.render(&screen, drawn.boundingRect().topLeft(), drawn);
+        EXPECT_EQ(screen, whole()) << value;
+        region.Take();
+        if (value == 51) {
+            EXPECT_LT(drawn.boundingRect().width(), 40);
+        }
+    }
+}
+
 TEST(CheckBox, TellsEachChangeAlsoOneByTheProgram)
 {
     CheckBox box(nullptr, u"ChkTime"_q, u"예약발송"_q);
