@@ -12,8 +12,8 @@
 namespace tsms {
 
 /// The result of a SELECT: a snapshot on the client's side with an exact count, read by position or through a
-/// cursor. Each column is stored by its type, in blocks of many rows: what stands in one does not move while
-/// more is read.
+/// cursor. Each column is stored by its type, in blocks of many rows: what stands in a full one does not move
+/// while more is read.
 class Recordset
 {
 public:
