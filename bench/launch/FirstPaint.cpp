@@ -1,13 +1,18 @@
 // Linked to a program with windows: prints when its first window has been painted for the first time, and
-// ends the process. The words are: nanoseconds, peak memory in KiB, width and height of the window.
+// ends the process. The words are: nanoseconds, peak memory in KiB, width and height of the window, and the
+// nanoseconds from a key to its painted answer. The key goes in as soon as the window is painted, and only
+// where TSMS_BENCH_KEY is in the environment; 0 otherwise. TSMS_BENCH_MAPS names a file that gets the
+// process's table of mapped files.
 #include "bench/Measure.h"
 
 #include <QApplication>
+#include <qpa/qwindowsysteminterface.h>
 #include <QTimer>
 #include <QWidget>
 
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 
 namespace tsms::bench {
 
@@ -20,24 +25,53 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (event->type() != QEvent::Paint || !watched->isWidgetType())
+        answering_ = answering_ || (painted_ != 0 && event->type() == QEvent::KeyRelease);
+        const bool due = painted_ == 0 || answering_;
+        if (!due || event->type() != QEvent::Paint || !watched->isWidgetType())
             return false;
-        const QWidget* window = static_cast<QWidget*>(watched)->window();
+        window_ = static_cast<QWidget*>(watched)->window();
         qApp->removeEventFilter(this);
         // The children are painted and the picture is handed to the screen before the event loop turns again.
-        QTimer::singleShot(0, window, [window] { Announce(*window); });
+        QTimer::singleShot(0, window_, [this] { Painted(); });
         return false;
     }
 
 private:
-    static void Announce(const QWidget& window)
+    void Painted()
     {
         const std::int64_t now = Nanoseconds();
-        std::printf("%lld %ld %d %d\n", static_cast<long long>(now), PeakMemory(), window.width(),
-                    window.height());
+        if (painted_ != 0)
+            End(now - pressed_);
+        painted_ = now;
+        if (!qEnvironmentVariableIsSet("TSMS_BENCH_KEY"))
+            End(0);
+        qApp->installEventFilter(this);
+        PressKey();
+    }
+
+    /// Through the queue of the window system, as a person's.
+    void PressKey()
+    {
+        pressed_ = Nanoseconds();
+        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
+            QWindowSystemInterface::handleKeyEvent<QWindowSystemInterface::AsynchronousDelivery>(
+                window_->windowHandle(), type, Qt::Key_A, Qt::NoModifier, QStringLiteral("a"));
+    }
+
+    [[noreturn]] void End(std::int64_t answer) const
+    {
+        std::printf("%lld %ld %d %d %lld\n", static_cast<long long>(painted_), PeakMemory(), window_->width(),
+                    window_->height(), static_cast<long long>(answer));
         std::fflush(stdout);
+        if (const char* copy = std::getenv("TSMS_BENCH_MAPS"))
+            std::ofstream(copy) << std::ifstream("/proc/self/maps").rdbuf() << std::flush;
         std::_Exit(0);
     }
+
+    const QWidget* window_ = nullptr;
+    std::int64_t painted_ = 0; // when; 0: not yet
+    std::int64_t pressed_ = 0;
+    bool answering_ = false;
 };
 
 void Watch()
