@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace tsms::test {
 
 namespace {
@@ -49,6 +51,23 @@ TEST(OdbcErrors, AStatementsErrorHasItsNumberByTheServersNumber)
     };
     for (const NumberCase& one : cases)
         EXPECT_EQ(NumberOf(one, OdbcPhase::Running), one.number) << one.native;
+}
+
+TEST(OdbcErrors, EveryNumberThatIsKnownIsOfItsKindWhereTheStateDoesNotTell)
+{
+    const std::pair<long, QList<long>> kinds[] = {
+        {NoSuchTable, {208}},
+        {PermissionDenied, {229, 230, 262}},
+        {CannotConvert, {235, 241, 242, 245, 293, 295, 8114}},
+        {DataOverflow, {220, 232, 244, 248, 2628, 8115, 8152}},
+        {IntegrityViolation, {515, 547, 2601, 2627}},
+        {LoginRefused, {18450, 18451, 18452, 18456, 18470, 18486, 18487, 18488}},
+        {CommandTimedOut, {20003}},
+        {CommunicationFailure,
+         {911, 4060, 4064, 6005, 17142, 18401, 20002, 20004, 20006, 20009, 20013, 20017, 20020, 20047}}};
+    for (const auto& [number, natives] : kinds)
+        for (const long native : natives)
+            EXPECT_EQ(NumberOf({u"42000", native, number}, OdbcPhase::Running), number) << native;
 }
 
 TEST(OdbcErrors, ADriversOwnErrorHasItsNumberByTheState)
