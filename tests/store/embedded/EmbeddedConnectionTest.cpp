@@ -283,6 +283,8 @@ TEST_F(EmbeddedConnectionTest, ASecondStatementIsRefusedAndNothingIsDone)
         ErrorOf(connection, u"UPDATE SMSSetup SET SMSRemainCnt=1; UPDATE SMSSetup SET SMSRemainCnt=2"_q);
     EXPECT_EQ(error.Number, StatementFailure);
     EXPECT_EQ(error.Description, u"Incorrect syntax near 'UPDATE'."_q);
+    EXPECT_EQ(ErrorOf(connection, u"UPDATE SMSSetup SET SMSRemainCnt=1; (SELECT 1)"_q).Description,
+              u"Incorrect syntax near '('."_q);
     EXPECT_EQ(database.Value(u"SELECT SMSRemainCnt FROM SMSSetup"_q), u"0"_q);
 }
 
