@@ -28,8 +28,6 @@ constexpr Translation Translations[] = {
     {u"^table .* has no column named (.*)$", StatementFailure, u"Invalid column name '%1'."},
     {u"^ambiguous column name: (.*)$", StatementFailure, u"Ambiguous column name '%1'."},
     {u"^near \"(.*)\": syntax error$", StatementFailure, u"Incorrect syntax near '%1'."},
-    {u"^unrecognized token: \"'(.*)\"$", StatementFailure,
-     u"Unclosed quotation mark after the character string '%1'."},
     {u"^unrecognized token: \"(.*)\"$", StatementFailure, u"Incorrect syntax near '%1'."},
     {u"^no such function: (.*)$", StatementFailure, u"'%1' is not a recognized built-in function name."},
     {u"^wrong number of arguments to function (?:server_)?(.*)\\(\\)$", StatementFailure,
