@@ -352,6 +352,7 @@ TEST_F(EmbeddedConnectionTest, ExpressionsOfTheServerHaveTheirValues)
         {u"DATEADD(DAY, 1, ' 2012-05-30 00:59:59  ')", u"2012/05/31 00:59:59"},
         {u"CASE WHEN DATEADD(DAY, 0, '2012-05-30') = '2012/05/30' THEN 'same' ELSE 'other' END", u"same"},
         {u"CASE WHEN DATEADD(DAY, 0, '2012-05-30') = ('20120530') THEN 'same' ELSE 'other' END", u"same"},
+        {u"CONVERT(varchar(7),getdate(),111)", u"2012/05"},
         {u"CASE WHEN DATEADD(DAY, 0, getdate()) > '2012-05-30' THEN 'later' ELSE 'other' END", u"later"},
         {u"CASE WHEN 'ab' LIKE 'A_' THEN 'fits' ELSE 'not' END", u"fits"},
         {u"CASE WHEN 'ab' NOT LIKE 'A_' THEN 'not' ELSE 'fits' END", u"fits"},
