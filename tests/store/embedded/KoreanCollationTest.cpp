@@ -127,6 +127,7 @@ TEST(KoreanLike, FollowsTheServersPatterns)
         {"a\xFF"
          "c",
          "a_c", true},
+        {"a\xEA\xB0z", "a__z", true}, // a syllable that broke off
         {"abc", "abc%%", true},
         {"abc", "%b%%", true},
     };
