@@ -52,7 +52,7 @@ void CancelRun::Withdraw(int row, const QString& number)
     if (!sms_.WithdrawSMS(key, number, year, QString(), QString(), QString()))
         ++CountFail;
     else if (++CountOK == 1)
-        db_.ExpectChanges(total_ - done_ - 1); // here, where the gateway is listened to
+        db_.ExpectChanges(total_ - done_ - 1);
     display_.ShowCounts(FormatCount(CountOK), FormatCount(CountFail));
 }
 

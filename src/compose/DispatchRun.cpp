@@ -66,7 +66,7 @@ bool DispatchRun::SendRow(int row)
     if (!accepted)
         ++CountFail;
     else if (++CountOK == 1)
-        db_.ExpectChanges(draft_.recipients.Rows() - row); // here, where the gateway is listened to
+        db_.ExpectChanges(draft_.total - done_ - 1);
     return true;
 }
 

@@ -8,8 +8,8 @@ namespace tsms {
 /// does nothing.
 void DoEvents();
 
-/// Tells that an operation has just drawn what it shows: the next DoEvents does something, and finds nothing
-/// that is to be drawn once more.
+/// Tells that an operation has just drawn what it shows: the next DoEvents does something, whatever
+/// the pace.
 void FollowDrawing();
 
 } // namespace tsms

@@ -84,8 +84,10 @@ void KeepWaitingWindows()
 void TakeWordsAsUtf8()
 {
 #ifdef Q_OS_UNIX
-    if (std::setlocale(LC_ALL, "") == nullptr || qstricmp(::nl_langinfo(CODESET), "UTF-8") != 0)
+    if (std::setlocale(LC_ALL, "") == nullptr || qstricmp(::nl_langinfo(CODESET), "UTF-8") != 0) {
         qputenv("LC_ALL", "C.UTF-8");
+        std::setlocale(LC_ALL, ""); // Qt would do it, beside a thread that reads numbers
+    }
 #endif
 #ifdef Q_OS_WIN
     static const UINT consoles = ::GetConsoleOutputCP(); // 0 without a console

@@ -38,7 +38,8 @@ public:
     /// Runs one statement.
     bool ExecuteSQL(const Statement& statement);
 
-    /// Tells the connection, if there is one, that so many statements that change a row follow.
+    /// Tells the connection, if there is one, that so many statements that change a row may follow. The first
+    /// accepted row of a run is the place: the gateway is then listened to anyway.
     void ExpectChanges(int changes);
 
     /// Closes the database objects, clears Busy and tells the user of the current error: nothing when there

@@ -149,6 +149,7 @@ TEST_F(MessageEditor, ARefusalIsForgottenWhenTheFocusLeaves)
 {
     program.Write(QString(80, u'a'));
     program.Write(u"b"_q);
+    ASSERT_EQ(CounterColors(), Refusing);
     program.Control(u"txtSendNo"_q).setFocus();
     EXPECT_EQ(CounterColors(), Warning);
 }

@@ -1,18 +1,21 @@
 #include "store/embedded/WriteAheadRoom.h"
 
 #include <QByteArray>
+#include <QtEndian>
 
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <array>
 
 namespace tsms {
 
 namespace {
 
-constexpr int FrameBytes = 24 + 4096;           ///< a page and its head
-constexpr sqlite3_int64 ChangeFrames = 4;       ///< the row, its indexes, the last key
-constexpr sqlite3_int64 MostFrames = 1000 + 16; ///< about there the engine begins at the front again
+constexpr int FrameBytes = 24 + 4096;     ///< a page of SQLite's default size, and its head
+constexpr sqlite3_int64 ChangeFrames = 4; ///< the row, its indexes, the last key
+constexpr sqlite3_int64 MostFrames =
+    1000 + 16; ///< by SQLite's default it begins at the front again about there
 
 bool Run(sqlite3* handle, const char* sql)
 {
@@ -22,9 +25,9 @@ bool Run(sqlite3* handle, const char* sql)
 /// As it begins, by https://sqlite.org/fileformat2.html#walformat; a journal of another kind does not.
 bool IsWrittenAhead(sqlite3_file& log)
 {
-    QByteArray magic(4, '\0');
-    return log.pMethods->xRead(&log, magic.data(), int(magic.size()), 0) == SQLITE_OK &&
-           (magic == "\x37\x7f\x06\x82" || magic == "\x37\x7f\x06\x83");
+    std::array<unsigned char, 4> magic{};
+    return log.pMethods->xRead(&log, magic.data(), sizeof magic, 0) == SQLITE_OK &&
+           qFromBigEndian<quint32>(magic.data()) >> 1 == 0x377f0682U >> 1; // the last bit tells of the sums
 }
 
 /// In zeros, which the engine takes for the end of the log.
@@ -48,11 +51,13 @@ void Lengthen(sqlite3_file& log, int changes)
 
 void MakeWriteAheadRoom(sqlite3* handle, int changes)
 {
-    if (!Run(handle, "BEGIN IMMEDIATE")) // nobody else may append meanwhile
+    if (changes <= 0 || !Run(handle, "BEGIN IMMEDIATE"))
         return;
+    // A database that may only be read is not locked by it: another process could append meanwhile.
+    const bool isLocked = sqlite3_txn_state(handle, "main") == SQLITE_TXN_WRITE;
     sqlite3_file* log = nullptr;
     sqlite3_file_control(handle, "main", SQLITE_FCNTL_JOURNAL_POINTER, static_cast<void*>(&log));
-    if (log && log->pMethods && IsWrittenAhead(*log))
+    if (isLocked && log && log->pMethods && IsWrittenAhead(*log))
         Lengthen(*log, changes);
     Run(handle, "ROLLBACK");
 }

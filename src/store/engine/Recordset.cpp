@@ -3,6 +3,7 @@
 #include "runtime/RuntimeError.h"
 #include "store/engine/DatabaseError.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace tsms {
@@ -10,6 +11,7 @@ namespace tsms {
 namespace {
 
 constexpr std::size_t BlockRows = 1024;
+constexpr std::size_t MostTextAhead = 1 << 20; ///< bytes; one huge text tells nothing of the rows behind it
 
 std::size_t BlockAt(int row)
 {
@@ -190,7 +192,7 @@ Recordset::Block& Recordset::BlockFor(Column& column, int row)
         const Block& former = blocks.back();
         next.integers.reserve(former.integers.size());
         next.reals.reserve(former.reals.size());
-        next.text.reserve(former.text.size() + former.text.size() / 8);
+        next.text.reserve(std::min(former.text.size() + former.text.size() / 8, MostTextAhead));
         next.ends.reserve(former.ends.size());
     }
     return blocks.emplace_back(std::move(next));

@@ -32,7 +32,7 @@ void ReadFontsAhead()
 {
 #ifdef Q_OS_UNIX
     QLibrary fontconfig(QStringLiteral("fontconfig"), 1);
-    int (*init)() = nullptr; // any thread may call it; the toolkit, which would have to, finds it done
+    int (*init)() = nullptr; // of any thread since fontconfig 2.10.91; the toolkit finds it done
     if (!Resolve(fontconfig, "FcInit", init))
         return;
     // Nothing of the toolkit on that thread: the first one that uses it is the main thread to it. Deferred to

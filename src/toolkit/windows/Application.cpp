@@ -13,11 +13,18 @@
 #include <qpa/qwindowsysteminterface.h>
 #include <QScopedValueRollback>
 #include <QScopeGuard>
-#include <QSessionManager>
 #include <QTextStream>
 #include <QThread>
 
 #include <cstdlib>
+
+#ifdef Q_OS_WIN
+#include "toolkit/windows/Form.h"
+
+#include <QSessionManager>
+
+#include <algorithm>
+#endif
 
 namespace tsms {
 
@@ -45,6 +52,16 @@ int& AwaitDisplay(int& argc)
     return argc;
 }
 
+#ifdef Q_OS_WIN
+/// Its end would cut a run off in its middle.
+void KeepSessionWhileBusy(QSessionManager& session)
+{
+    const QList<Form*>& forms = Form::Loaded();
+    if (std::any_of(forms.begin(), forms.end(), [](const Form* form) { return form->IsBusy(); }))
+        session.cancel();
+}
+#endif
+
 /// How many run within each other: dialogs that are awaited, and the program itself.
 int EventLoops()
 {
@@ -61,14 +78,10 @@ Application::Application(int& argc, char** argv) : QApplication(AwaitDisplay(arg
     if (words_.load(korean, QStringLiteral("qtbase"), QStringLiteral("_"),
                     QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         installTranslator(&words_);
-    connect(this, &QGuiApplication::commitDataRequest, this, &Application::PutOffEndWhileBusy,
-            Qt::DirectConnection);
-}
-
-void Application::PutOffEndWhileBusy(QSessionManager& desk)
-{
-    if (session_ && session_->IsBusy() && desk.allowsInteraction())
-        desk.cancel();
+#ifdef Q_OS_WIN
+    // An X server's session manager is asked in an event loop of its own, in the middle of a row.
+    connect(this, &QGuiApplication::commitDataRequest, this, &KeepSessionWhileBusy, Qt::DirectConnection);
+#endif
 }
 
 bool Application::notify(QObject* receiver, QEvent* event)

@@ -5,8 +5,6 @@
 #include <QApplication>
 #include <QTranslator>
 
-class QSessionManager;
-
 namespace tsms {
 
 class Desktop;
@@ -15,16 +13,15 @@ struct Session;
 /// The application. Its windows bear the program's icon. Menus and pickers that belong to the toolkit speak
 /// Korean, whatever the desk's language.
 /// What an input method composes stays where it was begun (see Composition), behind the keys before it. Enter
-/// that is held down presses one button once. It is the last place that catches an exception which left an
-/// event handler.
+/// that is held down presses one button once. Windows is not let end its session while a form is busy. It is
+/// the last place that catches an exception which left an event handler.
 class Application : public QApplication
 {
 public:
     /// Without a display it ends the process in order: with a line on stderr and status 1.
     Application(int& argc, char** argv);
 
-    /// Where unhandled errors are shown, and whose Busy they end; without it they end the program. While Busy
-    /// is on, the end of the desk's session is put off: it would cut a run off in its middle.
+    /// Where unhandled errors are shown, and whose Busy they end; without it they end the program.
     void HandleErrors(Session& session, Desktop& desktop)
     {
         session_ = &session;
@@ -37,7 +34,6 @@ private:
     bool LetKeysGoFirst(QObject*& receiver);
     bool IsHeldOnButton(const QObject& receiver, const QEvent& event);
     bool Deliver(QObject* receiver, QEvent* event);
-    void PutOffEndWhileBusy(QSessionManager& desk);
 
     QTranslator words_; // where the platform has none, those menus stay English
     Session* session_ = nullptr;

@@ -3,6 +3,7 @@
 #include "runtime/RuntimeError.h"
 #include "spreadsheet/write/CompoundFile.h"
 #include "spreadsheet/write/TableSheet.h"
+#include "support/FileSizeLimit.h"
 #include "support/Words.h"
 #include "support/workbooks/FreeXlReader.h"
 
@@ -12,35 +13,12 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
-#include <sys/resource.h>
 #include <unistd.h>
 
 using namespace tsms;
 using namespace tsms::test;
 
 namespace {
-
-/// Files of this process can have no more than that many bytes while this lives.
-class FileSizeLimit
-{
-public:
-    explicit FileSizeLimit(qint64 bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &former_);
-        const rlimit limit{static_cast<rlim_t>(bytes), former_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit()
-    {
-        setrlimit(RLIMIT_FSIZE, &former_);
-        std::signal(SIGXFSZ, signal_);
-    }
-
-private:
-    rlimit former_{};
-    void (*signal_)(int);
-};
 
 /// A folder in which nobody may make files while this lives, not even an administrator.
 class ReadOnlyFolder

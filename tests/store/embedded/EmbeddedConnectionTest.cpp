@@ -14,6 +14,7 @@
 #include <sqlite3.h>
 
 #ifdef Q_OS_UNIX
+#include "support/FileSizeLimit.h"
 #include <unistd.h>
 #endif
 
@@ -264,6 +265,31 @@ TEST_F(RoomForChanges, LeavesALockToBeWaitedForAgain)
     EXPECT_EQ(ErrorOf(connection, u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1"_q).Number, NoError);
     release.join();
 }
+
+TEST_F(RoomForChanges, IsNotMadeWithinATransaction)
+{
+    const qint64 before = LogBytes();
+    connection.ExecuteNative(u"BEGIN IMMEDIATE"_q);
+    connection.ExpectChanges(100);
+    EXPECT_EQ(LogBytes(), before);
+    Add();
+    connection.ExecuteNative(u"COMMIT"_q);
+    EXPECT_EQ(database.Value(u"SELECT SMSRemainCnt FROM SMSSetup"_q), u"2"_q);
+}
+
+#ifdef Q_OS_UNIX
+TEST_F(RoomForChanges, IsTakenBackWhereTheDiskIsFull)
+{
+    const qint64 before = LogBytes();
+    {
+        const FileSizeLimit limit(before + 10 * PageBytes);
+        connection.ExpectChanges(100);
+    }
+    EXPECT_EQ(LogBytes(), before);
+    Add();
+    EXPECT_EQ(database.Value(u"SELECT SMSRemainCnt FROM SMSSetup"_q), u"2"_q);
+}
+#endif
 
 TEST_F(RoomForChanges, IsNotMadeWhereNothingIsWrittenAhead)
 {

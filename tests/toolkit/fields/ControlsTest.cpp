@@ -375,6 +375,7 @@ TEST(ProgressBar, AStepDrawsAllThatItChangesAndNotTheWholeBar)
         bar.SetValue(value);
         QApplication::processEvents();
         const QRegion drawn = region.Take();
+        ASSERT_FALSE(drawn.isEmpty()) << value;
         bar.render(&screen, drawn.boundingRect().topLeft(), drawn);
         EXPECT_EQ(screen, whole()) << value;
         region.Take();
