@@ -38,6 +38,7 @@ template <class Dialog> void Meanwhile(const std::function<void(Dialog&)>& look)
     auto* timer = new QTimer(qApp);
     QObject::connect(timer, &QTimer::timeout, timer, [timer, look] {
         if (auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget())) {
+            timer->stop(); // it would look at the next dialog, too, before it is deleted
             timer->deleteLater();
             look(*dialog);
         }
