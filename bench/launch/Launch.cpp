@@ -121,6 +121,10 @@ void CompareOn(Program& program, const QByteArray& platform, double limit)
     Compare(
         {.what = "start to first painted window", .size = size, .rounds = Starts, .limit = limit},
         [&] { return program.Start(); }, [&] { return empty.Start(); }, sameSize);
+    Program words(QStringLiteral("bench_launch_empty"), {QStringLiteral("문자메시지")});
+    Compare(
+        {.what = "start, beside a window with one word", .size = size, .rounds = Starts},
+        [&] { return program.Start(); }, [&] { return words.Start(); });
     Compare(
         {.what = "cold start", .size = size, .rounds = ColdStarts, .warmUp = false},
         [&] { return program.StartCold(); }, [&] { return empty.StartCold(); }, sameSize);
