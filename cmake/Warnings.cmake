@@ -14,6 +14,12 @@ endif()
 target_compile_definitions(tsms_options INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS QT_NO_FOREACH
   $<$<PLATFORM_ID:Windows>:WIN32_LEAN_AND_MEAN>) # its old sockets would come before the new ones
+# For what can be fuzzed, that is without a window: what the fuzzers steer by.
+add_library(tsms_fuzzed_options INTERFACE)
+target_link_libraries(tsms_fuzzed_options INTERFACE tsms_options)
+if(TSMS_FUZZERS)
+  target_compile_options(tsms_fuzzed_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 if(TSMS_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)

@@ -118,8 +118,11 @@ bool IsEnvelope(const StartTag& tag)
         return false;
     const std::string binding = "xmlns:" + std::string(tag.Prefix()) + "=\"";
     const std::size_t at = tag.attributes.find(binding);
-    return at != std::string_view::npos && tag.attributes.find(binding, at + 1) == std::string_view::npos &&
-           tag.attributes.substr(at + binding.size()).starts_with(std::string(ns::SoapEnvelope) + '"');
+    if (at == std::string_view::npos || tag.attributes.find(binding, at + 1) != std::string_view::npos)
+        return false;
+    const std::string_view bound = tag.attributes.substr(at + binding.size());
+    const std::size_t end = bound.find('"');
+    return end != std::string_view::npos && bound.substr(0, end) == ns::SoapEnvelope;
 }
 
 } // namespace
