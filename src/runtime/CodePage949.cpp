@@ -79,10 +79,17 @@ bool IsSurrogate(QChar unit)
     return unit.isSurrogate();
 }
 
+bool IsAscii(QChar unit)
+{
+    return unit < u'\x80';
+}
+
 } // namespace
 
 QByteArray ToCodePage949(QStringView text)
 {
+    if (std::all_of(text.begin(), text.end(), IsAscii))
+        return text.toLatin1(); // the platform's table, several files of it, is not even loaded
     if (std::any_of(text.begin(), text.end(), IsSurrogate)) {
         // Nothing outside the basic plane has a code; glibc's encoder drops the tags there without a word.
         QString plain = text.toString();
