@@ -92,19 +92,17 @@ void TemplateCards::BuildHead(QHBoxLayout& row)
     const CardNames names = NamesOf(side_);
     auto* heading = new Label(this, names.heading, QStringLiteral("문자메시지 서식선택"));
     heading->SetBold(true);
-    category_ = new ComboBox(this, names.category);
+    category_ = new ComboBox(this, names.category, CategoryWidth); // names of any length
     DescribeBy(*category_, QStringLiteral("서식 분류"));
     category_->setPlaceholderText(QStringLiteral("전체")); // until the categories are read
-    category_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon); // names of any length
-    category_->setIconSize(QSize(0, 0));
-    category_->setMinimumWidth(CategoryWidth);
     category_->OnClick = [this] {
         if (handlers_.chooseCategory)
             handlers_.chooseCategory();
     };
-    if (side_ == ComposeSide)
-        for (QWidget* typedIn : {static_cast<QWidget*>(category_), static_cast<QWidget*>(category_->view())})
-            typedIn->installEventFilter(this);
+    if (side_ == ComposeSide) {
+        category_->installEventFilter(this);
+        category_->OnDropDown = [this] { category_->view()->installEventFilter(this); };
+    }
     row.addWidget(heading);
     row.addStretch(1);
     row.addWidget(category_);

@@ -18,12 +18,15 @@
 
 namespace tsms {
 
-ComboBox::ComboBox(QWidget* parent, const QString& name) : QComboBox(parent)
+ComboBox::ComboBox(QWidget* parent, const QString& name, std::optional<int> width) : QComboBox(parent)
 {
     SetName(*this, name);
     setFocusPolicy(Qt::StrongFocus); // the wheel would take the focus first, and then change the list
     setMaxVisibleItems(14);
-    setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    if (width)
+        setFixedWidth(*width);
+    else
+        setSizeAdjustPolicy(QComboBox::AdjustToContents);
     connect(this, &QComboBox::activated, this, [this] { RaiseEvent(*this, OnClick); });
 }
 
@@ -83,6 +86,12 @@ void ComboBox::SetBackColor(const QColor& color)
     QPalette colors = palette();
     colors.setColor(QPalette::Button, color);
     setPalette(colors);
+}
+
+void ComboBox::showPopup()
+{
+    RaiseEvent(*this, OnDropDown);
+    QComboBox::showPopup();
 }
 
 void ComboBox::initStyleOption(QStyleOptionComboBox* option) const

@@ -3,6 +3,7 @@
 #include <QComboBox>
 
 #include <functional>
+#include <optional>
 
 namespace tsms {
 
@@ -15,7 +16,8 @@ class ComboBox : public QComboBox
     Q_OBJECT
 
 public:
-    ComboBox(QWidget* parent, const QString& name);
+    /// As wide as its entries, or of a width in pixels.
+    ComboBox(QWidget* parent, const QString& name, std::optional<int> width = {});
 
     void AddItem(const QString& text, int number = 0);
     /// Raises 5 when `index` is outside 0 to ListCount().
@@ -50,7 +52,11 @@ public:
     std::function<void()> OnClick;
     /// Each character before it acts on the closed list, also Enter (13). Set to 0 it is swallowed.
     std::function<void(char16_t& key)> OnKeyPress;
+    /// Before the entries are shown. They have no view() before the first time, unless somebody asks for it.
+    std::function<void()> OnDropDown;
     QString Tag;
+
+    void showPopup() override;
 
 protected:
     bool event(QEvent* event) override;

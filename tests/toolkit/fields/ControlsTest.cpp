@@ -11,6 +11,7 @@
 
 #include "support/Words.h"
 
+#include <QAbstractItemView>
 #include <QImage>
 #include <QLineEdit>
 #include <QPainter>
@@ -503,6 +504,36 @@ TEST_F(ComboBoxTest, ANewListHasNothingSelected)
     EXPECT_EQ(combo.ListIndex(), -1);
     EXPECT_EQ(combo.Text(), QString());
     EXPECT_EQ(combo.ListCount(), 3);
+}
+
+TEST_F(ComboBoxTest, OneOfAGivenWidthKeepsItWhateverItsEntries)
+{
+    ComboBox list(nullptr, u"CbGroup"_q, 120);
+    list.AddItem(QString(200, u'가'));
+    EXPECT_EQ(list.minimumWidth(), 120);
+    EXPECT_EQ(list.maximumWidth(), 120);
+}
+
+TEST_F(ComboBoxTest, OneOfAGivenWidthHasNoViewOfItsEntriesBeforeItOpens)
+{
+    ComboBox list(nullptr, u"CbGroup"_q, 120);
+    list.AddItem(u"가"_q);
+    list.SetListIndex(0);
+    list.show();
+    EXPECT_FALSE(list.findChild<QAbstractItemView*>());
+    list.showPopup();
+    EXPECT_TRUE(list.findChild<QAbstractItemView*>());
+}
+
+TEST_F(ComboBoxTest, TellsThatItOpens)
+{
+    int opened = 0;
+    combo.OnDropDown = [&] { ++opened; };
+    combo.AddItem(u"가"_q);
+    combo.show();
+    EXPECT_EQ(opened, 0);
+    QTest::mouseClick(&combo, Qt::LeftButton);
+    EXPECT_EQ(opened, 1);
 }
 
 TEST_F(ComboBoxTest, ATextLongerThanItsListEndsInASign)
