@@ -15,8 +15,10 @@
 #include <QScopeGuard>
 #include <QTextStream>
 #include <QThread>
+#include <QTimer>
 
 #include <cstdlib>
+#include <utility>
 
 #ifdef Q_OS_WIN
 #include "toolkit/windows/Form.h"
@@ -73,7 +75,6 @@ int EventLoops()
 Application::Application(int& argc, char** argv) : QApplication(AwaitDisplay(argc), argv)
 {
     qInstallMessageHandler(usualHandler);
-    setWindowIcon(PictureIcon(QStringLiteral("application")));
     const QLocale korean(QLocale::Korean, QLocale::SouthKorea);
     if (words_.load(korean, QStringLiteral("qtbase"), QStringLiteral("_"),
                     QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
@@ -101,7 +102,10 @@ bool Application::notify(QObject* receiver, QEvent* event)
     if (!handedOn && composition_.Withholds(*event))
         return true;
     const QScopedValueRollback within(composing_, composing_ || composing);
-    return Deliver(receiver, event);
+    const bool isTaken = Deliver(receiver, event);
+    if (event->type() == QEvent::Paint)
+        BearIcon();
+    return isTaken;
 }
 
 /// A key that the input method has no use for comes back to the program. By some methods it waits in a queue,
@@ -133,6 +137,13 @@ bool Application::IsHeldOnButton(const QObject& receiver, const QEvent& event)
     // Under X a busy program is told of each repetition as of a release and a press, both of one moment.
     const bool held = key.isAutoRepeat() || (released_ != 0 && key.timestamp() == released_);
     return enter && held && qobject_cast<const QAbstractButton*>(&receiver);
+}
+
+/// An X server gets it in four sizes, up to 128 pixels: nobody waits for them to see the window.
+void Application::BearIcon()
+{
+    if (!std::exchange(bearsIcon_, true))
+        QTimer::singleShot(0, this, [] { setWindowIcon(PictureIcon(QStringLiteral("application"))); });
 }
 
 bool Application::Deliver(QObject* receiver, QEvent* event)

@@ -10,11 +10,11 @@ namespace tsms {
 class Desktop;
 struct Session;
 
-/// The application. Its windows bear the program's icon. Menus and pickers that belong to the toolkit speak
-/// Korean, whatever the desk's language.
-/// What an input method composes stays where it was begun (see Composition), behind the keys before it. Enter
-/// that is held down presses one button once. Windows is not let end its session while a form is busy. It is
-/// the last place that catches an exception which left an event handler.
+/// The application. Its windows bear the program's icon, the first one behind its first picture. Menus and
+/// pickers that belong to the toolkit speak Korean, whatever the desk's language. What an input method
+/// composes stays where it was begun (see Composition), behind the keys before it. Enter that is held down
+/// presses one button once. Windows is not let end its session while a form is busy. It is the last place
+/// that catches an exception which left an event handler.
 class Application : public QApplication
 {
 public:
@@ -34,6 +34,7 @@ private:
     bool LetKeysGoFirst(QObject*& receiver);
     bool IsHeldOnButton(const QObject& receiver, const QEvent& event);
     bool Deliver(QObject* receiver, QEvent* event);
+    void BearIcon();
 
     QTranslator words_; // where the platform has none, those menus stay English
     Session* session_ = nullptr;
@@ -42,7 +43,8 @@ private:
     Composition composition_;
     bool composing_ = false; // an event of the input method is being delivered; a control may hand it on
     int composed_ = 0;       // events of the input method
-    int outside_ = -1;       // within how many event loops an event from outside is being delivered
+    bool bearsIcon_ = false;
+    int outside_ = -1; // within how many event loops an event from outside is being delivered
 };
 
 } // namespace tsms

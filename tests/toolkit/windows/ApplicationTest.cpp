@@ -286,7 +286,9 @@ TEST(Application, NoEventLeavesTheUpperHalvesOfVectorRegistersInUse)
 
 TEST(Application, AWindowBearsTheIconOfTheProgram)
 {
-    const QWidget window;
+    QWidget window;
+    window.show();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !window.windowIcon().isNull(); }));
     const QImage icon = window.windowIcon().pixmap(QSize(128, 128), 1.0).toImage();
     EXPECT_EQ(icon.pixelColor(16, 64), QColor(28, 110, 140));  // its ground
     EXPECT_EQ(icon.pixelColor(38, 36), QColor(144, 215, 250)); // the screen of its phone
