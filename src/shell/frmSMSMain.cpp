@@ -57,22 +57,23 @@ class Background final : public Panel
 public:
     /// `whenShown` runs once, behind the first picture of the window.
     Background(QWidget* parent, std::function<void()> whenShown)
-        : Panel(parent, QStringLiteral("PictBg")), whenShown_(std::move(whenShown))
+        : Panel(parent, QStringLiteral("PictBg"), Border::Edge), whenShown_(std::move(whenShown))
     {
         SetDragsWindow(true);
         setAttribute(Qt::WA_OpaquePaintEvent);
     }
 
 protected:
-    void paintEvent(QPaintEvent*) override
+    void paintEvent(QPaintEvent* event) override
     {
         if (whenShown_)
             QTimer::singleShot(0, this, std::exchange(whenShown_, nullptr));
+        const QRect head(0, 0, width(), HeadHeight - 1);
         QPainter painter(this);
-        painter.fillRect(rect(), theme::Ground);
-        painter.fillRect(QRect(0, 0, width(), HeadHeight - 1), theme::Strip);
-        painter.setPen(theme::Frame);
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        painter.fillRect(head, theme::Strip);
+        painter.fillRect(rect().adjusted(0, head.height(), 0, 0), theme::Ground);
+        painter.end();
+        Panel::paintEvent(event);
     }
 
 private:
