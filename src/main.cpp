@@ -31,7 +31,7 @@ int main(int argc, char** argv)
         argv[1] = nullptr;
 
     Application application(programNameOnly, argv);
-    theme::ApplyTheme(application);
+    theme::ApplyStyle(application); // the font comes with the first window
     QtDesktop desktop;
     const SystemClock clock;
     Session session;

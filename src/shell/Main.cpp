@@ -9,6 +9,7 @@
 #include "shell/LaunchLine.h"
 #include "store/DBConnect.h"
 #include "store/LoadSMSSetup.h"
+#include "toolkit/look/Theme.h"
 #include "toolkit/windows/Guarded.h"
 
 #include <exception>
@@ -34,6 +35,7 @@ Launch Start(const QString& command, Services& services)
     StoreLaunchLine(command, services.session);
     if (!LoadSMSSetup(services.session, services.db))
         return {};
+    theme::UseFont();
     Launch launch;
     launch.form = std::make_unique<frmSMSMain>(services);
     launch.form->Load();

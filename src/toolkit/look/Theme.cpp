@@ -453,6 +453,12 @@ QColor PhoneScreen(bool on, bool touched)
 
 void ApplyTheme(QApplication& application)
 {
+    ApplyStyle(application);
+    UseFont();
+}
+
+void ApplyStyle(QApplication& application)
+{
     auto* style = new Style;
     application.setStyle(style);
     application.installEventFilter(style);
@@ -483,7 +489,12 @@ void ApplyTheme(QApplication& application)
     palette.setColor(QPalette::Active, QPalette::Button, White);
     palette.setColor(QPalette::Inactive, QPalette::Button, White);
     QApplication::setPalette(palette, "QComboBox"); // a field to the eye
-    QApplication::setFont(Font());
+}
+
+void UseFont()
+{
+    if (QApplication::font() != Font())
+        QApplication::setFont(Font());
 }
 
 QColor Hovered(const QColor& face)

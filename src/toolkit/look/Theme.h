@@ -38,6 +38,11 @@ int ControlHeight(const QFontMetrics& metrics);
 /// bars, also those of message boxes and pickers.
 void ApplyTheme(QApplication& application);
 
+/// The two steps of ApplyTheme. Between them there is time for what needs no window, while the fonts are read
+/// ahead: UseFont waits for them.
+void ApplyStyle(QApplication& application);
+void UseFont();
+
 /// A darker or lighter neighbour of a face colour, for a face under the mouse or pressed.
 QColor Hovered(const QColor& face);
 QColor Pressed(const QColor& face);

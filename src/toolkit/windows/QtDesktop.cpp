@@ -3,6 +3,7 @@
 #include "runtime/Text.h"
 #include "toolkit/fields/LimitRule.h"
 #include "toolkit/look/Placing.h"
+#include "toolkit/look/Theme.h"
 #include "toolkit/windows/Dimmed.h"
 #include "toolkit/windows/Form.h"
 
@@ -275,6 +276,7 @@ QString Picker::Pick()
 
 MsgBoxAnswer QtDesktop::MsgBox(const QString& text, MsgBoxStyle style, const QString& title)
 {
+    theme::UseFont(); // the first window of a start that fails is a box
     const QPointer<QWidget> below = FrontWindow();
     PlacedBox box(below);
     box.setTextFormat(Qt::PlainText);

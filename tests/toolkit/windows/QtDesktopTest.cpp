@@ -1,6 +1,7 @@
 #include "toolkit/windows/QtDesktop.h"
 
 #include "session/Session.h"
+#include "toolkit/look/Fonts.h"
 #include "toolkit/windows/Form.h"
 
 #include "support/ScriptedDesktop.h"
@@ -100,6 +101,21 @@ TEST(QtDesktop, AMessageBoxShowsTitleAndWordsAsPlainText)
     EXPECT_EQ(text, u"a <b>\n\nb"_q);
     EXPECT_EQ(format, Qt::PlainText);
     EXPECT_EQ(ok, u"확인"_q);
+}
+
+TEST(QtDesktop, AMessageBoxHasTheProgramsFontThoughNoWindowHasAskedForItYet)
+{
+    const QFont before = QApplication::font();
+    QApplication::setFont(QFont(u"DejaVu Serif"_q, 20));
+    QFont font;
+    Meanwhile<QMessageBox>([&](QMessageBox& box) {
+        font = box.font();
+        box.accept();
+    });
+    QtDesktop().MsgBox(u"text"_q, MsgBoxCritical, u"title"_q);
+    QApplication::setFont(before);
+    EXPECT_EQ(font.families(), theme::Font().families());
+    EXPECT_EQ(font.pointSize(), 9);
 }
 
 /// What a box shows of a text. Its button must be on the screen.
