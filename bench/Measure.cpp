@@ -178,7 +178,7 @@ void Growth::PrintRow(int from, int to, double limit) const
     const double baseline = large.baseline.nanoseconds / small.baseline.nanoseconds;
     PrintCells({"growth: " + what_, std::to_string(to) + " / " + std::to_string(from) + " " + unit_,
                 Printed("%.1f", static_cast<double>(to) / from), Printed("%.1f", ours),
-                Printed("%.1f", baseline), RatioLimit(ours, limit)});
+                Printed("%.1f", baseline), RatioLimit(ours / baseline, limit)});
 }
 
 void Growth::PrintRows() const

@@ -87,7 +87,7 @@ public:
     void Add(int size, const Costs& costs) { costs_[size] = costs; }
 
     /// Prints a row of the table of growth: by how much the sizes differ, and by how much the times of each
-    /// side. The limit is that of ours.
+    /// side. The limit is how many times the baseline's growth ours may be.
     void PrintRow(int from, int to, double limit = NoLimit) const;
 
     void PrintRows() const; ///< from the first one of Sizes to each other one

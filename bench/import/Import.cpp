@@ -28,7 +28,7 @@ constexpr double DemandedRatio = 1.3;
 constexpr double DemandedOfFile = 1.4;
 constexpr int FewRecords = 10'000;
 constexpr int ManyRecords = 100'000;
-constexpr double DemandedGrowth = 12;
+constexpr double DemandedGrowth = 1.25;
 
 void WriteFile(const QString& path, const QByteArray& content)
 {
