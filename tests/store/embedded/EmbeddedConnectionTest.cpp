@@ -209,6 +209,17 @@ protected:
     }
 
     void Add() { connection.Execute(u"UPDATE SMSSetup SET SMSRemainCnt= SMSRemainCnt + 1"_q); }
+
+    /// Who opens the database from now on may only read it: so says a version that the engine does not know
+    /// how to write, by https://sqlite.org/fileformat2.html#file_format_version_numbers. The log may still be
+    /// written.
+    void LeaveToReaders()
+    {
+        constexpr qint64 writeVersionAt = 18;
+        QFile file(database.Path());
+        EXPECT_TRUE(file.open(QIODevice::ReadWrite) && file.seek(writeVersionAt) && file.putChar(3));
+    }
+
     static QString LogOf(const QString& path) { return path + u"-wal"_q; }
     qint64 LogBytes() const { return QFileInfo(LogOf(database.Path())).size(); }
 
@@ -251,6 +262,17 @@ TEST_F(RoomForChanges, IsNotMadeWhileAnotherWrites)
     database.Execute(u"BEGIN IMMEDIATE"_q);
     connection.ExpectChanges(100);
     database.Execute(u"ROLLBACK"_q);
+    EXPECT_EQ(LogBytes(), before);
+}
+
+TEST_F(RoomForChanges, IsNotMadeInADatabaseThatMayOnlyBeRead)
+{
+    const qint64 before = LogBytes();
+    LeaveToReaders();
+    EmbeddedConnection reader(clock);
+    reader.OpenFile(database.Path());
+    EXPECT_NE(ErrorOf(reader, u"UPDATE SMSSetup SET SMSRemainCnt=0"_q).Number, NoError);
+    reader.ExpectChanges(100);
     EXPECT_EQ(LogBytes(), before);
 }
 
