@@ -2,6 +2,7 @@
 
 #include "runtime/RuntimeError.h"
 #include "session/Session.h"
+#include "store/engine/ConnectionText.h"
 #include "store/engine/DatabaseError.h"
 #include "support/database/TestDatabase.h"
 #include "support/ScriptedDesktop.h"
@@ -56,10 +57,7 @@ protected:
 TEST_F(DBConnectTest, ConnectingKeepsTheAssembledText)
 {
     EXPECT_TRUE(db.ConnectDB());
-    EXPECT_EQ(
-        session.ConnectionString,
-        u"Provider=SQLOLEDB.1;Password=secret;Persist Security Info=True;User ID=sms;Initial Catalog="_q +
-            database.Path() + u";Data Source=(embedded),1433"_q);
+    EXPECT_EQ(session.ConnectionString, AssembleConnectionText(session));
     EXPECT_EQ(connections.OpenNow(), 1);
 }
 
