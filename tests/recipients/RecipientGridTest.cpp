@@ -36,6 +36,17 @@ protected:
         return texts;
     }
 
+    /// The row whose name the keyboard comes to in a list of so many rows, the first of which is filled.
+    int RowReachedByTab(int rows)
+    {
+        Grid().Cells().SetMaxRows(rows);
+        program.List({{u"가"_q, u"010-1"_q}});
+        program.Control(u"txtSendNo"_q).setFocus();
+        Grid().setFocus(Qt::TabFocusReason);
+        EXPECT_EQ(Grid().ActiveCol(), 2);
+        return Grid().ActiveRow();
+    }
+
     Program program;
 };
 
@@ -237,22 +248,12 @@ TEST_F(RecipientGrid, TheKeyboardComesToTheFirstEmptyRowOnView)
 
 TEST_F(RecipientGrid, TheKeyboardComesToTheLastRowWhereThatAloneIsEmpty)
 {
-    Grid().Cells().SetMaxRows(2);
-    program.List({{u"가"_q, u"010-1"_q}});
-    program.Control(u"txtSendNo"_q).setFocus();
-    Grid().setFocus(Qt::TabFocusReason);
-    EXPECT_EQ(Grid().ActiveCol(), 2);
-    EXPECT_EQ(Grid().ActiveRow(), 2);
+    EXPECT_EQ(RowReachedByTab(2), 2);
 }
 
 TEST_F(RecipientGrid, TheKeyboardComesToANameAlsoInAFullList)
 {
-    Grid().Cells().SetMaxRows(1);
-    program.List({{u"가"_q, u"010-1"_q}});
-    program.Control(u"txtSendNo"_q).setFocus();
-    Grid().setFocus(Qt::TabFocusReason);
-    EXPECT_EQ(Grid().ActiveCol(), 2);
-    EXPECT_EQ(Grid().ActiveRow(), 1);
+    EXPECT_EQ(RowReachedByTab(1), 1);
 }
 
 TEST_F(RecipientGrid, EscapeGivesACellThatIsEditedBackAndAsksNothing)
