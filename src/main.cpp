@@ -30,11 +30,11 @@ int main(int argc, char** argv)
     if (argc > 1)
         argv[1] = nullptr;
 
-    Application application(programNameOnly, argv);
-    theme::ApplyStyle(application); // the font comes with the first window
     QtDesktop desktop;
     const SystemClock clock;
     Session session;
+    Application application(programNameOnly, argv);
+    theme::ApplyStyle(application); // the font comes with the first window
     application.HandleErrors(session, desktop);
     DBConnect db(session, desktop, MakeConnections(clock));
     ModSMS sms(session, db, desktop, clock, GatewayDescriptionUrl(QStringLiteral(TSMS_GATEWAY_URL)));

@@ -30,7 +30,7 @@ void RunStarter(int& argc, char** argv)
     Session session;
     Application application(argc, argv);
     theme::ApplyTheme(application);
-    application.HandleErrors(session, desktop); // which are there until it is gone
+    application.HandleErrors(session, desktop);
     QSettings settings(QStringLiteral("tsms"), QStringLiteral("tsms-start"));
     ConnectionList connections(settings);
     KeychainPasswords passwords;

@@ -21,7 +21,8 @@ public:
     /// Without a display it ends the process in order: with a line on stderr and status 1.
     Application(int& argc, char** argv);
 
-    /// Where unhandled errors are shown, and whose Busy they end; without it they end the program.
+    /// Where unhandled errors are shown, and whose Busy they end; without it they end the program. Both are
+    /// there until the application is gone, which delivers events at its own end too.
     void HandleErrors(Session& session, Desktop& desktop)
     {
         session_ = &session;
