@@ -150,6 +150,7 @@ QWidget* SpreadEditing::createEditor(QWidget* parent, const QStyleOptionViewItem
     line->setFocusProxy(&grid_);
     line->setAccessibleName(
         index.model()->headerData(index.column(), Qt::Horizontal, Qt::AccessibleTextRole).toString());
+    line->setMaxLength(MostGiven);
     line->setFrame(false);
     line->setTextMargins(0, 0, 0, 0);
     line->setAlignment(grid_.Cells().Alignment(col));

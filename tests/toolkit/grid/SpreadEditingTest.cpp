@@ -1,5 +1,7 @@
 #include "toolkit/grid/SpreadBench.h"
 
+#include "toolkit/fields/LimitRule.h"
+
 #include <QClipboard>
 
 namespace tsms::test {
@@ -114,6 +116,22 @@ TEST_F(SpreadEditingTest, APasteIntoTheCellOrItsEditorIsCutAtTheLimit)
     Press(Qt::Key_V, Qt::ControlModifier);
     grid.CommitEdit();
     EXPECT_EQ(grid.Cells().Text(2, 2), u"가가가가가가"_q);
+}
+
+TEST_F(SpreadEditingTest, AMillionCharactersAreCutBeforeAnEditorLaysThemOut)
+{
+    Show();
+    grid.SetActiveCell(2, 1);
+    Press(Qt::Key_F2);
+    const auto* editor = qobject_cast<QLineEdit*>(grid.indexWidget(grid.currentIndex()));
+    ASSERT_NE(editor, nullptr);
+    qsizetype longest = 0;
+    QObject::connect(editor, &QLineEdit::textChanged, editor,
+                     [&](const QString& text) { longest = std::max(longest, text.size()); });
+    QApplication::clipboard()->setText(QString(1'000'000, u'가'));
+    Press(Qt::Key_Insert, Qt::ShiftModifier);
+    EXPECT_LE(longest, MostGiven);
+    EXPECT_EQ(editor->text(), u"가가가가가가"_q);
 }
 
 /// Something put into the middle of the full cell (2, 1), "abcdef".
