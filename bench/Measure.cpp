@@ -175,10 +175,10 @@ void Growth::PrintRow(int from, int to, double limit) const
     const Costs& small = costs_.at(from);
     const Costs& large = costs_.at(to);
     const double ours = large.ours.nanoseconds / small.ours.nanoseconds;
-    const double baseline = large.baseline.nanoseconds / small.baseline.nanoseconds;
+    const double baseline = OfBaseline(from, to);
     PrintCells({"growth: " + what_, std::to_string(to) + " / " + std::to_string(from) + " " + unit_,
                 Printed("%.1f", static_cast<double>(to) / from), Printed("%.1f", ours),
-                Printed("%.1f", baseline), RatioLimit(ours / baseline, limit)});
+                Printed("%.1f", baseline), RatioLimit(ours, limit)});
 }
 
 void Growth::PrintRows() const

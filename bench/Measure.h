@@ -87,8 +87,14 @@ public:
     void Add(int size, const Costs& costs) { costs_[size] = costs; }
 
     /// Prints a row of the table of growth: by how much the sizes differ, and by how much the times of each
-    /// side. The limit is how many times the baseline's growth ours may be.
+    /// side. The limit is that of ours.
     void PrintRow(int from, int to, double limit = NoLimit) const;
+
+    /// By how much the times of the baseline differ.
+    double OfBaseline(int from, int to) const
+    {
+        return costs_.at(to).baseline.nanoseconds / costs_.at(from).baseline.nanoseconds;
+    }
 
     void PrintRows() const; ///< from the first one of Sizes to each other one
 

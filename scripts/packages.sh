@@ -3,6 +3,7 @@
 source scripts/progress.sh
 # Qt reads words in UTF-8, and would say so at each start where the locale says otherwise.
 [ "$(locale charmap 2>/dev/null)" = UTF-8 ] || export LC_ALL=C.UTF-8
+export CCACHE_SLOPPINESS=pch_defines,time_macros # else it leaves out what is compiled with headers read before
 
 build_packages=(
   g++ cmake ninja-build ccache pkg-config
@@ -61,7 +62,6 @@ configure_and_build() {
   # A newer compiler's new warning must not stop a user, only the change that brings it.
   local options=(-DCMAKE_COMPILE_WARNING_AS_ERROR="${CI:+ON}")
   command -v ccache >/dev/null && options+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
-  export CCACHE_SLOPPINESS=pch_defines,time_macros
   # A tree that stands configures itself anew when something has changed.
   if [ -n "${CI:-}" ] || [ CMakePresets.json -nt "build/$preset/build.ninja" ]; then
     follow "configuration" cmake --preset "$preset" "${options[@]}" || return 1

@@ -30,6 +30,7 @@ int main(int argc, char** argv)
     if (argc > 1)
         argv[1] = nullptr;
 
+    // What the application asks until it is gone comes before it.
     QtDesktop desktop;
     const SystemClock clock;
     Session session;

@@ -22,7 +22,7 @@ namespace {
 constexpr int Rounds = 5;
 constexpr int Small = 3000;
 constexpr int Large = 30'000;
-constexpr double DemandedGrowth = 1.25;
+constexpr double DemandedGrowth = 12;
 
 /// Makes a database with two groups of `members` people each, all with numbers of their own.
 void MakeBook(const QString& path, int members)

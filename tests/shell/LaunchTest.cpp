@@ -4,9 +4,11 @@
 #include "support/program/Program.h"
 #include "toolkit/fields/Controls.h"
 #include "toolkit/fields/TextBox.h"
+#include "toolkit/look/Fonts.h"
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QFile>
 
 #include <stdexcept>
@@ -135,6 +137,16 @@ TEST_F(Launching, AnErrorFromElsewhereEndsInTheFatalBoxToo)
     const Launch launch = Main(program.LaunchLine(), services);
     EXPECT_EQ(launch.form, nullptr);
     EXPECT_EQ(launch.exitStatus, 1);
+}
+
+TEST_F(Launching, TheWindowHasTheProgramsFontWhateverTheDeskHas)
+{
+    const QFont before = QApplication::font();
+    QApplication::setFont(QFont(u"DejaVu Serif"_q, 20));
+    ASSERT_TRUE(program.Start());
+    EXPECT_EQ(program.form->font().families(), theme::Font().families());
+    EXPECT_EQ(program.form->font().pointSize(), 9);
+    QApplication::setFont(before);
 }
 
 TEST_F(Launching, TheAccountChecksComeWhenBusyHasGoneOff)

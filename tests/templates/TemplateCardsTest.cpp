@@ -317,6 +317,14 @@ TEST_F(TemplateCardsTest, ACaptionTooLongForItsCardStaysWhole)
     EXPECT_EQ(compose.Content(1).Caption(), caption);
 }
 
+TEST_F(TemplateCardsTest, TheListsHaveNoViewOfTheirEntriesBeforeTheyOpen)
+{
+    for (TemplateCards* cards : {&compose, &edit}) {
+        cards->Category().AddItem(u"first"_q);
+        EXPECT_FALSE(cards->Category().findChild<QAbstractItemView*>());
+    }
+}
+
 TEST_F(TemplateCardsTest, TheListOfTheComposePageCannotBeTypedIn)
 {
     for (TemplateCards* cards : {&compose, &edit}) {

@@ -16,7 +16,7 @@ class ComboBox : public QComboBox
     Q_OBJECT
 
 public:
-    /// As wide as its entries, or of a width in pixels.
+    /// As wide as its entries, or of a width in pixels, for which it needs no view of them before it opens.
     ComboBox(QWidget* parent, const QString& name, std::optional<int> width = {});
 
     void AddItem(const QString& text, int number = 0);

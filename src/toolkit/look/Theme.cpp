@@ -493,7 +493,8 @@ void ApplyStyle(QApplication& application)
 
 void UseFont()
 {
-    if (QApplication::font() != Font())
+    static bool isUsed = false; // where the desk's own font is the same, some controls would keep another
+    if (!std::exchange(isUsed, true) || QApplication::font() != Font())
         QApplication::setFont(Font());
 }
 

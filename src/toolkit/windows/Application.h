@@ -37,7 +37,6 @@ private:
     bool Deliver(QObject* receiver, QEvent* event);
     void BearIcon();
 
-    QTranslator words_; // where the platform has none, those menus stay English
     Session* session_ = nullptr;
     Desktop* desktop_ = nullptr;
     quint64 released_ = 0; // when the last key was; 0 where nobody knows
@@ -46,6 +45,8 @@ private:
     int composed_ = 0;       // events of the input method
     bool bearsIcon_ = false;
     int outside_ = -1; // within how many event loops an event from outside is being delivered
+    // Where the platform has none, those menus stay English. The first to go: windows are told, by notify().
+    QTranslator words_;
 };
 
 } // namespace tsms
