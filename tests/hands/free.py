@@ -148,11 +148,12 @@ class Stroller(Hands):
                      *one([["ctrl+v"], ["ctrl+a", "ctrl+v"], ["ctrl+v", "ctrl+v"]]))
         elif kind == "manager":
             self.act("keys", 5, one(MANAGER))
-        else:
-            self.act("gateway", one(HARMLESS + FAULTS if self._disturbed else HARMLESS))
+        elif self._disturbed:
+            self.act("gateway", one(FAULTS))
 
     # From home to a screen, and back.
     def open(self, way):
+        self.act("gateway", self._dice.choice(HARMLESS))  # another one in a run would disturb
         if way[-1] == "발송":
             rows = "".join(f"이름{n}\t010-0000-{n:04}\n" for n in range(self._dice.choice([1, 3, 25])))
             self.act("click", *self.the("비우기").middle)
@@ -166,7 +167,8 @@ class Stroller(Hands):
 
     def come_home(self):
         """By Escape, until the program asks whether it is to end."""
-        self.act("gateway", HARMLESS[0])
+        if self._disturbed:
+            self.act("gateway", HARMLESS[0])
         for _ in range(MOST_ESCAPES):
             if self._is_asked():
                 break
@@ -213,7 +215,6 @@ class Stroller(Hands):
         self.start()
         _, first = self._books()
         try:
-            self.act("gateway", HARMLESS[0])
             while time.monotonic() < until:
                 self.open(self._dice.choice(SCREENS))
                 for step in range(self._dice.choice([15, 40, 70])):
@@ -257,8 +258,7 @@ def main(programs, out):
         finally:
             person.end_gateway()
             person.end()
-    print(f"{life} lives, {finds} finds; what the program said:")
-    print(pathlib.Path(f"{out}/tsms.log").read_text(encoding="utf-8"))
+    print(f"{life} lives, {finds} finds; what the program said is in {out}/tsms.log")
     return 1 if finds else 0
 
 
