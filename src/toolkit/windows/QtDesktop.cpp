@@ -330,6 +330,7 @@ void QtDesktop::OpenDocument(const QString& path)
 QString QtDesktop::PickFile(const QString& title, const QString& filter)
 {
     Picker picker(title, filesFolder_, PickerFilter(filter));
+    picker.dialog.setOption(QFileDialog::ReadOnly); // by itself it removes whole folders, behind a question
     picker.dialog.setFileMode(QFileDialog::ExistingFile);
     picker.dialog.setAcceptMode(QFileDialog::AcceptOpen);
     QString file = picker.Pick();

@@ -8,6 +8,7 @@
 #include "support/Words.h"
 #include "toolkit/windows/UrlCatcher.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
@@ -367,6 +368,18 @@ TEST(QtDesktop, AFileIsPickedByItsFilter)
     EXPECT_EQ(desktop.PickFile(u"파일 선택"_q, u"엑셀파일(*.xls)|*.xls"_q), path);
     EXPECT_EQ(title, u"파일 선택"_q);
     EXPECT_EQ(filters, QStringList{u"엑셀파일 (*.xls)"_q});
+}
+
+TEST(QtDesktop, APickerOfAFileMakesRenamesAndRemovesNothing)
+{
+    QtDesktop desktop;
+    Meanwhile<QFileDialog>([](QFileDialog& picker) {
+        EXPECT_FALSE(picker.findChild<QWidget*>(u"newFolderButton"_q)->isEnabled());
+        EXPECT_FALSE(picker.findChild<QAction*>(u"qt_rename_action"_q)->isEnabled());
+        EXPECT_FALSE(picker.findChild<QAction*>(u"qt_delete_action"_q)->isEnabled());
+        picker.reject();
+    });
+    desktop.PickFile(u"a"_q, u"b|*.c"_q);
 }
 
 TEST(QtDesktop, ACancelledPickerAnswersNothing)
