@@ -51,7 +51,7 @@ const char* Verdict(bool kept)
 
 std::string RatioLimit(double ratio, double limit)
 {
-    return limit == NoLimit ? std::string("-") : Printed("<= %g", limit) + Verdict(ratio <= limit);
+    return limit == NoLimit ? std::string("-") : Printed("<= %.3g", limit) + Verdict(ratio <= limit);
 }
 
 /// The distance between the quartiles as a share of the median.
