@@ -85,7 +85,9 @@ MsgBoxAnswer PictureDesk::MsgBox(const QString& text, MsgBoxStyle style, const Q
 void PictureDesk::Attend(QMessageBox& box, const Awaited& awaited)
 {
     if (!awaited.name.isEmpty()) {
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&box)) << awaited.name.toStdString();
+        // The window may be active before its button has the focus, and the ring around it.
+        EXPECT_TRUE(QTest::qWaitFor([&] { return box.isAncestorOf(QApplication::focusWidget()); }))
+            << awaited.name.toStdString();
         ExpectInPlace(box, awaited.name);
         take_(box, awaited.name);
     }
