@@ -18,7 +18,9 @@ QRectF HalfPixelInside(const QRect& rect)
     return QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5);
 }
 
-/// A fine line inside `rect`. A pen would draw it pixel by pixel, which takes longer than all that it frames.
+} // namespace
+
+/// A pen would draw it pixel by pixel, which takes longer than all that it frames.
 void DrawEdge(QPainter& painter, const QRect& rect, const QColor& color)
 {
     painter.fillRect(QRect(rect.left(), rect.top(), rect.width(), 1), color);
@@ -26,8 +28,6 @@ void DrawEdge(QPainter& painter, const QRect& rect, const QColor& color)
     painter.fillRect(QRect(rect.left(), rect.top(), 1, rect.height()), color);
     painter.fillRect(QRect(rect.right(), rect.top(), 1, rect.height()), color);
 }
-
-} // namespace
 
 void DrawBox(QPainter& painter, const QRectF& place, const QColor& face, const QColor& line, double width)
 {

@@ -3,6 +3,7 @@
 #include <QColor>
 
 class QPainter;
+class QRect;
 class QRectF;
 class QString;
 class QStyleOption;
@@ -17,6 +18,9 @@ struct SurfaceOption;
 /// A face with a border inside `place`: the shape of all buttons and fields.
 void DrawBox(QPainter& painter, const QRectF& place, const QColor& face, const QColor& line,
              double width = 1);
+
+/// A fine line inside `rect`, closed on all sides whatever the scaling of the screen.
+void DrawEdge(QPainter& painter, const QRect& rect, const QColor& color);
 
 void DrawSurface(QPainter& painter, const SurfaceOption& surface);
 void DrawPhone(QPainter& painter, const PhoneOption& phone);

@@ -264,6 +264,8 @@ public:
         else if (const auto* bar = qstyleoption_cast<const QStyleOptionProgressBar*>(option);
                  bar && element == CE_ProgressBar)
             DrawProgress(*painter, *bar);
+        else if (element == CE_ShapedFrame && IsBox(option))
+            DrawEdge(*painter, option->rect, option->palette.color(QPalette::WindowText));
         else if (button && element == CE_PushButton)
             DrawButton(*button, *painter, widget);
         else if (button && element == CE_PushButtonBevel)
@@ -306,6 +308,11 @@ private:
         return box && box->buttonSymbols != QAbstractSpinBox::NoButtons;
     }
 
+    static bool IsBox(const QStyleOption* option)
+    {
+        const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+        return frame && frame->frameShape == QFrame::Box;
+    }
     static bool HasFrame(const QStyleOption* option)
     {
         const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);

@@ -86,11 +86,10 @@ public:
     int Opens() const { return opens_; }         ///< tried
     int Connected() const { return connected_; } ///< that succeeded
     int OpenNow() const { return openNow_; }     ///< connections open at this moment
-    const QStringList& Statements() const
-    {
-        return statements_;
-    }                                                        ///< that reached a connection, in their order
-    const QList<int>& Expected() const { return expected_; } ///< changes that were told of ahead
+    /// That reached a connection, in their order.
+    const QStringList& Statements() const { return statements_; }
+    /// Changes that were told of ahead.
+    const QList<int>& Expected() const { return expected_; }
 
 private:
     class Wrapped;

@@ -15,6 +15,7 @@
 #include <QProxyStyle>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QStyleOption>
 #include <QTest>
@@ -234,6 +235,26 @@ TEST_F(Family, HasOneBorderWithRoundCorners)
             EXPECT_GT(picture.pixelColor(corner).lightness(), theme::Line.lightness())
                 << control->metaObject()->className();
     }
+}
+
+TEST_F(Family, AFrameIsClosedOnAllSidesAtAnyScaling)
+{
+    QScrollArea area;
+    area.setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
+    for (const double scale : {1.0, 1.25, 1.5, 2.0})
+        for (int side = 100; side < 104; ++side) {
+            const int last = qRound(side * scale) - 1;
+            QImage picture(last + 1, last + 1, QImage::Format_RGB32);
+            picture.setDevicePixelRatio(scale);
+            picture.fill(Qt::white);
+            area.resize(side, side);
+            area.render(&picture);
+            const QColor frame = area.palette().color(QPalette::WindowText);
+            for (const QPoint edge :
+                 {QPoint(0, last / 2), QPoint(last, last / 2), QPoint(last / 2, 0), QPoint(last / 2, last)})
+                EXPECT_EQ(picture.pixelColor(edge), frame)
+                    << side << " at " << scale << ": " << edge.x() << ' ' << edge.y();
+        }
 }
 
 TEST_F(Family, ADateThatIsWrittenLeavesTheBorderFree)
